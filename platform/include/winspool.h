@@ -1,0 +1,68 @@
+// Spooler functions under their standard names. Declared with the platform; the driver's spooler
+// access layer (framework/spool) provides them.
+#pragma once
+#include <winbase.h>
+#include <wingdi.h>
+
+constexpr DWORD PRINTER_ACCESS_ADMINISTER = 0x00000004;
+constexpr DWORD PRINTER_ACCESS_USE = 0x00000008;
+constexpr DWORD PRINTER_ALL_ACCESS = 0x000F000C;
+constexpr DWORD PRINTER_ATTRIBUTE_SHARED = 0x00000008;
+constexpr DWORD PRINTER_ATTRIBUTE_NETWORK = 0x00000010;
+constexpr DWORD PRINTER_ATTRIBUTE_LOCAL = 0x00000040;
+constexpr DWORD PRINTER_ATTRIBUTE_ENABLE_BIDI = 0x00000800;
+constexpr DWORD PRINTER_ENUM_LOCAL = 0x00000002;
+
+struct PRINTER_DEFAULTSA {
+    LPSTR pDatatype;
+    DEVMODEA* pDevMode;
+    DWORD DesiredAccess;
+};
+struct PRINTER_INFO_2A {
+    LPSTR pServerName;
+    LPSTR pPrinterName;
+    LPSTR pShareName;
+    LPSTR pPortName;
+    LPSTR pDriverName;
+    LPSTR pComment;
+    LPSTR pLocation;
+    DEVMODEA* pDevMode;
+    LPSTR pSepFile;
+    LPSTR pPrintProcessor;
+    LPSTR pDatatype;
+    LPSTR pParameters;
+    LPVOID pSecurityDescriptor;
+    DWORD Attributes;
+    DWORD Priority;
+    DWORD DefaultPriority;
+    DWORD StartTime;
+    DWORD UntilTime;
+    DWORD Status;
+    DWORD cJobs;
+    DWORD AveragePPM;
+};
+struct DRIVER_INFO_2A {
+    DWORD cVersion;
+    LPSTR pName;
+    LPSTR pEnvironment;
+    LPSTR pDriverPath;
+    LPSTR pDataFile;
+    LPSTR pConfigFile;
+};
+
+extern "C" {
+BOOL WINAPI OpenPrinterA(LPCSTR printerName, HANDLE* printer, const PRINTER_DEFAULTSA* defaults);
+BOOL WINAPI ClosePrinter(HANDLE printer);
+BOOL WINAPI GetPrinterA(HANDLE printer, DWORD level, LPBYTE buffer, DWORD size, LPDWORD needed);
+BOOL WINAPI SetPrinterA(HANDLE printer, DWORD level, LPBYTE info, DWORD command);
+DWORD WINAPI GetPrinterDataA(HANDLE printer, LPCSTR valueName, LPDWORD type, LPBYTE data, DWORD size,
+                             LPDWORD needed);
+DWORD WINAPI SetPrinterDataA(HANDLE printer, LPCSTR valueName, DWORD type, LPBYTE data, DWORD size);
+DWORD WINAPI DeletePrinterDataA(HANDLE printer, LPCSTR valueName);
+BOOL WINAPI EnumPrintersA(DWORD flags, LPCSTR name, DWORD level, LPBYTE buffer, DWORD size,
+                          LPDWORD needed, LPDWORD returned);
+BOOL WINAPI GetPrinterDriverA(HANDLE printer, LPCSTR environment, DWORD level, LPBYTE buffer,
+                              DWORD size, LPDWORD needed);
+BOOL WINAPI GetPrinterDriverDirectoryA(LPCSTR server, LPCSTR environment, DWORD level,
+                                       LPBYTE directory, DWORD size, LPDWORD needed);
+}
