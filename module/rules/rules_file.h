@@ -1,0 +1,48 @@
+// The rules file KVUIMOD.ini: where it is, and the sections that are read from it at each use.
+#pragma once
+
+#include <windows.h>
+
+#include "ui/sheet_context.h"
+
+namespace kvui {
+
+constexpr int kRulesFilePathSize = 260;
+
+// Computes the process-wide path that every reader and writer passes to the profile functions.
+void ComputeRulesFilePath(SheetContext& context);
+const char* RulesFilePath();
+
+// Override of an edit's length and range ("EditAttribute"): TRUE when one of exactly three numbers
+// was read.
+BOOL ReadEditAttribute(const char* controlName, LONG* maxCharacters, LONG* minimum, LONG* maximum);
+
+// One numbered record of a code-range section.
+struct CodeRecord {
+    LONG code;
+    char name[256];
+    LONG unit;
+    LONG parameters[8];
+    char firstText[256];
+    char secondText[256];
+    LONG editFlag;
+    char thirdText[128];
+};
+constexpr int kMaxCodeRecords = 64;
+
+// Reads the records of a section between its MinCode and MaxCode; answers how many (at most
+// kMaxCodeRecords; `records` has room for that many).
+int ReadCodeRange(const char* section, CodeRecord* records);
+
+// A comma number list: each field followed by a comma counts, the last only when non-zero.
+int ReadCommaNumbers(const char* text, LONG* numbers, int capacity);
+
+// Reading a value from left to right: copies up to `stop` (or the rest), skips it, advances `text`.
+// `field` is always terminated; longer fields are cut.
+void ReadToken(const char*& text, char stop, char* field, size_t fieldSize);
+
+// The paper code that stands for "the regional default": 9 (A4) or 1 (Letter), by the printer value
+// "CustomPaperUnit", else by the user's locale.
+LONG RegionalDefaultPaper(PrinterBlock* printer);
+
+}  // namespace kvui

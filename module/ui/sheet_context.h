@@ -1,0 +1,79 @@
+// Per-page state (SheetContext) and the state that all pages of one property sheet share
+// (SharedSheet). Every page procedure gets its SheetContext from the UI host on each message; the
+// shared block hangs off the host's UI block as movable memory.
+#pragma once
+
+#include <kvlist.h>
+#include <kvuihost.h>
+#include <windows.h>
+
+#include "settings/private_devmode.h"
+
+namespace kvui {
+
+struct SettingsSnapshot;
+struct ParsedRules;
+
+// Flags of SheetContext.
+constexpr DWORD kSheetReadOnly = 0x1;          // settings may not be changed: controls disabled
+constexpr DWORD kSheetSecondPermission = 0x2;
+constexpr DWORD kSheetDataNotWritable = 0x4;   // printer data cannot be written: list buttons hidden
+constexpr DWORD kSheetTyping = 0x8;            // a tracked edit has the focus
+constexpr DWORD kSheetListsLoaded = 0x10;
+
+// The five lists of the list service, in the order in which the sheet end writes them.
+enum SheetList : int { kListPaper, kListWatermark, kListOutBin, kListBin0, kListBin1, kListCount };
+
+constexpr size_t kReportTextSize = 128;
+
+// Texts of the conflicts dialog, prepared before it runs.
+struct ConflictReport {
+    char triggerName[kReportTextSize];
+    char triggerSelection[kReportTextSize];
+    char targetName[kReportTextSize];
+    char targetCurrent[kReportTextSize];
+    char targetNew[kReportTextSize];
+};
+
+// One per property sheet. HostUiBlock::sharedView is its memory handle.
+struct SharedSheet {
+    BOOL initialised;        // LoadSheetRules has run
+    BOOL active;             // companion flag: the sheet end has work to do
+    HGLOBAL rulesCache;      // RulesCache
+    HGLOBAL grayOutIndex;    // GrayOutIndex
+    ParsedRules* parsedRules;  // conflict rules by control, parsed at first use; owned
+    ListHandle lists[kListCount];
+    BOOL commitList[kListCount];
+    HWND viewPanel;          // the shared preview panel, null until there is one
+    HWND savedSettingsStrip;
+    HWND viewPage;           // the page that holds the shared view
+    int pageKind;            // which views the active page offers (1 page, 2 watermark, 3 quality,
+                             // 4 printer figure); 0 before any page asked
+    ConflictReport report;
+    LPVOID subDialogBlock;   // edit block of the sub-dialog that is open
+};
+
+struct SheetContext {
+    HWND page;
+    HINSTANCE strings;        // strings are loaded from here; equals resources unless a page
+                              // replaces it by a language library
+    LPVOID hostA;
+    HINSTANCE resources;
+    LPVOID hostB;
+    DEVMODEA* settings;       // public part
+    PrivateDevmode* privateSettings;
+    BYTE* moduleSettings;     // private part + kModuleSettingsOffset
+    PrinterBlock* printer;
+    HostUiBlock* host;
+    SettingsSnapshot* snapshot;
+    LPVOID work[3];           // work areas of the previews
+    DWORD platformId;
+    DWORD flags;              // kSheet...
+    char overlayPath[261];    // file of the chosen overlay
+    SharedSheet* shared;      // the locked shared block; valid while the sheet lives
+};
+
+// Size of the block a page asks of the UI host: the context, the snapshot and the page's tail.
+DWORD SheetBlockSize(DWORD tailSize);
+
+}  // namespace kvui
