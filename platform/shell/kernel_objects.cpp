@@ -1,0 +1,23 @@
+// The table behind file and token handles, and CloseHandle.
+#include <platform/shell/kernel_objects.h>
+
+#include <winbase.h>
+#include <winsecurity.h>
+
+namespace kv {
+
+HandleTable<KernelObject, HandleSpace::kKernel>& KernelObjects() {
+    static auto* table = new HandleTable<KernelObject, HandleSpace::kKernel>;
+    return *table;
+}
+
+void SetInvalidHandleError() { SetLastError(ERROR_INVALID_HANDLE); }
+
+}  // namespace kv
+
+BOOL CloseHandle(HANDLE object) {
+    if (object == GetCurrentProcess() || object == GetCurrentThread()) return TRUE;
+    if (kv::KernelObjects().Remove(reinterpret_cast<std::uintptr_t>(object))) return TRUE;
+    SetLastError(ERROR_INVALID_HANDLE);
+    return FALSE;
+}

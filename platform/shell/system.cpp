@@ -1,0 +1,44 @@
+// Version, time, and the beep.
+#include <winbase.h>
+
+#include <cerrno>
+#include <ctime>
+
+#include <platform/display/display.h>
+
+BOOL GetVersionExA(OSVERSIONINFOA* info) {
+    if (!info || info->dwOSVersionInfoSize < sizeof(OSVERSIONINFOA)) {
+        SetLastError(ERROR_INSUFFICIENT_BUFFER);
+        return FALSE;
+    }
+    info->dwMajorVersion = 10;
+    info->dwMinorVersion = 0;
+    info->dwBuildNumber = 19045;
+    info->dwPlatformId = VER_PLATFORM_WIN32_NT;
+    info->szCSDVersion[0] = '\0';
+    return TRUE;
+}
+
+DWORD GetTickCount() {
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return static_cast<DWORD>(static_cast<ULONGLONG>(now.tv_sec) * 1000 +
+                              static_cast<ULONGLONG>(now.tv_nsec) / 1000000);
+}
+
+void Sleep(DWORD milliseconds) {
+    timespec rest{static_cast<time_t>(milliseconds / 1000),
+                  static_cast<long>(milliseconds % 1000) * 1000000};
+    while (nanosleep(&rest, &rest) != 0 && errno == EINTR) {
+    }
+}
+
+// The display owns the loudspeaker: it knows neither frequency nor length.
+BOOL Beep(DWORD frequency, DWORD) {
+    if (frequency < 37 || frequency > 32767) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return FALSE;
+    }
+    kv::CurrentDisplay().Beeped();
+    return TRUE;
+}
