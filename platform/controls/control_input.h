@@ -21,6 +21,12 @@ constexpr UINT KVM_STEP = 0x8004;
 // Brings a page of a property sheet to the front. wParam: index of the page.
 constexpr UINT KVM_SELECTPAGE = 0x8005;
 
+// States that displays read and for which the platform has no message of its own.
+// A list box's tab stops in dialog units. wParam: capacity, lParam: int*; answers their number.
+constexpr UINT KVM_GETTABSTOPS = 0x8010;
+// A track bar's tick frequency.
+constexpr UINT KVM_GETTICKFREQ = 0x8011;
+
 // The text after a user's edit and where the selection stands then. Valid during the message only.
 struct UserText {
     const char* text = "";
