@@ -9,14 +9,14 @@
 namespace kvui {
 
 enum ItemType : DWORD {
-    kItemText = 0,         // static text or group box
+    kItemText = 0,  // static text or group box
     kItemEdit = 1,
     kItemCombo = 2,
     kItemRadio = 3,
     kItemCheck = 4,
     kItemButton = 6,
-    kItemList = 7,         // fed at run time
-    kItemMaskList = 8,     // no row of this driver
+    kItemList = 7,      // fed at run time
+    kItemMaskList = 8,  // no row of this driver
     kItemSlider = 9,
     kItemKeepSetting = 21,  // no row of this driver, nor of the three below
     kItemSavedCombo = 30,
@@ -26,19 +26,19 @@ enum ItemType : DWORD {
 };
 
 enum MaskMode : DWORD {
-    kMaskWholeField = 0,   // the control owns the whole field
-    kMaskBitNumbers = 1,   // owns the bits of the mask; rule conditions name bit numbers
-    kMaskValues = 2,       // owns the bits of the mask; rule conditions compare values
+    kMaskWholeField = 0,  // the control owns the whole field
+    kMaskBitNumbers = 1,  // owns the bits of the mask; rule conditions name bit numbers
+    kMaskValues = 2,      // owns the bits of the mask; rule conditions compare values
 };
 
 enum EditKind : DWORD {
-    kEditNumeric = 0,      // the character set is what the edit accepts
-    kEditText = 1,         // the character set is what the edit refuses
+    kEditNumeric = 0,  // the character set is what the edit accepts
+    kEditText = 1,     // the character set is what the edit refuses
 };
 
 enum CheckTest : DWORD {
-    kCheckEquals = 0,      // checked when the value equals the checked value
-    kCheckAnyBit = 1,      // checked when the value has any bit of the checked value
+    kCheckEquals = 0,  // checked when the value equals the checked value
+    kCheckAnyBit = 1,  // checked when the value has any bit of the checked value
 };
 
 enum ButtonKind : DWORD {
@@ -109,8 +109,8 @@ struct ButtonItem {
     ButtonKind kind;
     char templateName[68];
     DLGPROC procedure;
-    const MoveRecord* move;   // kButtonMoveEntries only
-    DWORD controlToUpdate;    // kButtonOpenAndSelect only
+    const MoveRecord* move;  // kButtonMoveEntries only
+    DWORD controlToUpdate;   // kButtonOpenAndSelect only
 };
 
 struct ControlItem {
@@ -126,8 +126,8 @@ struct ControlItem {
     DWORD pictureId;
     MaskMode maskMode;
     DWORD mask;
-    const SelectItem* selectList;      // types 2 and 7; run-time lists have no entries here
-    char listName[kItemNameSize];      // rules-file section with further entries
+    const SelectItem* selectList;  // types 2 and 7; run-time lists have no entries here
+    char listName[kItemNameSize];  // rules-file section with further entries
     DWORD defaultIconId;
     DWORD alternateIds[4];
     const RadioItem* radioList;
@@ -135,7 +135,7 @@ struct ControlItem {
     const EditAttribute* edit;
     const ButtonItem* button;
     DWORD listControlId;
-    DWORD entryEditMode;               // 1 for edits, 2 for all other rows
+    DWORD entryEditMode;  // 1 for edits, 2 for all other rows
     DWORD entryEditWords[2];
     const SliderItem* slider;
     const void* group;

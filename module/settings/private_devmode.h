@@ -1,6 +1,6 @@
-// The private part of the device settings record: the driver's own fields behind the public DEVMODE.
-// Everything of the module that reads or writes settings goes through it. Its offsets are stored by
-// the print system and read by the rendering side of the driver, so they never change.
+// The private part of the device settings record: the driver's own fields behind the public
+// DEVMODE. Everything of the module that reads or writes settings goes through it. Its offsets are
+// stored by the print system and read by the rendering side of the driver, so they never change.
 #pragma once
 #include <cstddef>
 #include <windows.h>
@@ -17,22 +17,22 @@ constexpr DWORD kUserNameSize = 9;
 // the rendering side; "reserved" members are carried unchanged.
 struct PrivateDevmode {
     BYTE reserved000[0x38];
-    DWORD Compression;      // 0x038
-    DWORD DeviceData1;      // 0x03C
+    DWORD Compression;  // 0x038
+    DWORD DeviceData1;  // 0x03C
     BYTE reserved040[8];
-    DWORD Dither;           // 0x048
-    DWORD MediaType;        // 0x04C
+    DWORD Dither;     // 0x048
+    DWORD MediaType;  // 0x04C
     BYTE reserved050[0x50];
-    DWORD fsQdBitFlags;     // 0x0A0
-    DWORD CellSize;         // 0x0A4
+    DWORD fsQdBitFlags;  // 0x0A0
+    DWORD CellSize;      // 0x0A4
     BYTE reserved0A8[0x10];
-    DWORD nGrayBits;        // 0x0B8
-    LONG UnsharpMask;       // 0x0BC
-    DWORD ColorMatching;    // 0x0C0
+    DWORD nGrayBits;      // 0x0B8
+    LONG UnsharpMask;     // 0x0BC
+    DWORD ColorMatching;  // 0x0C0
     BYTE reserved0C4[0x24];
-    LONG Lightness;         // 0x0E8
-    LONG Contrast;          // 0x0EC
-    LONG Saturation;        // 0x0F0
+    LONG Lightness;   // 0x0E8
+    LONG Contrast;    // 0x0EC
+    LONG Saturation;  // 0x0F0
     BYTE reserved0F4[4];
     DWORD GCR;              // 0x0F8
     DWORD BlackGeneration;  // 0x0FC
@@ -42,75 +42,75 @@ struct PrivateDevmode {
     BYTE reserved118[0x18];
     DWORD EnhanceContrast;  // 0x130
     BYTE reserved134[0xC];
-    DWORD nUp;              // 0x140
-    DWORD nUpMode;          // 0x144
-    DWORD dmDriverPaper;    // 0x148
-    DWORD Scale;            // 0x14C
-    DWORD Aspect1;          // 0x150
-    DWORD layoutFlags;      // 0x154, see LayoutFlag
+    DWORD nUp;            // 0x140
+    DWORD nUpMode;        // 0x144
+    DWORD dmDriverPaper;  // 0x148
+    DWORD Scale;          // 0x14C
+    DWORD Aspect1;        // 0x150
+    DWORD layoutFlags;    // 0x154, see LayoutFlag
     BYTE reserved158[4];
-    DWORD RenderingIntent;  // 0x15C
+    DWORD RenderingIntent;   // 0x15C
     BYTE posterTilesAcross;  // 0x160
-    BYTE posterTilesDown;   // 0x161
+    BYTE posterTilesDown;    // 0x161
     BYTE reserved162[0x22];
     DWORD DownloadRectangles;  // 0x184, first word of the module settings
-    DWORD PrinterDensity;   // 0x188
+    DWORD PrinterDensity;      // 0x188
     DWORD reserved18C;
     DWORD UsePCLXL;         // 0x190
     BYTE printerModelCode;  // 0x194
     BYTE reserved195[3];
     DWORD mdmInstalledOptions;  // 0x198
-    DWORD mdmCans;          // 0x19C
-    DWORD mdmFirstPage;     // 0x1A0
-    DWORD mdmFirstPageSource;  // 0x1A4
-    DWORD mdmShift;         // 0x1A8
-    DWORD mdmSeparation;    // 0x1AC
-    DWORD mdmNupStyle;      // 0x1B0
-    DWORD mdmFitToPaper;    // 0x1B4
-    DWORD mdmScaleSize;     // 0x1B8
-    DWORD mdmWatermark;     // 0x1BC
-    DWORD mdmWatermarkMode;  // 0x1C0
-    DWORD mdmDuplexMode;    // 0x1C4
-    DWORD mdmTonerSave;     // 0x1C8
-    DWORD mdmFineART;       // 0x1CC
-    DWORD mdmResolution;    // 0x1D0
-    DWORD mdmHolePunch;     // 0x1D4
-    DWORD mdmStaple;        // 0x1D8
-    DWORD mdmMailBinAssign;  // 0x1DC
-    DWORD mdmPageProtect;   // 0x1E0
-    DWORD mdmOutBin;        // 0x1E4
-    DWORD mdmMailBins;      // 0x1E8
-    DWORD mdmBroadcast;     // 0x1EC
-    DWORD mdmCompressMethod;  // 0x1F0, also known as mdmAllRaster
-    DWORD mdmGraphicsMode;  // 0x1F4
-    DWORD mdmCollate;       // 0x1F8
-    DWORD mdmColorMatching;  // 0x1FC
-    DWORD mdmBlackGlossLevel;  // 0x200
-    DWORD mdmFolding;       // 0x204
+    DWORD mdmCans;              // 0x19C
+    DWORD mdmFirstPage;         // 0x1A0
+    DWORD mdmFirstPageSource;   // 0x1A4
+    DWORD mdmShift;             // 0x1A8
+    DWORD mdmSeparation;        // 0x1AC
+    DWORD mdmNupStyle;          // 0x1B0
+    DWORD mdmFitToPaper;        // 0x1B4
+    DWORD mdmScaleSize;         // 0x1B8
+    DWORD mdmWatermark;         // 0x1BC
+    DWORD mdmWatermarkMode;     // 0x1C0
+    DWORD mdmDuplexMode;        // 0x1C4
+    DWORD mdmTonerSave;         // 0x1C8
+    DWORD mdmFineART;           // 0x1CC
+    DWORD mdmResolution;        // 0x1D0
+    DWORD mdmHolePunch;         // 0x1D4
+    DWORD mdmStaple;            // 0x1D8
+    DWORD mdmMailBinAssign;     // 0x1DC
+    DWORD mdmPageProtect;       // 0x1E0
+    DWORD mdmOutBin;            // 0x1E4
+    DWORD mdmMailBins;          // 0x1E8
+    DWORD mdmBroadcast;         // 0x1EC
+    DWORD mdmCompressMethod;    // 0x1F0, also known as mdmAllRaster
+    DWORD mdmGraphicsMode;      // 0x1F4
+    DWORD mdmCollate;           // 0x1F8
+    DWORD mdmColorMatching;     // 0x1FC
+    DWORD mdmBlackGlossLevel;   // 0x200
+    DWORD mdmFolding;           // 0x204
     DWORD reserved208[2];
-    DWORD mdmNup;           // 0x210
-    DWORD mdmOutputPaper;   // 0x214
-    DWORD mdmCoverPage;     // 0x218
-    DWORD mdmFirstPageMedia;  // 0x21C
-    DWORD mdmInterleave;    // 0x220
+    DWORD mdmNup;               // 0x210
+    DWORD mdmOutputPaper;       // 0x214
+    DWORD mdmCoverPage;         // 0x218
+    DWORD mdmFirstPageMedia;    // 0x21C
+    DWORD mdmInterleave;        // 0x220
     DWORD mdmInterleaveSource;  // 0x224
-    DWORD mdmSecurity;      // 0x228
-    DWORD mdmAccessNumber;  // 0x22C
-    DWORD mdmJobPassword;   // 0x230
-    DWORD mdmDistribution;  // 0x234
-    DWORD mdmDistStartNumber;  // 0x238
-    DWORD mdmHolePunchNumber;  // 0x23C
-    DWORD mdmSmoothing;     // 0x240
-    DWORD mdmSorting;       // 0x244
-    DWORD mdmDitherPattern;  // 0x248
-    DWORD mdmMediaType;     // 0x24C
-    DWORD mdmBackPageSource;  // 0x250
-    DWORD mdmOtherSettings;  // 0x254, see OtherSetting
-    DWORD mdmOverlay;       // 0x258
-    DWORD mdmOverlayMode;   // 0x25C
-    DWORD savedSetId;       // 0x260, the saved set these settings came from
-    DWORD mdmOffsetX;       // 0x264
-    DWORD mdmOffsetY;       // 0x268
+    DWORD mdmSecurity;          // 0x228
+    DWORD mdmAccessNumber;      // 0x22C
+    DWORD mdmJobPassword;       // 0x230
+    DWORD mdmDistribution;      // 0x234
+    DWORD mdmDistStartNumber;   // 0x238
+    DWORD mdmHolePunchNumber;   // 0x23C
+    DWORD mdmSmoothing;         // 0x240
+    DWORD mdmSorting;           // 0x244
+    DWORD mdmDitherPattern;     // 0x248
+    DWORD mdmMediaType;         // 0x24C
+    DWORD mdmBackPageSource;    // 0x250
+    DWORD mdmOtherSettings;     // 0x254, see OtherSetting
+    DWORD mdmOverlay;           // 0x258
+    DWORD mdmOverlayMode;       // 0x25C
+    DWORD savedSetId;           // 0x260, the saved set these settings came from
+    DWORD mdmOffsetX;           // 0x264
+    DWORD mdmOffsetY;           // 0x268
     DWORD reserved26C;
     BYTE watermarkRecord[kWatermarkCopySize];  // 0x270, copy of the chosen watermark
     char userName[kUserNameSize];              // 0x3C8, at most 8 characters and the zero

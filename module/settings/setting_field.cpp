@@ -120,7 +120,9 @@ constexpr SettingField SettingFieldTable[kSettingFieldCount] = {
 
 namespace {
 
-char LowerCase(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+char LowerCase(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
 
 bool EqualAnyCase(const char* a, const char* b) {
     while (*a != '\0' && LowerCase(*a) == LowerCase(*b)) {
@@ -141,8 +143,8 @@ DWORD WidthOf(const SettingField& field) {
     return field.type == kFieldPublic ? sizeof(SHORT) : sizeof(DWORD);
 }
 
-// Offset of a field from the start of the record; 0 for dmFields and for a record whose dmSize is so
-// large that the field would lie behind its end.
+// Offset of a field from the start of the record; 0 for dmFields and for a record whose dmSize is
+// so large that the field would lie behind its end.
 DWORD OffsetOf(const DEVMODEA& record, const SettingField& field) {
     if (field.type == kFieldPublicMask) return 0;
     const DWORD offset = field.type == kFieldPublic ? field.location - kPublicLocation
@@ -222,8 +224,7 @@ FieldWrite WriteField(DEVMODEA* record, DWORD locationCode, DWORD newValue, DWOR
     return FieldWrite::kChanged;
 }
 
-FieldWrite WriteSettingByName(DEVMODEA* record, const char* name, DWORD newValue,
-                              DWORD* oldValue) {
+FieldWrite WriteSettingByName(DEVMODEA* record, const char* name, DWORD newValue, DWORD* oldValue) {
     const SettingField* field = FindSettingField(name);
     if (field == nullptr) return FieldWrite::kUnchanged;
     return WriteField(record, field->location, newValue, 0, 0, oldValue);

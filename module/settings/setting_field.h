@@ -7,8 +7,8 @@
 namespace kvui {
 
 enum SettingFieldType : DWORD {
-    kFieldPrivate = 0,       // 32 bits of the private part
-    kFieldPublic = 5,        // signed 16 bits of the public part
+    kFieldPrivate = 0,         // 32 bits of the private part
+    kFieldPublic = 5,          // signed 16 bits of the public part
     kFieldPublicMask = 0x303,  // dmFields: listed, never read or written by name
 };
 
