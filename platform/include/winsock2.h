@@ -1,11 +1,13 @@
 // Sockets, as far as the printer query needs them: start-up, name look-up, a stream connection.
 // The functions have C++ linkage: the host system's own library has C functions of the same names.
 #pragma once
+#include <sys/types.h>
 #include <windef.h>
 
 using SOCKET = UINT_PTR;
 using u_short = std::uint16_t;
-using u_long = std::uint32_t;
+// The host system's u_long, which standard headers declare, has 64 bits; the platform's has 32.
+#define u_long ULONG
 
 constexpr SOCKET INVALID_SOCKET = ~SOCKET{0};
 constexpr int SOCKET_ERROR = -1;
