@@ -35,8 +35,13 @@ struct ConflictReport {
     char targetNew[kReportTextSize];
 };
 
+// A question that is asked at most once per sheet.
+enum SheetAnswer : int { kAnswerUnknown, kAnswerNo, kAnswerYes };
+
 // One per property sheet. HostUiBlock::sharedView is its memory handle.
 struct SharedSheet {
+    int pageCount;           // pages alive; the last one frees this block
+    SheetAnswer dataWritable;
     BOOL initialised;        // LoadSheetRules has run
     BOOL active;             // companion flag: the sheet end has work to do
     HGLOBAL rulesCache;      // RulesCache

@@ -1,0 +1,116 @@
+// Spooler access of the pages. A printer handle is opened per question and closed at once.
+#include "device/printer_values.h"
+
+#include <kvcore.h>
+#include <winspool.h>
+
+#include <cstdint>
+#include <cstring>
+#include <vector>
+
+namespace kvui {
+namespace {
+
+constexpr char kWriteTest[] = "WriteTest";
+constexpr char kInstalledOptions[] = "InstalledOptions";
+constexpr char kAutoConfigure[] = "AutoConfigure";
+
+class OpenPrinterHandle {
+   public:
+    OpenPrinterHandle(const SheetContext& context, DWORD access) {
+        PRINTER_DEFAULTSA defaults{nullptr, nullptr, access};
+        if (!OpenPrinterA(context.printer->printerName, &handle_, &defaults)) handle_ = nullptr;
+    }
+    ~OpenPrinterHandle() {
+        if (handle_ != nullptr) ClosePrinter(handle_);
+    }
+    OpenPrinterHandle(const OpenPrinterHandle&) = delete;
+    OpenPrinterHandle& operator=(const OpenPrinterHandle&) = delete;
+    explicit operator bool() const { return handle_ != nullptr; }
+    HANDLE get() const { return handle_; }
+
+   private:
+    HANDLE handle_ = nullptr;
+};
+
+bool ReadNumber(HANDLE printer, const char* name, DWORD* value) {
+    DWORD type = 0, needed = 0, number = 0;
+    const DWORD error = GetPrinterDataA(printer, name, &type, reinterpret_cast<BYTE*>(&number),
+                                        sizeof number, &needed);
+    if (error != ERROR_SUCCESS || needed != sizeof number) return false;
+    *value = number;
+    return true;
+}
+
+bool WriteNumber(HANDLE printer, const char* name, DWORD value) {
+    return SetPrinterDataA(printer, name, REG_DWORD, reinterpret_cast<BYTE*>(&value),
+                           sizeof value) == ERROR_SUCCESS;
+}
+
+}  // namespace
+
+bool CanOpenPrinter(const SheetContext& context, DWORD access) {
+    return static_cast<bool>(OpenPrinterHandle(context, access));
+}
+
+DWORD PrinterAttributes(const SheetContext& context) {
+    const OpenPrinterHandle printer(context, PRINTER_ACCESS_USE);
+    if (!printer) return 0;
+    DWORD needed = 0;
+    GetPrinterA(printer.get(), 2, nullptr, 0, &needed);
+    if (needed < sizeof(PRINTER_INFO_2A)) return 0;
+    std::vector<std::uint64_t> buffer(needed / sizeof(std::uint64_t) + 1);
+    if (!GetPrinterA(printer.get(), 2, reinterpret_cast<BYTE*>(buffer.data()), needed, &needed)) {
+        return 0;
+    }
+    return reinterpret_cast<const PRINTER_INFO_2A*>(buffer.data())->Attributes;
+}
+
+bool PrinterDataIsWritable(const SheetContext& context) {
+    OpenPrinterHandle printer(context, PRINTER_ACCESS_ADMINISTER | PRINTER_ACCESS_USE);
+    if (!printer) return GetLastError() != ERROR_ACCESS_DENIED;
+    DWORD value = 1;
+    const DWORD error = SetPrinterDataA(printer.get(), kWriteTest, REG_DWORD,
+                                        reinterpret_cast<BYTE*>(&value), sizeof value);
+    if (error != ERROR_SUCCESS) return error != ERROR_ACCESS_DENIED;
+    return ReadNumber(printer.get(), kWriteTest, &value);
+}
+
+DWORD ReadPrinterData(const SheetContext& context, const char* name, void* buffer, DWORD size) {
+    const OpenPrinterHandle printer(context, PRINTER_ACCESS_USE);
+    if (!printer) return 0;
+    DWORD type = 0, needed = 0;
+    const DWORD error =
+        GetPrinterDataA(printer.get(), name, &type, static_cast<BYTE*>(buffer), size, &needed);
+    return error == ERROR_SUCCESS && needed <= size ? needed : 0;
+}
+
+void ReadPrinterLevelOptions(SheetContext& context) {
+    const OpenPrinterHandle printer(context, PRINTER_ACCESS_USE);
+    if (!printer) return;
+    PrivateDevmode& settings = *context.privateSettings;
+    DWORD value = 0;
+    if (ReadNumber(printer.get(), kInstalledOptions, &value)) settings.mdmInstalledOptions = value;
+    if (ReadNumber(printer.get(), kAutoConfigure, &value)) {
+        settings.mdmOtherSettings = value != 0 ? settings.mdmOtherSettings | kOtherAutoConfig
+                                               : settings.mdmOtherSettings & ~kOtherAutoConfig;
+    }
+}
+
+void WritePrinterLevelOptions(SheetContext& context) {
+    const OpenPrinterHandle printer(context, PRINTER_ACCESS_ADMINISTER | PRINTER_ACCESS_USE);
+    if (!printer) return;
+    const PrivateDevmode& settings = *context.privateSettings;
+    WriteNumber(printer.get(), kInstalledOptions, settings.mdmInstalledOptions);
+    WriteNumber(printer.get(), kAutoConfigure,
+                (settings.mdmOtherSettings & kOtherAutoConfig) != 0 ? 1 : 0);
+}
+
+DWORD CustomPaperUnit(PrinterBlock* printer) {
+    DWORD unit = 0;
+    const int found = QDMGetPrinterKeyValue(printer, kPrinterValueSection, "CustomPaperUnit",
+                                            kPrinterValueNumber, &unit, sizeof unit);
+    return found != 0 ? unit : 0;
+}
+
+}  // namespace kvui

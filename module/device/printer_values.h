@@ -1,0 +1,27 @@
+// What the pages ask the spooler about their printer: access, attributes, and the printer-level values
+// "InstalledOptions" and "AutoConfigure".
+#pragma once
+
+#include "ui/sheet_context.h"
+
+namespace kvui {
+
+// Whether the printer can be opened with these access rights.
+bool CanOpenPrinter(const SheetContext& context, DWORD access);
+// PRINTER_ATTRIBUTE_... bits; 0 when the printer cannot be asked.
+DWORD PrinterAttributes(const SheetContext& context);
+// False when writing the value "WriteTest" is refused, or it cannot be read back.
+bool PrinterDataIsWritable(const SheetContext& context);
+// A value of the opened printer, by name; the number of bytes read, 0 on failure.
+DWORD ReadPrinterData(const SheetContext& context, const char* name, void* buffer, DWORD size);
+
+// Sheet start of a user who is no administrator: installed options and auto configuration come from
+// the printer's data. Values of another size than 4 bytes are ignored.
+void ReadPrinterLevelOptions(SheetContext& context);
+// Sheet end of an administrator: publishes them.
+void WritePrinterLevelOptions(SheetContext& context);
+
+// Printer value "CustomPaperUnit": 0 when absent.
+DWORD CustomPaperUnit(PrinterBlock* printer);
+
+}  // namespace kvui

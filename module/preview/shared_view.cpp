@@ -1,0 +1,34 @@
+// Keeps track of the page that holds the shared view, moves the panel's windows there and repaints
+// them; a sheet without a panel only remembers the page.
+#include "preview/shared_view.h"
+
+namespace kvui {
+
+void ShowViewKind(SheetContext& context, ViewKind kind) { context.shared->pageKind = kind; }
+
+void AttachSharedView(SheetContext& context) {
+    SharedSheet& shared = *context.shared;
+    shared.viewPage = context.page;
+    for (const HWND window : {shared.viewPanel, shared.savedSettingsStrip}) {
+        if (window == nullptr) continue;
+        if (GetParent(window) != context.page) SetParent(window, context.page);
+        ShowWindow(window, SW_SHOW);
+    }
+    UpdateSharedView(context);
+}
+
+void UpdateSharedView(SheetContext& context) {
+    if (context.shared->viewPanel != nullptr) {
+        InvalidateRect(context.shared->viewPanel, nullptr, FALSE);
+    }
+}
+
+void DestroySharedView(SharedSheet& shared) {
+    for (HWND* window : {&shared.viewPanel, &shared.savedSettingsStrip}) {
+        if (*window != nullptr) DestroyWindow(*window);
+        *window = nullptr;
+    }
+    shared.viewPage = nullptr;
+}
+
+}  // namespace kvui

@@ -1,0 +1,117 @@
+// Builders of run-time lists: which control, which builder, in one table.
+#include "settings/list_builders.h"
+
+#include <algorithm>
+#include <cstring>
+#include <iterator>
+
+#include "device/administrator.h"
+#include "rules/gray_out.h"
+#include "settings/control_ids.h"
+
+namespace kvui {
+namespace {
+
+constexpr UINT kStringSameAsOriginal = 1193;
+
+template <size_t N>
+std::string BoundedText(const char (&text)[N]) {
+    return std::string(text, strnlen(text, N));
+}
+
+void AddPapers(SheetContext& context, std::vector<ListEntry>& entries) {
+    for (const CustomPaperRecord& paper : VisiblePapers(context)) {
+        entries.push_back({BoundedText(paper.displayName), paper.id});
+    }
+}
+
+void AddOutputPapers(SheetContext& context, std::vector<ListEntry>& entries) {
+    char text[128] = "";
+    if (LoadStringA(context.strings, kStringSameAsOriginal, text, sizeof text) != 0) {
+        entries.push_back({text, 0});
+    }
+    AddPapers(context, entries);
+}
+
+void AddBins(SheetContext& context, SheetList list, std::vector<ListEntry>& entries) {
+    const ListHandle handle = context.shared->lists[list];
+    const int count = handle != nullptr ? QDMMLTGetBinNum(handle, context.printer) : 0;
+    if (count <= 0) return;
+    std::vector<BinRecord> bins(count, BinRecord{});
+    if (!QDMMLTGetBinArray(handle, context.printer, bins.data())) return;
+    for (const BinRecord& bin : bins) {
+        if (IsShownByOptions(context, BoundedText(bin.optionItem).c_str())) {
+            entries.push_back({BoundedText(bin.displayName), bin.identifier});
+        }
+    }
+}
+
+void AddSources(SheetContext& context, std::vector<ListEntry>& entries) {
+    AddBins(context, kListBin0, entries);
+}
+void AddOtherSources(SheetContext& context, std::vector<ListEntry>& entries) {
+    AddBins(context, kListBin1, entries);
+}
+
+void AddWatermarks(SheetContext& context, std::vector<ListEntry>& entries) {
+    const ListHandle list = context.shared->lists[kListWatermark];
+    const DWORD scope = IsAdministrator() ? kScopeAdministrator : kScopeUser;
+    const int count = list != nullptr ? QDMMLTGetWatermarkNum(list, context.printer, scope) : 0;
+    if (count <= 0) return;
+    std::vector<WatermarkRecord> records(count, WatermarkRecord{});
+    if (!QDMMLTGetWatermarkArray(list, context.printer, records.data(), scope)) return;
+    for (const WatermarkRecord& record : records) {
+        entries.push_back({BoundedText(record.name), record.id});
+    }
+}
+
+void AddMailBins(SheetContext& context, std::vector<ListEntry>& entries) {
+    const ListHandle list = context.shared->lists[kListOutBin];
+    const int count = list != nullptr ? QDMMLTGetOUTBinNum(list, context.printer) : 0;
+    if (count <= 0) return;
+    std::vector<BinRecord> bins(count, BinRecord{});
+    if (!QDMMLTGetOUTBinArray(list, context.printer, bins.data())) return;
+    for (const BinRecord& bin : bins) {
+        if (IsShownByOptions(context, BoundedText(bin.optionItem).c_str())) {
+            entries.push_back({BoundedText(bin.displayName), bin.identifier});
+        }
+    }
+}
+
+struct RunTimeList {
+    DWORD controlId;
+    void (*add)(SheetContext&, std::vector<ListEntry>&);
+};
+
+// control, builder
+constexpr RunTimeList kRunTimeLists[] = {
+    {kComboPaperSize, AddPapers},
+    {kComboOutPaper, AddOutputPapers},
+    {kComboPaperSource, AddSources},
+    {kComboFirstPageSource, AddOtherSources},
+    {kComboCoverSource, AddOtherSources},
+    {kComboInterleaveSource, AddOtherSources},
+    {kListWatermark, AddWatermarks},
+    {kListMailBins, AddMailBins},
+};
+
+}  // namespace
+
+std::vector<CustomPaperRecord> VisiblePapers(SheetContext& context) {
+    const ListHandle list = context.shared->lists[kListPaper];
+    const DWORD scope = IsAdministrator() ? kScopeAdministrator : kScopeUser;
+    const int count = list != nullptr ? QDMMLTGetPaperNum(list, context.printer, scope) : 0;
+    std::vector<CustomPaperRecord> papers(std::max(count, 0), CustomPaperRecord{});
+    if (count <= 0 || !QDMMLTGetPaperArray(list, context.printer, papers.data(), scope)) {
+        papers.clear();
+    }
+    return papers;
+}
+
+void AddRunTimeEntries(SheetContext& context, DWORD controlId, std::vector<ListEntry>& entries) {
+    const auto* row = std::find_if(std::begin(kRunTimeLists), std::end(kRunTimeLists),
+                                   [&](const RunTimeList& list) { return list.controlId == controlId; });
+    if (row != std::end(kRunTimeLists)) row->add(context, entries);
+}
+
+}  // namespace kvui

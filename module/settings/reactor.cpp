@@ -1,0 +1,218 @@
+// Settings reactor. One function per derived group; React decides from the control (or the whole-page
+// scope) which of them run, in the order that the rendering side's fields depend on each other.
+#include "settings/reactor.h"
+
+#include <kvcore.h>
+#include <winspool.h>
+
+#include <algorithm>
+
+#include "device/administrator.h"
+#include "device/printer_values.h"
+#include "lists/overlay_store.h"
+#include "settings/control_ids.h"
+#include "ui/snapshot.h"
+
+namespace kvui {
+namespace {
+
+constexpr DWORD kDistributionOn = 0x80000000u;
+constexpr DWORD kDistributionFirstOnly = 0x40000000u;
+constexpr DWORD kDistributionAllPages = 0x20000000u;
+constexpr DWORD kDensityDarker = 0x10000000u;
+constexpr DWORD kDensityMiddle = 0x08000000u;
+constexpr DWORD kDensityLighter = 0x04000000u;
+constexpr DWORD kDensityMask = kDensityDarker | kDensityMiddle | kDensityLighter;
+
+constexpr DWORD kSecurityLockJob = 0x2;
+constexpr DWORD kOptionMailBin = 0x400;
+
+constexpr DWORD kNupModeReversed = 0x1;   // order from the right; booklet: right binding, portrait
+constexpr DWORD kNupModeLandscapeRight = 0x2;
+constexpr DWORD kNupModeDownward = 0x4;
+constexpr DWORD kNupModeScaled = 0x8000;
+
+constexpr DWORD kDuplexOff = 1;
+constexpr DWORD kDuplexBookletLeft = 4;
+constexpr DWORD kDuplexBookletRight = 5;
+constexpr SHORT kPublicDuplexShortEdge = 3;
+constexpr SHORT kLandscape = 2;
+
+bool IsOneOf(DWORD id, std::initializer_list<DWORD> ids) {
+    return std::find(ids.begin(), ids.end(), id) != ids.end();
+}
+
+bool IsPoster(const PrivateDevmode& settings) { return settings.mdmNup >= kNupPosterFirst; }
+DWORD PagesPerSheet(const PrivateDevmode& settings) {
+    return IsPoster(settings) ? 0 : settings.mdmNup;
+}
+bool IsBookletBinding(DWORD duplexMode) {
+    return duplexMode == kDuplexBookletLeft || duplexMode == kDuplexBookletRight;
+}
+
+// A right-bound booklet is marked by bit 0x1 in portrait and bit 0x2 in landscape.
+void SetBookletBindingBit(SheetContext& context, bool right) {
+    const DWORD bit =
+        context.settings->dmOrientation == kLandscape ? kNupModeLandscapeRight : kNupModeReversed;
+    DWORD& mode = context.privateSettings->nUpMode;
+    mode = right ? (mode | bit) : (mode & ~bit);
+}
+
+void ReactToOptions(PrivateDevmode& settings, DWORD id) {
+    if (IsOneOf(id, {kBtnAdd, kBtnRemove}) && !(settings.mdmInstalledOptions & kOptionMailBin)) {
+        settings.mdmMailBinAssign = 0;
+        settings.mdmSorting = 0;
+    }
+    if (IsOneOf(id, {kListInstallable, kListInstalled, kBtnAdd, kBtnRemove})) {
+        settings.mdmOtherSettings &= ~kOtherAutoConfig;
+    }
+}
+
+void DerivePagesPerSheet(SheetContext& context) {
+    PrivateDevmode& settings = *context.privateSettings;
+    if (settings.mdmNup == kNupBooklet) {
+        settings.nUp = 2;
+        context.settings->dmDuplex = kPublicDuplexShortEdge;
+        settings.layoutFlags |= kLayoutBooklet;
+        const bool right = settings.mdmDuplexMode == kDuplexBookletRight;
+        SetBookletBindingBit(context, right);
+        if (!right) {
+            DWORD& saved = context.snapshot->ModuleWord(offsetof(PrivateDevmode, mdmDuplexMode));
+            saved = std::min(saved, kDuplexBookletLeft);
+        }
+        return;
+    }
+    if (IsBookletBinding(settings.mdmDuplexMode)) {
+        settings.nUp = PagesPerSheet(settings);
+        settings.mdmDuplexMode = kDuplexOff;
+        context.settings->dmDuplex = static_cast<SHORT>(kDuplexOff);
+        settings.layoutFlags &= ~kLayoutBooklet;
+    } else if (!IsPoster(settings)) {
+        settings.nUp = settings.mdmNup;
+        settings.nUpMode &= ~(kNupModeReversed | kNupModeLandscapeRight | kNupModeDownward);
+        if (settings.mdmNupStyle & 0x1) settings.nUpMode |= kNupModeReversed;
+        if (settings.mdmNupStyle & 0x2) settings.nUpMode |= kNupModeDownward;
+    }
+}
+
+void DeriveDuplex(SheetContext& context) {
+    PrivateDevmode& settings = *context.privateSettings;
+    if (IsBookletBinding(settings.mdmDuplexMode)) {
+        settings.nUp = 2;
+        context.settings->dmDuplex = kPublicDuplexShortEdge;
+        settings.layoutFlags |= kLayoutBooklet;
+        SetBookletBindingBit(context, settings.mdmDuplexMode == kDuplexBookletRight);
+    } else {
+        settings.nUp = PagesPerSheet(settings);
+        context.settings->dmDuplex = static_cast<SHORT>(LOWORD(settings.mdmDuplexMode));
+        settings.layoutFlags &= ~kLayoutBooklet;
+    }
+}
+
+void DeriveScaling(PrivateDevmode& settings, DWORD id) {
+    settings.Scale = 100;
+    settings.nUpMode &= ~kNupModeScaled;
+    settings.dmDriverPaper = 0;
+    if (settings.mdmOutputPaper != 0) {
+        settings.nUpMode |= kNupModeScaled;
+        settings.dmDriverPaper = settings.mdmOutputPaper;
+    } else if (id == kRadioScalingAuto) {
+        settings.mdmScaleSize = 100;
+    } else {
+        settings.Scale = settings.mdmScaleSize;
+    }
+    if (id == kEditScaling) settings.nUp = PagesPerSheet(settings);
+    if (settings.mdmNup != kNupOff) settings.mdmScaleSize = 100;
+    if (settings.mdmScaleSize != 0 && settings.mdmScaleSize != 100) {
+        settings.nUpMode |= kNupModeScaled;
+    }
+}
+
+// The index of each resolution is written in turn, so that the last one stays.
+void DeriveResolution(SheetContext& context) {
+    ResolutionInfo resolutions[kMaxResolutions] = {};
+    const int count =
+        std::min(QDMGetResolutionList(context.printer, resolutions), kMaxResolutions);
+    if (count > 0) context.privateSettings->CellSize = static_cast<DWORD>(count - 1);
+}
+
+void DerivePoster(PrivateDevmode& settings) {
+    constexpr DWORD kFirstTiled = 102;  // 2x2
+    constexpr DWORD kLastTiled = 106;   // 6x6
+    const DWORD nup = settings.mdmNup;
+    if (nup >= kNupPosterFirst) {
+        settings.layoutFlags |= kLayoutPoster;
+    }
+    if (nup >= kFirstTiled && nup <= kLastTiled) {
+        settings.posterTilesAcross = settings.posterTilesDown = static_cast<BYTE>(nup - 100);
+    } else {
+        settings.posterTilesAcross = settings.posterTilesDown = 0;
+        settings.layoutFlags &= ~kLayoutPoster;
+    }
+}
+
+}  // namespace
+
+void NormaliseDistribution(PrivateDevmode& settings) {
+    DWORD& value = settings.mdmDistribution;
+    if (!(value & kDistributionOn)) {
+        value &= ~(kDensityDarker | kDensityLighter);
+        value |= kDensityMiddle;
+        return;
+    }
+    value = (value & kDistributionFirstOnly) ? (value & ~kDistributionAllPages)
+                                             : (value | kDistributionAllPages);
+    const DWORD density = value & kDensityMask;
+    const DWORD kept = (density & kDensityDarker)    ? kDensityDarker
+                       : (density & kDensityMiddle)  ? kDensityMiddle
+                       : (density & kDensityLighter) ? kDensityLighter
+                                                     : kDensityMiddle;
+    value = (value & ~kDensityMask) | kept;
+}
+
+void NormaliseJobPassword(PrivateDevmode& settings) {
+    if (!(settings.mdmSecurity & kSecurityLockJob)) settings.mdmJobPassword = 0xFFFFFFFFu;
+}
+
+void React(SheetContext& context, DWORD id, ReactScope scope) {
+    PrivateDevmode& settings = *context.privateSettings;
+    const bool whole = scope == ReactScope::kWholePage;
+    if (whole || id == kComboDensity) NormaliseDistribution(settings);
+    if (whole || IsOneOf(id, {kChkLockJob, kEditPassword})) NormaliseJobPassword(settings);
+    ReactToOptions(settings, id);
+    // A poster chosen alone leaves pages per sheet, binding and scaling as they are.
+    if (!whole && id == kComboNup && IsPoster(settings)) {
+        DerivePoster(settings);
+        return;
+    }
+    if (whole ||
+        IsOneOf(id, {kComboNup, kBtnNupDetails, kRadioLandscape, kRadioCollateFirst})) {
+        DerivePagesPerSheet(context);
+    }
+    if (whole || id == kComboDuplex) DeriveDuplex(context);
+    if (whole || IsOneOf(id, {kChkOutPaper, kComboOutPaper, kChkFitToPaper, kEditScaling,
+                              kRadioScalingAuto, kRadioScalingManual})) {
+        DeriveScaling(settings, id);
+    }
+    if (whole || id == kComboResolution) DeriveResolution(context);
+    if (whole || id == kComboCoverSource) settings.mdmBackPageSource = settings.mdmFirstPageSource;
+    if (id == kChkAccessCode && !(settings.mdmSecurity & 0x1)) settings.mdmAccessNumber = 0;
+    if (whole || id == kListOverlay) ReadChosenOverlayPath(context);
+    if (whole) DerivePoster(settings);
+}
+
+void DeriveAtSheetStart(SheetContext& context) {
+    PrivateDevmode& settings = *context.privateSettings;
+    if (settings.Scale != 0) settings.mdmScaleSize = settings.Scale;
+    if (!IsBookletBinding(settings.mdmDuplexMode) && !IsPoster(settings)) {
+        settings.mdmNup = settings.nUp;
+    }
+    ReadChosenOverlayPath(context);
+    constexpr SHORT kColour = 2;
+    settings.mdmOtherSettings = context.settings->dmColor == kColour
+                                    ? settings.mdmOtherSettings | kOtherColor
+                                    : settings.mdmOtherSettings & ~kOtherColor;
+    if (!IsAdministrator()) ReadPrinterLevelOptions(context);
+}
+
+}  // namespace kvui
