@@ -16,7 +16,9 @@ namespace kv {
 
 namespace {
 
-int Outcome(int result) { return result < 0 ? -errno : result; }
+int Outcome(int result) {
+    return result < 0 ? -errno : result;
+}
 
 // A connect that a signal interrupts goes on by itself; its end is waited for.
 int FinishConnect(int socket) {
@@ -32,7 +34,9 @@ int FinishConnect(int socket) {
 
 }  // namespace
 
-int OpenStreamSocket() { return Outcome(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)); }
+int OpenStreamSocket() {
+    return Outcome(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
+}
 
 int ConnectSocket(int socket, std::uint32_t address, std::uint16_t port) {
     sockaddr_in target{};
@@ -64,7 +68,9 @@ long ReceiveBytes(int socket, char* data, std::size_t length) {
     return got < 0 ? -errno : static_cast<long>(got);
 }
 
-int CloseSocket(int socket) { return Outcome(close(socket)); }
+int CloseSocket(int socket) {
+    return Outcome(close(socket));
+}
 
 std::vector<std::uint32_t> LookUpHost(const char* name) {
     std::vector<std::uint32_t> addresses;

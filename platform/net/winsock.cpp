@@ -31,11 +31,18 @@ struct ErrorRow {
 
 // Columns: the host system's error, the platform's.
 constexpr ErrorRow kErrors[] = {
-    {EINTR, WSAEINTR},           {EACCES, WSAEACCES},       {EPERM, WSAEACCES},
-    {EINVAL, WSAEINVAL},         {EAGAIN, WSAEWOULDBLOCK},  {EINPROGRESS, WSAEWOULDBLOCK},
-    {ENETUNREACH, WSAENETUNREACH}, {ECONNRESET, WSAECONNRESET},
+    {EINTR, WSAEINTR},
+    {EACCES, WSAEACCES},
+    {EPERM, WSAEACCES},
+    {EINVAL, WSAEINVAL},
+    {EAGAIN, WSAEWOULDBLOCK},
+    {EINPROGRESS, WSAEWOULDBLOCK},
+    {ENETUNREACH, WSAENETUNREACH},
+    {ECONNRESET, WSAECONNRESET},
     {EPIPE, WSAECONNRESET},
-    {ENOTCONN, WSAENOTCONN},     {ETIMEDOUT, WSAETIMEDOUT}, {ECONNREFUSED, WSAECONNREFUSED},
+    {ENOTCONN, WSAENOTCONN},
+    {ETIMEDOUT, WSAETIMEDOUT},
+    {ECONNREFUSED, WSAECONNREFUSED},
     {EHOSTUNREACH, WSAEHOSTUNREACH},
 };
 
@@ -101,8 +108,8 @@ int WSAStartup(WORD version, WSADATA* data) {
     if (LOBYTE(version) == 0) return WSAVERNOTSUPPORTED;
     if (!data) return WSAEINVAL;
     *data = {};
-    data->wVersion = version == 0x0001 || version == 0x0101 || version == 0x0002 ? version
-                                                                                  : kHighestVersion;
+    data->wVersion =
+        version == 0x0001 || version == 0x0101 || version == 0x0002 ? version : kHighestVersion;
     data->wHighVersion = kHighestVersion;
     std::snprintf(data->szDescription, sizeof data->szDescription, "Stream sockets");
     std::snprintf(data->szSystemStatus, sizeof data->szSystemStatus, "Running");
@@ -119,7 +126,9 @@ int WSACleanup() {
     return 0;
 }
 
-int WSAGetLastError() { return lastSocketError; }
+int WSAGetLastError() {
+    return lastSocketError;
+}
 
 hostent* gethostbyname(const char* name) {
     static thread_local HostAnswer answer;
@@ -161,7 +170,9 @@ u_long inet_addr(const char* text) {
                                ((address << 8) & 0xFF0000) | ((address << 24) & 0xFF000000));
 }
 
-u_short htons(u_short value) { return static_cast<u_short>((value << 8) | (value >> 8)); }
+u_short htons(u_short value) {
+    return static_cast<u_short>((value << 8) | (value >> 8));
+}
 
 SOCKET socket(int family, int type, int) {
     if (!IsStarted()) return INVALID_SOCKET;
@@ -193,8 +204,7 @@ int ioctlsocket(SOCKET socket, LONG command, u_long* argument) {
 int send(SOCKET socket, const char* data, int length, int) {
     if (!IsOpen(socket)) return SOCKET_ERROR;
     if (length < 0 || !data) return Fail(WSAEINVAL);
-    return Outcome(
-        kv::SendBytes(static_cast<int>(socket), data, static_cast<std::size_t>(length)));
+    return Outcome(kv::SendBytes(static_cast<int>(socket), data, static_cast<std::size_t>(length)));
 }
 
 int recv(SOCKET socket, char* data, int length, int) {

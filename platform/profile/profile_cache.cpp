@@ -53,7 +53,9 @@ Cache& TheCache() {
     return *cache;
 }
 
-long long Nanoseconds(const timespec& time) { return time.tv_sec * 1'000'000'000LL + time.tv_nsec; }
+long long Nanoseconds(const timespec& time) {
+    return time.tv_sec * 1'000'000'000LL + time.tv_nsec;
+}
 
 Identity IdentityOf(const struct stat& info) {
     return {info.st_dev, info.st_ino, info.st_size, Nanoseconds(info.st_mtim)};
@@ -67,7 +69,7 @@ bool IsFresh(const Identity& identity) {
 
 // Driver code passes the same path at every read: mapping it must not cost an allocation.
 class PathBuffer {
-   public:
+ public:
     explicit PathBuffer(LPCSTR fileName) {
         const std::size_t length = fileName ? std::strlen(fileName) : 0;
         bool hasFolder = false;
@@ -90,7 +92,7 @@ class PathBuffer {
     std::string_view View() const { return path_; }
     const char* Text() const { return path_.data(); }
 
-   private:
+ private:
     char buffer_[512];
     std::string long_;
     std::string_view path_;
@@ -124,7 +126,8 @@ bool ReadDescriptor(int fd, std::string& text, struct stat& info, DWORD& error) 
     }
     text.clear();
     text.resize(std::min<std::size_t>(static_cast<std::size_t>(info.st_size),
-                                      ProfileDocument::kLargestFile) + 1);
+                                      ProfileDocument::kLargestFile) +
+                1);
     std::size_t size = 0;
     // One byte of room beyond the expected size notices a file that grows meanwhile.
     for (;;) {
@@ -176,14 +179,13 @@ std::shared_ptr<const ProfileDocument> LoadProfile(LPCSTR fileName, DWORD& error
     struct stat info;
     error = ERROR_SUCCESS;
     if (path.View().empty() || stat(path.Text(), &info) != 0) {
-        error = path.View().empty() ? DWORD{ERROR_FILE_NOT_FOUND}
-                                    : ErrorFromErrno(errno, path.Text());
+        error =
+            path.View().empty() ? DWORD{ERROR_FILE_NOT_FOUND} : ErrorFromErrno(errno, path.Text());
         return nullptr;
     }
     std::lock_guard guard(TheCache().lock);
     auto cached = FindCached(path.View());
-    const bool known =
-        cached != TheCache().profiles.end() && cached->identity == IdentityOf(info);
+    const bool known = cached != TheCache().profiles.end() && cached->identity == IdentityOf(info);
     if (known && !cached->fresh) return cached->document;
     std::string text;
     // Opening a pipe or a device could have effects; only plain files are opened at all.

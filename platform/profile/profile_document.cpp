@@ -10,7 +10,9 @@ namespace kv {
 
 namespace {
 
-constexpr bool IsBlank(char character) { return character == ' ' || character == '\t'; }
+constexpr bool IsBlank(char character) {
+    return character == ' ' || character == '\t';
+}
 
 constexpr std::uint32_t HashName(std::string_view name, std::uint32_t seed) {
     std::uint32_t hash = 2166136261u ^ (seed * 0x9E3779B9u);
@@ -20,7 +22,9 @@ constexpr std::uint32_t HashName(std::string_view name, std::uint32_t seed) {
     return hash ^ (hash >> 15);
 }
 
-std::size_t TableSize(std::size_t entries) { return std::bit_ceil(entries * 2 + 1); }
+std::size_t TableSize(std::size_t entries) {
+    return std::bit_ceil(entries * 2 + 1);
+}
 
 }  // namespace
 
@@ -92,7 +96,8 @@ void ProfileDocument::ParseLine(std::size_t begin, std::size_t end) {
     line.begin = line.keyEnd = static_cast<std::uint32_t>(begin);
     line.end = line.valueBegin = static_cast<std::uint32_t>(end);
     if (const void* found = std::memchr(text_.data() + begin, '=', end - begin)) {
-        const auto equals = static_cast<std::size_t>(static_cast<const char*>(found) - text_.data());
+        const auto equals =
+            static_cast<std::size_t>(static_cast<const char*>(found) - text_.data());
         std::size_t keyEnd = equals;
         std::size_t valueBegin = equals + 1;
         while (keyEnd > begin && IsBlank(text_[keyEnd - 1])) --keyEnd;

@@ -28,7 +28,7 @@ struct ProfileSection {
 };
 
 class ProfileDocument {
-   public:
+ public:
     static constexpr std::size_t kLargestFile = std::size_t{16} << 20;
     static constexpr std::size_t kMostLines = std::size_t{1} << 20;
 
@@ -51,7 +51,7 @@ class ProfileDocument {
     // The line as a section read answers it: "key=value", or the bare text of a line without "=".
     void AppendLine(std::uint32_t index, std::string& block) const;
 
-   private:
+ private:
     struct Slot {
         std::uint32_t hash = 0;
         std::uint32_t target = 0;   // line or section, plus 1; 0 for a free slot

@@ -115,8 +115,7 @@ std::string EditProfileKey(const std::string& text, std::string_view sectionName
     if (!value) return text;
     std::string added(key);
     added.append("=").append(*value).append(LineEnd(text));
-    return section.found ? InsertLines(text, section.insert, added)
-                         : NewSection(text, name, added);
+    return section.found ? InsertLines(text, section.insert, added) : NewSection(text, name, added);
 }
 
 std::string EditProfileSection(const std::string& text, std::string_view sectionName,

@@ -29,7 +29,7 @@ constexpr DWORD kLockPause = 5;
 
 // A lock on the folder leaves no lock files behind, and stays put while files in it are replaced.
 class FolderLock {
-   public:
+ public:
     explicit FolderLock(const std::string& folder)
         : fd_(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
         if (fd_ < 0) {
@@ -53,7 +53,7 @@ class FolderLock {
     FolderLock& operator=(const FolderLock&) = delete;
     DWORD Error() const { return error_; }
 
-   private:
+ private:
     int fd_;
     DWORD error_ = ERROR_SUCCESS;
 };
@@ -88,8 +88,8 @@ DWORD ReplaceFile(const std::string& path, const std::string& text, const struct
     const std::string temporary = folder + "/." + std::string(BaseName(path)) + ".new";
     unlink(temporary.c_str());
     const mode_t newMode = IsInStateDirectory(path) ? 0600 : 0666;
-    const int fd = open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC,
-                        existing ? 0600 : newMode);
+    const int fd =
+        open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, existing ? 0600 : newMode);
     if (fd < 0) return ErrorFromErrno(errno, path);
     bool done = WriteAll(fd, text);
     if (done && existing) {
@@ -122,9 +122,8 @@ DWORD ChangeProfile(LPCSTR fileName, const Edit& edit) {
     DWORD error = ERROR_SUCCESS;
     if (exists) {
         // Renaming would get around the file's own rights.
-        const bool writable =
-            S_ISREG(info.st_mode) && (info.st_mode & 0222) != 0 &&
-            faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
+        const bool writable = S_ISREG(info.st_mode) && (info.st_mode & 0222) != 0 &&
+                              faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
         if (!writable) return ERROR_ACCESS_DENIED;
         if (!ReadProfileText(path, text, error)) return error;
     }
@@ -134,7 +133,9 @@ DWORD ChangeProfile(LPCSTR fileName, const Edit& edit) {
     return ReplaceFile(path, changed, exists ? &info : nullptr);
 }
 
-bool IsOneLine(std::string_view text) { return text.find_first_of("\r\n") == text.npos; }
+bool IsOneLine(std::string_view text) {
+    return text.find_first_of("\r\n") == text.npos;
+}
 
 // Names that could not be found again, and values that would not be one line, are refused: writing
 // them would change the meaning of the rest of the file.

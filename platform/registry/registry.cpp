@@ -66,9 +66,13 @@ bool Locate(HKEY key, LPCSTR subKey, Place& place) {
     return true;
 }
 
-bool MayChange(const Place& place) { return !place.isMachine || ActsAsAdministrator(); }
+bool MayChange(const Place& place) {
+    return !place.isMachine || ActsAsAdministrator();
+}
 
-LSTATUS Status(DWORD error) { return static_cast<LSTATUS>(error); }
+LSTATUS Status(DWORD error) {
+    return static_cast<LSTATUS>(error);
+}
 
 // The key itself, for the functions on values. The user's own root comes into being when written.
 DWORD ResolveKey(HKEY key, REGSAM needed, KeyId& id) {
@@ -136,8 +140,11 @@ LSTATUS RegCreateKeyExA(HKEY key, LPCSTR subKey, DWORD, LPSTR, DWORD, REGSAM acc
     bool created = false;
     DWORD error = kv::StateStore::Get().FindKey(place.parent, place.path, id);
     const bool missing = error == ERROR_FILE_NOT_FOUND;
-    if ((missing || (access & kv::kChanges)) && !kv::MayChange(place)) error = ERROR_ACCESS_DENIED;
-    else if (missing) error = kv::StateStore::Get().CreateKey(place.parent, place.path, id, created);
+    if ((missing || (access & kv::kChanges)) && !kv::MayChange(place)) {
+        error = ERROR_ACCESS_DENIED;
+    } else if (missing) {
+        error = kv::StateStore::Get().CreateKey(place.parent, place.path, id, created);
+    }
     if (error != ERROR_SUCCESS) return kv::Status(error);
     if (disposition) *disposition = created ? REG_CREATED_NEW_KEY : REG_OPENED_EXISTING_KEY;
     return kv::Status(kv::OpenHandle(place, id, access, result));

@@ -48,10 +48,9 @@ void BindPrinter(Statement& statement, const PrinterRecord& printer) {
 PrinterRecord PrinterOf(const Statement& row) {
     PrinterRecord printer;
     std::string* const texts[] = {
-        &printer.name,          &printer.share,          &printer.port,     &printer.driver,
-        &printer.comment,       &printer.location,       &printer.separatorFile,
-        &printer.printProcessor, &printer.dataType,      &printer.parameters,
-        &printer.deviceMode};
+        &printer.name,     &printer.share,      &printer.port,          &printer.driver,
+        &printer.comment,  &printer.location,   &printer.separatorFile, &printer.printProcessor,
+        &printer.dataType, &printer.parameters, &printer.deviceMode};
     DWORD* const numbers[] = {&printer.attributes, &printer.priority, &printer.defaultPriority,
                               &printer.startTime, &printer.untilTime};
     int column = 0;
@@ -69,7 +68,9 @@ bool IsPrinterName(const std::string& name) {
     return true;
 }
 
-bool IsUniqueViolation(int result) { return (result & 0xFF) == SQLITE_CONSTRAINT; }
+bool IsUniqueViolation(int result) {
+    return (result & 0xFF) == SQLITE_CONSTRAINT;
+}
 
 }  // namespace
 
@@ -93,7 +94,9 @@ std::string StateStore::LastMessage() {
     return inside_->database.Message();
 }
 
-void CloseStateStore() { StateStore::Get().Close(); }
+void CloseStateStore() {
+    StateStore::Get().Close();
+}
 
 StoreTransaction::StoreTransaction(StateStore& store)
     : store_(store), error_(ERROR_SUCCESS), open_(false) {
@@ -213,7 +216,8 @@ DWORD StateStore::SetPrinterData(const std::string& printer, const std::string& 
         "INSERT INTO printer_data (printer, name, type, data)"
         " SELECT id, ?2, ?3, ?4 FROM printer WHERE name = ?1"
         " ON CONFLICT (printer, name) DO UPDATE SET type = excluded.type, data = excluded.data");
-    const int changed = upsert.Text(1, printer).Text(2, name).Number(3, type).Blob(4, data, size).Run();
+    const int changed =
+        upsert.Text(1, printer).Text(2, name).Number(3, type).Blob(4, data, size).Run();
     const DWORD failed = inside_->database.Fail(upsert.Result());
     return failed || changed ? failed : DWORD{ERROR_INVALID_PRINTER_NAME};
 }

@@ -46,7 +46,7 @@ constexpr KeyId kMachineRoot = 2;
 constexpr KeyId kUsersRoot = 3;
 
 class StateStore {
-   public:
+ public:
     // The process's one store; opened at the first use, and anew when the state directory changes.
     static StateStore& Get();
 
@@ -90,7 +90,7 @@ class StateStore {
 
     void Close();
 
-   private:
+ private:
     friend class StoreTransaction;
     StateStore();
     struct Inside;
@@ -100,7 +100,7 @@ class StateStore {
 // Several writes as one: all of them are stored by Commit, or none. Transactions may nest; the
 // outermost one decides.
 class StoreTransaction {
-   public:
+ public:
     explicit StoreTransaction(StateStore& store);
     ~StoreTransaction();
     StoreTransaction(const StoreTransaction&) = delete;
@@ -109,7 +109,7 @@ class StoreTransaction {
     DWORD Error() const { return error_; }  // why it could not begin
     DWORD Commit();
 
-   private:
+ private:
     StateStore& store_;
     DWORD error_;
     bool open_;

@@ -30,31 +30,44 @@ DWORD ErrorFromResult(int result) {
     switch (result & 0xFF) {
         case SQLITE_OK:
         case SQLITE_ROW:
-        case SQLITE_DONE: return ERROR_SUCCESS;
+        case SQLITE_DONE:
+            return ERROR_SUCCESS;
         case SQLITE_BUSY:
-        case SQLITE_LOCKED: return ERROR_SHARING_VIOLATION;
+        case SQLITE_LOCKED:
+            return ERROR_SHARING_VIOLATION;
         case SQLITE_PERM:
         case SQLITE_AUTH:
         case SQLITE_CANTOPEN:
-        case SQLITE_READONLY: return ERROR_ACCESS_DENIED;
-        case SQLITE_NOMEM: return ERROR_NOT_ENOUGH_MEMORY;
-        case SQLITE_FULL: return kErrorDiskFull;
-        case SQLITE_TOOBIG: return ERROR_INVALID_PARAMETER;
+        case SQLITE_READONLY:
+            return ERROR_ACCESS_DENIED;
+        case SQLITE_NOMEM:
+            return ERROR_NOT_ENOUGH_MEMORY;
+        case SQLITE_FULL:
+            return kErrorDiskFull;
+        case SQLITE_TOOBIG:
+            return ERROR_INVALID_PARAMETER;
         case SQLITE_CORRUPT:
         case SQLITE_NOTADB:
         case SQLITE_ERROR:  // a statement that does not fit the file's tables
-        case SQLITE_FORMAT: return kErrorFileCorrupt;
-        default: return kErrorIoDevice;
+        case SQLITE_FORMAT:
+            return kErrorFileCorrupt;
+        default:
+            return kErrorIoDevice;
     }
 }
 
 const char* Reason(DWORD error) {
     switch (error) {
-        case ERROR_SHARING_VIOLATION: return "is in use by another program; try again";
-        case ERROR_ACCESS_DENIED: return "cannot be written; check its owner and mode";
-        case kErrorFileCorrupt: return "is damaged; it was left as it is";
-        case kErrorDiskFull: return "cannot grow: the disk is full";
-        default: return "cannot be read or written";
+        case ERROR_SHARING_VIOLATION:
+            return "is in use by another program; try again";
+        case ERROR_ACCESS_DENIED:
+            return "cannot be written; check its owner and mode";
+        case kErrorFileCorrupt:
+            return "is damaged; it was left as it is";
+        case kErrorDiskFull:
+            return "cannot grow: the disk is full";
+        default:
+            return "cannot be read or written";
     }
 }
 
@@ -80,7 +93,7 @@ bool StoreDatabase::IsSameFile(const std::string& path) const {
 }
 
 void StoreDatabase::Remember(const std::string& path) {
-    struct stat info{};
+    struct stat info {};
     if (stat(path.c_str(), &info) != 0) info = {};
     identity_ = {info.st_dev, info.st_ino, info.st_size, info.st_mtim};
     owner_ = getpid();

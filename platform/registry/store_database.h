@@ -17,7 +17,7 @@ enum class StoreAccess { kRead, kWrite };
 
 // One use of a prepared statement; the statement goes back to the connection's cache afterwards.
 class Statement {
-   public:
+ public:
     Statement(sqlite3* connection, sqlite3_stmt* statement, int result)
         : connection_(connection), statement_(statement), result_(result) {}
     ~Statement();
@@ -37,7 +37,7 @@ class Statement {
     DWORD NumberAt(int column) const;
     sqlite3_int64 WideNumberAt(int column) const;
 
-   private:
+ private:
     void Keep(int result) {
         if (result_ == SQLITE_OK) result_ = result;
     }
@@ -47,7 +47,7 @@ class Statement {
 };
 
 class StoreDatabase {
-   public:
+ public:
     StoreDatabase() = default;
     ~StoreDatabase() { Close(); }
     StoreDatabase(const StoreDatabase&) = delete;
@@ -68,7 +68,7 @@ class StoreDatabase {
     DWORD Fail(int result);
     const std::string& Message() const { return message_; }
 
-   private:
+ private:
     struct Identity {
         dev_t device = 0;
         ino_t inode = 0;

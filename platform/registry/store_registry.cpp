@@ -25,8 +25,7 @@ bool SplitPath(const std::string& path, std::vector<std::string>& names) {
 }
 
 DWORD FindChild(StoreDatabase& database, KeyId parent, const std::string& name, KeyId& key) {
-    Statement query =
-        database.Use("SELECT id FROM registry_key WHERE parent = ?1 AND name = ?2");
+    Statement query = database.Use("SELECT id FROM registry_key WHERE parent = ?1 AND name = ?2");
     if (query.Number(1, parent).Text(2, name).NextRow()) {
         key = query.WideNumberAt(0);
         return ERROR_SUCCESS;
@@ -141,7 +140,8 @@ DWORD StateStore::SetValue(KeyId key, const std::string& name, DWORD type, const
         "INSERT INTO registry_value (key, name, type, data)"
         " SELECT id, ?2, ?3, ?4 FROM registry_key WHERE id = ?1"
         " ON CONFLICT (key, name) DO UPDATE SET type = excluded.type, data = excluded.data");
-    const int changed = upsert.Number(1, key).Text(2, name).Number(3, type).Blob(4, data, size).Run();
+    const int changed =
+        upsert.Number(1, key).Text(2, name).Number(3, type).Blob(4, data, size).Run();
     const DWORD failed = inside_->database.Fail(upsert.Result());
     return failed || changed ? failed : kErrorKeyDeleted;
 }

@@ -40,8 +40,12 @@ bool IsSystemAdministrator() {
     return std::find(groups.begin(), groups.end(), administrators) != groups.end();
 }
 
-bool ActsAsAdministrator() { return Acting() ? *Acting() : IsSystemAdministrator(); }
+bool ActsAsAdministrator() {
+    return Acting() ? *Acting() : IsSystemAdministrator();
+}
 
-void SetActingAsAdministrator(std::optional<bool> administrator) { Acting() = administrator; }
+void SetActingAsAdministrator(std::optional<bool> administrator) {
+    Acting() = administrator;
+}
 
 }  // namespace kv

@@ -33,10 +33,10 @@ struct GroupRow {
 
 // Columns: last byte of the authority, number of sub-authorities, sub-authorities, who is in it.
 constexpr GroupRow kGroups[] = {
-    {1, 1, {0, 0}, false},                                                      // everyone
-    {5, 1, {11, 0}, false},                                                     // signed-in users
-    {5, 2, {SECURITY_BUILTIN_DOMAIN_RID, DOMAIN_ALIAS_RID_USERS}, false},       // users
-    {5, 2, {SECURITY_BUILTIN_DOMAIN_RID, DOMAIN_ALIAS_RID_ADMINS}, true},       // administrators
+    {1, 1, {0, 0}, false},                                                 // everyone
+    {5, 1, {11, 0}, false},                                                // signed-in users
+    {5, 2, {SECURITY_BUILTIN_DOMAIN_RID, DOMAIN_ALIAS_RID_USERS}, false},  // users
+    {5, 2, {SECURITY_BUILTIN_DOMAIN_RID, DOMAIN_ALIAS_RID_ADMINS}, true},  // administrators
 };
 
 using SidBytes = std::vector<BYTE>;
@@ -84,9 +84,13 @@ std::size_t BlockSize(const std::vector<SidBytes>& sids, std::size_t header) {
 
 }  // namespace kv
 
-HANDLE GetCurrentThread() { return reinterpret_cast<HANDLE>(INT_PTR{-2}); }
+HANDLE GetCurrentThread() {
+    return reinterpret_cast<HANDLE>(INT_PTR{-2});
+}
 
-HANDLE GetCurrentProcess() { return reinterpret_cast<HANDLE>(INT_PTR{-1}); }
+HANDLE GetCurrentProcess() {
+    return reinterpret_cast<HANDLE>(INT_PTR{-1});
+}
 
 BOOL OpenThreadToken(HANDLE thread, DWORD, BOOL, HANDLE* token) {
     if (token) *token = nullptr;

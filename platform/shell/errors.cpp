@@ -19,35 +19,51 @@ bool HasFolder(const std::string& path) {
 
 }  // namespace
 
-DWORD GetLastError() { return lastError; }
+DWORD GetLastError() {
+    return lastError;
+}
 
-void SetLastError(DWORD error) { lastError = error; }
+void SetLastError(DWORD error) {
+    lastError = error;
+}
 
 namespace kv {
 
 DWORD ErrorFromErrno(int error, const std::string& path) {
     switch (error) {
-        case 0: return ERROR_SUCCESS;
-        case ENOENT: return HasFolder(path) ? ERROR_FILE_NOT_FOUND : ERROR_PATH_NOT_FOUND;
-        case ENOTDIR: return ERROR_PATH_NOT_FOUND;
+        case 0:
+            return ERROR_SUCCESS;
+        case ENOENT:
+            return HasFolder(path) ? ERROR_FILE_NOT_FOUND : ERROR_PATH_NOT_FOUND;
+        case ENOTDIR:
+            return ERROR_PATH_NOT_FOUND;
         case EACCES:
         case EPERM:
         case EROFS:
-        case EISDIR: return ERROR_ACCESS_DENIED;
+        case EISDIR:
+            return ERROR_ACCESS_DENIED;
         case EMFILE:
-        case ENFILE: return kErrorTooManyOpenFiles;
-        case ENOMEM: return ERROR_NOT_ENOUGH_MEMORY;
-        case EEXIST: return ERROR_FILE_EXISTS;
+        case ENFILE:
+            return kErrorTooManyOpenFiles;
+        case ENOMEM:
+            return ERROR_NOT_ENOUGH_MEMORY;
+        case EEXIST:
+            return ERROR_FILE_EXISTS;
         case ENAMETOOLONG:
         case EINVAL:
-        case ELOOP: return ERROR_INVALID_NAME;
+        case ELOOP:
+            return ERROR_INVALID_NAME;
         case EBUSY:
         case ETXTBSY:
-        case EAGAIN: return ERROR_SHARING_VIOLATION;
+        case EAGAIN:
+            return ERROR_SHARING_VIOLATION;
         case ENOSPC:
-        case EDQUOT: return kErrorDiskFull;
-        case EFBIG: return kErrorFileTooLarge;
-        default: return kErrorIoDevice;
+        case EDQUOT:
+            return kErrorDiskFull;
+        case EFBIG:
+            return kErrorFileTooLarge;
+        default:
+            return kErrorIoDevice;
     }
 }
 

@@ -33,8 +33,8 @@ BOOL Fail(DWORD error) {
 }
 
 // Columns: open flags by disposition CREATE_NEW (1) ... TRUNCATE_EXISTING (5).
-constexpr int kDispositionFlags[kLastDisposition + 1] = {
-    0, O_CREAT | O_EXCL, O_CREAT | O_TRUNC, 0, O_CREAT, O_TRUNC};
+constexpr int kDispositionFlags[kLastDisposition + 1] = {0, O_CREAT | O_EXCL, O_CREAT | O_TRUNC,
+                                                         0, O_CREAT,          O_TRUNC};
 
 int OpenFlags(DWORD access, DWORD disposition) {
     const bool reads = (access & GENERIC_READ) != 0;
@@ -61,7 +61,7 @@ bool CopyBytes(int from, int to) {
 }
 
 class Descriptor {
-   public:
+ public:
     explicit Descriptor(int fd) : fd_(fd) {}
     ~Descriptor() {
         if (fd_ >= 0) close(fd_);
@@ -70,7 +70,7 @@ class Descriptor {
     Descriptor& operator=(const Descriptor&) = delete;
     int Get() const { return fd_; }
 
-   private:
+ private:
     const int fd_;
 };
 

@@ -41,7 +41,9 @@ FixedBlocks& Fixed() {
     return *blocks;
 }
 
-std::uintptr_t Number(HGLOBAL memory) { return reinterpret_cast<std::uintptr_t>(memory); }
+std::uintptr_t Number(HGLOBAL memory) {
+    return reinterpret_cast<std::uintptr_t>(memory);
+}
 
 bool FixedSize(HGLOBAL memory, SIZE_T& size) {
     std::lock_guard guard(Fixed().lock);

@@ -14,7 +14,7 @@ enum class HandleSpace : std::uintptr_t { kMemory = 1, kKernel = 2, kRegistry = 
 
 template <typename Object, HandleSpace Space>
 class HandleTable {
-   public:
+ public:
     std::uintptr_t Add(std::shared_ptr<Object> object) {
         std::lock_guard guard(lock_);
         std::size_t index;
@@ -53,7 +53,7 @@ class HandleTable {
         return slots_.size() - free_.size();
     }
 
-   private:
+ private:
     struct Slot {
         std::shared_ptr<Object> object;
         std::uint16_t generation = 1;

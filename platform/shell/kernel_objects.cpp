@@ -11,7 +11,9 @@ HandleTable<KernelObject, HandleSpace::kKernel>& KernelObjects() {
     return *table;
 }
 
-void SetInvalidHandleError() { SetLastError(ERROR_INVALID_HANDLE); }
+void SetInvalidHandleError() {
+    SetLastError(ERROR_INVALID_HANDLE);
+}
 
 }  // namespace kv
 

@@ -153,8 +153,12 @@ int GetLocaleInfoA(LCID, LCTYPE type, LPSTR buffer, int size) {
         case LOCALE_SENGLANGUAGE:
             text = kv::LanguageOf(kv::FromVariables("LC_MESSAGES")).englishName;
             break;
-        case LOCALE_IMEASURE: text = kv::LocaleMeasure() ? "1" : "0"; break;
-        default: SetLastError(kv::kErrorInvalidFlags); return 0;
+        case LOCALE_IMEASURE:
+            text = kv::LocaleMeasure() ? "1" : "0";
+            break;
+        default:
+            SetLastError(kv::kErrorInvalidFlags);
+            return 0;
     }
     const int needed = static_cast<int>(std::strlen(text)) + 1;
     if (size == 0) return needed;
@@ -166,6 +170,10 @@ int GetLocaleInfoA(LCID, LCTYPE type, LPSTR buffer, int size) {
     return needed;
 }
 
-LANGID GetSystemDefaultLangID() { return kv::LanguageId(); }
+LANGID GetSystemDefaultLangID() {
+    return kv::LanguageId();
+}
 
-LANGID GetUserDefaultLangID() { return kv::LanguageId(); }
+LANGID GetUserDefaultLangID() {
+    return kv::LanguageId();
+}

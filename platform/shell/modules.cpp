@@ -41,18 +41,22 @@ ModuleTable& Table() {
 }
 
 // The platform's own libraries are all this one.
-constexpr const char* kSystemLibraries[] = {"kernel32", "user32", "gdi32",    "advapi32",
+constexpr const char* kSystemLibraries[] = {"kernel32", "user32",   "gdi32",    "advapi32",
                                             "shell32",  "comctl32", "comdlg32", "winspool",
                                             "hhctrl",   "version",  "ws2_32",   "wsock32"};
 
-const void* ProgramAddress() { return reinterpret_cast<const void*>(getauxval(AT_PHDR)); }
+const void* ProgramAddress() {
+    return reinterpret_cast<const void*>(getauxval(AT_PHDR));
+}
 
 std::string FullPath(const std::string& path) {
     char resolved[PATH_MAX];
     return realpath(path.c_str(), resolved) ? resolved : path;
 }
 
-std::string ProgramPath() { return FullPath("/proc/self/exe"); }
+std::string ProgramPath() {
+    return FullPath("/proc/self/exe");
+}
 
 bool FindObject(const void* address, const void*& base, std::string& path) {
     Dl_info info;
@@ -108,7 +112,9 @@ bool IsSystemLibrary(const std::string& name) {
     return false;
 }
 
-std::string PlatformPath() { return ModulePath(ModuleFromAddress(&kSystemLibraries)); }
+std::string PlatformPath() {
+    return ModulePath(ModuleFromAddress(&kSystemLibraries));
+}
 
 // The files that a library name may mean, best first.
 std::vector<std::string> Candidates(const std::string& path) {
@@ -157,7 +163,8 @@ int CompareObject(dl_phdr_info* info, std::size_t, void* data) {
     }
     for (int i = 0; i < info->dlpi_phnum; ++i) {
         if (info->dlpi_phdr[i].p_type != PT_LOAD) continue;
-        search.address = reinterpret_cast<const void*>(info->dlpi_addr + info->dlpi_phdr[i].p_vaddr);
+        search.address =
+            reinterpret_cast<const void*>(info->dlpi_addr + info->dlpi_phdr[i].p_vaddr);
         return 1;
     }
     return 0;
@@ -202,7 +209,9 @@ HMODULE RealModule(HMODULE module) {
     return program;
 }
 
-bool IsLiveModule(HMODULE module) { return FindModule(module) != nullptr; }
+bool IsLiveModule(HMODULE module) {
+    return FindModule(module) != nullptr;
+}
 
 std::string ModulePath(HMODULE module) {
     const auto found = FindModule(module);

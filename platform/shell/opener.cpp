@@ -49,7 +49,9 @@ bool IsFile(const std::string& path) {
     return stat(path.c_str(), &info) == 0 && S_ISREG(info.st_mode);
 }
 
-HINSTANCE ShellResult(INT_PTR code) { return reinterpret_cast<HINSTANCE>(code); }
+HINSTANCE ShellResult(INT_PTR code) {
+    return reinterpret_cast<HINSTANCE>(code);
+}
 
 // "DIR/BOOK.chm::/html/1101.htm" is the page html/1101.htm of the folder DIR/BOOK.
 std::string TopicFile(const std::string& target) {

@@ -91,9 +91,13 @@ UINT CopyDirectory(const std::string& path, LPSTR buffer, UINT size) {
 
 }  // namespace
 
-std::string WindowsDirectory() { return StateFolder("/windows"); }
+std::string WindowsDirectory() {
+    return StateFolder("/windows");
+}
 
-std::string SystemDirectory() { return StateFolder("/windows/system32"); }
+std::string SystemDirectory() {
+    return StateFolder("/windows/system32");
+}
 
 }  // namespace kv
 

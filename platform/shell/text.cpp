@@ -7,7 +7,9 @@
 
 namespace {
 
-int Sign(int value) { return value < 0 ? -1 : value > 0 ? 1 : 0; }
+int Sign(int value) {
+    return value < 0 ? -1 : value > 0 ? 1 : 0;
+}
 
 int CompareFolded(LPCSTR left, LPCSTR right) {
     for (;; ++left, ++right) {
@@ -26,7 +28,9 @@ bool CompareNull(LPCSTR left, LPCSTR right, int& result) {
 
 }  // namespace
 
-int lstrlenA(LPCSTR text) { return text ? static_cast<int>(std::strlen(text)) : 0; }
+int lstrlenA(LPCSTR text) {
+    return text ? static_cast<int>(std::strlen(text)) : 0;
+}
 
 // Dictionary order: case decides only between texts that are otherwise equal, lower case first.
 int lstrcmpA(LPCSTR left, LPCSTR right) {
