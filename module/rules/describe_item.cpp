@@ -1,0 +1,160 @@
+// The texts by which the conflicts dialog names an item and its values.
+#include <kvlist.h>
+
+#include <cstdio>
+#include <cstring>
+#include <vector>
+
+#include "device/administrator.h"
+#include "rules/conflicts.h"
+#include "rules/rule_text.h"
+#include "rules/rules_file.h"
+
+namespace kvui {
+namespace {
+
+constexpr UINT kStringOn = 9001;
+constexpr UINT kStringOff = 9002;
+constexpr UINT kStringSameAsOriginal = 1193;
+constexpr DWORD kComboPaperSize = 2002;
+constexpr DWORD kComboOutPaper = 2006;
+
+void LoadText(const SheetContext& context, UINT id, char* text) {
+    if (id == 0 || LoadStringA(context.strings, id, text, kReportTextSize) == 0) text[0] = '\0';
+}
+
+void DescribePaper(SheetContext& context, DWORD controlId, LONG code, char* text) {
+    if (controlId == kComboOutPaper && code == 0) {
+        LoadText(context, kStringSameAsOriginal, text);
+        return;
+    }
+    const ListHandle papers = context.shared != nullptr ? context.shared->lists[kListPaper] : nullptr;
+    if (papers == nullptr) return;
+    const DWORD scope = IsAdministrator() ? kScopeAdministrator : kScopeUser;
+    const int count = QDMMLTGetPaperNum(papers, context.printer, scope);
+    if (count <= 0) return;
+    std::vector<CustomPaperRecord> records(static_cast<size_t>(count));
+    QDMMLTGetPaperArray(papers, context.printer, records.data(), scope);
+    for (const CustomPaperRecord& record : records) {
+        if (record.id != static_cast<DWORD>(code)) continue;
+        CopyText(text, kReportTextSize, record.displayName);
+        return;
+    }
+}
+
+// Both lists of input bins: the second holds the sources that only the first page and the covers use.
+void DescribeBin(SheetContext& context, DWORD /*controlId*/, LONG identifier, char* text) {
+    if (context.shared == nullptr) return;
+    for (const SheetList which : {kListBin0, kListBin1}) {
+        const ListHandle bins = context.shared->lists[which];
+        const int count = bins != nullptr ? QDMMLTGetBinNum(bins, context.printer) : 0;
+        if (count <= 0) continue;
+        std::vector<BinRecord> records(static_cast<size_t>(count));
+        QDMMLTGetBinArray(bins, context.printer, records.data());
+        for (const BinRecord& record : records) {
+            if (record.identifier != static_cast<DWORD>(identifier)) continue;
+            CopyText(text, kReportTextSize, record.displayName);
+            return;
+        }
+    }
+}
+
+using Describer = void (*)(SheetContext&, DWORD, LONG, char*);
+
+// Columns: control whose values are kept by the list service, how its text is found.
+constexpr struct {
+    DWORD controlId;
+    Describer describe;
+} kListServiceControls[] = {
+    {kComboPaperSize, DescribePaper},
+    {kComboOutPaper, DescribePaper},
+    {1111, DescribeBin},
+    {1173, DescribeBin},
+    {1187, DescribeBin},
+    {1192, DescribeBin},
+};
+
+std::vector<CodeRecord> CodeRecordsOf(const ControlItem& item) {
+    if (item.listName[0] == '\0') return {};
+    std::vector<CodeRecord> records(kMaxCodeRecords);
+    records.resize(static_cast<size_t>(ReadCodeRange(item.listName, records.data())));
+    return records;
+}
+
+void DescribeListEntry(SheetContext& context, const ControlItem& item, LONG value, char* text) {
+    for (const auto& special : kListServiceControls) {
+        if (special.controlId != item.controlId) continue;
+        special.describe(context, item.controlId, value, text);
+        return;
+    }
+    for (const SelectItem& entry : SelectEntries(item)) {
+        if (entry.value != static_cast<DWORD>(value)) continue;
+        LoadText(context, entry.stringId, text);
+        return;
+    }
+    for (const CodeRecord& record : CodeRecordsOf(item)) {
+        if (record.code != value) continue;
+        CopyText(text, kReportTextSize, record.name);
+        return;
+    }
+}
+
+void DescribeRadio(SheetContext& context, const ControlItem& item, LONG value, char* text) {
+    for (const RadioItem& button : RadioButtons(item)) {
+        if (button.value != static_cast<DWORD>(value)) continue;
+        LoadText(context, button.captionId, text);
+        return;
+    }
+}
+
+void AppendName(char* text, const char* name) {
+    const size_t length = std::strlen(text);
+    std::snprintf(text + length, kReportTextSize - length, ",%s", name);
+}
+
+void DescribeBits(SheetContext& context, const ControlItem& item, LONG bits, char* text) {
+    for (const SelectItem& entry : SelectEntries(item)) {
+        if ((entry.value & static_cast<DWORD>(bits)) == 0) continue;
+        char name[kReportTextSize];
+        LoadText(context, entry.stringId, name);
+        AppendName(text, name);
+    }
+    for (const CodeRecord& record : CodeRecordsOf(item)) {
+        if ((record.code & bits) != 0) AppendName(text, record.name);
+    }
+}
+
+}  // namespace
+
+void DescribeItemValue(SheetContext& context, DWORD controlId, LONG value, LONG bitValue, char* name,
+                       char* text) {
+    name[0] = text[0] = '\0';
+    const ControlItem* item = ItemById(controlId);
+    if (item == nullptr) return;
+    LoadText(context, item->captionId, name);
+    switch (item->type) {
+        case kItemEdit:
+            std::snprintf(text, kReportTextSize, "%d", value);
+            break;
+        case kItemCombo:
+        case kItemList:
+            DescribeListEntry(context, *item, value, text);
+            break;
+        case kItemRadio:
+            DescribeRadio(context, *item, value, text);
+            break;
+        case kItemCheck: {
+            const bool on =
+                item->check != nullptr && item->check->checkedValue == static_cast<DWORD>(value);
+            LoadText(context, on ? kStringOn : kStringOff, text);
+            break;
+        }
+        case kItemMaskList:
+            DescribeBits(context, *item, bitValue, text);
+            break;
+        default:
+            break;
+    }
+}
+
+}  // namespace kvui

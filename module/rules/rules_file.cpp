@@ -1,0 +1,126 @@
+// Where the rules file is, how its values are taken apart, and the sections that are read at each
+// use. The loading of a sheet computes the path once; everybody passes it to the profile functions.
+#include "rules/rules_file.h"
+
+#include <kvcore.h>
+#include <winspool.h>
+
+#include <cstdio>
+#include <cstring>
+
+#include "rules/rule_text.h"
+#include "rules/rules_path.h"
+
+namespace kvui {
+namespace {
+
+constexpr char kRulesFileName[] = "KVUIMOD.ini";
+constexpr LONG kPaperLetter = 1;
+constexpr LONG kPaperA4 = 9;
+constexpr UINT kLetterCountry = 2;  // an "iCountry" whose paper is Letter whatever it measures in
+
+// One path for the whole process: the profile functions are given it by every reader and writer.
+char rulesFilePath[kRulesFilePathSize];
+
+// A 4-byte number of the printer; 0 when it has none.
+DWORD PrinterNumber(PrinterBlock* printer, const char* name) {
+    DWORD value = 0;
+    if (!QDMGetPrinterKeyValue(printer, kPrinterValueSection, name, kPrinterValueNumber, &value,
+                               sizeof value)) {
+        return 0;
+    }
+    return value;
+}
+
+// A directory that cannot be found leaves a path where no file is: the defaults then apply.
+void DriverDirectoryPath(char* path, size_t size) {
+    char directory[kRulesFilePathSize] = "";
+    DWORD needed = 0;
+    if (!GetPrinterDriverDirectoryA(nullptr, nullptr, 1, reinterpret_cast<LPBYTE>(directory),
+                                    sizeof directory, &needed)) {
+        directory[0] = '\0';
+    }
+    OSVERSIONINFOA version = {};
+    version.dwOSVersionInfoSize = sizeof version;
+    if (GetVersionExA(&version) && version.dwPlatformId == VER_PLATFORM_WIN32_NT) {
+        const int number = version.dwMajorVersion >= 6 ? 3 : static_cast<int>(version.dwMajorVersion) - 2;
+        char versioned[kRulesFilePathSize + 16];
+        std::snprintf(versioned, sizeof versioned, "%s\\%d", directory, number);
+        std::snprintf(path, size, "%s\\%s", versioned, kRulesFileName);
+        return;
+    }
+    std::snprintf(path, size, "%s\\%s", directory, kRulesFileName);
+}
+
+// Copies the driver's file into the Windows directory unless one is there; true when it was copied.
+bool CopyToWindowsDirectory(const char* driverFile) {
+    if (GetFileAttributesA(driverFile) == INVALID_FILE_ATTRIBUTES) return false;
+    char directory[261] = "";
+    if (GetWindowsDirectoryA(directory, sizeof directory) == 0) return false;
+    char copy[sizeof directory + sizeof kRulesFileName + 1];
+    std::snprintf(copy, sizeof copy, "%s\\%s", directory, kRulesFileName);
+    return CopyFileA(driverFile, copy, TRUE) != FALSE;
+}
+
+}  // namespace
+
+void ComputeRulesFilePath(SheetContext& context) {
+    char driverFile[kRulesFilePathSize];
+    DriverDirectoryPath(driverFile, sizeof driverFile);
+    // The bare name makes the profile functions use the Windows directory; only the sheet that made
+    // the copy reads it there.
+    const bool copied =
+        PrinterNumber(context.printer, "CopySUINI") != 0 && CopyToWindowsDirectory(driverFile);
+    CopyText(rulesFilePath, copied ? kRulesFileName : driverFile);
+}
+
+const char* RulesFilePath() { return rulesFilePath; }
+
+void UseRulesFile(const char* path) { CopyText(rulesFilePath, path); }
+
+void ReadToken(const char*& text, char stop, char* field, size_t fieldSize) {
+    const char* end = std::strchr(text, stop);
+    const size_t length = end != nullptr ? static_cast<size_t>(end - text) : std::strlen(text);
+    if (fieldSize > 0) {
+        const size_t copied = length < fieldSize ? length : fieldSize - 1;
+        std::memcpy(field, text, copied);
+        field[copied] = '\0';
+    }
+    text += length + (end != nullptr ? 1 : 0);
+}
+
+int ReadCommaNumbers(const char* text, LONG* numbers, int capacity) {
+    int count = 0;
+    while (count < capacity) {
+        const char* comma = std::strchr(text, ',');
+        const LONG number = NumberOf(text);  // stops at the comma by itself
+        if (comma == nullptr) {
+            if (number != 0) numbers[count++] = number;
+            break;
+        }
+        numbers[count++] = number;
+        text = comma + 1;
+    }
+    return count;
+}
+
+BOOL ReadEditAttribute(const char* controlName, LONG* maxCharacters, LONG* minimum, LONG* maximum) {
+    char line[256];
+    GetPrivateProfileStringA("EditAttribute", controlName, "", line, sizeof line, rulesFilePath);
+    LONG numbers[4];
+    if (ReadCommaNumbers(line, numbers, 4) != 3) return FALSE;
+    *maxCharacters = numbers[0];
+    *minimum = numbers[1];
+    *maximum = numbers[2];
+    return TRUE;
+}
+
+LONG RegionalDefaultPaper(PrinterBlock* printer) {
+    const DWORD unit = PrinterNumber(printer, "CustomPaperUnit");
+    if (unit != 0) return unit == kPaperUnitMillimetre ? kPaperA4 : kPaperLetter;
+    const bool metric = GetProfileIntA("intl", "iCountry", 0) != kLetterCountry &&
+                        GetProfileIntA("intl", "iMeasure", 1) == 0;
+    return metric ? kPaperA4 : kPaperLetter;
+}
+
+}  // namespace kvui

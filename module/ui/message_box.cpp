@@ -1,0 +1,33 @@
+// Every message box of the module is shown here, so that right-to-left languages get right-to-left
+// reading everywhere.
+#include "ui/message_box.h"
+
+#include <cstring>
+
+namespace kvui {
+namespace {
+
+bool SystemReadsRightToLeft() {
+    char language[260] = "";
+    if (GetLocaleInfoA(LOCALE_SYSTEM_DEFAULT, LOCALE_SENGLANGUAGE, language, sizeof language) == 0) {
+        return false;
+    }
+    return std::strcmp(language, "Arabic") == 0 || std::strcmp(language, "Hebrew") == 0;
+}
+
+}  // namespace
+
+int ShowMessage(HWND owner, const char* text, const char* caption, UINT style) {
+    return MessageBoxA(owner, text, caption,
+                       SystemReadsRightToLeft() ? style | MB_RTLREADING : style);
+}
+
+int ShowMessageString(HWND owner, HINSTANCE strings, UINT textId, UINT captionId, UINT style) {
+    char text[512];
+    char caption[128];
+    if (LoadStringA(strings, textId, text, sizeof text) == 0) text[0] = '\0';
+    if (LoadStringA(strings, captionId, caption, sizeof caption) == 0) caption[0] = '\0';
+    return ShowMessage(owner, text, caption, style);
+}
+
+}  // namespace kvui
