@@ -1,0 +1,172 @@
+// The records of the catalogue's check boxes, radio groups, edits, sliders and buttons. The rows in
+// catalogue_rows.cpp point to them.
+#include "settings/catalogue_tables.h"
+#include "ui/exports.h"
+#include "ui/sub_dialogs.h"
+
+namespace kvui {
+namespace {
+
+// A check box whose value is compared with the checked value as a whole.
+constexpr CheckItem Equals(DWORD checked, DWORD cleared, DWORD checkedIcon = 0,
+                           DWORD clearedIcon = 0) {
+    return {kCheckEquals, checked, cleared, 0, 0, checkedIcon, clearedIcon, 0};
+}
+// A check box that shows checked while any bit of the checked value is set.
+constexpr CheckItem AnyBit(DWORD checked, DWORD cleared) {
+    return {kCheckAnyBit, checked, cleared, 0, 0, 0, 0, 0};
+}
+
+// A radio button's caption string has the button's own id.
+constexpr RadioItem Choice(DWORD buttonId, DWORD value, DWORD iconId = 0) {
+    return {buttonId, buttonId, value, iconId, ""};
+}
+constexpr RadioItem kNoMoreChoices = Choice(0, 0);
+
+consteval EditAttribute Characters(EditKind kind, const char* characters, LONG maxCharacters,
+                                   LONG minimum, LONG maximum, DWORD spinId, DWORD rangeTextId) {
+    EditAttribute edit{kind, "", maxCharacters, minimum, maximum, 0, spinId, rangeTextId};
+    SetName(edit.characters, characters);
+    return edit;
+}
+consteval EditAttribute Digits(LONG maxCharacters, LONG minimum, LONG maximum, DWORD spinId = 0,
+                               DWORD rangeTextId = 0) {
+    return Characters(kEditNumeric, "0123456789", maxCharacters, minimum, maximum, spinId,
+                      rangeTextId);
+}
+consteval EditAttribute SignedDigits(LONG maxCharacters, LONG minimum, LONG maximum, DWORD spinId,
+                                     DWORD rangeTextId) {
+    return Characters(kEditNumeric, "-0123456789", maxCharacters, minimum, maximum, spinId,
+                      rangeTextId);
+}
+
+// Every slider runs from 0 to 100 on the screen, in pages and ticks of ten.
+constexpr SliderItem Percent(DWORD valueEditId, DWORD minimumTextId, DWORD maximumTextId,
+                             DWORD spinId) {
+    return {100, 0, 10, 10, valueEditId, minimumTextId, maximumTextId, spinId};
+}
+
+consteval ButtonItem Opens(const char* templateName, DLGPROC procedure) {
+    ButtonItem button{kButtonOpenDialog, "", procedure, nullptr, 0};
+    SetName(button.templateName, templateName);
+    return button;
+}
+consteval ButtonItem OpensAndSelects(const char* templateName, DLGPROC procedure,
+                                     DWORD controlToUpdate) {
+    ButtonItem button = Opens(templateName, procedure);
+    button.kind = kButtonOpenAndSelect;
+    button.controlToUpdate = controlToUpdate;
+    return button;
+}
+constexpr ButtonItem Moves(const MoveRecord* move) {
+    return {kButtonMoveEntries, "", nullptr, move, 0};
+}
+
+constexpr MoveRecord kFromInstallable = {4003, "mdmInstalledOptions"};
+constexpr MoveRecord kFromInstalled = {4007, "mdmInstalledOptions"};
+
+}  // namespace
+
+// clang-format off
+
+// Columns: value when checked, when cleared, and their icons.
+constexpr CheckItem kAllPaperSizeCheck          = Equals(0x40,       0);
+constexpr CheckItem kOutPaperCheck              = AnyBit(0x80000000, 0);
+constexpr CheckItem kFitToPaperCheck            = Equals(1,          0);
+constexpr CheckItem k1stPageSourceCheck         = Equals(1,          0);
+constexpr CheckItem kCollateCheck               = Equals(1,          0, 1694, 1693);
+constexpr CheckItem kTransmitOnceCheck          = Equals(0x8,        0);
+constexpr CheckItem kProofPrintCheck            = Equals(0x2,        0);
+constexpr CheckItem kRotateCheck                = Equals(0x80,       0);
+constexpr CheckItem kImageShiftingCheck         = Equals(0x400,      0);
+constexpr CheckItem kWatermark1stPageCheck      = Equals(0x1,        0);
+// Cleared, these two leave a bit outside their mask: "not in background", "not repeated".
+constexpr CheckItem kWatermarkInBackgroundCheck = Equals(0x2,        0x4);
+constexpr CheckItem kWatermarkRepeatCheck       = Equals(0x10,       0x8);
+constexpr CheckItem kOverlay1stPageCheck        = Equals(0x1,        0);
+constexpr CheckItem kGlossyBlackTextCheck       = AnyBit(0xC00,      0);
+constexpr CheckItem kGlossyBlackGraphicsCheck   = AnyBit(0x1FF,      0);
+constexpr CheckItem kGlossyBlackBitmapCheck     = AnyBit(0x200,      0);
+constexpr CheckItem kLineArtCheck               = Equals(0x4,        0);
+constexpr CheckItem kAutoConfigCheck            = Equals(0x20,       0);
+constexpr CheckItem kAccessCodeCheck            = AnyBit(0x1,        0);
+constexpr CheckItem kLockJobCheck               = AnyBit(0x2,        0);
+constexpr CheckItem kDistributionCheck          = AnyBit(0x80000000, 0);
+constexpr CheckItem kDist1stOnlyCheck           = AnyBit(0x40000000, 0x20000000);
+constexpr CheckItem kNupBorderCheck             = AnyBit(0x4,        0);
+constexpr CheckItem kFrontCoverCheck            = AnyBit(0x1,        0);
+constexpr CheckItem kFrontWithImageCheck        = AnyBit(0x2,        0);
+constexpr CheckItem kBackCoverCheck             = AnyBit(0x4,        0);
+constexpr CheckItem kBackWithImageCheck         = AnyBit(0x8,        0);
+constexpr CheckItem kInterleavingCheck          = AnyBit(0x80000000, 0);
+constexpr CheckItem kInterleaveWithImageCheck   = AnyBit(0x40000000, 0);
+
+// Columns: button, value, icon.
+constexpr RadioItem kScalingButtons[] = {
+    Choice(1787, 0),
+    Choice(1788, 1),
+    kNoMoreChoices,
+};
+constexpr RadioItem kOrientationButtons[] = {
+    Choice(2026, 1, 1692),
+    Choice(2027, 2, 1691),
+    kNoMoreChoices,
+};
+constexpr RadioItem kColorModeButtons[] = {
+    Choice(3202, 1),
+    Choice(3203, 2),
+    kNoMoreChoices,
+};
+constexpr RadioItem kColorMatchingButtons[] = {
+    Choice(3205, 0),
+    Choice(3206, 2),
+    kNoMoreChoices,
+};
+constexpr RadioItem kNupStyleButtons[] = {
+    Choice(1461, 0),
+    Choice(1462, 1),
+    Choice(1463, 2),
+    Choice(1464, 3),
+    kNoMoreChoices,
+};
+
+// Columns: most characters, minimum, maximum, spin, range text.
+constexpr EditAttribute kScalingEdit      = Digits(3, 20, 400, 2010, 2012);
+constexpr EditAttribute kCopiesEdit       = Digits(3, 1, 999, 2015, 2028);
+constexpr EditAttribute kAccessNumberEdit = Digits(4, 1, 999);
+constexpr EditAttribute kPasswordEdit     = Digits(4, 0, 9999);
+constexpr EditAttribute kDistStartEdit    = Digits(3, 1, 999, 5015);
+// The image shift dialog works in inches or millimetres and keeps its own limits; these are its
+// widest, in tenths of a millimetre.
+constexpr EditAttribute kOffsetXEdit      = SignedDigits(5, -159, 159, 1903, 1905);
+constexpr EditAttribute kOffsetYEdit      = SignedDigits(5, -71, 71, 1908, 1910);
+// The user name travels in printer job commands, so the characters that delimit those are refused.
+constexpr EditAttribute kUserNameEdit =
+    Characters(kEditText, R"(!@#$%^&*()-+}{[]|?><'\/.,=`~:;")", 8, 0, 0, 0, 0);
+
+// Columns: value edit, texts at the minimum and the maximum end, spin.
+constexpr SliderItem kContrastSlider   = Percent(3009, 3020, 3021, 1068);
+constexpr SliderItem kBrightnessSlider = Percent(3012, 3022, 3023, 1069);
+constexpr SliderItem kSaturationSlider = Percent(3211, 3212, 3213, 1070);
+constexpr SliderItem kSharpnessSlider  = Percent(3216, 3217, 3218, 1071);
+
+// Columns: template, procedure, combo box that then shows the dialog's result.
+constexpr ButtonItem kOpenCustomPapers       = OpensAndSelects("_LBPCUSTOMPAPERS", DDMCUSTOMPAPER, 2002);
+constexpr ButtonItem kOpenFirstPage          = Opens("_LBPFIRSTPAGE", FirstPageDlgProc);
+constexpr ButtonItem kOpenPaperSourceDetails = Opens("_DLGTAB00", DDMTAB00);
+constexpr ButtonItem kOpenOutputDetails      = Opens("_DLGTAB01", DDMTAB01);
+constexpr ButtonItem kOpenNupDetails         = Opens("_DLGCOMBINATION", CombinationDlgProc);
+constexpr ButtonItem kOpenImageShift         = Opens("_LBPIMAGESHIFT", ImageShiftDlgProc);
+constexpr ButtonItem kOpenWatermarkEditor    = Opens("_LBPQUARNWATERCOLOR", WatermarkEditorDlgProc);
+constexpr ButtonItem kOpenOverlayEditor      = OpensAndSelects("_LBPEDITOVERLAY", EditOverlayDlgProc, 1891);
+constexpr ButtonItem kOpenMailBox            = Opens("_MAILBOXR", DDMMailBox);
+constexpr ButtonItem kOpenAbout              = Opens("_ABOUTKVI", DDMAbout);
+constexpr ButtonItem kInstallOptions         = Moves(&kFromInstallable);
+constexpr ButtonItem kRemoveOptions          = Moves(&kFromInstalled);
+
+// clang-format on
+
+// Opens nothing until the mailbox dialog fills it.
+constinit ButtonItem mailBoxApplyButton{};
+
+}  // namespace kvui
