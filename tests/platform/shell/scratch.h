@@ -1,0 +1,87 @@
+// A scratch directory with a state directory in it, for the tests of files and storage. Everything
+// is removed at the end; acting rights and variables return to what they were.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <windows.h>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <optional>
+#include <sstream>
+#include <string>
+
+#include <platform/registry/state_directory.h>
+#include <platform/security/access.h>
+
+namespace kv::test {
+
+class ScratchTest : public ::testing::Test {
+   protected:
+    ScratchTest() {
+        char name[] = "/tmp/kvscratch.XXXXXX";
+        root_ = mkdtemp(name);
+        chmod(root_.c_str(), 0755);
+        SetStateDirectory(State());
+    }
+    ~ScratchTest() override {
+        SetStateDirectory({});
+        SetActingAsAdministrator(std::nullopt);
+        for (const auto& [name, value] : saved_) {
+            value ? setenv(name.c_str(), value->c_str(), 1) : unsetenv(name.c_str());
+        }
+        std::error_code ignored;
+        std::filesystem::remove_all(root_, ignored);
+    }
+
+    std::string Path(const std::string& name) const { return root_ + "/" + name; }
+    std::string State() const { return Path("state"); }
+
+    std::string Write(const std::string& name, const std::string& text) const {
+        std::filesystem::create_directories(std::filesystem::path(Path(name)).parent_path());
+        std::ofstream(Path(name), std::ios::binary) << text;
+        return Path(name);
+    }
+    static std::string Read(const std::string& path) {
+        std::ostringstream text;
+        text << std::ifstream(path, std::ios::binary).rdbuf();
+        return text.str();
+    }
+    void SetVariable(const char* name, const char* value) {
+        const char* old = std::getenv(name);
+        saved_.try_emplace(name, old ? std::optional<std::string>(old) : std::nullopt);
+        value ? setenv(name, value, 1) : unsetenv(name);
+    }
+    static unsigned ModeOf(const std::string& path) {
+        struct stat info {};
+        return stat(path.c_str(), &info) == 0 ? info.st_mode & 07777 : 0;
+    }
+
+   private:
+    std::string root_;
+    std::map<std::string, std::optional<std::string>> saved_;
+};
+
+// Root passes every file right: while one of these lives, the process is an ordinary user.
+class AsOrdinaryUser {
+   public:
+    AsOrdinaryUser() : user_(geteuid()) {
+        if (user_ == 0 && seteuid(65534) != 0) ADD_FAILURE() << "cannot become another user";
+    }
+    ~AsOrdinaryUser() {
+        if (geteuid() != user_ && seteuid(user_) != 0) std::abort();
+    }
+    AsOrdinaryUser(const AsOrdinaryUser&) = delete;
+    AsOrdinaryUser& operator=(const AsOrdinaryUser&) = delete;
+
+   private:
+    const uid_t user_;
+};
+
+}  // namespace kv::test
