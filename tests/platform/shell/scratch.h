@@ -23,7 +23,7 @@
 namespace kv::test {
 
 class ScratchTest : public ::testing::Test {
-   protected:
+ protected:
     ScratchTest() {
         char name[] = "/tmp/kvscratch.XXXXXX";
         root_ = mkdtemp(name);
@@ -63,14 +63,14 @@ class ScratchTest : public ::testing::Test {
         return stat(path.c_str(), &info) == 0 ? info.st_mode & 07777 : 0;
     }
 
-   private:
+ private:
     std::string root_;
     std::map<std::string, std::optional<std::string>> saved_;
 };
 
 // Root passes every file right: while one of these lives, the process is an ordinary user.
 class AsOrdinaryUser {
-   public:
+ public:
     AsOrdinaryUser() : user_(geteuid()) {
         if (user_ == 0 && seteuid(65534) != 0) ADD_FAILURE() << "cannot become another user";
     }
@@ -80,7 +80,7 @@ class AsOrdinaryUser {
     AsOrdinaryUser(const AsOrdinaryUser&) = delete;
     AsOrdinaryUser& operator=(const AsOrdinaryUser&) = delete;
 
-   private:
+ private:
     const uid_t user_;
 };
 
