@@ -97,14 +97,15 @@ LONG PackedInchesToHundredths(DWORD packed) {
 
 bool CurrentPaperSize(const SheetContext& context, PaperSizeInfo& size) {
     const DWORD output = context.privateSettings->mdmOutputPaper;
-    const LONG code = output != 0 ? static_cast<LONG>(output & kOutputPaperCode)
-                                  : context.settings->dmPaperSize;
+    const LONG code =
+        output != 0 ? static_cast<LONG>(output & kOutputPaperCode) : context.settings->dmPaperSize;
     if (code < kFirstCustomPaper) return GetPaperSize(context.printer, code, &size) != 0;
 
-    const ListHandle papers = context.shared != nullptr ? context.shared->lists[kListPaper] : nullptr;
+    const ListHandle papers =
+        context.shared != nullptr ? context.shared->lists[kListPaper] : nullptr;
     CustomPaperRecord record = {};
-    if (papers == nullptr || !QDMMLTGetPaperWithID(papers, context.printer, &record,
-                                                   static_cast<DWORD>(code))) {
+    if (papers == nullptr ||
+        !QDMMLTGetPaperWithID(papers, context.printer, &record, static_cast<DWORD>(code))) {
         return false;
     }
     if (record.unit == 0) {
@@ -117,7 +118,9 @@ bool CurrentPaperSize(const SheetContext& context, PaperSizeInfo& size) {
     return true;
 }
 
-bool Between(LONG low, LONG value, LONG high) { return low <= value && value <= high; }
+bool Between(LONG low, LONG value, LONG high) {
+    return low <= value && value <= high;
+}
 
 // Bounds are tenths of a millimetre; 254 of them make 100 hundredths of an inch.
 LONG ToHundredthsOfInch(LONG tenths) {

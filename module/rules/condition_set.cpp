@@ -11,9 +11,13 @@ namespace {
 
 constexpr LONG kOpenEnd = 32767;  // "20-" means 20 to this
 
-bool HasRange(const ConditionSet& set) { return set.high != 0; }
+bool HasRange(const ConditionSet& set) {
+    return set.high != 0;
+}
 
-bool InRange(LONG value, const ConditionSet& set) { return set.low <= value && value <= set.high; }
+bool InRange(LONG value, const ConditionSet& set) {
+    return set.low <= value && value <= set.high;
+}
 
 bool MatchesWholeValue(LONG value, const ConditionSet& set) {
     if (HasRange(set) && InRange(value, set)) return true;
@@ -26,7 +30,8 @@ bool MatchesWholeValue(LONG value, const ConditionSet& set) {
 bool MatchesBitNumbers(LONG value, const ConditionSet& set) {
     if (HasRange(set)) return InRange(value, set);
     for (LONG i = 0; i < set.count; ++i) {
-        if ((static_cast<DWORD>(value) >> (static_cast<DWORD>(set.values[i]) % 32)) & 1) return true;
+        if ((static_cast<DWORD>(value) >> (static_cast<DWORD>(set.values[i]) % 32)) & 1)
+            return true;
     }
     return false;
 }

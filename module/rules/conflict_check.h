@@ -10,7 +10,7 @@
 namespace kvui {
 
 class ConflictValues {
-   public:
+ public:
     virtual ~ConflictValues() = default;
     // False when the control has no readable value.
     virtual bool Read(const ItemField& where, LONG* value) const = 0;

@@ -1,5 +1,5 @@
-// The question whether a conflicting setting may be changed. Fills the sheet's ConflictReport, which
-// is what the user is shown, and asks.
+// The question whether a conflicting setting may be changed. Fills the sheet's ConflictReport,
+// which is what the user is shown, and asks.
 #include <cstdio>
 #include <cstring>
 
@@ -57,23 +57,21 @@ int AskInMessageBox(HWND page, HINSTANCE strings, const ConflictReport& report) 
     const PlainName trigger(report.triggerName);
     const PlainName target(report.targetName);
     char message[2048];
-    std::snprintf(message, sizeof message,
-                  "%s\n\n%s / %s\n%s: %s\n%s: %s\n\n%s / %s\n%s: %s\n\n%s\n%s",
-                  Text(strings, kStringIntroduction).text, Text(strings, kStringItem).text,
-                  Text(strings, kStringCurrentSelection).text, trigger.text,
-                  report.triggerSelection, target.text, report.targetCurrent,
-                  Text(strings, kStringItem).text, Text(strings, kStringNewSelection).text,
-                  target.text,
-                  resolvable ? report.targetNew : Text(strings, kStringUnresolvable).text,
-                  resolvable ? Text(strings, kStringToResolve).text : "",
-                  Text(strings, kStringToCancel).text);
+    std::snprintf(
+        message, sizeof message, "%s\n\n%s / %s\n%s: %s\n%s: %s\n\n%s / %s\n%s: %s\n\n%s\n%s",
+        Text(strings, kStringIntroduction).text, Text(strings, kStringItem).text,
+        Text(strings, kStringCurrentSelection).text, trigger.text, report.triggerSelection,
+        target.text, report.targetCurrent, Text(strings, kStringItem).text,
+        Text(strings, kStringNewSelection).text, target.text,
+        resolvable ? report.targetNew : Text(strings, kStringUnresolvable).text,
+        resolvable ? Text(strings, kStringToResolve).text : "",
+        Text(strings, kStringToCancel).text);
     const Text caption(strings, kStringCaption);
     if (!resolvable) {
         ShowMessage(page, message, caption.text, MB_OK | MB_ICONEXCLAMATION);
         return kAnswerCancel;
     }
-    const int pressed =
-        ShowMessage(page, message, caption.text, MB_OKCANCEL | MB_ICONEXCLAMATION);
+    const int pressed = ShowMessage(page, message, caption.text, MB_OKCANCEL | MB_ICONEXCLAMATION);
     return pressed == IDOK ? kAnswerResolve : kAnswerCancel;
 }
 

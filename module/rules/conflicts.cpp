@@ -8,8 +8,8 @@ namespace kvui {
 namespace {
 
 // Rules may force each other in a circle. A control that is being checked already is not checked
-// again inside that check, and a chain of forced controls ends after this many: what has been forced
-// so far stands.
+// again inside that check, and a chain of forced controls ends after this many: what has been
+// forced so far stands.
 constexpr int kMaxChain = 16;
 // And one choice asks at most this often, whatever the rules branch into; then the check refuses as
 // if the user had cancelled.
@@ -30,7 +30,7 @@ bool IsOnChain(const ChainLink* link, DWORD controlId) {
 }
 
 class ConflictCheck {
-   public:
+ public:
     ConflictCheck(SheetContext& context, ConflictValues& values, HWND owner)
         : context_(context), values_(values), owner_(owner) {}
 
@@ -59,7 +59,7 @@ class ConflictCheck {
         return result;
     }
 
-   private:
+ private:
     bool Holds(const ControlRules& rules, const ParsedRule& rule) const {
         if (!values_.Applies(rule)) return false;
         LONG value;
@@ -77,7 +77,8 @@ class ConflictCheck {
         const ConditionSet* end = group + target.groupCount;
         const bool all = target.all != 0;
         for (; group != end; ++group) {
-            if (MatchCondition(target.negate, value, *group, *target.where.item) != all) return !all;
+            if (MatchCondition(target.negate, value, *group, *target.where.item) != all)
+                return !all;
         }
         return all;
     }
@@ -115,7 +116,7 @@ class ConflictCheck {
 
 // The settings record, as the property pages and their sub-dialogs see it.
 class RecordValues final : public ConflictValues {
-   public:
+ public:
     explicit RecordValues(SheetContext& context) : context_(context) {}
 
     bool Read(const ItemField& where, LONG* value) const override {
@@ -137,7 +138,7 @@ class RecordValues final : public ConflictValues {
         }
     }
 
-   private:
+ private:
     static constexpr DWORD kNupBooklet = 20;
     static constexpr DWORD kDuplexOff = 1;
     static constexpr DWORD kDuplexBookletLeft = 4;

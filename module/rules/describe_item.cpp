@@ -28,7 +28,8 @@ void DescribePaper(SheetContext& context, DWORD controlId, LONG code, char* text
         LoadText(context, kStringSameAsOriginal, text);
         return;
     }
-    const ListHandle papers = context.shared != nullptr ? context.shared->lists[kListPaper] : nullptr;
+    const ListHandle papers =
+        context.shared != nullptr ? context.shared->lists[kListPaper] : nullptr;
     if (papers == nullptr) return;
     const DWORD scope = IsAdministrator() ? kScopeAdministrator : kScopeUser;
     const int count = QDMMLTGetPaperNum(papers, context.printer, scope);
@@ -42,7 +43,8 @@ void DescribePaper(SheetContext& context, DWORD controlId, LONG code, char* text
     }
 }
 
-// Both lists of input bins: the second holds the sources that only the first page and the covers use.
+// Both lists of input bins: the second holds the sources that only the first page and the covers
+// use.
 void DescribeBin(SheetContext& context, DWORD /*controlId*/, LONG identifier, char* text) {
     if (context.shared == nullptr) return;
     for (const SheetList which : {kListBin0, kListBin1}) {
@@ -126,8 +128,8 @@ void DescribeBits(SheetContext& context, const ControlItem& item, LONG bits, cha
 
 }  // namespace
 
-void DescribeItemValue(SheetContext& context, DWORD controlId, LONG value, LONG bitValue, char* name,
-                       char* text) {
+void DescribeItemValue(SheetContext& context, DWORD controlId, LONG value, LONG bitValue,
+                       char* name, char* text) {
     name[0] = text[0] = '\0';
     const ControlItem* item = ItemById(controlId);
     if (item == nullptr) return;

@@ -24,7 +24,7 @@ constexpr LONG kHideControl = 1;
 // ---- Conflicts ------------------------------------------------------------------------------
 
 class EntryDialogValues final : public ConflictValues {
-   public:
+ public:
     EntryDialogValues(HWND dialog, CodeRecord* entries) : dialog_(dialog), entries_(entries) {}
 
     bool Read(const ItemField& where, LONG* value) const override {
@@ -38,7 +38,7 @@ class EntryDialogValues final : public ConflictValues {
     bool IsWaived(const ParsedTarget& /*target*/) const override { return false; }
     void AfterForcing() override {}
 
-   private:
+ private:
     HWND dialog_;
     CodeRecord* entries_;
 };

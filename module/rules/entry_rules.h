@@ -10,7 +10,8 @@
 namespace kvui {
 
 // As ResolveConflicts, on the values that the dialog's controls show for the selected record.
-// `entries` is the dialog's list, up to kMaxCodeRecords or to the first record without code and name.
+// `entries` is the dialog's list, up to kMaxCodeRecords or to the first record without code and
+// name.
 int ResolveEntryConflicts(HWND dialog, SheetContext& context, DWORD controlId, CodeRecord* entries);
 
 }  // namespace kvui

@@ -47,7 +47,9 @@ const std::size_t* OffsetOfField(const char* field) {
     return nullptr;
 }
 
-bool IsMasked(const ControlItem& item) { return item.maskMode != kMaskWholeField; }
+bool IsMasked(const ControlItem& item) {
+    return item.maskMode != kMaskWholeField;
+}
 
 }  // namespace
 

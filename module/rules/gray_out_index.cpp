@@ -1,5 +1,5 @@
-// Gray-out rules at work: enabling, disabling and forcing a control during the refresh walk, and the
-// buttons of the list dialogs. The walk calls this for every control of a page at every event.
+// Gray-out rules at work: enabling, disabling and forcing a control during the refresh walk, and
+// the buttons of the list dialogs. The walk calls this for every control of a page at every event.
 #include <cstdio>
 #include <cstring>
 #include <functional>
@@ -60,8 +60,8 @@ void EnableControl(HWND dialog, DWORD controlId, BOOL enable) {
     EnableWindow(GetDlgItem(dialog, static_cast<int>(controlId)), enable);
 }
 
-// `item` is the control under refresh, `target` the first row of the rule's target name: they differ
-// for names that several rows share.
+// `item` is the control under refresh, `target` the first row of the rule's target name: they
+// differ for names that several rows share.
 void EnableWithCompanions(HWND dialog, const ControlItem& item, DWORD target, BOOL enable) {
     switch (item.type) {
         case kItemRadio:
@@ -121,7 +121,8 @@ int GrayButtonsByList(SheetContext& context, HWND dialog, const char* itemName, 
     const GrayOutEntry* entry = index ? EntryNamed(*index.get(), itemName) : nullptr;
     if (entry == nullptr) return 0;
 
-    // The list's rows have no catalogue item of their own: their identifiers are compared as values.
+    // The list's rows have no catalogue item of their own: their identifiers are compared as
+    // values.
     ControlItem listItem{};
     listItem.type = kItemList;
     listItem.maskMode = kMaskWholeField;

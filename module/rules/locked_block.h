@@ -7,7 +7,7 @@ namespace kvui {
 
 template <typename Block>
 class LockedBlock {
-   public:
+ public:
     explicit LockedBlock(HGLOBAL memory)
         : memory_(memory),
           block_(memory != nullptr ? static_cast<Block*>(GlobalLock(memory)) : nullptr) {}
@@ -21,7 +21,7 @@ class LockedBlock {
     Block* operator->() const { return block_; }
     explicit operator bool() const { return block_ != nullptr; }
 
-   private:
+ private:
     HGLOBAL memory_;
     Block* block_;
 };

@@ -1,5 +1,5 @@
-// Reading of "ConflictConditions" lines. A value that ends too early (an unclosed parenthesis, a line
-// that was cut) reads as if the missing fields were empty; nothing is read behind its end.
+// Reading of "ConflictConditions" lines. A value that ends too early (an unclosed parenthesis, a
+// line that was cut) reads as if the missing fields were empty; nothing is read behind its end.
 #include "rules/rule_grammar.h"
 
 #include <cstring>
@@ -25,8 +25,8 @@ void ReadItems(const char*& text, Handler handle) {
     const char* close = std::strchr(text, ')');
     const char* end = close != nullptr ? close : text + std::strlen(text);
     while (text < end) {
-        const auto* comma = static_cast<const char*>(
-            std::memchr(text, ',', static_cast<size_t>(end - text)));
+        const auto* comma =
+            static_cast<const char*>(std::memchr(text, ',', static_cast<size_t>(end - text)));
         const char* itemEnd = comma != nullptr ? comma : end;
         char item[kFieldSize];
         const size_t length = static_cast<size_t>(itemEnd - text);

@@ -23,7 +23,9 @@ constexpr size_t kCacheBlockSize =
 static_assert(std::size(kCachedSections) < kMaxRulesSections);
 
 // The sections arrive as lines, each with its zero, and one more zero behind the last.
-const char* NextLine(const char* line) { return line + std::strlen(line) + 1; }
+const char* NextLine(const char* line) {
+    return line + std::strlen(line) + 1;
+}
 
 struct SectionLines {
     explicit SectionLines(const char* section) {
@@ -33,8 +35,8 @@ struct SectionLines {
     char text[kSectionBufferSize];
 };
 
-// Splits at the first equals sign; a line without one is a key with an empty value. The key is cut to
-// what fits.
+// Splits at the first equals sign; a line without one is a key with an empty value. The key is cut
+// to what fits.
 const char* SplitLine(const char* line, char* key, size_t keySize) {
     ReadToken(line, '=', key, keySize);
     return line;

@@ -43,7 +43,8 @@ void DriverDirectoryPath(char* path, size_t size) {
     OSVERSIONINFOA version = {};
     version.dwOSVersionInfoSize = sizeof version;
     if (GetVersionExA(&version) && version.dwPlatformId == VER_PLATFORM_WIN32_NT) {
-        const int number = version.dwMajorVersion >= 6 ? 3 : static_cast<int>(version.dwMajorVersion) - 2;
+        const int number =
+            version.dwMajorVersion >= 6 ? 3 : static_cast<int>(version.dwMajorVersion) - 2;
         char versioned[kRulesFilePathSize + 16];
         std::snprintf(versioned, sizeof versioned, "%s\\%d", directory, number);
         std::snprintf(path, size, "%s\\%s", versioned, kRulesFileName);
@@ -74,9 +75,13 @@ void ComputeRulesFilePath(SheetContext& context) {
     CopyText(rulesFilePath, copied ? kRulesFileName : driverFile);
 }
 
-const char* RulesFilePath() { return rulesFilePath; }
+const char* RulesFilePath() {
+    return rulesFilePath;
+}
 
-void UseRulesFile(const char* path) { CopyText(rulesFilePath, path); }
+void UseRulesFile(const char* path) {
+    CopyText(rulesFilePath, path);
+}
 
 void ReadToken(const char*& text, char stop, char* field, size_t fieldSize) {
     const char* end = std::strchr(text, stop);

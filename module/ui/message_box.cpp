@@ -9,7 +9,8 @@ namespace {
 
 bool SystemReadsRightToLeft() {
     char language[260] = "";
-    if (GetLocaleInfoA(LOCALE_SYSTEM_DEFAULT, LOCALE_SENGLANGUAGE, language, sizeof language) == 0) {
+    if (GetLocaleInfoA(LOCALE_SYSTEM_DEFAULT, LOCALE_SENGLANGUAGE, language, sizeof language) ==
+        0) {
         return false;
     }
     return std::strcmp(language, "Arabic") == 0 || std::strcmp(language, "Hebrew") == 0;
