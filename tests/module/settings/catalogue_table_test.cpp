@@ -1,0 +1,180 @@
+// The catalogue row by row against an independent list, and its data as data: references resolve,
+// values fit their masks, ids are unique where they must be.
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <set>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "settings/catalogue_tables.h"
+#include "settings/item_catalogue.h"
+#include "settings/setting_field.h"
+
+namespace kvui {
+namespace {
+
+std::vector<std::string> ReadLines(const char* name) {
+    std::ifstream file(std::string(KV_SOURCE_DIR "/tests/module/settings/") + name);
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(file, line);) {
+        if (!line.empty() && line[0] != '#') lines.push_back(line);
+    }
+    return lines;
+}
+
+void DescribeEntries(std::ostream& out, const ControlItem& item) {
+    const char* separator = "list ";
+    for (const SelectItem& entry : SelectEntries(item)) {
+        out << separator << entry.name << '=' << entry.value;
+        separator = ", ";
+    }
+    if (item.selectList == kRunTimeEntries) out << "list at run time";
+    if (item.listName[0] != '\0') out << " and section " << item.listName;
+}
+
+void DescribeButton(std::ostream& out, const ButtonItem& button) {
+    if (&button == &mailBoxApplyButton) {
+        out << "filled at run time";
+    } else if (button.kind == kButtonMoveEntries) {
+        out << "moves " << button.move->settingField << " out of " << button.move->sourceListId;
+    } else {
+        out << "opens " << button.templateName;
+        if (button.kind == kButtonOpenAndSelect)
+            out << " and selects in " << button.controlToUpdate;
+    }
+}
+
+// Every record that the item has, whatever its type, so that a record on a wrong row shows too.
+std::string DescribeRecords(const ControlItem& item) {
+    std::ostringstream out;
+    DescribeEntries(out, item);
+    const char* separator = "buttons ";
+    for (const RadioItem& button : RadioButtons(item)) {
+        out << separator << button.buttonId << '=' << button.value << " icon " << button.iconId;
+        separator = ", ";
+    }
+    if (const CheckItem* check = item.check) {
+        out << (check->testMode == kCheckAnyBit ? "any bit on " : "equals on ")
+            << check->checkedValue << " off " << check->clearedValue << " icons "
+            << check->checkedIcon << '/' << check->clearedIcon;
+        if (item.button != nullptr) out << ", ";
+    }
+    if (const EditAttribute* edit = item.edit) {
+        out << (edit->kind == kEditNumeric ? "accepts " : "refuses ") << edit->characters
+            << ", max " << edit->maxCharacters << ", " << edit->minimum << " to " << edit->maximum
+            << ", spin " << edit->spinId << ", range text " << edit->rangeTextId;
+    }
+    if (const SliderItem* slider = item.slider) {
+        out << "range " << slider->minimum << " to " << slider->maximum << ", tick "
+            << slider->tickFrequency << ", page " << slider->pageSize << ", value edit "
+            << slider->valueEditId << ", end labels " << slider->minimumTextId << '/'
+            << slider->maximumTextId << ", spin " << slider->spinId;
+    }
+    if (item.button != nullptr) DescribeButton(out, *item.button);
+    return out.str().empty() ? "-" : out.str();
+}
+
+std::string DescribeRow(std::size_t row) {
+    const ControlItem& item = kCatalogue[row];
+    const char* field = item.settingField[0] != '\0' ? item.settingField : "-";
+    std::ostringstream out;
+    out << row << "; " << item.controlId << "; " << item.controlName << "; " << item.dialogName
+        << "; " << item.type << "; " << field << "; " << item.captionId << "; " << item.pictureId
+        << "; " << item.maskMode << ':' << item.mask << "; " << item.helpId << "; "
+        << DescribeRecords(item);
+    return out.str();
+}
+
+TEST(Catalogue, EveryRowIsAsListed) {
+    const std::vector<std::string> expected = ReadLines("catalogue_expected.txt");
+    ASSERT_EQ(expected.size(), kCatalogueSize);
+    for (std::size_t row = 0; row < kCatalogueSize; ++row) {
+        EXPECT_EQ(DescribeRow(row), expected[row]);
+    }
+}
+
+TEST(Catalogue, KeysNameTheControlAndOnlySettingsTakePartInConflicts) {
+    for (const ControlItem& item : kCatalogue) {
+        SCOPED_TRACE(item.controlName);
+        const bool edits = item.settingField[0] != '\0';
+        EXPECT_STREQ(item.optionKey, item.controlName);
+        EXPECT_STREQ(item.grayOutKey, item.controlName);
+        EXPECT_STREQ(item.conflictKey, edits ? item.controlName : "");
+        EXPECT_EQ(item.entryEditMode, item.type == kItemEdit ? 1u : 2u);
+    }
+}
+
+TEST(Catalogue, EverySettingFieldCanBeReadAndEveryPointerFitsTheType) {
+    for (const ControlItem& item : kCatalogue) {
+        SCOPED_TRACE(item.controlName);
+        if (item.settingField[0] != '\0') {
+            const SettingField* field = FindSettingField(item.settingField);
+            ASSERT_NE(field, nullptr);
+            EXPECT_NE(field->type, kFieldPublicMask);
+        }
+        EXPECT_EQ(item.selectList != nullptr, item.type == kItemCombo || item.type == kItemList);
+        EXPECT_EQ(item.radioList != nullptr, item.type == kItemRadio);
+        EXPECT_EQ(item.check != nullptr, item.type == kItemCheck);
+        EXPECT_EQ(item.edit != nullptr, item.type == kItemEdit);
+        EXPECT_EQ(item.slider != nullptr, item.type == kItemSlider);
+        EXPECT_EQ(item.maskMode == kMaskWholeField, item.mask == 0);
+        for (const RadioItem& button : RadioButtons(item)) {
+            EXPECT_EQ(button.captionId, button.buttonId);
+        }
+    }
+}
+
+TEST(Catalogue, ValuesLieUnderTheMaskAndDifferWithinAList) {
+    // Cleared, these say "not" by a bit of its own.
+    const std::set<std::string> clearedBesideMask = {"ChkWatermarkInBackground",
+                                                     "ChkWatermarkRepeat"};
+    for (const ControlItem& item : kCatalogue) {
+        SCOPED_TRACE(item.controlName);
+        const DWORD outside = item.maskMode == kMaskWholeField ? 0 : ~item.mask;
+        std::set<DWORD> values;
+        std::set<std::string> names;
+        for (const SelectItem& entry : SelectEntries(item)) {
+            EXPECT_EQ(entry.value & outside, 0u) << entry.name;
+            EXPECT_TRUE(values.insert(entry.value).second) << entry.name;
+            EXPECT_TRUE(names.insert(entry.name).second) << entry.name;
+            EXPECT_STRNE(entry.name, "");
+        }
+        for (const RadioItem& button : RadioButtons(item)) {
+            EXPECT_TRUE(values.insert(button.value).second) << button.buttonId;
+        }
+        if (item.check == nullptr) continue;
+        EXPECT_EQ(item.check->checkedValue & outside, 0u);
+        EXPECT_NE(item.check->checkedValue, item.check->clearedValue);
+        EXPECT_EQ((item.check->clearedValue & outside) != 0,
+                  clearedBesideMask.count(item.controlName) != 0);
+    }
+}
+
+TEST(Catalogue, TheTwoMediaListsAreCopiesWithTheSameEntries) {
+    const std::span<const SelectItem> page = SelectEntries(*ItemByName("ComboMediaType"));
+    const std::span<const SelectItem> first = SelectEntries(*ItemByName("Combo1stPageMedia"));
+    ASSERT_EQ(page.size(), 9u);
+    ASSERT_EQ(first.size(), page.size());
+    EXPECT_NE(page.data(), first.data());
+    for (std::size_t i = 0; i < page.size(); ++i) {
+        EXPECT_EQ(first[i].stringId, page[i].stringId);
+        EXPECT_EQ(first[i].value, page[i].value);
+        EXPECT_STREQ(first[i].name, page[i].name);
+    }
+}
+
+TEST(HelpTable, NamesEachControlOnceAndAgreesWithTheCatalogue) {
+    std::set<DWORD> controls;
+    for (const HelpPair& pair : kHelpTable) {
+        SCOPED_TRACE(pair.controlId);
+        EXPECT_TRUE(controls.insert(pair.controlId).second);
+        EXPECT_NE(pair.helpId, 0u);
+        const ControlItem* item = ItemById(pair.controlId);
+        if (item != nullptr) EXPECT_EQ(pair.helpId, item->helpId);
+    }
+}
+
+}  // namespace
+}  // namespace kvui
