@@ -95,6 +95,20 @@ TEST(Catalogue, EveryRowIsAsListed) {
     }
 }
 
+// Two controls on one setting show its entries alike, so an entry's name stands for one caption.
+TEST(Catalogue, EveryListEntryHasItsOwnCaptionAndIcon) {
+    std::set<std::string> described;
+    for (const ControlItem& item : kCatalogue) {
+        for (const SelectItem& entry : SelectEntries(item)) {
+            std::ostringstream line;
+            line << entry.name << "; " << entry.stringId << "; " << entry.iconId;
+            described.insert(line.str());
+        }
+    }
+    const std::vector<std::string> expected = ReadLines("entries_expected.txt");
+    EXPECT_EQ(described, std::set<std::string>(expected.begin(), expected.end()));
+}
+
 TEST(Catalogue, KeysNameTheControlAndOnlySettingsTakePartInConflicts) {
     for (const ControlItem& item : kCatalogue) {
         SCOPED_TRACE(item.controlName);
