@@ -174,7 +174,7 @@ constexpr HelpPair kHelpTable[kHelpTableSize] = {
     {9813, 5113},
     {9814, 5113},
     {9815, 5113},
-    // The Basic page and its first-page dialog, with the topics of their catalogue rows.
+    // The Basic page, with the topics of its catalogue rows.
     {2001, 1211},
     {2002, 1211},
     {2003, 1211},
