@@ -1,0 +1,194 @@
+// Basic page: orientation, paper, scaling, copies, source and media; and its two sub-dialogs, First
+// Page and Detail of Paper Source.
+#include <winspool.h>
+
+#include <cstdlib>
+
+#include "device/printer_port.h"
+#include "device/printer_values.h"
+#include "settings/control_fill.h"
+#include "settings/control_ids.h"
+#include "settings/notification.h"
+#include "settings/reactor.h"
+#include "ui/exports.h"
+#include "ui/help.h"
+#include "ui/page_skeleton.h"
+#include "ui/page_table.h"
+#include "ui/snapshot.h"
+#include "ui/sub_dialog_skeleton.h"
+#include "ui/sub_dialogs.h"
+
+namespace kvui {
+namespace {
+
+constexpr UINT kMessageFirstActivation = WM_USER + 2;
+constexpr DWORD kBasicTailSize = 16;
+constexpr UINT kPaperMarkerBitmap = 13853;
+constexpr UINT kPaperMarkerMask = 13854;
+constexpr DWORD kMediaPlain = 1;
+constexpr int kHelpFirstPage = 5119;
+
+// Armed when a Basic page is initialised, used by the next activation; shared by all sheets.
+bool firstActivationArmed = false;
+
+void OnInit(SheetContext& context) {
+    context.privateSettings->mdmOtherSettings |= kOtherAllPaperSize;
+    ShowWindow(GetDlgItem(context.page, kChkAllPaperSize), SW_HIDE);
+    if ((context.flags & kSheetDataNotWritable) ||
+        !CanOpenPrinter(context, PRINTER_ACCESS_ADMINISTER | PRINTER_ACCESS_USE)) {
+        ShowWindow(GetDlgItem(context.page, kBtnCustomPaper), SW_HIDE);
+    }
+    firstActivationArmed = true;
+}
+
+void OnActivate(SheetContext& context) {
+    if (!firstActivationArmed) return;
+    firstActivationArmed = false;
+    PostMessageA(context.page, kMessageFirstActivation, 0, 0);
+}
+
+// Sending once makes sense only for collated copies; the box follows the digits as they are typed.
+void OnCommand(SheetContext& context, DWORD id, WORD code) {
+    const bool tracked = id == kEditCopies || id == kEditScaling || id == kEditOffsetX ||
+                         id == kEditOffsetY;
+    if (!tracked || code != EN_UPDATE || !(context.flags & kSheetTyping)) return;
+    char text[16] = "";
+    GetDlgItemTextA(context.page, kEditCopies, text, sizeof text);
+    if (text[0] == '\0' || !(context.privateSettings->mdmCollate & 1)) return;
+    EnableWindow(GetDlgItem(context.page, kChkTransmitOnce), std::atol(text) > 1);
+}
+
+void OnDefaults(SheetContext& context) {
+    context.privateSettings->mdmFirstPageMedia = kMediaPlain;
+}
+
+void OnChanged(SheetContext& context, DWORD /*id*/) {
+    if (context.privateSettings->mdmNup != kNupOff) return;
+    const HWND combo = GetDlgItem(context.shared->viewPage, kComboNup);
+    if (combo != nullptr) SendMessageA(combo, CB_SETCURSEL, 0, 0);
+}
+
+void FinishEdit(SheetContext& context, DWORD id, DWORD stored) {
+    char text[32] = "";
+    GetDlgItemTextA(context.page, static_cast<int>(id), text, sizeof text);
+    if (static_cast<DWORD>(std::atol(text)) != stored) {
+        DispatchNotification(context, context.page, id, EN_KILLFOCUS);
+    }
+}
+
+// OK may be pressed while an edit still has the focus.
+void OnApply(SheetContext& context) {
+    FinishEdit(context, kEditCopies, static_cast<DWORD>(context.settings->dmCopies));
+    FinishEdit(context, kEditScaling, context.privateSettings->mdmScaleSize);
+    React(context, 0, ReactScope::kWholePage);
+}
+
+void DrawPaperMarker(const SheetContext& context, HWND control, HDC dc) {
+    const HBITMAP picture = LoadBitmapA(context.resources, MAKEINTRESOURCEA(kPaperMarkerBitmap));
+    const HBITMAP mask = LoadBitmapA(context.resources, MAKEINTRESOURCEA(kPaperMarkerMask));
+    BITMAP size{};
+    if (picture != nullptr && mask != nullptr && GetObjectA(picture, sizeof size, &size) != 0) {
+        SetWindowPos(control, nullptr, 0, 0, size.bmWidth, size.bmHeight,
+                     SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+        const HDC source = CreateCompatibleDC(dc);
+        const HGDIOBJ before = SelectObject(source, mask);
+        BitBlt(dc, 0, 0, size.bmWidth, size.bmHeight, source, 0, 0, SRCAND);
+        SelectObject(source, picture);
+        BitBlt(dc, 0, 0, size.bmWidth, size.bmHeight, source, 0, 0, SRCPAINT);
+        SelectObject(source, before);
+        DeleteDC(source);
+    }
+    if (picture != nullptr) DeleteObject(picture);
+    if (mask != nullptr) DeleteObject(mask);
+}
+
+bool OnPaintStatic(SheetContext& context, HWND control, HDC dc) {
+    if (GetDlgCtrlID(control) != kPaperMarker) return false;
+    DrawPaperMarker(context, control, dc);
+    return true;
+}
+
+bool OnMessage(SheetContext& context, UINT message, WPARAM, LPARAM) {
+    if (message != kMessageFirstActivation) return false;
+    printerQueryable = ClassifyPrinterPort(context, nullptr);
+    return true;
+}
+
+const PageTraits kBasicPage = {
+    .dialogName = "DLGTAB0",
+    .helpTopic = 1101,
+    .viewKind = kViewPage,
+    .tailSize = kBasicTailSize,
+    .snapshotAfterChange = true,
+    .showsNotice = true,
+    .setsCaptions = true,
+    .hasDefaults = true,
+    .onInit = OnInit,
+    .onActivate = OnActivate,
+    .onCommand = OnCommand,
+    .onDefaults = OnDefaults,
+    .onChanged = OnChanged,
+    .onApply = OnApply,
+    .onPaintStatic = OnPaintStatic,
+    .onMessage = OnMessage,
+};
+
+constexpr char kFirstPageTemplate[] = "_LBPFIRSTPAGE";
+
+void OnFirstPageInit(SheetContext& context, HWND dialog) {
+    SetSubDialogTitle(context, dialog, kFirstPageTemplate);
+    InitialiseInTableOrder(context, dialog, kFirstPageTemplate);
+    SetChildCaptions(context, dialog);
+    TakeSnapshot(context);
+}
+
+void OnFirstPageCommand(SheetContext& context, HWND dialog, HWND control, WPARAM wParam) {
+    switch (LOWORD(wParam)) {
+        case IDOK:
+            EndDialog(dialog, 1);
+            return;
+        case IDCANCEL:
+            RestoreSnapshot(context);
+            EndDialog(dialog, 0);
+            return;
+        case IDHELP:
+            ShowPageHelp(context, dialog, kHelpFirstPage);
+            return;
+        default:
+            break;
+    }
+    const RouteResult result = RouteCommand(context, dialog, control, wParam);
+    RefreshDialog(context, result.changed ? SettingChanged::kYes : SettingChanged::kNo, dialog,
+                  kFirstPageTemplate);
+}
+
+}  // namespace
+
+INT_PTR CALLBACK FirstPageDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    SheetContext* context = KeepSheetContext(dialog, message, lParam);
+    if (context == nullptr) return FALSE;
+    switch (message) {
+        case WM_INITDIALOG:
+            OnFirstPageInit(*context, dialog);
+            return TRUE;
+        case WM_COMMAND:
+            OnFirstPageCommand(*context, dialog, reinterpret_cast<HWND>(lParam), wParam);
+            return TRUE;
+        case WM_HELP:
+            ShowPopupHelp(*context, dialog, reinterpret_cast<const HELPINFO*>(lParam));
+            return TRUE;
+        default:
+            return FALSE;
+    }
+}
+
+}  // namespace kvui
+
+INT_PTR CALLBACK DDMTAB0(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
+    return kvui::RunPage(kvui::kBasicPage, page, message, wParam, lParam);
+}
+
+INT_PTR CALLBACK DDMTAB00(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    static const kvui::SubDialogTraits kPaperSourceDetail = {"_DLGTAB00", "DLGTAB00", 1104};
+    return kvui::RunSubDialog(kPaperSourceDetail, dialog, message, wParam, lParam);
+}

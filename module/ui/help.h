@@ -1,0 +1,12 @@
+// Page help (a topic of the help file) and popup help of a control.
+#pragma once
+
+#include "ui/sheet_context.h"
+
+namespace kvui {
+
+void ShowPageHelp(const SheetContext& context, HWND page, int topic);
+// For WM_HELP; controls without a help id get nothing.
+void ShowPopupHelp(const SheetContext& context, HWND page, const HELPINFO* info);
+
+}  // namespace kvui

@@ -1,0 +1,43 @@
+// The skeleton of every page: one procedure over a record of what the page does differently.
+#pragma once
+
+#include "preview/shared_view.h"
+#include "ui/sheet_context.h"
+
+namespace kvui {
+
+// Sent by the shared view or another page: fill everything again.
+constexpr UINT kMessageRefreshAll = WM_USER + 300;
+
+struct PageTraits {
+    const char* dialogName;  // of the page's items in the catalogue
+    int helpTopic;
+    ViewKind viewKind;       // 0: the page shows no shared view
+    DWORD tailSize;
+    bool snapshotAfterChange;
+    bool showsNotice;        // shared-printer notice
+    bool setsCaptions;       // captions by control id
+    bool hasDefaults;
+    // Hooks; null where the page adds nothing.
+    void (*onInit)(SheetContext&);
+    void (*onActivate)(SheetContext&);
+    void (*onCommand)(SheetContext&, DWORD id, WORD code);   // after routing, changed or not
+    void (*onDefaults)(SheetContext&);
+    void (*onChanged)(SheetContext&, DWORD id);
+    void (*onApply)(SheetContext&);                          // before the snapshot
+    bool (*onPaintStatic)(SheetContext&, HWND control, HDC dc);
+    bool (*onMessage)(SheetContext&, UINT message, WPARAM wParam, LPARAM lParam);
+};
+
+INT_PTR RunPage(const PageTraits& traits, HWND page, UINT message, WPARAM wParam, LPARAM lParam);
+
+// Fills the controls of the page whose window this is, known by its title.
+void InitialisePage(SheetContext& context, HWND page);
+// Every child whose id is also the id of a string gets that string.
+void SetChildCaptions(const SheetContext& context, HWND dialog);
+// Runs when a page or sub-dialog begins or becomes active, by its dialog name.
+void RunActivationHook(SheetContext& context, HWND dialog, const char* dialogName);
+void DisableChildren(HWND dialog);
+void TellSheetChanged(HWND page);
+
+}  // namespace kvui

@@ -1,0 +1,76 @@
+// Sub-dialog skeleton over the page state of the dialog that opened it.
+#include "ui/sub_dialog_skeleton.h"
+
+#include "settings/control_fill.h"
+#include "settings/notification.h"
+#include "settings/reactor.h"
+#include "ui/help.h"
+#include "ui/page_skeleton.h"
+#include "ui/page_table.h"
+#include "ui/snapshot.h"
+
+namespace kvui {
+namespace {
+
+// The end result is the same for OK and Cancel: what counts is what stands in the record.
+constexpr INT_PTR kSubDialogResult = 1;
+
+void OnInitDialog(const SubDialogTraits& traits, SheetContext& context, HWND dialog) {
+    SetSubDialogTitle(context, dialog, traits.templateName);
+    RunActivationHook(context, dialog, traits.dialogName);
+    TakeSnapshot(context);
+    InitialiseInTableOrder(context, dialog, traits.dialogName);
+    SetChildCaptions(context, dialog);
+    RefreshDialog(context, SettingChanged::kYes, dialog, traits.dialogName);
+}
+
+void OnCommand(const SubDialogTraits& traits, SheetContext& context, HWND dialog, WPARAM wParam) {
+    switch (LOWORD(wParam)) {
+        case IDOK:
+            EndDialog(dialog, kSubDialogResult);
+            return;
+        case IDCANCEL:
+            RestoreSnapshot(context);
+            EndDialog(dialog, kSubDialogResult);
+            return;
+        case IDHELP:
+            ShowPageHelp(context, dialog, traits.helpTopic);
+            return;
+        default:
+            break;
+    }
+    DispatchNotification(context, dialog, LOWORD(wParam), HIWORD(wParam));
+    if (ChangedSinceSnapshot(context)) {
+        React(context, LOWORD(wParam), ReactScope::kOneControl);
+        TellSheetChanged(dialog);
+    }
+    RefreshDialog(context, SettingChanged::kYes, dialog, traits.dialogName);
+}
+
+}  // namespace
+
+SheetContext* KeepSheetContext(HWND dialog, UINT message, LPARAM lParam) {
+    if (message == WM_INITDIALOG) SetWindowLongPtrA(dialog, DWLP_USER, lParam);
+    return reinterpret_cast<SheetContext*>(GetWindowLongPtrA(dialog, DWLP_USER));
+}
+
+INT_PTR RunSubDialog(const SubDialogTraits& traits, HWND dialog, UINT message, WPARAM wParam,
+                     LPARAM lParam) {
+    SheetContext* context = KeepSheetContext(dialog, message, lParam);
+    if (context == nullptr) return FALSE;
+    switch (message) {
+        case WM_INITDIALOG:
+            OnInitDialog(traits, *context, dialog);
+            return TRUE;
+        case WM_COMMAND:
+            OnCommand(traits, *context, dialog, wParam);
+            return TRUE;
+        case WM_HELP:
+            ShowPopupHelp(*context, dialog, reinterpret_cast<const HELPINFO*>(lParam));
+            return TRUE;
+        default:
+            return FALSE;
+    }
+}
+
+}  // namespace kvui

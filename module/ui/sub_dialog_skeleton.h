@@ -1,0 +1,20 @@
+// The skeleton of the module's sub-dialogs: title, snapshot, dispatch, and everything undone on Cancel.
+#pragma once
+
+#include "ui/sheet_context.h"
+
+namespace kvui {
+
+struct SubDialogTraits {
+    const char* templateName;
+    const char* dialogName;  // of its items in the catalogue
+    int helpTopic;
+};
+
+INT_PTR RunSubDialog(const SubDialogTraits& traits, HWND dialog, UINT message, WPARAM wParam,
+                     LPARAM lParam);
+
+// The calling page's state, kept with the dialog; null before WM_INITDIALOG.
+SheetContext* KeepSheetContext(HWND dialog, UINT message, LPARAM lParam);
+
+}  // namespace kvui
