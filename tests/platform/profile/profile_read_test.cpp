@@ -15,7 +15,7 @@ namespace {
 using namespace std::string_literals;
 
 class ProfileRead : public ScratchTest {
-   protected:
+ protected:
     void Use(const std::string& text) { file_ = Write("rules.ini", text); }
 
     std::string Value(LPCSTR section, LPCSTR key, LPCSTR defaultText = "NON") const {
@@ -88,12 +88,9 @@ TEST_F(ProfileRead, NumbersStopAtTheFirstOtherCharacter) {
     const struct {
         const char* key;
         UINT expected;
-    } rows[] = {{"a", 12},         {"b", static_cast<UINT>(-7)},
-                {"c", 8},          {"d", 31},
-                {"e", 0},          {"f", 0},
-                {"g", 42},         {"h", 0xFFFFFFFFu},
-                {"i", 10},         {"j", 5},
-                {"absent", 77}};
+    } rows[] = {
+        {"a", 12}, {"b", static_cast<UINT>(-7)}, {"c", 8},  {"d", 31}, {"e", 0},      {"f", 0},
+        {"g", 42}, {"h", 0xFFFFFFFFu},           {"i", 10}, {"j", 5},  {"absent", 77}};
     for (const auto& row : rows) {
         EXPECT_EQ(GetPrivateProfileIntA("A", row.key, 77, Name()), row.expected) << row.key;
     }
@@ -167,7 +164,8 @@ TEST_F(ProfileRead, BlocksAreCutAtEveryBufferSize) {
 
 TEST_F(ProfileRead, ALongSectionIsCutAtTheUsualBuffer) {
     std::string text = "[A]\n";
-    for (int i = 0; i < 400; ++i) text += "k" + std::to_string(i) + "=" + std::string(120, 'v') + "\n";
+    for (int i = 0; i < 400; ++i)
+        text += "k" + std::to_string(i) + "=" + std::string(120, 'v') + "\n";
     Use(text);
     const std::string block = Section("A", 32767);
     EXPECT_EQ(block.size(), 32765u);

@@ -1,5 +1,5 @@
-// What the writing profile functions leave behind: the text around a change, rights, and whole files
-// whatever happens to the writer.
+// What the writing profile functions leave behind: the text around a change, rights, and whole
+// files whatever happens to the writer.
 #include <sys/file.h>
 #include <sys/wait.h>
 
@@ -44,7 +44,8 @@ const EditCase kEdits[] = {
     {"delete a key", "[A]\nk=1\nl=2\n", "A", "K", nullptr, "[A]\nl=2\n"},
     {"delete a commented key", "[A]\n;k=1\n", "A", "k", nullptr, "[A]\n;k=1\n"},
     {"delete an absent key", "[A]\nk=1\n", "B", "k", nullptr, "[A]\nk=1\n"},
-    {"delete a section", "[A]\nk=1\n[B]\n; c\nx=1\n[C]\n", "b", nullptr, nullptr, "[A]\nk=1\n[C]\n"},
+    {"delete a section", "[A]\nk=1\n[B]\n; c\nx=1\n[C]\n", "b", nullptr, nullptr,
+     "[A]\nk=1\n[C]\n"},
 };
 
 TEST_F(ProfileWrite, ChangesLeaveEverythingElseAsItWas) {
@@ -75,7 +76,7 @@ TEST_F(ProfileWrite, TextsThatBreakTheFileAreRefused) {
         const char* section;
         const char* key;
         const char* text;
-    } rows[] = {{"A", "k", "1\n[B]"}, {"A", "k\nl", "1"}, {"A]", "k", "1"}, {"A", "k=l", "1"},
+    } rows[] = {{"A", "k", "1\n[B]"}, {"A", "k\nl", "1"}, {"A]", "k", "1"},   {"A", "k=l", "1"},
                 {"A", ";k", "1"},     {"A", "", "1"},     {nullptr, "k", "1"}};
     for (const auto& row : rows) {
         EXPECT_FALSE(WritePrivateProfileStringA(row.section, row.key, row.text, file.c_str()));
@@ -153,7 +154,8 @@ TEST_F(ProfileWrite, TwoProgramsDoNotLoseEachOthersKeys) {
         EXPECT_EQ(status, 0);
     }
     char keys[4096];
-    const DWORD length = GetPrivateProfileStringA("A", nullptr, "", keys, sizeof keys, file.c_str());
+    const DWORD length =
+        GetPrivateProfileStringA("A", nullptr, "", keys, sizeof keys, file.c_str());
     EXPECT_EQ(std::count(keys, keys + length, '\0'), kWriters * kKeys);
 }
 

@@ -10,13 +10,14 @@ namespace kv::test {
 namespace {
 
 class Registry : public ScratchTest {
-   protected:
+ protected:
     Registry() { SetActingAsAdministrator(true); }
 
     static HKEY Create(HKEY parent, const char* path, LSTATUS expected = ERROR_SUCCESS) {
         HKEY key{};
-        EXPECT_EQ(RegCreateKeyExA(parent, path, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key, nullptr),
-                  expected)
+        EXPECT_EQ(
+            RegCreateKeyExA(parent, path, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key, nullptr),
+            expected)
             << path;
         return key;
     }

@@ -16,7 +16,7 @@ namespace kv::test {
 namespace {
 
 class Store : public ScratchTest {
-   protected:
+ protected:
     static StateStore& Get() { return StateStore::Get(); }
     std::string File() const { return State() + "/store.sqlite"; }
     static PrinterRecord Printer(const std::string& name) {
