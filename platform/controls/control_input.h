@@ -1,7 +1,8 @@
 // Private messages by which the input layer asks a control to carry out one whole user action. The
 // control does what the same action of a hand would do: it changes its state and sends its
-// notifications in the platform's order. The focus has been moved to the control before. Each answers
-// nonzero when the action was carried out, zero when it is not possible (no such entry, read-only).
+// notifications in the platform's order. The focus has been moved to the control before. Each
+// answers nonzero when the action was carried out, zero when it is not possible (no such entry,
+// read-only).
 #pragma once
 
 #include <windows.h>

@@ -1,5 +1,5 @@
-// The standard controls. The window core calls RegisterControlClasses at its first use, so that every
-// class name of this folder is known before anybody creates a window.
+// The standard controls. The window core calls RegisterControlClasses at its first use, so that
+// every class name of this folder is known before anybody creates a window.
 #pragma once
 
 namespace kv {

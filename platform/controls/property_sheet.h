@@ -1,4 +1,5 @@
-// What hosts and the dialog manager need of a property sheet beyond PropertySheetA and its messages.
+// What hosts and the dialog manager need of a property sheet beyond PropertySheetA and its
+// messages.
 #pragma once
 
 #include <prsht.h>
@@ -17,8 +18,8 @@ bool SheetEnded(HWND sheet);
 // 1 after OK, 0 after Cancel or while the sheet is open.
 INT_PTR SheetResult(HWND sheet);
 
-// Ctrl+Tab, Ctrl+Shift+Tab, Ctrl+PageUp and Ctrl+PageDown turn the pages. The dialog manager asks here
-// for every key pressed in a sheet, before its own keys; true means that the key is used up.
+// Ctrl+Tab, Ctrl+Shift+Tab, Ctrl+PageUp and Ctrl+PageDown turn the pages. The dialog manager asks
+// here for every key pressed in a sheet, before its own keys; true means that the key is used up.
 // `modifiers` are kv::input::Modifier flags.
 bool SheetHandlesKey(HWND sheet, int virtualKey, unsigned modifiers);
 
