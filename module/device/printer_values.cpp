@@ -53,17 +53,26 @@ bool CanOpenPrinter(const SheetContext& context, DWORD access) {
     return static_cast<bool>(OpenPrinterHandle(context, access));
 }
 
-DWORD PrinterAttributes(const SheetContext& context) {
+bool PrinterPortAndAttributes(const SheetContext& context, std::string& port, DWORD& attributes) {
     const OpenPrinterHandle printer(context, PRINTER_ACCESS_USE);
-    if (!printer) return 0;
+    if (!printer) return false;
     DWORD needed = 0;
     GetPrinterA(printer.get(), 2, nullptr, 0, &needed);
-    if (needed < sizeof(PRINTER_INFO_2A)) return 0;
+    if (needed < sizeof(PRINTER_INFO_2A)) return false;
     std::vector<std::uint64_t> buffer(needed / sizeof(std::uint64_t) + 1);
     if (!GetPrinterA(printer.get(), 2, reinterpret_cast<BYTE*>(buffer.data()), needed, &needed)) {
-        return 0;
+        return false;
     }
-    return reinterpret_cast<const PRINTER_INFO_2A*>(buffer.data())->Attributes;
+    const auto& info = *reinterpret_cast<const PRINTER_INFO_2A*>(buffer.data());
+    port = info.pPortName != nullptr ? info.pPortName : "";
+    attributes = info.Attributes;
+    return true;
+}
+
+DWORD PrinterAttributes(const SheetContext& context) {
+    std::string port;
+    DWORD attributes = 0;
+    return PrinterPortAndAttributes(context, port, attributes) ? attributes : 0;
 }
 
 bool PrinterDataIsWritable(const SheetContext& context) {

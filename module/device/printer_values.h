@@ -2,6 +2,8 @@
 // "InstalledOptions" and "AutoConfigure".
 #pragma once
 
+#include <string>
+
 #include "ui/sheet_context.h"
 
 namespace kvui {
@@ -10,6 +12,7 @@ namespace kvui {
 bool CanOpenPrinter(const SheetContext& context, DWORD access);
 // PRINTER_ATTRIBUTE_... bits; 0 when the printer cannot be asked.
 DWORD PrinterAttributes(const SheetContext& context);
+bool PrinterPortAndAttributes(const SheetContext& context, std::string& port, DWORD& attributes);
 // False when writing the value "WriteTest" is refused, or it cannot be read back.
 bool PrinterDataIsWritable(const SheetContext& context);
 // A value of the opened printer, by name; the number of bytes read, 0 on failure.

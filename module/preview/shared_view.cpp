@@ -2,6 +2,8 @@
 // them; a sheet without a panel only remembers the page.
 #include "preview/shared_view.h"
 
+#include <initializer_list>
+
 namespace kvui {
 
 void ShowViewKind(SheetContext& context, ViewKind kind) { context.shared->pageKind = kind; }

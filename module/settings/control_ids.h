@@ -51,7 +51,7 @@ enum ControlId : DWORD {
     // Overlay and Watermark pages.
     kListOverlay = 1891,
     kBtnOverlayEdit = 1892,
-    kListWatermark = 8002,
+    kBoxWatermark = 8002,
     kChkWatermarkFirstPage = 8003,
     kChkWatermarkBackground = 8004,
     kBtnWatermarkDelete = 8007,

@@ -91,7 +91,7 @@ constexpr RunTimeList kRunTimeLists[] = {
     {kComboFirstPageSource, AddOtherSources},
     {kComboCoverSource, AddOtherSources},
     {kComboInterleaveSource, AddOtherSources},
-    {kListWatermark, AddWatermarks},
+    {kBoxWatermark, AddWatermarks},
     {kListMailBins, AddMailBins},
 };
 

@@ -19,14 +19,14 @@ struct PageTraits {
     bool setsCaptions;       // captions by control id
     bool hasDefaults;
     // Hooks; null where the page adds nothing.
-    void (*onInit)(SheetContext&);
-    void (*onActivate)(SheetContext&);
-    void (*onCommand)(SheetContext&, DWORD id, WORD code);   // after routing, changed or not
-    void (*onDefaults)(SheetContext&);
-    void (*onChanged)(SheetContext&, DWORD id);
-    void (*onApply)(SheetContext&);                          // before the snapshot
-    bool (*onPaintStatic)(SheetContext&, HWND control, HDC dc);
-    bool (*onMessage)(SheetContext&, UINT message, WPARAM wParam, LPARAM lParam);
+    void (*onInit)(SheetContext&) = nullptr;
+    void (*onActivate)(SheetContext&) = nullptr;
+    void (*onCommand)(SheetContext&, DWORD id, WORD code) = nullptr;   // after routing, changed or not
+    void (*onDefaults)(SheetContext&) = nullptr;
+    void (*onChanged)(SheetContext&, DWORD id) = nullptr;
+    void (*onApply)(SheetContext&) = nullptr;                          // before the snapshot
+    bool (*onPaintStatic)(SheetContext&, HWND control, HDC dc) = nullptr;
+    bool (*onMessage)(SheetContext&, UINT message, WPARAM wParam, LPARAM lParam) = nullptr;
 };
 
 INT_PTR RunPage(const PageTraits& traits, HWND page, UINT message, WPARAM wParam, LPARAM lParam);
