@@ -33,9 +33,15 @@ class HeadlessDisplay : public Display {
 
     void Beeped() override { ++beeps; }
     void ModalBegun(HWND window) override;
+    void ModalEnded(HWND window) override;
     bool WaitForInput(HWND modal) override;
 
    private:
+    struct Modal {
+        HWND window{};
+        bool answered = false;
+    };
+    std::vector<Modal> modals_;  // the innermost is last
     std::deque<Answer> answers_;
     Answer policy_;
     std::function<void(const std::string&)> onUnanswered_;

@@ -31,7 +31,7 @@ struct DialogState {
     bool ended = false;
     bool modal = false;
     int defaultId = 0;   // current default button (DM_SETDEFID)
-    HWND savedFocus{};   // focus to restore when the dialog becomes active again
+    HWND disabledOwner{};  // the window that a modal dialog disabled and gives back
     HFONT font{};
     bool ownsFont = false;
     std::string templateName;  // "TAB0R", "#123" or empty: names the dialog in messages and pictures
@@ -45,6 +45,22 @@ struct WindowClass {
     HINSTANCE instance{};
     // What kind of control the class is, for displays and descriptions; empty for plain windows.
     std::string_view kind;
+    HBRUSH background{};
+    HCURSOR cursor{};
+    int extraBytes = 0;  // cbWndExtra
+};
+
+// Where a window's own drawing goes between GetDC or BeginPaint and their counterparts; made on demand.
+struct WindowSurface {
+    HDC dc{};
+    HBITMAP bitmap{};
+    HGDIOBJ previous{};
+    SIZE size{};
+
+    WindowSurface() = default;
+    WindowSurface(const WindowSurface&) = delete;
+    WindowSurface& operator=(const WindowSurface&) = delete;
+    ~WindowSurface();
 };
 
 struct Window {
@@ -68,6 +84,14 @@ struct Window {
     std::map<std::string, HANDLE, std::less<>> properties;
     std::unique_ptr<ControlState> state;
     std::unique_ptr<DialogState> dialog;
+    std::vector<UINT> childIds;     // ids of `children`, side by side for a fast GetDlgItem
+    std::vector<LONG_PTR> extra;    // the class's extra bytes
+    std::unique_ptr<WindowSurface> surface;
+    HDC paintTarget{};              // where the next BeginPaint draws instead of the surface
+    bool painted = false;           // BeginPaint was called for the WM_PAINT under way
+    bool announced = false;         // the display knows the window
+    unsigned deferredChanges = 0;   // gathered while redrawing is off
+    HWND savedFocus{};              // top-level windows: the focus to restore on activation
 
     bool IsVisibleStyle() const { return (style & WS_VISIBLE) != 0; }
     bool IsDisabledStyle() const { return (style & WS_DISABLED) != 0; }
@@ -104,5 +128,11 @@ LRESULT NotifyParent(Window& control, WORD code);
 bool RunModalLoop(HWND root, const std::function<bool()>& done);
 // Handles every message that is queued now; answers how many.
 int PumpPendingMessages();
+// Milliseconds until the next timer is due, -1 without timers: how long a display may wait.
+int MillisecondsToNextTimer();
+// The window for which the innermost modal loop runs, null outside of modal loops.
+HWND CurrentModalWindow();
+// The system cursor behind a handle: 32512 arrow, 32514 wait, 32649 hand; 0 for none.
+unsigned SystemCursorId(HCURSOR cursor);
 
 }  // namespace kv
