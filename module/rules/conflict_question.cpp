@@ -56,7 +56,7 @@ int AskInMessageBox(HWND page, HINSTANCE strings, const ConflictReport& report) 
     const bool resolvable = report.targetNew[0] != '\0';
     const PlainName trigger(report.triggerName);
     const PlainName target(report.targetName);
-    char message[2048];
+    char message[4096];  // all texts at their longest
     std::snprintf(
         message, sizeof message, "%s\n\n%s / %s\n%s: %s\n%s: %s\n\n%s / %s\n%s: %s\n\n%s\n%s",
         Text(strings, kStringIntroduction).text, Text(strings, kStringItem).text,

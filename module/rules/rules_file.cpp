@@ -5,8 +5,8 @@
 #include <kvcore.h>
 #include <winspool.h>
 
-#include <cstdio>
 #include <cstring>
+#include <string>
 
 #include "rules/rule_text.h"
 #include "rules/rules_path.h"
@@ -32,8 +32,8 @@ DWORD PrinterNumber(PrinterBlock* printer, const char* name) {
     return value;
 }
 
-// A directory that cannot be found leaves a path where no file is: the defaults then apply.
-void DriverDirectoryPath(char* path, size_t size) {
+// The driver directory that belongs to the running system; empty when there is none.
+std::string DriverDirectory() {
     char directory[kRulesFilePathSize] = "";
     DWORD needed = 0;
     if (!GetPrinterDriverDirectoryA(nullptr, nullptr, 1, reinterpret_cast<LPBYTE>(directory),
@@ -42,15 +42,10 @@ void DriverDirectoryPath(char* path, size_t size) {
     }
     OSVERSIONINFOA version = {};
     version.dwOSVersionInfoSize = sizeof version;
-    if (GetVersionExA(&version) && version.dwPlatformId == VER_PLATFORM_WIN32_NT) {
-        const int number =
-            version.dwMajorVersion >= 6 ? 3 : static_cast<int>(version.dwMajorVersion) - 2;
-        char versioned[kRulesFilePathSize + 16];
-        std::snprintf(versioned, sizeof versioned, "%s\\%d", directory, number);
-        std::snprintf(path, size, "%s\\%s", versioned, kRulesFileName);
-        return;
-    }
-    std::snprintf(path, size, "%s\\%s", directory, kRulesFileName);
+    if (!GetVersionExA(&version) || version.dwPlatformId != VER_PLATFORM_WIN32_NT) return directory;
+    const int number =
+        version.dwMajorVersion >= 6 ? 3 : static_cast<int>(version.dwMajorVersion) - 2;
+    return std::string(directory) + '\\' + std::to_string(number);
 }
 
 // Copies the driver's file into the Windows directory unless one is there; true when it was copied.
@@ -58,21 +53,20 @@ bool CopyToWindowsDirectory(const char* driverFile) {
     if (GetFileAttributesA(driverFile) == INVALID_FILE_ATTRIBUTES) return false;
     char directory[261] = "";
     if (GetWindowsDirectoryA(directory, sizeof directory) == 0) return false;
-    char copy[sizeof directory + sizeof kRulesFileName + 1];
-    std::snprintf(copy, sizeof copy, "%s\\%s", directory, kRulesFileName);
-    return CopyFileA(driverFile, copy, TRUE) != FALSE;
+    const std::string copy = std::string(directory) + '\\' + kRulesFileName;
+    return CopyFileA(driverFile, copy.c_str(), TRUE) != FALSE;
 }
 
 }  // namespace
 
 void ComputeRulesFilePath(SheetContext& context) {
-    char driverFile[kRulesFilePathSize];
-    DriverDirectoryPath(driverFile, sizeof driverFile);
+    // A path that does not fit names no file, and without a file all defaults apply.
+    const std::string driverFile = DriverDirectory() + '\\' + kRulesFileName;
     // The bare name makes the profile functions use the Windows directory; only the sheet that made
     // the copy reads it there.
-    const bool copied =
-        PrinterNumber(context.printer, "CopySUINI") != 0 && CopyToWindowsDirectory(driverFile);
-    CopyText(rulesFilePath, copied ? kRulesFileName : driverFile);
+    const bool copied = PrinterNumber(context.printer, "CopySUINI") != 0 &&
+                        CopyToWindowsDirectory(driverFile.c_str());
+    CopyText(rulesFilePath, copied ? kRulesFileName : driverFile.c_str());
 }
 
 const char* RulesFilePath() {

@@ -1,0 +1,159 @@
+// The sections that are read at each use: number lists, edit attributes, code ranges and
+// show-by-option lines.
+#include "rules/rules_file.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "rules/gray_out.h"
+#include "tests/module/support/sheet_fixture.h"
+
+namespace kvui {
+namespace {
+
+TEST(CommaNumbers, LastFieldCountsOnlyWhenNonZero) {
+    struct {
+        const char* text;
+        std::vector<LONG> numbers;
+    } const cases[] = {
+        {"5,0", {5}},
+        {"0,5", {0, 5}},
+        {"", {}},
+        {"0", {}},
+        {"7", {7}},
+        {",", {0}},
+        {"1,,3", {1, 0, 3}},
+        {"1,2,", {1, 2}},
+        {" 4 , x,-2", {4, 0, -2}},
+        {"1,2,3,4,5,6,7,8,9", {1, 2, 3, 4, 5, 6, 7, 8}},
+    };
+    for (const auto& c : cases) {
+        LONG numbers[8];
+        const int count = ReadCommaNumbers(c.text, numbers, 8);
+        EXPECT_EQ(std::vector<LONG>(numbers, numbers + count), c.numbers) << c.text;
+    }
+}
+
+TEST(Token, EndsAtTheStopOrTakesTheRestAndNeverOverflows) {
+    const char* text = "abcdef,gh";
+    char field[4];
+    ReadToken(text, ',', field, sizeof field);
+    EXPECT_STREQ(field, "abc");
+    ReadToken(text, ',', field, sizeof field);
+    EXPECT_STREQ(field, "gh");
+    ReadToken(text, ',', field, sizeof field);
+    EXPECT_STREQ(field, "");
+    EXPECT_EQ(*text, '\0');
+}
+
+TEST(EditAttribute, NeedsExactlyThreeNumbers) {
+    ScratchSheet sheet;
+    sheet.UseRules("[EditAttribute]\nA=3,0,50\nB=3,1,0\nC=3,1\nD=3,1,2,4\nE=\nF=3,1,2,0\n");
+    LONG length = -1, low = -1, high = -1;
+    ASSERT_TRUE(ReadEditAttribute("A", &length, &low, &high));
+    EXPECT_EQ(length, 3);
+    EXPECT_EQ(low, 0);
+    EXPECT_EQ(high, 50);
+    for (const char* name : {"B", "C", "D", "E", "absent"}) {
+        EXPECT_FALSE(ReadEditAttribute(name, &length, &low, &high)) << name;
+    }
+    EXPECT_TRUE(ReadEditAttribute("F", &length, &low, &high));  // the trailing 0 does not count
+}
+
+TEST(CodeRange, ReadsPresentKeysInOrderAndAllFields) {
+    ScratchSheet sheet;
+    sheet.UseRules(
+        "[W]\nMinCode=5\nMaxCode=9\n9=Last\n"
+        "6=Draft,1,2,3,4,5,6,7,8,9,first,second,1,BinTray2\n10=outside\n007=odd\n");
+    std::vector<CodeRecord> records(kMaxCodeRecords);
+    ASSERT_EQ(ReadCodeRange("W", records.data()), 2);
+    EXPECT_EQ(records[0].code, 6);
+    EXPECT_STREQ(records[0].name, "Draft");
+    EXPECT_EQ(records[0].unit, 1);
+    EXPECT_EQ(records[0].parameters[7], 9);
+    EXPECT_STREQ(records[0].secondText, "second");
+    EXPECT_EQ(records[0].editFlag, 1);
+    EXPECT_STREQ(records[0].thirdText, "BinTray2");
+    EXPECT_STREQ(records[1].name, "Last");
+}
+
+TEST(CodeRange, BoundsMayBeAbsentReversedOrHuge) {
+    struct {
+        const char* bounds;
+        int count;
+    } const cases[] = {
+        {"MinCode=1\n", 0},
+        {"MaxCode=1\n", 0},
+        {"MinCode=NON\nMaxCode=9\n", 0},
+        {"MinCode=5\nMaxCode=3\n", 0},
+        {"MinCode=-2147483648\nMaxCode=2147483647\n", 3},
+        {"MinCode=2147483647\nMaxCode=2147483647\n", 1},
+    };
+    ScratchSheet sheet;
+    std::vector<CodeRecord> records(kMaxCodeRecords);
+    for (const auto& c : cases) {
+        sheet.UseRules(std::string("[W]\n") + c.bounds + "3=c\n1=a\n2147483647=z\n007=odd\n");
+        EXPECT_EQ(ReadCodeRange("W", records.data()), c.count) << c.bounds;
+    }
+}
+
+TEST(CodeRange, SixtyFifthRecordIsIgnored) {
+    std::string text = "[W]\nMinCode=1\nMaxCode=100\n";
+    for (int i = 1; i <= 100; ++i) text += std::to_string(i) + "=r" + std::to_string(i) + "\n";
+    ScratchSheet sheet;
+    sheet.UseRules(text);
+    std::vector<CodeRecord> records(kMaxCodeRecords);
+    EXPECT_EQ(ReadCodeRange("W", records.data()), kMaxCodeRecords);
+    EXPECT_STREQ(records.back().name, "r64");
+}
+
+TEST(ShowByOption, DecidesByTheFourListsInOrder) {
+    constexpr DWORD kOption4 = 0x10;
+    struct {
+        const char* line;  // null: no line
+        DWORD installed;
+        int shown;
+    } const cases[] = {
+        {nullptr, kOption4, 1},
+        {"4,0,0,0", kOption4, 1},
+        {"0,4,0,0", kOption4, 0},
+        {"0,0,4,0", kOption4, 1},
+        {"0,0,0,4", kOption4, 1},
+        {"0,0,0,4", 0, 0},
+        {"0,0,0,0", kOption4, 0},
+        {"0", kOption4, 0},
+        {"4,0,0,0", 0, 1},
+        {"0,4,0,0", 0, 1},
+        {"0,0,4,0", 0, 1},
+        {"19/20,0,0,19", 0, 0},
+        {"19/20,0,0,19", 1 << 20, 1},
+        {"0/4,0,0,0", kOption4, 1},
+        {"0/4,0,0,0", 0, 0},
+        {"36,0,0,0", kOption4, 1},
+        {"0,,,", kOption4, 0},
+        {"NON", kOption4, 1},
+        // The first list that decides wins over the later ones.
+        {"4,4,0,0", kOption4, 1},
+        {"5,4,0,0", kOption4, 0},
+        {"0,0,5,5", kOption4, 1},
+        // An empty value: all four numbers are 0.
+        {"", kOption4, 0},
+        // The 26th number of a list is not looked at.
+        {"0,9/9/9/9/9/9/9/9/9/9/9/9/9/9/9/9/9/9/9/9/9/9/9/9/9/4,0,0", kOption4, 1},
+    };
+    ScratchSheet sheet;
+    for (const auto& c : cases) {
+        sheet.UseRules(c.line == nullptr
+                           ? std::string("[Other]\nKey=0\n")
+                           : std::string("[ShowItemAccordingToOption]\nKey=") + c.line + "\n");
+        sheet.Set("mdmInstalledOptions", c.installed);
+        EXPECT_EQ(IsShownByOptions(sheet.context, "Key"), c.shown)
+            << (c.line != nullptr ? c.line : "(absent)") << " options " << c.installed;
+    }
+    EXPECT_EQ(IsShownByOptions(sheet.context, ""), 1);
+}
+
+}  // namespace
+}  // namespace kvui
