@@ -1,0 +1,49 @@
+// The module's controls and setting fields as the command line names them; the data are made by the
+// build from the module's catalogue.
+#pragma once
+
+#include <windef.h>
+
+#include <string_view>
+
+namespace kvhost {
+
+struct Field {
+    const char* name;
+    DWORD location;  // 0x8000 + offset in the public part, else offset in the private part
+    bool byName;     // false for dmFields, which is listed but neither read nor written
+};
+
+struct Choice {
+    DWORD value;
+    DWORD buttonId;    // radio buttons
+    const char* name;  // entry name, "on"/"off", or empty
+};
+
+struct Control {
+    DWORD id;
+    const char* name;
+    const char* dialog;  // catalogue's dialog name
+    const char* kind;    // text, edit, combo, radio, check, button, list, slider
+    const char* setting;
+    DWORD captionId;
+    DWORD maskMode;
+    DWORD mask;
+    const Choice* choices;
+    unsigned choiceCount;
+    LONG sliderBase;     // stored value at a slider's position 0
+};
+
+extern const Field kFields[];
+extern const unsigned kFieldCount;
+extern const Control kControls[];
+extern const unsigned kControlCount;
+
+const Field* FindField(std::string_view name);
+// First control of that name; null when there is none.
+const Control* FindControl(std::string_view name);
+LONG ReadRecordField(const BYTE* record, const Field& field);
+// Value of a control's part of its setting.
+DWORD ReadControlValue(const BYTE* record, const Control& control);
+
+}  // namespace kvhost

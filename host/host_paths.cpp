@@ -1,0 +1,27 @@
+// Paths relative to the running program.
+#include <host/host_paths.h>
+
+#include <limits.h>
+#include <unistd.h>
+
+namespace kvhost {
+
+const char* const kSourceModels = KV_SOURCE_MODELS;
+
+std::string ProgramDirectory() {
+    char path[PATH_MAX];
+    const ssize_t size = readlink("/proc/self/exe", path, sizeof path);
+    if (size <= 0) return ".";
+    const std::string program(path, static_cast<size_t>(size));
+    return program.substr(0, program.find_last_of('/'));
+}
+
+std::string QtDisplayPath() {
+    for (const char* folder : {"", "/../lib/kvprefs", "/../lib"}) {
+        const std::string path = ProgramDirectory() + folder + "/libkvdisplay-qt.so";
+        if (access(path.c_str(), R_OK) == 0) return path;
+    }
+    return {};
+}
+
+}  // namespace kvhost

@@ -1,0 +1,185 @@
+// Record files: <state>/records/<printer name, escaped>.record.
+#include <host/record_store.h>
+
+#include <fcntl.h>
+#include <kvcore.h>
+#include <platform/registry/state_directory.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+namespace kvhost {
+namespace {
+
+// A printer's name may hold any character; a file name may not.
+std::string EscapedName(const std::string& name) {
+    std::string escaped;
+    for (const unsigned char c : name) {
+        const bool plain = (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') ||
+                           (c >= 'a' && c <= 'z') || c == '-' || c == '_';
+        char text[4];
+        std::snprintf(text, sizeof text, plain ? "%c" : "%%%02X", c);
+        escaped += text;
+    }
+    return escaped;
+}
+
+std::string SystemMessage(const std::string& path) { return path + ": " + std::strerror(errno); }
+
+// Values that no page and no renderer can mean; other odd values fall back page by page.
+struct Bound {
+    size_t offset;
+    LONG low;
+    LONG high;
+    const char* name;
+};
+// public offset, lowest, highest, field
+constexpr Bound kBounds[] = {
+    {offsetof(DEVMODEA, dmOrientation), 1, 2, "dmOrientation"},
+    {offsetof(DEVMODEA, dmPaperSize), 1, 32767, "dmPaperSize"},
+    {offsetof(DEVMODEA, dmCopies), 1, 999, "dmCopies"},
+    {offsetof(DEVMODEA, dmColor), 1, 2, "dmColor"},
+    {offsetof(DEVMODEA, dmDuplex), 1, 3, "dmDuplex"},
+};
+
+std::string FreeAsideName(const std::string& path) {
+    for (int n = 1; n < 1000; ++n) {
+        const std::string aside = path + ".bad" + std::to_string(n);
+        if (access(aside.c_str(), F_OK) != 0) return aside;
+    }
+    return path + ".bad";
+}
+
+}  // namespace
+
+bool ReadWholeFile(const std::string& path, size_t limit, std::string& bytes, std::string& error) {
+    const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (file < 0) {
+        error = SystemMessage(path);
+        return false;
+    }
+    bytes.resize(limit + 1);
+    size_t size = 0;
+    while (size < bytes.size()) {
+        const ssize_t got = read(file, bytes.data() + size, bytes.size() - size);
+        if (got < 0 && errno == EINTR) continue;
+        if (got < 0) {
+            error = SystemMessage(path);
+            close(file);
+            return false;
+        }
+        if (got == 0) break;
+        size += static_cast<size_t>(got);
+    }
+    close(file);
+    if (size > limit) {
+        error = path + ": larger than " + std::to_string(limit) + " bytes";
+        return false;
+    }
+    bytes.resize(size);
+    return true;
+}
+
+bool WriteWholeFile(const std::string& path, const void* bytes, size_t size, std::string& error) {
+    const std::string temporary = path + ".new" + std::to_string(getpid());
+    const int file = open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+    if (file < 0) {
+        error = SystemMessage(temporary);
+        return false;
+    }
+    size_t written = 0;
+    bool good = true;
+    while (good && written < size) {
+        const ssize_t put = write(file, static_cast<const char*>(bytes) + written, size - written);
+        if (put < 0 && errno == EINTR) continue;
+        good = put > 0;
+        if (good) written += static_cast<size_t>(put);
+    }
+    good = good && fsync(file) == 0;
+    if (!good) error = SystemMessage(temporary);
+    close(file);
+    if (good && rename(temporary.c_str(), path.c_str()) != 0) {
+        error = SystemMessage(path);
+        good = false;
+    }
+    if (!good) {
+        unlink(temporary.c_str());
+        return false;
+    }
+    // The new name is durable only when its folder is.
+    const std::string folder = path.substr(0, path.find_last_of('/'));
+    const int directory = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (directory >= 0) {
+        fsync(directory);
+        close(directory);
+    }
+    return true;
+}
+
+std::string CheckRecord(const BYTE* bytes, size_t size) {
+    if (size != kRecordBytes) {
+        return "has " + std::to_string(size) + " bytes, expected " + std::to_string(kRecordBytes);
+    }
+    DEVMODEA settings;
+    std::memcpy(&settings, bytes, sizeof settings);
+    if (settings.dmSize != sizeof(DEVMODEA)) {
+        return "dmSize is " + std::to_string(settings.dmSize) + ", expected " +
+               std::to_string(sizeof(DEVMODEA));
+    }
+    if (settings.dmDriverExtra != kRecordBytes - sizeof(DEVMODEA)) {
+        return "dmDriverExtra is " + std::to_string(settings.dmDriverExtra) + ", expected " +
+               std::to_string(kRecordBytes - sizeof(DEVMODEA));
+    }
+    for (const Bound& bound : kBounds) {
+        SHORT value = 0;
+        std::memcpy(&value, bytes + bound.offset, sizeof value);
+        if (value < bound.low || value > bound.high) {
+            return std::string(bound.name) + " is " + std::to_string(value) + ", expected " +
+                   std::to_string(bound.low) + " to " + std::to_string(bound.high);
+        }
+    }
+    return {};
+}
+
+RecordStore::RecordStore(const std::string& printerName)
+    : path_(kv::StateDirectory() + "/records/" + EscapedName(printerName) + ".record") {}
+
+bool RecordStore::Load(PrinterBlock& printer, Record& record, std::string& warning,
+                       std::string& error) {
+    std::string bytes, readError;
+    if (access(path_.c_str(), F_OK) == 0) {
+        std::string problem;
+        if (!ReadWholeFile(path_, kRecordBytes, bytes, readError)) {
+            problem = readError;
+        } else {
+            problem = CheckRecord(reinterpret_cast<const BYTE*>(bytes.data()), bytes.size());
+        }
+        if (problem.empty()) {
+            std::memcpy(record.data(), bytes.data(), kRecordBytes);
+            return true;
+        }
+        const std::string aside = FreeAsideName(path_);
+        const bool moved = rename(path_.c_str(), aside.c_str()) == 0;
+        warning = "stored settings refused (" + problem + "); the printer's defaults are used" +
+                  (moved ? ", the old file is kept as " + aside : std::string());
+    }
+    if (QDMGetStdDefaults(&printer, record.data(), nullptr) == 0) {
+        error = std::string("no default settings for printer \"") + printer.printerName + "\"";
+        return false;
+    }
+    return true;
+}
+
+bool RecordStore::Store(const Record& record, std::string& error) {
+    const std::string folder = path_.substr(0, path_.find_last_of('/'));
+    if (mkdir(folder.c_str(), 0700) != 0 && errno != EEXIST) {
+        error = SystemMessage(folder);
+        return false;
+    }
+    return WriteWholeFile(path_, record.data(), record.size(), error);
+}
+
+}  // namespace kvhost

@@ -1,0 +1,38 @@
+// Stored settings records: one file per printer in the state directory. A record is checked before it
+// is used or stored; a bad one is kept aside and the printer's defaults take its place.
+#pragma once
+
+#include <printer_block.h>
+#include <wingdi.h>
+
+#include <array>
+#include <string>
+
+namespace kvhost {
+
+constexpr unsigned kRecordBytes = 1296;
+using Record = std::array<BYTE, kRecordBytes>;
+
+// Says what is wrong with the bytes as a settings record; empty when nothing is.
+std::string CheckRecord(const BYTE* bytes, size_t size);
+
+class RecordStore {
+   public:
+    explicit RecordStore(const std::string& printerName);
+    const std::string& path() const { return path_; }
+
+    // The stored record, else the printer's defaults. `warning` tells of a record that was put
+    // aside. False with an error when there are no defaults either.
+    bool Load(PrinterBlock& printer, Record& record, std::string& warning, std::string& error);
+    // Atomic and durable: the old record or the new one, never half of either.
+    bool Store(const Record& record, std::string& error);
+
+   private:
+    std::string path_;
+};
+
+// Reads a whole file of at most `limit` bytes; false with an error otherwise.
+bool ReadWholeFile(const std::string& path, size_t limit, std::string& bytes, std::string& error);
+bool WriteWholeFile(const std::string& path, const void* bytes, size_t size, std::string& error);
+
+}  // namespace kvhost

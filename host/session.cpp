@@ -1,0 +1,93 @@
+// Opening a printer: first run, block, record, module, sheet.
+#include <host/session.h>
+
+#include <framework/core/install_printer.h>
+#include <host/host_paths.h>
+#include <platform/registry/state_directory.h>
+#include <platform/registry/state_store.h>
+#include <unistd.h>
+#include <windows.h>
+
+#include <cstdio>
+
+namespace kvhost {
+
+void PrintError(const std::string& text) { std::fprintf(stderr, "kvprefs: %s\n", text.c_str()); }
+void PrintWarning(const std::string& text) {
+    std::fprintf(stderr, "kvprefs: warning: %s\n", text.c_str());
+}
+
+std::string ModelsDirectory() {
+    const std::string program = ProgramDirectory();
+    for (const std::string& candidate :
+         {program + "/models", program + "/../share/kvprefs/models", std::string(kSourceModels)}) {
+        if (access((candidate + "/KVUIMOD.ini").c_str(), R_OK) == 0) return candidate;
+    }
+    return {};
+}
+
+bool Session::Open(const Options& options) {
+    if (kv::StateDirectory().empty()) {
+        PrintError(kv::NoStateDirectoryMessage());
+        return false;
+    }
+    std::string name = options.printer;
+    std::vector<kv::PrinterRecord> printers;
+    const DWORD listed = kv::StateStore::Get().ListPrinters(printers);
+    if (listed != ERROR_SUCCESS && listed != ERROR_FILE_NOT_FOUND) {
+        PrintError(kv::StateStore::Get().LastMessage());
+        return false;
+    }
+    std::string error;
+    if (printers.empty() && name.empty()) {
+        if (!kvcore::InstallPrinter(kvcore::kDriverName, "USB001", ModelsDirectory(), error)) {
+            PrintError(error);
+            return false;
+        }
+        name = kvcore::kDriverName;
+    }
+    if (name.empty()) name = printers.front().name;
+    if (!kvcore::MakePrinterBlock(name, printer_, error)) {
+        PrintError(error);
+        return false;
+    }
+    store_ = std::make_unique<RecordStore>(printer_.printerName);
+    std::string warning;
+    const bool loaded = store_->Load(printer_, record_, warning, error);
+    if (!warning.empty()) PrintWarning(warning);
+    if (!loaded) PrintError(error);
+    return loaded;
+}
+
+bool Session::LoadModule() {
+    std::string error;
+    if (module_ == nullptr) module_ = DriverModule::Load(DefaultModulePath(), error);
+    if (module_ == nullptr) PrintError(error);
+    return module_ != nullptr;
+}
+
+HWND Session::OpenHeadlessSheet() {
+    if (!LoadModule()) return nullptr;
+    request_ = {};
+    request_.printer = &printer_;
+    request_.record = record_.data();
+    request_.caption = printer_.printerName;
+    request_.extraPages = {{"TAB4", "DDMTAB4"}};
+    sheet_ = module_->CreateSheet(request_);
+    if (sheet_ == nullptr) PrintError("the property sheet could not be opened");
+    return sheet_;
+}
+
+void Session::CloseHeadlessSheet() {
+    if (sheet_ != nullptr && IsWindow(sheet_)) DestroyWindow(sheet_);
+    sheet_ = nullptr;
+}
+
+bool Session::StoreRecord() {
+    std::string error;
+    if (store_->Store(record_, error)) return true;
+    PrintError("settings not stored: " + error);
+    return false;
+}
+
+}  // namespace kvhost

@@ -1,0 +1,55 @@
+// One printer under the hands of the command line or the window: its block, its record, the loaded
+// module and, when needed, a headless sheet.
+#pragma once
+
+#include <host/record_store.h>
+#include <preferences_sheet.h>
+
+#include <memory>
+#include <string>
+
+namespace kvhost {
+
+// Exit statuses of the program.
+enum ExitStatus : int { kDone = 0, kRefused = 1, kBadInput = 2 };
+
+struct Options {
+    std::string printer;   // empty: the only or first one
+    bool json = false;
+};
+
+class Session {
+   public:
+    // Makes the first printer when there is none yet. False after printing why.
+    bool Open(const Options& options);
+    // Loads the module; only commands that need pages do.
+    bool LoadModule();
+    // Opens the sheet without a screen. Job Management is there too.
+    HWND OpenHeadlessSheet();
+    void CloseHeadlessSheet();
+    bool StoreRecord();
+
+    PrinterBlock& printer() { return printer_; }
+    Record& record() { return record_; }
+    RecordStore& store() { return *store_; }
+    DriverModule& module() { return *module_; }
+    HWND sheet() const { return sheet_; }
+    SheetRequest& request() { return request_; }
+
+   private:
+    PrinterBlock printer_{};
+    Record record_{};
+    std::unique_ptr<RecordStore> store_;
+    std::unique_ptr<DriverModule> module_;
+    SheetRequest request_;
+    HWND sheet_{};
+};
+
+// One line on standard error, "kvprefs: ..." before it.
+void PrintError(const std::string& text);
+void PrintWarning(const std::string& text);
+// Folder with the model's data, beside the program, in the share directory of an installation or in
+// the source tree of a build.
+std::string ModelsDirectory();
+
+}  // namespace kvhost

@@ -1,0 +1,90 @@
+// Build step: writes what the command line must know of the module's catalogue (control names, kinds,
+// values, setting fields) as a source file for the host. The module itself exports no table.
+#include <cstdio>
+
+#include "settings/item_catalogue.h"
+#include "settings/setting_field.h"
+
+namespace {
+
+using namespace kvui;
+
+const char* KindOf(const ControlItem& item) {
+    switch (item.type) {
+        case kItemText: return "text";
+        case kItemEdit: return "edit";
+        case kItemCombo: return "combo";
+        case kItemRadio: return "radio";
+        case kItemCheck: return "check";
+        case kItemButton: return "button";
+        case kItemList:
+        case kItemMaskList: return "list";
+        case kItemSlider: return "slider";
+        default: return "other";
+    }
+}
+
+// The stored value that stands for the left end of a slider.
+long SliderBase(const ControlItem& item) {
+    return item.slider != nullptr && item.slider->valueEditId != 3216 ? -50 : 0;
+}
+
+void WriteFields() {
+    std::puts("extern const Field kFields[] = {");
+    for (const SettingField& field : SettingFieldTable) {
+        std::printf("    {\"%s\", %#lx, %s},\n", field.name, static_cast<unsigned long>(field.location),
+                    field.type == kFieldPublicMask ? "false" : "true");
+    }
+    std::printf("};\nextern const unsigned kFieldCount = %zu;\n\n", kSettingFieldCount);
+}
+
+void WriteChoices() {
+    std::puts("namespace {\nconst Choice kChoices[] = {");
+    for (const ControlItem& item : kCatalogue) {
+        for (const SelectItem& entry : SelectEntries(item)) {
+            std::printf("    {%#lx, 0, \"%s\"},\n", static_cast<unsigned long>(entry.value), entry.name);
+        }
+        for (const RadioItem& button : RadioButtons(item)) {
+            std::printf("    {%#lx, %lu, \"%s\"},\n", static_cast<unsigned long>(button.value),
+                        static_cast<unsigned long>(button.buttonId), button.name);
+        }
+        if (item.check != nullptr && item.type == kItemCheck) {
+            std::printf("    {%#lx, 0, \"off\"}, {%#lx, 0, \"on\"},\n",
+                        static_cast<unsigned long>(item.check->clearedValue),
+                        static_cast<unsigned long>(item.check->checkedValue));
+        }
+    }
+    std::puts("    {0, 0, nullptr},\n};\n}  // namespace\n");
+}
+
+size_t ChoiceCount(const ControlItem& item) {
+    const size_t checks = item.check != nullptr && item.type == kItemCheck ? 2 : 0;
+    return SelectEntries(item).size() + RadioButtons(item).size() + checks;
+}
+
+void WriteControls() {
+    std::puts("extern const Control kControls[] = {");
+    size_t choice = 0;
+    for (const ControlItem& item : kCatalogue) {
+        const size_t count = ChoiceCount(item);
+        std::printf("    {%lu, \"%s\", \"%s\", \"%s\", \"%s\", %lu, %lu, %#lx, kChoices + %zu, %zu, "
+                    "%ld},\n",
+                    static_cast<unsigned long>(item.controlId), item.controlName, item.dialogName,
+                    KindOf(item), item.settingField, static_cast<unsigned long>(item.captionId),
+                    static_cast<unsigned long>(item.maskMode), static_cast<unsigned long>(item.mask),
+                    choice, count, SliderBase(item));
+        choice += count;
+    }
+    std::printf("};\nextern const unsigned kControlCount = %zu;\n", kCatalogueSize);
+}
+
+}  // namespace
+
+int main() {
+    std::puts("// Made by the build from the module's catalogue.\n#include <host/control_index.h>\n\n"
+              "namespace kvhost {\n");
+    WriteFields();
+    WriteChoices();
+    WriteControls();
+    std::puts("\n}  // namespace kvhost");
+}
