@@ -1,0 +1,32 @@
+// The commands of kvprefs; each answers the program's exit status.
+#pragma once
+
+#include <host/control_driver.h>
+#include <host/session.h>
+
+#include <string>
+#include <vector>
+
+namespace kvhost {
+
+ExitStatus RunOpen(const Options& options, int argc, char** argv);
+ExitStatus RunGet(const Options& options, const std::vector<std::string>& fields);
+ExitStatus RunSet(const Options& options, const std::vector<std::string>& pairs,
+                  ConflictPolicy policy);
+ExitStatus RunDefaults(const Options& options, const std::string& page);
+ExitStatus RunList(const Options& options, const std::string& page);
+ExitStatus RunShot(const Options& options, const std::string& folder, const std::string& page,
+                   double scale, bool rightToLeft);
+ExitStatus RunRecordExport(const Options& options, const std::string& file);
+ExitStatus RunRecordImport(const Options& options, const std::string& file);
+ExitStatus RunRecordDiff(const std::string& left, const std::string& right);
+ExitStatus RunPrinterList(const Options& options);
+ExitStatus RunPrinterAdd(const std::string& name, const std::string& port);
+ExitStatus RunPrinterRemove(const std::string& name);
+
+// "NAME=VALUE" lines of the fields that differ, in table order.
+std::vector<std::string> ChangedFields(const Record& before, const Record& after);
+// Index of the page that a dialog, template or caption names; -1 when none does.
+int PageIndexOfName(const std::string& name);
+
+}  // namespace kvhost

@@ -1,0 +1,67 @@
+// kvprefs open: the window. The Qt display is loaded here and nowhere else.
+#include <dlfcn.h>
+#include <host/commands/commands.h>
+#include <host/display_plugin.h>
+#include <host/host_paths.h>
+
+#include <cstdlib>
+
+namespace kvhost {
+namespace {
+
+bool HasDisplay() {
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+        const char* value = std::getenv(name);
+        if (value != nullptr && value[0] != '\0') return true;
+    }
+    return false;
+}
+
+using CreateDisplay = kv::Display* (*)(int*, char**, const char**);
+using DestroyDisplay = void (*)(kv::Display*);
+
+}  // namespace
+
+ExitStatus RunOpen(const Options& options, int argc, char** argv) {
+    if (!HasDisplay()) {
+        PrintError("no display to open a window on; `kvprefs list`, `get` and `set` show and change "
+                   "the same settings, `kvprefs shot DIR` draws the pages to files");
+        return kRefused;
+    }
+    const std::string path = QtDisplayPath();
+    void* plugin = path.empty() ? nullptr : dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
+    const auto create = plugin != nullptr
+                            ? reinterpret_cast<CreateDisplay>(dlsym(plugin, "KvCreateQtDisplay"))
+                            : nullptr;
+    const auto destroy = plugin != nullptr
+                             ? reinterpret_cast<DestroyDisplay>(dlsym(plugin, "KvDestroyQtDisplay"))
+                             : nullptr;
+    if (create == nullptr || destroy == nullptr) {
+        const char* why = plugin == nullptr && !path.empty() ? dlerror() : nullptr;
+        PrintError(std::string("the window needs the Qt display plugin (libkvdisplay-qt.so), which "
+                               "could not be loaded") +
+                   (why != nullptr ? std::string(": ") + why : std::string()));
+        return kRefused;
+    }
+    Session session;
+    if (!session.Open(options) || !session.LoadModule()) return kBadInput;
+    const char* error = nullptr;
+    kv::Display* display = create(&argc, argv, &error);
+    if (display == nullptr) {
+        PrintError(error != nullptr ? error : "the display could not be opened");
+        return kRefused;
+    }
+    kv::UseDisplay(display);
+    bool stored = true;
+    SheetRequest request;
+    request.printer = &session.printer();
+    request.record = session.record().data();
+    request.caption = session.printer().printerName;
+    request.applied = [&](bool) { stored = session.StoreRecord(); };
+    const INT_PTR result = session.module().RunSheet(request);
+    kv::UseDisplay(nullptr);
+    destroy(display);
+    return result >= 0 && stored ? kDone : kRefused;
+}
+
+}  // namespace kvhost

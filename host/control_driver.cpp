@@ -1,0 +1,384 @@
+// Driving controls through the input layer.
+#include <host/control_driver.h>
+
+#include <commctrl.h>
+#include <platform/display/headless.h>
+#include <platform/window/input.h>
+#include <platform/window/window.h>
+#include <prsht.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cctype>
+#include <charconv>
+#include <cstdio>
+#include <cstring>
+#include <optional>
+#include <utility>
+
+namespace kvhost {
+namespace {
+
+struct PageRow {
+    const char* dialogName;
+    const char* templateName;
+};
+// In the order of the sheet's pages.
+constexpr PageRow kPages[kSheetPages] = {
+    {"DLGTAB0", "TAB0R"},      {"DLGTAB1", "TAB1R"}, {"DLGTABOVER", "TABOVERLAY"},
+    {"DLGTABWM", "TABWM"},     {"DLGTAB2", "TAB2R"}, {"DLGTAB3", "TAB3"},
+    {"DLGTABVERSION", "TABVERSION"}, {"DLGTAB4", "TAB4"},
+};
+
+// Sub-dialogs that a control of a page opens: dialog name, opener.
+struct OpenerRow {
+    const char* dialogName;
+    const char* opener;
+};
+constexpr OpenerRow kOpeners[] = {
+    {"_LBPFIRSTPAGE", "Chk1stPageSource"},
+};
+
+constexpr int kConflictResolve = 9416;
+
+std::optional<long> NumberOf(const std::string& text) {
+    const bool hex = text.size() > 2 && text[0] == '0' && (text[1] == 'x' || text[1] == 'X');
+    const char* first = text.data() + (hex ? 2 : (!text.empty() && text[0] == '+' ? 1 : 0));
+    const char* last = text.data() + text.size();
+    long long value = 0;
+    const auto result = std::from_chars(first, last, value, hex ? 16 : 10);
+    if (result.ec != std::errc() || result.ptr != last || first == last) return std::nullopt;
+    if (value < -0x80000000LL || value > 0xFFFFFFFFLL) return std::nullopt;
+    return static_cast<long>(value);
+}
+
+std::string Lower(std::string text) {
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return text;
+}
+
+std::string WithoutMnemonic(std::string text) {
+    const size_t at = text.find('&');
+    if (at != std::string::npos) text.erase(at, 1);
+    return text;
+}
+
+// "A5" names "A5 (148 x 210 mm)".
+bool CaptionMatches(const std::string& caption, const std::string& wanted) {
+    const std::string plain = Lower(WithoutMnemonic(caption));
+    const std::string text = Lower(wanted);
+    return plain == text || plain.substr(0, plain.find(" (")) == text;
+}
+
+std::string Quoted(const std::string& text) { return "\"" + text + "\""; }
+
+SetOutcome Refuse(ExitStatus status, const std::string& error) { return {status, error, {}}; }
+
+// Index of the offered choice that a value names; captions first, then names, then numbers.
+int FindChoice(const Control& control, const std::vector<ChoiceText>& offered,
+               const std::string& value) {
+    for (size_t i = 0; i < offered.size(); ++i) {
+        if (CaptionMatches(offered[i].text, value)) return static_cast<int>(i);
+    }
+    std::optional<DWORD> number;
+    for (unsigned i = 0; i < control.choiceCount; ++i) {
+        if (control.choices[i].name[0] != '\0' && value == control.choices[i].name) {
+            number = control.choices[i].value;
+        }
+    }
+    if (!number) {
+        if (const auto typed = NumberOf(value)) number = static_cast<DWORD>(*typed);
+    }
+    for (size_t i = 0; number && i < offered.size(); ++i) {
+        if (offered[i].value == *number) return static_cast<int>(i);
+    }
+    return -1;
+}
+
+std::string OfferText(const std::vector<ChoiceText>& offered) {
+    std::string text;
+    for (const ChoiceText& choice : offered) {
+        text += (text.empty() ? "" : ", ") + std::to_string(static_cast<LONG>(choice.value)) + " " +
+                Quoted(WithoutMnemonic(choice.text));
+    }
+    return text.empty() ? "nothing" : text;
+}
+
+std::string ListText(HWND window, UINT lengthMessage, UINT textMessage, int index) {
+    const LRESULT length = SendMessageA(window, lengthMessage, index, 0);
+    if (length < 0) return {};
+    std::string text(static_cast<size_t>(length) + 1, '\0');
+    SendMessageA(window, textMessage, index, reinterpret_cast<LPARAM>(text.data()));
+    text.resize(static_cast<size_t>(length));
+    return text;
+}
+
+bool IsListBox(HWND window) { return kv::KindOf(window) == "list"; }
+
+// Leaves an edit, so that it is read back.
+void LeaveEdit(HWND window) {
+    const HWND root = kv::RootOf(window);
+    for (const int id : {IDOK, IDCANCEL}) {
+        const HWND button = GetDlgItem(root, id);
+        if (button != nullptr && kv::input::Focus(button)) return;
+    }
+    kv::input::Key(VK_TAB);
+}
+
+}  // namespace
+
+int PageIndexOfDialog(std::string_view dialogName) {
+    for (int i = 0; i < kSheetPages; ++i) {
+        if (dialogName == kPages[i].dialogName) return i;
+    }
+    return -1;
+}
+
+const char* PageTemplate(int index) { return kPages[index].templateName; }
+
+std::string WindowText(HWND window) {
+    std::string text(static_cast<size_t>(std::max(GetWindowTextLengthA(window), 0)) + 1, '\0');
+    const int length = GetWindowTextA(window, text.data(), static_cast<int>(text.size()));
+    text.resize(static_cast<size_t>(std::max(length, 0)));
+    return text;
+}
+
+ControlDriver::ControlDriver(Session& session, ConflictPolicy policy)
+    : session_(session), policy_(policy) {
+    kv::Headless().SetPolicy([this](HWND dialog) { AnswerDialog(dialog); });
+}
+
+ControlDriver::~ControlDriver() { kv::Headless().SetPolicy(nullptr); }
+
+HWND ControlDriver::WindowOf(const Control& control) {
+    const int index = PageIndexOfDialog(control.dialog);
+    if (index < 0) return nullptr;
+    kv::input::SelectPage(session_.sheet(), index);
+    const HWND page =
+        reinterpret_cast<HWND>(SendMessageA(session_.sheet(), PSM_INDEXTOHWND, index, 0));
+    return page != nullptr ? GetDlgItem(page, static_cast<int>(control.id)) : nullptr;
+}
+
+std::vector<ChoiceText> ControlDriver::ChoicesOf(const Control& control, HWND window) {
+    std::vector<ChoiceText> choices;
+    const std::string_view kind = control.kind;
+    if (kind == "combo" || kind == "list") {
+        const bool list = IsListBox(window);
+        const LRESULT count = SendMessageA(window, list ? LB_GETCOUNT : CB_GETCOUNT, 0, 0);
+        for (LRESULT i = 0; i < count; ++i) {
+            const int index = static_cast<int>(i);
+            choices.push_back(
+                {static_cast<DWORD>(
+                     SendMessageA(window, list ? LB_GETITEMDATA : CB_GETITEMDATA, index, 0)),
+                 list ? ListText(window, LB_GETTEXTLEN, LB_GETTEXT, index)
+                      : ListText(window, CB_GETLBTEXTLEN, CB_GETLBTEXT, index)});
+        }
+        return choices;
+    }
+    for (unsigned i = 0; i < control.choiceCount; ++i) {
+        const Choice& choice = control.choices[i];
+        const HWND button =
+            choice.buttonId != 0 ? GetDlgItem(GetParent(window), static_cast<int>(choice.buttonId))
+                                 : nullptr;
+        if (choice.buttonId != 0 && button == nullptr) continue;
+        choices.push_back({choice.value, button != nullptr ? WindowText(button) : choice.name});
+    }
+    return choices;
+}
+
+std::string ControlDriver::ShownText(const Control& control, HWND window) {
+    const std::string_view kind = control.kind;
+    if (kind == "combo" || kind == "list") {
+        const bool list = IsListBox(window);
+        const LRESULT index = SendMessageA(window, list ? LB_GETCURSEL : CB_GETCURSEL, 0, 0);
+        if (index < 0) return {};
+        return list ? ListText(window, LB_GETTEXTLEN, LB_GETTEXT, static_cast<int>(index))
+                    : ListText(window, CB_GETLBTEXTLEN, CB_GETLBTEXT, static_cast<int>(index));
+    }
+    if (kind == "radio") {
+        for (unsigned i = 0; i < control.choiceCount; ++i) {
+            const HWND button =
+                GetDlgItem(GetParent(window), static_cast<int>(control.choices[i].buttonId));
+            if (SendMessageA(button, BM_GETCHECK, 0, 0) == BST_CHECKED) {
+                return WithoutMnemonic(WindowText(button));
+            }
+        }
+        return {};
+    }
+    if (kind == "check") {
+        return SendMessageA(window, BM_GETCHECK, 0, 0) == BST_CHECKED ? "on" : "off";
+    }
+    if (kind == "slider") return std::to_string(SendMessageA(window, TBM_GETPOS, 0, 0));
+    return WithoutMnemonic(WindowText(window));
+}
+
+SetOutcome ControlDriver::Set(const Control& control, const std::string& value) {
+    notes_.clear();
+    conflictCancelled_ = false;
+    SetOutcome outcome;
+    if (PageIndexOfDialog(control.dialog) >= 0) {
+        const HWND window = WindowOf(control);
+        outcome = window != nullptr
+                      ? SetOnPage(control, value, window)
+                      : Refuse(kRefused, std::string(control.name) + ": this printer's pages do not "
+                                                                     "offer it");
+    } else {
+        outcome = SetInSubDialog(control, value);
+    }
+    if (outcome.status == kDone && conflictCancelled_) {
+        outcome.status = kRefused;
+        outcome.error = std::string(control.name) + "=" + value + ": refused, it conflicts with "
+                                                                  "another setting";
+    }
+    outcome.notes.insert(outcome.notes.begin(), notes_.begin(), notes_.end());
+    return outcome;
+}
+
+SetOutcome ControlDriver::SetOnPage(const Control& control, const std::string& value, HWND window) {
+    const std::string name = control.name;
+    const std::string_view kind = control.kind;
+    if (kind == "text") return Refuse(kBadInput, name + " is a caption, it has no value");
+    const std::vector<ChoiceText> offered = ChoicesOf(control, window);
+    const auto unreachable = [&](HWND target) {
+        const char* state = IsWindowVisible(target) ? " is disabled now" : " is not shown";
+        return Refuse(kRefused, name + state);
+    };
+    if (kind == "button") {
+        if (!kv::input::Click(window)) return unreachable(window);
+        return {};
+    }
+    if (kind == "edit") {
+        if (!kv::input::Focus(window)) return unreachable(window);
+        kv::input::SetEditText(window, value, static_cast<int>(value.size()),
+                               static_cast<int>(value.size()));
+        LeaveEdit(window);
+        SetOutcome outcome;
+        const std::string shown = WindowText(window);
+        if (shown != value) outcome.notes.push_back(name + "=" + value + ": stored as " + shown);
+        return outcome;
+    }
+    if (kind == "slider") {
+        const auto number = NumberOf(value);
+        if (!number) return Refuse(kBadInput, name + ": " + Quoted(value) + " is not a number");
+        const LONG low = static_cast<LONG>(SendMessageA(window, TBM_GETRANGEMIN, 0, 0));
+        const LONG high = static_cast<LONG>(SendMessageA(window, TBM_GETRANGEMAX, 0, 0));
+        const long wanted = *number - control.sliderBase;
+        const LONG position = static_cast<LONG>(std::clamp<long>(wanted, low, high));
+        if (!kv::input::DragTo(window, position)) return unreachable(window);
+        SetOutcome outcome;
+        if (position != wanted) {
+            outcome.notes.push_back(name + "=" + value + ": stored as " +
+                                    std::to_string(position + control.sliderBase));
+        }
+        return outcome;
+    }
+    int index = FindChoice(control, offered, value);
+    if (index < 0) {
+        return Refuse(kBadInput, name + ": " + Quoted(value) + " is not offered; expected one of " +
+                                     OfferText(offered));
+    }
+    if (kind == "radio") {
+        HWND button = nullptr;
+        for (unsigned i = 0; i < control.choiceCount; ++i) {
+            if (control.choices[i].value == offered[index].value) {
+                button = GetDlgItem(GetParent(window), static_cast<int>(control.choices[i].buttonId));
+            }
+        }
+        if (!kv::input::Click(button)) return unreachable(button);
+        return {};
+    }
+    if (kind == "check") {
+        const bool on = SendMessageA(window, BM_GETCHECK, 0, 0) == BST_CHECKED;
+        const bool wanted = index == 1;
+        if (!kv::input::CanReach(window)) return unreachable(window);
+        if (on != wanted) kv::input::Click(window);
+        return {};
+    }
+    if (!kv::input::Choose(window, index)) return unreachable(window);
+    return {};
+}
+
+// A sub-dialog is opened by pressing its opener on the page; AnswerDialog then finds the pending
+// control in it and presses OK, or Cancel when it was refused.
+SetOutcome ControlDriver::SetInSubDialog(const Control& control, const std::string& value) {
+    const auto* opener = std::find_if(
+        std::begin(kOpeners), std::end(kOpeners),
+        [&](const OpenerRow& row) { return std::strcmp(row.dialogName, control.dialog) == 0; });
+    if (opener == std::end(kOpeners)) {
+        return Refuse(kRefused, std::string(control.name) + ": no page opens its dialog");
+    }
+    const Control* button = FindControl(opener->opener);
+    const HWND window = button != nullptr ? WindowOf(*button) : nullptr;
+    pending_ = &control;
+    pendingValue_ = value;
+    pendingOutcome_ = Refuse(kRefused, std::string(control.name) + ": its dialog did not open");
+    if (window != nullptr) {
+        // A check box opens its dialog when it is turned on.
+        const bool isCheck = std::string_view(button->kind) == "check";
+        if (isCheck && SendMessageA(window, BM_GETCHECK, 0, 0) == BST_CHECKED) {
+            kv::input::Click(window);
+        }
+        kv::input::Click(window);
+    }
+    pending_ = nullptr;
+    return pendingOutcome_;
+}
+
+void ControlDriver::AnswerDialog(HWND dialog) {
+    const std::string caption = WindowText(dialog);
+    constexpr int kMessageText = 0xFFFF;
+    const HWND message = GetDlgItem(dialog, kMessageText);
+    const bool isConflict =
+        GetDlgItem(dialog, kConflictResolve) != nullptr || caption == "Conflicts";
+    if (isConflict) {
+        std::string text = message != nullptr ? WindowText(message) : std::string();
+        for (const int id : {9410, 9411, 9412, 9413, 9415}) {
+            const HWND part = GetDlgItem(dialog, id);
+            if (part != nullptr) text += (text.empty() ? "" : " | ") + WindowText(part);
+        }
+        AnswerConflict(dialog, text);
+        return;
+    }
+    if (pending_ != nullptr && message == nullptr) {
+        const HWND window = GetDlgItem(dialog, static_cast<int>(pending_->id));
+        if (window != nullptr) {
+            const Control& control = *std::exchange(pending_, nullptr);
+            pendingOutcome_ = SetOnPage(control, pendingValue_, window);
+        }
+        kv::input::Click(
+            GetDlgItem(dialog, pendingOutcome_.status == kDone ? IDOK : IDCANCEL));
+        return;
+    }
+    if (message != nullptr) notes_.push_back(caption + ": " + WindowText(message));
+    for (const int id : {IDOK, IDYES, IDCLOSE, IDCANCEL}) {
+        if (kv::input::Click(GetDlgItem(dialog, id))) return;
+    }
+    kv::input::Close(dialog);
+}
+
+void ControlDriver::AnswerConflict(HWND dialog, const std::string& text) {
+    HWND resolve = GetDlgItem(dialog, kConflictResolve);
+    if (resolve == nullptr && GetDlgItem(dialog, IDCANCEL) != nullptr) {
+        resolve = GetDlgItem(dialog, IDOK);
+    }
+    bool accept = policy_ == ConflictPolicy::kResolve;
+    if (policy_ == ConflictPolicy::kAsk && isatty(STDIN_FILENO)) {
+        std::fprintf(stderr, "%s\nResolve or Cancel? [r/C] ", text.c_str());
+        const int answer = std::getchar();
+        for (int c = answer; c != '\n' && c != EOF;) c = std::getchar();
+        accept = answer == 'r' || answer == 'R';
+    }
+    accept = accept && resolve != nullptr && IsWindowEnabled(resolve);
+    notes_.push_back(std::string(accept ? "conflict resolved: " : "conflict: ") + text);
+    if (accept && kv::input::Click(resolve)) return;
+    conflictCancelled_ = true;
+    for (const int id : {IDCANCEL, IDOK}) {
+        if (kv::input::Click(GetDlgItem(dialog, id))) return;
+    }
+    kv::input::Close(dialog);
+}
+
+bool ControlDriver::Accept() { return SendMessageA(session_.sheet(), PSM_APPLY, 0, 0) != FALSE; }
+
+}  // namespace kvhost

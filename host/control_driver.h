@@ -1,0 +1,67 @@
+// Sets controls of a headless sheet the way a person would, and answers the dialogs that come up by
+// policy.
+#pragma once
+
+#include <host/control_index.h>
+#include <host/session.h>
+
+#include <string>
+#include <vector>
+
+namespace kvhost {
+
+enum class ConflictPolicy { kAsk, kResolve, kCancel };
+
+struct SetOutcome {
+    ExitStatus status = kDone;
+    std::string error;               // why it was refused
+    std::vector<std::string> notes;  // clamped values, conflicts met and how they ended
+};
+
+struct ChoiceText {
+    DWORD value;
+    std::string text;
+};
+
+class ControlDriver {
+   public:
+    ControlDriver(Session& session, ConflictPolicy policy);
+    ~ControlDriver();
+
+    // Sets one control; `value` is an entry's caption, its name or a number.
+    SetOutcome Set(const Control& control, const std::string& value);
+    // Presses OK and answers whether the sheet accepted.
+    bool Accept();
+
+    // The control's window; its page is created when necessary. Null when no page has it.
+    HWND WindowOf(const Control& control);
+    // What a control offers and shows now.
+    static std::vector<ChoiceText> ChoicesOf(const Control& control, HWND window);
+    static std::string ShownText(const Control& control, HWND window);
+    std::vector<std::string>& notes() { return notes_; }
+
+   private:
+    void AnswerDialog(HWND dialog);
+    void AnswerConflict(HWND dialog, const std::string& text);
+    SetOutcome SetOnPage(const Control& control, const std::string& value, HWND window);
+    SetOutcome SetInSubDialog(const Control& control, const std::string& value);
+
+    Session& session_;
+    ConflictPolicy policy_;
+    std::vector<std::string> notes_;
+    bool conflictCancelled_ = false;
+    // While a sub-dialog is being driven: what to set in it.
+    const Control* pending_ = nullptr;
+    std::string pendingValue_;
+    SetOutcome pendingOutcome_;
+};
+
+// Template and order of the pages of a sheet; -1 when the dialog is no page.
+int PageIndexOfDialog(std::string_view dialogName);
+const char* PageTemplate(int index);
+constexpr int kSheetPages = 8;
+
+// Text of a window, any length.
+std::string WindowText(HWND window);
+
+}  // namespace kvhost
