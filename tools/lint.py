@@ -1,0 +1,115 @@
+#!/usr/bin/env python3
+"""Checks the house rules that a compiler does not.
+
+Without arguments: who includes whom, and that every folder has its five-line README.
+With --linked DIR: which libraries the built programs link, and what the module exports.
+Prints one line per fault; exit status 1 when there is any.
+"""
+import pathlib
+import re
+import subprocess
+import sys
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+SOURCES = {".cpp", ".h", ".c", ".inc"}
+
+# layer -> layers whose headers it may include
+ALLOWED = {
+    "module": {"module", "framework", "platform"},
+    "framework": {"framework", "platform"},
+    "platform": {"platform"},
+    "host": {"host", "framework", "platform"},
+}
+# The module sees the layers below only through these folders.
+MODULE_SEES = {"framework/include", "platform/include"}
+# Headers of the host system that the module must do without.
+NOT_IN_MODULE = re.compile(r"<(unistd|fcntl|sys/|dlfcn|pthread|Q[A-Z]|gtk|png|sqlite3)")
+README_LINES = ("Purpose:", "Start at:", "May use:", "Must not hold:", "Tests:")
+
+
+def header_index():
+    """Header path as it may be written -> layer folder it lies in."""
+    index = {}
+    for layer in ALLOWED:
+        for path in (ROOT / layer).rglob("*.h"):
+            index.setdefault(path.name, set()).add(path.relative_to(ROOT).as_posix())
+    return index
+
+
+def include_faults():
+    index = header_index()
+    for layer, allowed in ALLOWED.items():
+        for path in sorted((ROOT / layer).rglob("*")):
+            if path.suffix not in SOURCES:
+                continue
+            where = path.relative_to(ROOT).as_posix()
+            for number, line in enumerate(path.read_text(errors="replace").splitlines(), 1):
+                match = re.match(r'\s*#\s*include\s*([<"])([^>"]+)[>"]', line)
+                if not match:
+                    continue
+                name = match.group(2)
+                found = [h for h in index.get(pathlib.PurePath(name).name, ())
+                         if h.endswith("/" + name) or h == name]
+                layers = {h.split("/")[0] for h in found}
+                if layers and not layers & allowed:
+                    yield f"{where}:{number}: {layer} includes {name} of {sorted(layers)[0]}"
+                if layer != "module" or where.startswith("module/resources/draw"):
+                    continue
+                if NOT_IN_MODULE.match(f"<{name}"):
+                    yield f"{where}:{number}: the module includes {name}, which its platform lacks"
+                if found and "module" not in layers and not any(
+                        h.startswith(folder) for h in found for folder in MODULE_SEES):
+                    yield f"{where}:{number}: the module includes the inner header {name}"
+
+
+def readme_faults():
+    for layer in [*ALLOWED, "tests", "bench", "tools", "models"]:
+        for folder in sorted([ROOT / layer, *(ROOT / layer).iterdir()]):
+            if not folder.is_dir() or not any(f.suffix in SOURCES | {".py", ".rc", ".ini"}
+                                              for f in folder.iterdir() if f.is_file()):
+                continue
+            where = folder.relative_to(ROOT).as_posix()
+            readme = folder / "README.md"
+            if not readme.is_file():
+                yield f"{where}: no README.md"
+                continue
+            lines = [line for line in readme.read_text().splitlines() if line.strip()]
+            starts = [line.split(":")[0] + ":" for line in lines]
+            if starts != list(README_LINES):
+                yield f"{where}/README.md: expected five lines: {' '.join(README_LINES)}"
+
+
+def linked_faults(folder):
+    bin_dir = pathlib.Path(folder)
+    for name in ("kvprefs", "libkvuimod.so", "libkvplatform.so"):
+        out = subprocess.run(["ldd", bin_dir / name], capture_output=True, text=True).stdout
+        for line in out.splitlines():
+            if "libQt" in line:
+                yield f"{name} links {line.split()[0]}"
+    wanted = set((ROOT / "module/exports.map").read_text().split())
+    out = subprocess.run(["nm", "-D", "--defined-only", bin_dir / "libkvuimod.so"],
+                         capture_output=True, text=True, check=True).stdout
+    exported = {line.split()[-1] for line in out.splitlines()}
+    for name in sorted(exported - wanted):
+        yield f"libkvuimod.so exports {name}, which exports.map does not name"
+    for name in sorted(wanted - exported):
+        yield f"libkvuimod.so does not export {name}"
+    if not exported:
+        yield "libkvuimod.so exports nothing"
+
+
+def main():
+    if len(sys.argv) == 3 and sys.argv[1] == "--linked":
+        faults = list(linked_faults(sys.argv[2]))
+    elif len(sys.argv) == 1:
+        faults = [*include_faults(), *readme_faults()]
+    else:
+        print(__doc__)
+        return 2
+    for fault in faults:
+        print(f"lint: {fault}")
+    return 1 if faults else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

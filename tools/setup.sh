@@ -1,0 +1,61 @@
+#!/usr/bin/env bash
+# Installs what building, running and testing need and this machine lacks; says what and why.
+# Usage: tools/setup.sh [build|test|bench]...   (default: build)
+set -euo pipefail
+
+# package: why it is needed
+build_packages=(
+    "g++: compiler"
+    "cmake: build system"
+    "ninja-build: build tool"
+    "pkg-config: finds libraries"
+    "binutils-mingw-w64-x86-64: windres, the resource compiler"
+    "libsqlite3-dev: store of printers and registry"
+    "libfreetype-dev: text"
+    "libfontconfig-dev: font matching"
+    "libcairo2-dev: draws the module's pictures"
+    "libpng-dev: picture files"
+    "libcli11-dev: command line"
+    "nlohmann-json3-dev: JSON output"
+    "qt6-base-dev: the window"
+    "fonts-liberation: fonts of the pictures"
+)
+test_packages=(
+    "libgtest-dev: tests"
+    "libgmock-dev: tests"
+    "python3: lint"
+    "xvfb: tests of the window"
+    "xauth: tests of the window"
+)
+bench_packages=(
+    "libbenchmark-dev: benchmarks"
+    "libglib2.0-dev: peer of the rules file reader"
+    "libcups2-dev: peer of the conflict check"
+    "libpixman-1-dev: peer of the raster code"
+)
+
+wanted=()
+for group in "${@:-build}"; do
+    declare -n rows="${group}_packages"
+    wanted+=("${rows[@]}")
+done
+
+installed=$(dpkg-query -W -f '${Package} ${db:Status-Abbrev}\n' 2>/dev/null |
+            awk '$2 ~ /^ii/ {print $1}' || true)
+missing=()
+for row in "${wanted[@]}"; do
+    package=${row%%:*}
+    if ! grep -qxF -- "$package" <<<"$installed"; then
+        echo "setup: installing $package (${row#*: })"
+        missing+=("$package")
+    fi
+done
+[ ${#missing[@]} -eq 0 ] && exit 0
+
+as_root=()
+if [ "$(id -u)" -ne 0 ]; then
+    as_root=(sudo)
+fi
+"${as_root[@]}" apt-get update -qq
+DEBIAN_FRONTEND=noninteractive "${as_root[@]}" apt-get install -y -qq --no-install-recommends \
+    "${missing[@]}" >/dev/null
