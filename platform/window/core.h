@@ -8,6 +8,7 @@
 
 #include <new>
 #include <stdexcept>
+#include <utility>
 
 namespace kv {
 

@@ -16,7 +16,7 @@ void SetStyleBit(Window& window, DWORD bit, bool on) {
 unsigned Word(LONG value) { return static_cast<unsigned>(value) & 0xFFFFu; }
 
 // Both messages follow the change, and only what changed is sent.
-void Place(Window& window, const RECT& to) {
+void MoveRecord(Window& window, const RECT& to) {
     const RECT from = window.rect;
     const bool moved = from.left != to.left || from.top != to.top;
     const LONG width = to.right - to.left;
@@ -125,7 +125,7 @@ BOOL WINAPI SetWindowPos(HWND handle, HWND insertAfter, int x, int y, int width,
         to.right = to.left + std::max(width, 0);
         to.bottom = to.top + std::max(height, 0);
     }
-    Place(*window, to);
+    MoveRecord(*window, to);
     if ((flags & (SWP_SHOWWINDOW | SWP_HIDEWINDOW)) != 0 && FindWindowRecord(handle)) {
         ShowWindow(handle, (flags & SWP_SHOWWINDOW) != 0 ? SW_SHOW : SW_HIDE);
     }

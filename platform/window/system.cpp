@@ -5,6 +5,7 @@
 #include <platform/window/input.h>
 
 #include <array>
+#include <utility>
 
 namespace kv {
 namespace {

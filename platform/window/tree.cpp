@@ -195,7 +195,9 @@ HWND WINAPI GetWindow(HWND handle, UINT command) {
 
 HWND WINAPI GetDesktopWindow() {
     static const HWND desktop = [] {
-        static WindowClass desktopClass{.name = "#32769", .procedure = DefWindowProcA};
+        static WindowClass desktopClass;
+        desktopClass.name = "#32769";
+        desktopClass.procedure = DefWindowProcA;
         Window& window = AddWindowRecord();
         window.windowClass = &desktopClass;
         window.procedure = desktopClass.procedure;
