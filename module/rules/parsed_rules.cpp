@@ -81,7 +81,6 @@ const ControlItem* TriggerOfRuleKey(const char* ruleKey) {
 }
 
 std::int8_t EntryNamed(const GrayOutIndex& index, const char* name) {
-    if (*name == '\0') return -1;
     for (LONG i = 0; i < index.count; ++i) {
         if (std::strcmp(index.entries[i].targetName, name) == 0) return static_cast<std::int8_t>(i);
     }

@@ -3,6 +3,7 @@
 //   set FIELD VALUE          puts a value into the record
 //   answer resolve|cancel [N]  answers the next N questions (unanswered ones are cancelled)
 //   choose CONTROL VALUE     what a page does: writes, checks conflicts, writes back when refused
+//   check CONTROL            checks the control's present value, without the page's write and undo
 //   gray CONTROL             runs the control's gray-out rules
 //   button ITEM LIST VALUE   grays a button of a list dialog by the selected entry
 //   hide CONTROL             hides the control by its line
@@ -155,6 +156,12 @@ class CaseRun {
         } else if (verb == "choose") {
             words >> value;
             Choose(name, value);
+        } else if (verb == "check") {
+            const std::vector<DWORD> before = Fields();
+            const int result =
+                ResolveConflicts(sheet_.context, ControlIdByName(name.c_str()), nullptr);
+            output_ << "  " << (result == 1 ? "accepted" : "refused") << "\n";
+            PrintChanges(before);
         } else if (verb == "condition") {
             output_ << "  "
                     << (EvaluateAddCondition(sheet_.context, name.c_str()) ? "true" : "false")
