@@ -184,6 +184,7 @@ LRESULT OnDefault(Window& window, UINT message, WPARAM wParam, LPARAM lParam) {
 LRESULT ButtonProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
     Window* window = WindowFromHandle(handle);
     if (!window) return 0;
+    if (AsksForHelp(message, wParam)) return DefWindowProcA(handle, message, wParam, lParam);
     switch (message) {
         case WM_GETDLGCODE:
             return KindFor(*window).dialogCode;

@@ -227,10 +227,7 @@ void FinishEdit(HWND handle, EditOutcome outcome) {
 LRESULT OnKeyDown(Window& window, int virtualKey) {
     const HWND handle = window.handle;
     ComboState& state = StateFor(window);
-    const bool alt = KeyIsDown(VK_MENU);
-    if (virtualKey == VK_F4 || (alt && (virtualKey == VK_UP || virtualKey == VK_DOWN))) {
-        return Toggle(handle), 0;
-    }
+    if (virtualKey == VK_F4) return Toggle(handle), 0;
     if (state.dropped && virtualKey == VK_RETURN) return CloseList(handle, Ending::kAccept), 0;
     if (state.dropped && virtualKey == VK_ESCAPE) return CloseList(handle, Ending::kCancel), 0;
     const int destination = Destination(window, state, virtualKey);
@@ -421,6 +418,7 @@ bool EntryMessage(Window& window, UINT message, WPARAM wParam, LPARAM lParam, LR
 LRESULT ComboBoxProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
     Window* window = WindowFromHandle(handle);
     if (!window) return 0;
+    if (AsksForHelp(message, wParam)) return DefWindowProcA(handle, message, wParam, lParam);
     LRESULT result = 0;
     if (EntryMessage(*window, message, wParam, lParam, result)) return result;
     switch (message) {

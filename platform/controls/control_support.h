@@ -23,6 +23,10 @@ inline const char* TextOf(LPARAM text) {
     return text ? reinterpret_cast<const char*>(text) : "";
 }
 
+// F1 asks for help in every control; that is the default procedure's work.
+inline bool AsksForHelp(UINT message, WPARAM wParam) {
+    return message == WM_KEYDOWN && wParam == VK_F1;
+}
 inline bool KeyIsDown(int virtualKey) {
     return GetKeyState(virtualKey) < 0;
 }

@@ -171,6 +171,7 @@ LRESULT OnCreate(Window& window) {
 LRESULT EditProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
     Window* window = WindowFromHandle(handle);
     if (!window) return 0;
+    if (AsksForHelp(message, wParam)) return DefWindowProcA(handle, message, wParam, lParam);
     switch (message) {
         case WM_CREATE:
             return OnCreate(*window);

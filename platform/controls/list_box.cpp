@@ -400,6 +400,7 @@ bool EntryMessage(Window& window, UINT message, WPARAM wParam, LPARAM lParam, LR
 LRESULT ListBoxProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
     Window* window = WindowFromHandle(handle);
     if (!window) return 0;
+    if (AsksForHelp(message, wParam)) return DefWindowProcA(handle, message, wParam, lParam);
     LRESULT result = 0;
     if (EntryMessage(*window, message, wParam, lParam, result)) return result;
     switch (message) {

@@ -3,11 +3,11 @@
 #include <platform/controls/classes.h>
 #include <platform/controls/control_support.h>
 #include <platform/controls/sheet_state.h>
-#include <platform/display/display.h>
+#include <platform/dialog/create_dialog.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <cstring>
+#include <string>
 
 namespace kv {
 namespace {
@@ -64,7 +64,9 @@ std::unique_ptr<SheetPage> CopyPage(const PROPSHEETPAGEA& source) {
     PROPSHEETPAGEA& record = page->Record();
     page->dialog = FindPageTemplate(record.hInstance, record.pszTemplate);
     if (!page->dialog) return nullptr;
-    if (!IS_INTRESOURCE(record.pszTemplate)) {
+    if (IS_INTRESOURCE(record.pszTemplate)) {
+        page->templateName = "#" + std::to_string(reinterpret_cast<ULONG_PTR>(record.pszTemplate));
+    } else {
         page->templateName = record.pszTemplate;
         record.pszTemplate = page->templateName.c_str();
     }
@@ -129,8 +131,8 @@ void AddButtons(HWND handle, DWORD flags, LONG right, LONG top) {
     }
 }
 
-// The tab control stands first in the tab order, then the pages, then the buttons; pages are put in
-// front of the buttons when they are created.
+// The tab control stands first in the tab order, then the pages, then the buttons; a page is put
+// behind the tab control when it is created.
 void Furnish(HWND handle, DWORD flags) {
     SheetState& sheet = *SheetOf(handle);
     const SIZE page = LargestPage(sheet);
@@ -143,14 +145,6 @@ void Furnish(HWND handle, DWORD flags) {
     AddButtons(handle, flags, tabs.right, buttonTop);
     SetWindowPos(handle, nullptr, 0, 0, tabs.right + kMargin, buttonTop + kButtonHeight + kMargin,
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
-// Tab order is the order of the children: the pages belong between the tabs and the buttons.
-void PutInFrontOfButtons(HWND handle, HWND page) {
-    std::vector<HWND>& children = WindowFromHandle(handle)->children;
-    const auto self = std::find(children.begin(), children.end(), page);
-    const auto ok = std::find(children.begin(), children.end(), GetDlgItem(handle, IDOK));
-    if (self != children.end() && ok < self) std::rotate(ok, self, self + 1);
 }
 
 HWND CreateSheetWindow(const PROPSHEETHEADERA& header) {
@@ -185,16 +179,17 @@ HWND CreateSheet(const PROPSHEETHEADERA& header) {
     return IsWindow(handle) ? handle : nullptr;
 }
 
-INT_PTR RunModal(HWND handle, HWND owner) {
-    const bool wasEnabled = owner && IsWindowEnabled(owner);
-    if (wasEnabled) EnableWindow(owner, FALSE);
+// Destroying the sheet gives the owner back, before the sheet's focus could go elsewhere.
+INT_PTR RunModal(HWND handle) {
+    const Window& window = *WindowFromHandle(handle);
+    const HWND owner = window.owner;
+    window.dialog->modal = true;
+    if (owner && IsWindowEnabled(owner)) {
+        window.dialog->disabledOwner = owner;
+        EnableWindow(owner, FALSE);
+    }
     const bool answered = RunModalLoop(handle, [handle] { return SheetEnded(handle); });
     const INT_PTR result = answered ? SheetResult(handle) : -1;
-    // The owner can take the focus before the sheet goes, so that nobody else gets it.
-    if (wasEnabled && IsWindow(owner)) {
-        EnableWindow(owner, TRUE);
-        SetActiveWindow(owner);
-    }
     if (IsWindow(handle)) DestroyWindow(handle);
     return result;
 }
@@ -221,22 +216,20 @@ HWND EnsurePage(HWND handle, int index) {
     if (page.window) return page.window;
     const PROPSHEETPAGEA& record = page.Record();
     const std::vector<std::byte> dialog = ChildTemplate(*page.dialog, page.title);
-    HWND created = CreateDialogIndirectParamA(record.hInstance, dialog.data(), handle,
-                                              record.pfnDlgProc, reinterpret_cast<LPARAM>(&record));
+    DialogCreation creation;
+    creation.bytes = {reinterpret_cast<const BYTE*>(dialog.data()), dialog.size()};
+    creation.instance = record.hInstance;
+    creation.owner = handle;
+    creation.procedure = record.pfnDlgProc;
+    creation.initParam = reinterpret_cast<LPARAM>(&record);
+    creation.templateName = page.templateName;
+    HWND created = CreateDialogFrom(creation);
     sheet = SheetOf(handle);
-    Window* window = WindowFromHandle(created);
-    if (!sheet || !window) return nullptr;
+    if (!sheet || !created) return nullptr;
     page.window = created;
-    if (window->dialog) {
-        char number[16];
-        std::snprintf(number, sizeof number, "#%u",
-                      static_cast<unsigned>(reinterpret_cast<ULONG_PTR>(record.pszTemplate)));
-        window->dialog->templateName = page.templateName.empty() ? number : page.templateName;
-    }
-    PutInFrontOfButtons(handle, created);
-    const RECT& area = sheet->pageArea;
-    SetWindowPos(created, nullptr, area.left, area.top, area.right - area.left,
-                 area.bottom - area.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    const RECT area = sheet->pageArea;
+    SetWindowPos(created, sheet->tab, area.left, area.top, area.right - area.left,
+                 area.bottom - area.top, SWP_NOACTIVATE);
     return created;
 }
 
@@ -259,5 +252,5 @@ INT_PTR WINAPI PropertySheetA(const PROPSHEETHEADERA* header) {
     }
     HWND sheet = kv::CreateSheet(*header);
     if ((header->dwFlags & PSH_MODELESS) != 0) return reinterpret_cast<INT_PTR>(sheet);
-    return sheet ? kv::RunModal(sheet, header->hwndParent) : -1;
+    return sheet ? kv::RunModal(sheet) : -1;
 }

@@ -18,7 +18,7 @@ struct SheetPage {
     // The sheet's own copy of the caller's record, with whatever the caller keeps behind it; its
     // address is the creation parameter of the page.
     std::vector<std::byte> bytes;
-    std::string templateName;  // when the template is named, not numbered
+    std::string templateName;  // "TAB0R" or "#123"
     std::string title;         // of the window and of its tab
     std::optional<PageTemplate> dialog;
     HWND window{};

@@ -146,6 +146,7 @@ LRESULT OnKeyDown(Window& window, int virtualKey) {
 LRESULT TabControlProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
     Window* window = WindowFromHandle(handle);
     if (!window) return 0;
+    if (AsksForHelp(message, wParam)) return DefWindowProcA(handle, message, wParam, lParam);
     const int index = static_cast<int>(wParam);
     auto* item = reinterpret_cast<TCITEMA*>(lParam);
     switch (message) {

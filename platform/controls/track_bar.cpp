@@ -232,6 +232,7 @@ LRESULT OnMouseUp(HWND handle) {
 LRESULT TrackBarProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
     Window* window = WindowFromHandle(handle);
     if (!window) return 0;
+    if (AsksForHelp(message, wParam)) return DefWindowProcA(handle, message, wParam, lParam);
     TrackBarState& state = StateFor(*window);
     switch (message) {
         case WM_GETDLGCODE:
