@@ -1,0 +1,185 @@
+// See install_printer.h.
+#include "install_printer.h"
+
+#include <framework/spool/driver_folder.h>
+#include <platform/registry/state_directory.h>
+#include <platform/registry/state_store.h>
+#include <platform/shell/errors.h>
+#include <platform/shell/paths.h>
+#include <winreg.h>
+#include <winspool.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <system_error>
+
+#include "description.h"
+
+namespace kvcore {
+
+const char* const kDriverName = kvspool::kDriverName;
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t kMaxNameLength = 220;  // what printer names and ports have room for elsewhere
+constexpr const char* kHelpSource = "help";
+constexpr const char* kHelpFileValue = "HelpFile";
+constexpr const char* kTcpPortPrefix = "IP_";
+constexpr const char* kTcpPortsKey =
+    "System\\CurrentControlSet\\Control\\Print\\Monitors\\Standard TCP/IP Port\\Ports\\";
+
+bool CheckText(const char* what, const std::string& text, std::string& error) {
+    const bool control = std::any_of(text.begin(), text.end(), [](char character) {
+        return static_cast<unsigned char>(character) < 0x20;
+    });
+    if (!text.empty() && text.size() <= kMaxNameLength && !control) return true;
+    error = std::string(what) + " \"" + text + "\": expected 1 to " +
+            std::to_string(kMaxNameLength) + " characters without control characters";
+    return false;
+}
+
+bool CheckName(const std::string& name, std::string& error) {
+    if (!CheckText("printer name", name, error)) return false;
+    if (name.find_first_of(",\\") == std::string::npos) return true;
+    error = "printer name \"" + name + "\": commas and backslashes are not possible";
+    return false;
+}
+
+std::string StoreProblem(const std::string& what, DWORD code) {
+    const std::string message = kv::StateStore::Get().LastMessage();
+    return what + ": " + (message.empty() ? "error " + std::to_string(code) : message);
+}
+
+// Written beside its place and moved there, so that a reader never sees half a file.
+void CopyFileWhole(const fs::path& from, const fs::path& to, std::error_code& failed) {
+    const fs::path fresh = to.string() + ".new";
+    fs::copy_file(from, fresh, fs::copy_options::overwrite_existing, failed);
+    if (failed) return;
+    fs::permissions(fresh, fs::perms::owner_read | fs::perms::owner_write, failed);
+    if (!failed) fs::rename(fresh, to, failed);
+}
+
+void CopyHelp(const fs::path& from, const fs::path& to, std::error_code& failed) {
+    if (!fs::is_directory(from)) return;  // a model may come without help pages
+    fs::copy(from, to, fs::copy_options::recursive | fs::copy_options::overwrite_existing, failed);
+}
+
+// Help pages lie in a folder named like the help file without its extension.
+std::string HelpFolder(const Description& description) {
+    const std::string* file = description.FindPrinterValue(kHelpFileValue);
+    return file ? fs::path(*file).stem().string() : std::string();
+}
+
+bool CopyDriverFiles(const fs::path& models, const Description& description, std::string& error) {
+    const std::string native = kv::NativePath(kvspool::DriverFile("").c_str());
+    const fs::path folder = fs::path(native).parent_path();
+    if (!kv::MakeFolders(folder.string())) {
+        error = folder.string() + ": " + std::strerror(errno);
+        return false;
+    }
+    std::error_code failed;
+    CopyFileWhole(models / kvspool::kDescriptionFile, folder / kvspool::kDescriptionFile, failed);
+    const fs::path rules = folder / kvspool::kRulesFile;
+    // The rules file also holds lists that users stored; an installed one is theirs.
+    if (!failed && !fs::exists(rules)) CopyFileWhole(models / kvspool::kRulesFile, rules, failed);
+    const std::string help = HelpFolder(description);
+    if (!failed && !help.empty()) CopyHelp(models / kHelpSource, folder / help, failed);
+    if (failed) error = models.string() + " to " + folder.string() + ": " + failed.message();
+    return !failed;
+}
+
+// The port monitor's entry, by which drivers find the address behind a port named after it.
+DWORD RegisterTcpPort(kv::StateStore& store, const std::string& port) {
+    if (port.rfind(kTcpPortPrefix, 0) != 0) return ERROR_SUCCESS;
+    const std::string address = port.substr(std::strlen(kTcpPortPrefix));
+    kv::KeyId key{};
+    bool created = false;
+    const DWORD error = store.CreateKey(kv::kMachineRoot, kTcpPortsKey + port, key, created);
+    if (error != ERROR_SUCCESS) return error;
+    return store.SetValue(key, "IPAddress", REG_SZ, address.c_str(), address.size() + 1);
+}
+
+kv::PrinterRecord NewRecord(const std::string& name, const std::string& port) {
+    kv::PrinterRecord record;
+    record.name = name;
+    record.port = port;
+    record.driver = kvspool::kDriverName;
+    record.printProcessor = "winprint";
+    record.dataType = "RAW";
+    record.attributes = PRINTER_ATTRIBUTE_LOCAL | PRINTER_ATTRIBUTE_ENABLE_BIDI;
+    return record;
+}
+
+bool CopyPath(char* target, std::size_t size, const std::string& path, std::string& error) {
+    if (path.size() >= size) {
+        error = path + ": expected a path of fewer than " + std::to_string(size) + " characters";
+        return false;
+    }
+    std::snprintf(target, size, "%s", path.c_str());
+    return true;
+}
+
+}  // namespace
+
+bool InstallPrinter(const std::string& name, const std::string& port, const std::string& modelsDir,
+                    std::string& error) {
+    if (!CheckName(name, error) || !CheckText("port", port, error)) return false;
+    if (!kv::MakeStateDirectory()) {
+        const std::string state = kv::StateDirectory();
+        error = state.empty() ? kv::NoStateDirectoryMessage() : state + ": cannot be created";
+        return false;
+    }
+    const fs::path models(modelsDir);
+    const auto description = LoadDescription((models / kvspool::kDescriptionFile).string());
+    if (!description->problems.empty()) {
+        error = description->problems.front();
+        return false;
+    }
+    kv::StateStore& store = kv::StateStore::Get();
+    kv::PrinterRecord existing;
+    if (store.GetPrinter(name, existing) == ERROR_SUCCESS) {
+        error = "printer \"" + existing.name + "\" exists already";
+        return false;
+    }
+    if (!CopyDriverFiles(models, *description, error)) return false;
+    kv::StoreTransaction transaction(store);
+    DWORD code = transaction.Error();
+    if (code == ERROR_SUCCESS) code = store.AddPrinter(NewRecord(name, port));
+    if (code == ERROR_SUCCESS) code = RegisterTcpPort(store, port);
+    if (code == ERROR_SUCCESS) code = transaction.Commit();
+    if (code != ERROR_SUCCESS) error = StoreProblem("printer \"" + name + "\"", code);
+    return code == ERROR_SUCCESS;
+}
+
+bool RemovePrinter(const std::string& name, std::string& error) {
+    const DWORD code = kv::StateStore::Get().RemovePrinter(name);
+    if (code == ERROR_SUCCESS) return true;
+    error = code == ERROR_INVALID_PRINTER_NAME ? "there is no printer \"" + name + "\""
+                                               : StoreProblem("printer \"" + name + "\"", code);
+    return false;
+}
+
+bool MakePrinterBlock(const std::string& name, PrinterBlock& block, std::string& error) {
+    kv::PrinterRecord record;
+    const DWORD code = kv::StateStore::Get().GetPrinter(name, record);
+    if (code != ERROR_SUCCESS) {
+        error = code == ERROR_INVALID_PRINTER_NAME ? "there is no printer \"" + name + "\""
+                                                   : StoreProblem("printer \"" + name + "\"", code);
+        return false;
+    }
+    block = {};
+    block.size = sizeof block;
+    return CopyPath(block.printerName, sizeof block.printerName, record.name, error) &&
+           CopyPath(block.modelName, sizeof block.modelName, record.driver, error) &&
+           CopyPath(block.driverPath, sizeof block.driverPath,
+                    kvspool::DriverFile(kvspool::kModuleFile), error) &&
+           CopyPath(block.descriptionPath, sizeof block.descriptionPath,
+                    kvspool::DriverFile(kvspool::kDescriptionFile), error);
+}
+
+}  // namespace kvcore

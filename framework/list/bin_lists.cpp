@@ -1,0 +1,86 @@
+// The list service's functions for paper sources (two lists) and output bins.
+#include <kvlist.h>
+#include <winbase.h>
+
+#include <algorithm>
+#include <cstring>
+
+#include "described_records.h"
+#include "list_copy.h"
+
+namespace {
+
+using kvlist::ListKind;
+
+constexpr int kMaxBins = 64;  // what callers have room for
+
+int Count(ListHandle list, ListKind kind) {
+    const auto copy = kvlist::FindCopy(list, kind);
+    return copy ? copy->Count(kScopeCommon) : 0;
+}
+
+int CopyAll(ListHandle list, ListKind kind, BinRecord* buffer) {
+    const auto copy = kvlist::FindCopy(list, kind);
+    return copy && buffer ? copy->CopyTo(buffer, kScopeCommon) : 0;
+}
+
+}  // namespace
+
+ListHandle QDMMLTReadBin(PrinterBlock* printer, DWORD list) {
+    return kvlist::OpenCopy(ListKind::kInputBin, list, printer);
+}
+int QDMMLTWriteBin(ListHandle list, PrinterBlock* printer, DWORD listNumber) {
+    const auto copy = kvlist::FindCopy(list, ListKind::kInputBin);
+    // A copy of one list must not become the other one.
+    if (!copy || copy->Format().number != listNumber) return 0;
+    return kvlist::WriteAndClose(list, printer, ListKind::kInputBin);
+}
+int QDMMLTCancelBin(ListHandle list, PrinterBlock*) {
+    return kvlist::CancelAndClose(list, ListKind::kInputBin);
+}
+int QDMMLTGetBinNum(ListHandle list, PrinterBlock*) {
+    return Count(list, ListKind::kInputBin);
+}
+int QDMMLTGetBinArray(ListHandle list, PrinterBlock*, BinRecord* buffer) {
+    return CopyAll(list, ListKind::kInputBin, buffer);
+}
+int QDMMLTAddBin(ListHandle list, PrinterBlock*, const BinRecord* record) {
+    const auto copy = kvlist::FindCopy(list, ListKind::kInputBin);
+    if (!copy || !record || copy->Count(kScopeCommon) >= kMaxBins) return 0;
+    return copy->Add(record, kScopeCommon);
+}
+int QDMMLTDeleteBin(ListHandle list, PrinterBlock*, const BinRecord* record) {
+    const auto copy = kvlist::FindCopy(list, ListKind::kInputBin);
+    return copy && record && copy->Remove(record->identifier);
+}
+
+int QDMMLTLoadQDDBinInfo(ListHandle list, PrinterBlock* printer, BinRecord* out, DWORD listNumber) {
+    if (!kvlist::FindCopy(list, ListKind::kInputBin) || !printer || !out ||
+        !kvlist::FindListFormat(ListKind::kInputBin, listNumber)) {
+        return 0;
+    }
+    const kvlist::Records records = kvlist::DescribedInputBins(*printer, kvlist::BinChoice::kAll);
+    const int count = std::min(static_cast<int>(records.size()), kMaxBins);
+    for (int i = 0; i < count; ++i) std::memcpy(out + i, records[i].data(), sizeof *out);
+    return count;
+}
+
+ListHandle QDMMLTReadOUTBin(PrinterBlock* printer) {
+    return kvlist::OpenCopy(ListKind::kOutputBin, 0, printer);
+}
+int QDMMLTWriteOUTBin(ListHandle list, PrinterBlock* printer) {
+    return kvlist::WriteAndClose(list, printer, ListKind::kOutputBin);
+}
+int QDMMLTCancelOUTBin(ListHandle list, PrinterBlock*) {
+    return kvlist::CancelAndClose(list, ListKind::kOutputBin);
+}
+int QDMMLTGetOUTBinNum(ListHandle list, PrinterBlock*) {
+    return Count(list, ListKind::kOutputBin);
+}
+int QDMMLTGetOUTBinArray(ListHandle list, PrinterBlock*, BinRecord* buffer) {
+    return CopyAll(list, ListKind::kOutputBin, buffer);
+}
+int QDMMLTUpdateOUTBin(ListHandle list, PrinterBlock*, const BinRecord* record, DWORD entryId) {
+    const auto copy = kvlist::FindCopy(list, ListKind::kOutputBin);
+    return copy && record && copy->Update(record, entryId);
+}

@@ -1,0 +1,251 @@
+// See list_copy.h.
+#include "list_copy.h"
+
+#include <platform/security/access.h>
+#include <platform/shell/handle_table.h>
+#include <winbase.h>
+
+#include <algorithm>
+#include <cstring>
+
+#include "described_records.h"
+
+namespace kvlist {
+namespace {
+
+// A number of its own beside those of the platform's tables and the spooler's.
+constexpr auto kListSpace = static_cast<kv::HandleSpace>(9);
+using CopyTable = kv::HandleTable<WorkingCopy, kListSpace>;
+
+CopyTable& Copies() {
+    static auto* table = new CopyTable;
+    return *table;
+}
+
+bool IsKnownScope(DWORD scope) {
+    return scope == kScopeCommon || scope == kScopeCommonAndOwn || scope == kScopeUser ||
+           scope == kScopeAdministrator;
+}
+
+bool InScope(Owner owner, DWORD scope) {
+    return IsKnownScope(scope) && (scope != kScopeCommon || owner != Owner::kUser);
+}
+
+// The list of a printer on which nobody stored one yet. Papers and watermarks of the description
+// are part of every list and need no start.
+Records InitialRecords(const ListFormat& format, const PrinterBlock& printer) {
+    switch (format.kind) {
+        case ListKind::kInputBin:
+            return DescribedInputBins(printer, BinChoice::kAlwaysFitted);
+        case ListKind::kOutputBin:
+            return DescribedOutputBins(printer);
+        case ListKind::kPaper:
+        case ListKind::kWatermark:
+            break;
+    }
+    return {};
+}
+
+Records DescribedRecords(const ListFormat& format, const PrinterBlock& printer) {
+    switch (format.kind) {
+        case ListKind::kPaper:
+            return DescribedPapers(printer);
+        case ListKind::kWatermark:
+            return DescribedWatermarks(printer);
+        case ListKind::kInputBin:
+        case ListKind::kOutputBin:
+            break;
+    }
+    return {};
+}
+
+}  // namespace
+
+std::string PrinterName(const PrinterBlock& printer) {
+    return std::string(printer.printerName,
+                       strnlen(printer.printerName, sizeof printer.printerName));
+}
+
+WorkingCopy::WorkingCopy(const ListFormat& format, const PrinterBlock& printer) : format_(format) {
+    for (Record& record : DescribedRecords(format, printer)) {
+        entries_.push_back({Owner::kDescription, std::move(record)});
+    }
+    Records common;
+    const StoredList stored = ReadCommonList(format, PrinterName(printer), common);
+    // A list of bins is never empty: readers leave an empty one alone, so it could never fill
+    // again.
+    const bool emptyBins = format.firstUserId == 0 && common.empty();
+    if (stored == StoredList::kMissing || emptyBins) common = InitialRecords(format, printer);
+    for (Record& record : common) entries_.push_back({Owner::kEverybody, std::move(record)});
+    if (format.firstUserId != 0) ReadOwn(PrinterName(printer));
+}
+
+// An administrator cannot see the ids that users gave their own entries, and may have taken one for
+// a common entry meanwhile; the user's entry then gets a free one.
+void WorkingCopy::ReadOwn(const std::string& printer) {
+    Records own;
+    ReadOwnList(format_, printer, own);
+    for (Record& record : own) {
+        if (Find(RecordId(format_, record.data()))) {
+            const DWORD id = FreeId(format_.firstUserId, 0x7FFFFFFF);
+            std::memcpy(record.data() + format_.idOffset, &id, sizeof id);
+            ownChanged_ = true;
+        }
+        entries_.push_back({Owner::kUser, std::move(record)});
+    }
+}
+
+int WorkingCopy::Count(DWORD scope) const {
+    return static_cast<int>(
+        std::count_if(entries_.begin(), entries_.end(),
+                      [&](const Entry& entry) { return InScope(entry.owner, scope); }));
+}
+
+int WorkingCopy::CopyTo(void* buffer, DWORD scope) const {
+    char* target = static_cast<char*>(buffer);
+    int count = 0;
+    for (const Entry& entry : entries_) {
+        if (!InScope(entry.owner, scope)) continue;
+        std::memcpy(target, entry.record.data(), format_.recordSize);
+        target += format_.recordSize;
+        ++count;
+    }
+    return count;
+}
+
+WorkingCopy::Entry* WorkingCopy::FindEntry(DWORD id) {
+    for (Entry& entry : entries_) {
+        if (RecordId(format_, entry.record.data()) == id) return &entry;
+    }
+    return nullptr;
+}
+
+const Record* WorkingCopy::Find(DWORD id) const {
+    const Entry* entry = const_cast<WorkingCopy*>(this)->FindEntry(id);
+    return entry ? &entry->record : nullptr;
+}
+
+DWORD WorkingCopy::FreeId(DWORD lowest, DWORD highest) const {
+    std::vector<DWORD> taken;
+    for (const Entry& entry : entries_) taken.push_back(RecordId(format_, entry.record.data()));
+    std::sort(taken.begin(), taken.end());
+    DWORD candidate = lowest;
+    for (const DWORD id : taken) {
+        if (id == candidate) ++candidate;
+    }
+    return candidate <= highest ? candidate : 0;
+}
+
+// Bins are one list for everybody whose working copy anyone may edit: only its Write asks for
+// rights, because dialogs undo their edits entry by entry.
+bool WorkingCopy::MayChange(const Entry& entry) const {
+    switch (entry.owner) {
+        case Owner::kDescription:
+            return false;
+        case Owner::kEverybody:
+            return format_.firstUserId == 0 || kv::ActsAsAdministrator();
+        case Owner::kUser:
+            return true;
+    }
+    return false;
+}
+
+bool WorkingCopy::DiffersInDerivedFieldOnly(const Record& left, const Record& right) const {
+    const Field& derived = format_.derived;
+    const std::size_t end = derived.offset + derived.size;
+    return left.compare(0, derived.offset, right, 0, derived.offset) == 0 &&
+           left.compare(end, std::string::npos, right, end, std::string::npos) == 0;
+}
+
+void WorkingCopy::MarkChanged(Owner owner) {
+    (owner == Owner::kUser ? ownChanged_ : commonChanged_) = true;
+}
+
+bool WorkingCopy::Add(const void* record, DWORD scope) {
+    const DWORD id = RecordId(format_, record);
+    const bool known = scope == kScopeCommon || scope == kScopeCommonAndOwn;
+    if (!known || id < format_.firstUserId || FindEntry(id) || !TextsEnd(format_, record)) {
+        return false;
+    }
+    const Owner owner = scope == kScopeCommon ? Owner::kEverybody : Owner::kUser;
+    Entry entry{owner, Record(static_cast<const char*>(record), format_.recordSize)};
+    if (!MayChange(entry)) return false;
+    const auto end = std::find_if(entries_.begin(), entries_.end(), [&](const Entry& other) {
+        return static_cast<int>(other.owner) > static_cast<int>(owner);
+    });
+    entries_.insert(end, std::move(entry));
+    MarkChanged(owner);
+    return true;
+}
+
+bool WorkingCopy::Update(const void* record, DWORD id) {
+    Entry* entry = FindEntry(id);
+    if (!entry || !TextsEnd(format_, record)) return false;
+    Record fresh(static_cast<const char*>(record), format_.recordSize);
+    std::memcpy(fresh.data() + format_.idOffset, &id, sizeof id);
+    if (fresh == entry->record) return true;
+    if (MayChange(*entry)) {
+        MarkChanged(entry->owner);
+    } else if (!DiffersInDerivedFieldOnly(fresh, entry->record)) {
+        return false;
+    }
+    entry->record = std::move(fresh);
+    return true;
+}
+
+bool WorkingCopy::Remove(DWORD id) {
+    Entry* entry = FindEntry(id);
+    if (!entry || !MayChange(*entry)) return false;
+    MarkChanged(entry->owner);
+    entries_.erase(entries_.begin() + (entry - entries_.data()));
+    return true;
+}
+
+Records WorkingCopy::RecordsOf(Owner owner) const {
+    Records records;
+    for (const Entry& entry : entries_) {
+        if (entry.owner == owner) records.push_back(entry.record);
+    }
+    return records;
+}
+
+WriteResult WorkingCopy::Write(const std::string& printer) const {
+    const Records common = RecordsOf(Owner::kEverybody);
+    const Records own = RecordsOf(Owner::kUser);
+    const DWORD error = WriteLists(format_, printer, commonChanged_ ? &common : nullptr,
+                                   ownChanged_ ? &own : nullptr);
+    SetLastError(error);
+    return error == ERROR_SUCCESS ? WriteResult::kWritten : WriteResult::kRefused;
+}
+
+ListHandle OpenCopy(ListKind kind, DWORD number, PrinterBlock* printer) {
+    const ListFormat* format = FindListFormat(kind, number);
+    if (!format || !printer) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return nullptr;
+    }
+    auto copy = std::make_shared<WorkingCopy>(*format, *printer);
+    return reinterpret_cast<ListHandle>(Copies().Add(std::move(copy)));
+}
+
+std::shared_ptr<WorkingCopy> FindCopy(ListHandle handle, ListKind kind) {
+    auto copy = Copies().Find(reinterpret_cast<std::uintptr_t>(handle));
+    if (copy && copy->Format().kind == kind) return copy;
+    SetLastError(ERROR_INVALID_HANDLE);
+    return nullptr;
+}
+
+int WriteAndClose(ListHandle handle, PrinterBlock* printer, ListKind kind) {
+    const auto copy = FindCopy(handle, kind);
+    if (!copy || !printer) return 0;
+    const WriteResult result = copy->Write(PrinterName(*printer));
+    Copies().Remove(reinterpret_cast<std::uintptr_t>(handle));
+    return result == WriteResult::kWritten;
+}
+
+int CancelAndClose(ListHandle handle, ListKind kind) {
+    if (!FindCopy(handle, kind)) return 0;
+    return Copies().Remove(reinterpret_cast<std::uintptr_t>(handle)) != nullptr;
+}
+
+}  // namespace kvlist
