@@ -8,6 +8,7 @@
 #include <array>
 #include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace kv {
@@ -18,7 +19,9 @@ class RealizedFont;
 constexpr std::uint32_t PixelOf(COLORREF color) {
     return ((color & 0xFF) << 16) | (color & 0xFF00) | ((color >> 16) & 0xFF);
 }
-constexpr COLORREF ColorOf(std::uint32_t pixel) { return PixelOf(pixel); }
+constexpr COLORREF ColorOf(std::uint32_t pixel) {
+    return PixelOf(pixel);
+}
 constexpr std::uint32_t kWhitePixel = 0x00FFFFFF;
 constexpr std::uint32_t kColorBits = 0x00FFFFFF;
 
@@ -93,6 +96,9 @@ struct Icon : GdiObject {
 
     SurfaceView view;
     PixelMemory memory;
+    // The resource that it was loaded from: a name, or "#" and a number. Empty for made icons.
+    HINSTANCE module{};
+    std::string resource;
 };
 
 struct DcState {
