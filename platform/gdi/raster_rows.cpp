@@ -87,23 +87,19 @@ constexpr FastRow kFastRows[] = {
     {0, nullptr},
 };
 
-std::array<RowOperation, 256> IndexByCode() {
+constexpr std::array<RowOperation, 256> IndexByCode() {
     std::array<RowOperation, 256> index{};
     for (const FastRow& row : kFastRows) {
         if (row.run != nullptr) index[row.code] = row.run;
     }
     return index;
 }
+constexpr std::array<RowOperation, 256> kByCode = IndexByCode();
 
 }  // namespace
 
-const FastRow* FastRows() {
-    return kFastRows;
-}
+const FastRow* FastRows() { return kFastRows; }
 
-RowOperation FindFastRow(RopCode code) {
-    static const std::array<RowOperation, 256> byCode = IndexByCode();
-    return byCode[code];
-}
+RowOperation FindFastRow(RopCode code) { return kByCode[code]; }
 
 }  // namespace kv
