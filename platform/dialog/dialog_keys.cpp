@@ -27,7 +27,10 @@ HWND FindMarked(const Window& parent, HWND except) {
     return nullptr;
 }
 
+// Asked of dialogs only: to other windows the number is a message of their own.
 int DefaultIdOf(HWND dialog) {
+    const Window* window = FindWindowRecord(dialog);
+    if (!window || !window->dialog) return IDOK;
     const auto answer = static_cast<std::uintptr_t>(SendMessageA(dialog, DM_GETDEFID, 0, 0));
     return HIWORD(answer) == DC_HASDEFID ? LOWORD(answer) : IDOK;
 }
@@ -101,11 +104,9 @@ bool OnMnemonic(HWND dialog, HWND focus, char letter) {
     const MnemonicTarget target = FindMnemonic(dialog, focus, letter);
     if (!target.control) return false;
     const LRESULT code = CodeOf(target.control, nullptr);
-    const Window* window = FindWindowRecord(target.control);
-    const bool own = window && window->windowClass->kind == "button";
     MoveDialogFocus(dialog, target.control);
     // With one letter on several controls it only walks among them.
-    if (own && target.unique && (code & (DLGC_BUTTON | kPushButton)) != 0 &&
+    if (target.itsOwn && target.unique && (code & (DLGC_BUTTON | kPushButton)) != 0 &&
         FindWindowRecord(target.control)) {
         SendMessageA(target.control, BM_CLICK, 0, 0);
     }
@@ -141,8 +142,9 @@ bool IsUsedUp(HWND dialog, const MSG& message) {
 }  // namespace
 
 void MarkDefaultButton(HWND root, HWND focus) {
+    root = RootOf(root);
     const Window* window = FindWindowRecord(root);
-    if (!window) return;
+    if (!window || !window->dialog) return;
     const bool push = focus && Contains(root, focus) && (CodeOf(focus, nullptr) & kPushButton) != 0;
     const HWND wanted = push ? focus : GetDlgItem(root, DefaultIdOf(root));
     // One message may take windows away, so the search starts anew after each.

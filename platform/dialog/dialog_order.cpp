@@ -125,10 +125,14 @@ MnemonicTarget FindMnemonic(HWND dialog, HWND focus, char letter) {
         if (focus && Contains(order[i], focus)) start = i + 1;
     }
     for (size_t i = 0; i < order.size(); ++i) {
+        const HWND source = order[(start + i) % order.size()];
         const HWND target = TargetOf(order, (start + i) % order.size(), Upper(letter));
         if (!target || target == found.control) continue;
-        found.unique = !found.control;
-        if (!found.control) found.control = target;
+        if (found.control) {
+            found.unique = false;
+            break;
+        }
+        found = {target, true, target == source};
     }
     return found;
 }

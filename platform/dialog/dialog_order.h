@@ -15,6 +15,7 @@ HWND NextInGroup(HWND dialog, HWND control, BOOL previous);
 struct MnemonicTarget {
     HWND control{};
     bool unique = false;  // no other control has the same letter
+    bool itsOwn = false;  // the control's own text has the letter, not a label before it
 };
 // The control that the letter leads to, looking from behind `focus`.
 MnemonicTarget FindMnemonic(HWND dialog, HWND focus, char letter);

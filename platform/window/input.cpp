@@ -144,6 +144,11 @@ bool DoubleClick(HWND window, unsigned modifiers) {
     return Mouse(window, CentreOf(window), modifiers, kEvents);
 }
 
+bool SecondClickAt(HWND window, POINT clientPoint, unsigned modifiers) {
+    constexpr MouseEvent kEvents[] = {{WM_LBUTTONDBLCLK, MK_LBUTTON}, {WM_LBUTTONUP, 0}};
+    return Mouse(window, clientPoint, modifiers, kEvents);
+}
+
 bool RightClick(HWND window, unsigned modifiers) {
     constexpr MouseEvent kEvents[] = {{WM_RBUTTONDOWN, MK_RBUTTON}, {WM_RBUTTONUP, 0}};
     return Mouse(window, CentreOf(window), modifiers, kEvents);

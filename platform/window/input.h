@@ -19,6 +19,8 @@ bool CanReach(HWND window);
 bool Click(HWND window, unsigned modifiers = kNoModifier);
 bool ClickAt(HWND window, POINT clientPoint, unsigned modifiers = kNoModifier);
 bool DoubleClick(HWND window, unsigned modifiers = kNoModifier);
+// The second click of a double click at a place, after an ordinary first one.
+bool SecondClickAt(HWND window, POINT clientPoint, unsigned modifiers = kNoModifier);
 bool RightClick(HWND window, unsigned modifiers = kNoModifier);
 bool MoveTo(HWND window, POINT clientPoint);
 // Moves the focus the way a click into the window does, without any other effect.
@@ -37,6 +39,8 @@ bool Choose(HWND comboOrList, int index, unsigned modifiers = kNoModifier);
 bool DropDown(HWND combo, bool open);
 // Drags a track bar's thumb to a position through `steps` intermediate positions and lets go.
 bool DragTo(HWND trackBar, int position, int steps = 1);
+// Drags it to a position and still holds it there; DragTo lets go.
+bool TrackTo(HWND trackBar, int position);
 // One notch of an up-down control; positive turns it up.
 bool Step(HWND upDown, int notches);
 // The close box of a dialog or sheet.

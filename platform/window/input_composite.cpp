@@ -58,6 +58,11 @@ bool DragTo(HWND trackBar, int position, int steps) {
                position);
 }
 
+bool TrackTo(HWND trackBar, int position) {
+    const ActionScope scope(kNoModifier);
+    return Ask(trackBar, {"trackbar"}, Takes::kFocus, KVM_TRACKTO, 0, position);
+}
+
 bool Step(HWND upDown, int notches) {
     const ActionScope scope(kNoModifier);
     // The control itself gives the focus to its buddy.

@@ -35,7 +35,7 @@ WindowSurface* SurfaceOf(Window& window) {
     WindowSurface& surface = *window.surface;
     if (surface.bitmap && surface.size.cx == size.cx && surface.size.cy == size.cy) return &surface;
     const HBITMAP bitmap =
-        CreateCompatibleBitmap(nullptr, size.cx > 0 ? size.cx : 1, size.cy > 0 ? size.cy : 1);
+        CreateCompatibleBitmap(surface.dc, size.cx > 0 ? size.cx : 1, size.cy > 0 ? size.cy : 1);
     if (!bitmap) return surface.bitmap ? &surface : nullptr;
     const HGDIOBJ previous = SelectObject(surface.dc, bitmap);
     if (surface.bitmap) {
