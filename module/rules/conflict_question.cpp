@@ -58,7 +58,7 @@ int AskInMessageBox(HWND page, HINSTANCE strings, const ConflictReport& report) 
     const PlainName target(report.targetName);
     char message[4096];  // all texts at their longest
     std::snprintf(
-        message, sizeof message, "%s\n\n%s / %s\n%s: %s\n%s: %s\n\n%s / %s\n%s: %s\n\n%s\n%s",
+        message, sizeof message, "%s\n\n%s / %s\n%s  %s\n%s  %s\n\n%s / %s\n%s  %s\n\n%s\n%s",
         Text(strings, kStringIntroduction).text, Text(strings, kStringItem).text,
         Text(strings, kStringCurrentSelection).text, trigger.text, report.triggerSelection,
         target.text, report.targetCurrent, Text(strings, kStringItem).text,

@@ -109,7 +109,10 @@ class CaseRun {
         const std::string answer = next_ < answers_.size() ? answers_[next_] : "cancel";
         ++next_;
         const ConflictReport& report = sheet_.shared.report;
-        output_ << "  asked: " << (report.targetNew[0] != '\0' ? answer : "unresolvable") << "\n";
+        output_ << "  asked: " << report.triggerName << "=" << report.triggerSelection << ", "
+                << report.targetName << "=" << report.targetCurrent << " -> "
+                << (report.targetNew[0] != '\0' ? report.targetNew : "(unresolvable)") << ": "
+                << answer << "\n";
         answer == "resolve" ? Press(dialog, {9416, IDOK}) : Press(dialog, {IDCANCEL, IDOK});
     }
 
