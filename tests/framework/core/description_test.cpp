@@ -1,0 +1,111 @@
+// The printer description's grammar and the installation of printers from it.
+#include <framework/core/description.h>
+#include <framework/core/description_parser.h>
+
+#include "tests/framework/printer_fixture.h"
+
+namespace kvtest {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+TEST(DescriptionText, EveryBadRowIsNamedAndLeftOut) {
+    const kvcore::Description description = kvcore::ParseDescription(
+        "stray line without a section\n"
+        "[PaperInfo]\n"
+        "Num=2\n"
+        "Paper1=9, A4, mm, 2100, 2970, 42, 42, 42, 42, A4, the common one\r\n"
+        "Paper2=9, A4, mm, 2100, 2970, 42, 42, 42, 42, twice\n"
+        "Paper3=10, Bad, ell, 1, 1, 0, 0, 0, 0, unit\n"
+        "Paper4=600, Own, mm, 100, 100, 0, 0, 0, 0, code of users\n"
+        "Paper5=10, Short, mm, 100\n"
+        "[Defaults]\n"
+        "; comment\n"
+        "mdmNup=0x14\n"
+        "mdmNope=1\n"
+        "dmCopies=many\n"
+        "[InputBins\n"
+        "[Elsewhere]\n"
+        "anything=goes\n",
+        "f.ini");
+    ASSERT_EQ(description.papers.size(), 1u);
+    EXPECT_EQ(description.papers[0].displayName, "A4, the common one");
+    EXPECT_THAT(description.defaults, ElementsAre(testing::Pair("mdmNup", 20u)));
+    EXPECT_THAT(description.problems,
+                ElementsAre(HasSubstr("f.ini:1:"), HasSubstr("f.ini:5:"), HasSubstr("f.ini:6:"),
+                            HasSubstr("f.ini:7:"), HasSubstr("f.ini:8:"), HasSubstr("f.ini:12:"),
+                            HasSubstr("f.ini:13:"), HasSubstr("f.ini:14:")));
+}
+
+class Installation : public PrinterTest {};
+
+TEST_F(Installation, TheModelsDescriptionIsWithoutProblems) {
+    const auto description = kvcore::DescriptionOf(printer);
+    EXPECT_THAT(description->problems, testing::IsEmpty());
+    EXPECT_EQ(description->papers.size(), 25u);
+    EXPECT_EQ(description->outputBins.size(), 9u);
+    const kvcore::DescribedPaper* letter = description->FindPaper(1);
+    ASSERT_TRUE(letter);
+    EXPECT_EQ(letter->WidthTenths(), 2159);
+}
+
+TEST_F(Installation, AChangedFileIsReadAgain) {
+    const std::string path = Write("d.ini", "[Resolutions]\nR=600,600\n");
+    const auto first = kvcore::LoadDescription(path);
+    EXPECT_EQ(kvcore::LoadDescription(path), first);
+    Write("d.ini", "[Resolutions]\nR=600,600\nS=1200,600\n");
+    EXPECT_EQ(kvcore::LoadDescription(path)->resolutions.size(), 2u);
+    EXPECT_EQ(first->resolutions.size(), 1u) << "who still reads the old one is not disturbed";
+}
+
+TEST_F(Installation, RefusalsSayWhyAndCreateNothing) {
+    const std::string models = KV_SOURCE_DIR "/models";
+    const std::string damaged = Write("damaged/tessora7720mf.ini", "[Defaults]\nnope=1\n");
+    struct {
+        std::string name;
+        std::string port;
+        std::string models;
+        const char* reason;
+    } const cases[] = {
+        {"", "USB001", models, "printer name"},
+        {"a,b", "USB001", models, "commas"},
+        {std::string(300, 'x'), "USB001", models, "220"},
+        {"New", "", models, "port"},
+        {"New", "USB001", Path("nowhere"), "nowhere"},
+        {"New", "USB001", Path("damaged"), "tessora7720mf.ini:2"},
+        {"OFFICE TESSORA", "USB001", models, "exists"},
+    };
+    for (const auto& row : cases) {
+        std::string error;
+        EXPECT_FALSE(kvcore::InstallPrinter(row.name, row.port, row.models, error)) << row.reason;
+        EXPECT_THAT(error, HasSubstr(row.reason));
+    }
+    EXPECT_FALSE(Open(PRINTER_ACCESS_USE, "New"));
+}
+
+TEST_F(Installation, ASecondPrinterKeepsTheInstalledRulesFile) {
+    const std::string rules = State() + "/driver/3/KVUIMOD.ini";
+    EXPECT_EQ(ModeOf(rules), 0600u);
+    std::ofstream(rules, std::ios::app) << "[KeepSettings]\n";
+    const std::string before = Read(rules);
+    std::string error;
+    ASSERT_TRUE(kvcore::InstallPrinter("Second", "IP_10.0.0.5", KV_SOURCE_DIR "/models", error));
+    EXPECT_EQ(Read(rules), before);
+    HKEY key = nullptr;
+    ASSERT_EQ(RegOpenKeyExA(HKEY_LOCAL_MACHINE,
+                            "System\\CurrentControlSet\\Control\\Print\\Monitors\\"
+                            "Standard TCP/IP Port\\Ports\\IP_10.0.0.5",
+                            0, KEY_READ, &key),
+              0);
+    char address[32] = "";
+    DWORD size = sizeof address;
+    EXPECT_EQ(RegQueryValueExA(key, "IPAddress", nullptr, nullptr, reinterpret_cast<BYTE*>(address),
+                               &size),
+              0);
+    EXPECT_STREQ(address, "10.0.0.5");
+    RegCloseKey(key);
+}
+
+}  // namespace
+}  // namespace kvtest

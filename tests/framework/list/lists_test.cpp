@@ -1,0 +1,275 @@
+// The list service: scopes, rights, ids, commit and cancel, and stored lists that are damaged.
+#include <kvlist.h>
+
+#include <cstring>
+#include <vector>
+
+#include "tests/framework/printer_fixture.h"
+
+namespace kvtest {
+namespace {
+
+constexpr int kDescribedPapers = 25;
+
+class Lists : public PrinterTest {
+ protected:
+    static CustomPaperRecord Paper(DWORD id, const char* name) {
+        CustomPaperRecord record;
+        std::memset(&record, 0x5A, sizeof record);  // odd bytes everywhere must come back
+        record.id = id;
+        std::snprintf(record.displayName, sizeof record.displayName, "%s", name);
+        return record;
+    }
+    int AddTo(DWORD scope, DWORD id, const char* name) {
+        CustomPaperRecord record = Paper(id, name);
+        return QDMMLTAddPaper(papers, &printer, &record, scope);
+    }
+    void Commit() {
+        EXPECT_TRUE(QDMMLTWritePaper(papers, &printer));
+        papers = QDMMLTReadPaper(&printer);
+    }
+    void Drop() {
+        EXPECT_TRUE(QDMMLTCancelPaper(papers, &printer));
+        papers = QDMMLTReadPaper(&printer);
+    }
+    void SetUp() override {
+        PrinterTest::SetUp();
+        papers = QDMMLTReadPaper(&printer);
+        ASSERT_TRUE(papers);
+    }
+    void TearDown() override { QDMMLTCancelPaper(papers, &printer); }
+    // Names of user-defined papers of a scope, in stored order.
+    std::vector<std::string> Names(DWORD scope) {
+        std::vector<CustomPaperRecord> all(QDMMLTGetPaperNum(papers, &printer, scope));
+        QDMMLTGetPaperArray(papers, &printer, all.data(), scope);
+        std::vector<std::string> names;
+        for (const CustomPaperRecord& record : all) {
+            if (record.id >= 512) names.push_back(record.displayName);
+        }
+        return names;
+    }
+
+    ListHandle papers{};
+};
+
+TEST_F(Lists, DescribedPapersBeginTheCommonListAndStayAsTheyAre) {
+    ASSERT_EQ(QDMMLTGetPaperNum(papers, &printer, kScopeCommon), kDescribedPapers);
+    std::vector<CustomPaperRecord> all(kDescribedPapers);
+    EXPECT_EQ(QDMMLTGetPaperArray(papers, &printer, all.data(), kScopeCommon), kDescribedPapers);
+    EXPECT_EQ(all[0].id, 9u);
+    EXPECT_EQ(all[0].unit, 0u);
+    EXPECT_EQ(all[0].kept[0], 42u);
+    CustomPaperRecord letter{};
+    ASSERT_TRUE(QDMMLTGetPaperWithID(papers, &printer, &letter, 1));
+    EXPECT_STREQ(letter.displayName, "Letter (8 1/2 x 11 inch)");
+    EXPECT_EQ(letter.widthTenths, 2159u);
+    EXPECT_EQ(letter.widthInches, 8u << 16 | 8);
+    EXPECT_EQ(letter.heightInches, 11u << 16);
+    CustomPaperRecord monarch{};
+    ASSERT_TRUE(QDMMLTGetPaperWithID(papers, &printer, &monarch, 37));
+    EXPECT_EQ(monarch.widthInches, 3u << 16 | 14);
+    letter.unit = 0;
+    EXPECT_FALSE(QDMMLTUpdatePaper(papers, &printer, &letter));
+    EXPECT_FALSE(QDMMLTDeletePaper(papers, &printer, 1));
+}
+
+TEST_F(Lists, ScopesTellCommonEntriesFromTheUsersOwn) {
+    ASSERT_TRUE(AddTo(2, 512, "mine"));
+    ASSERT_TRUE(AddTo(1, 513, "ours"));
+    EXPECT_THAT(Names(kScopeCommon), testing::ElementsAre("ours"));
+    for (DWORD scope : {kScopeCommonAndOwn, kScopeUser, kScopeAdministrator}) {
+        EXPECT_THAT(Names(scope), testing::ElementsAre("ours", "mine")) << scope;
+    }
+    EXPECT_EQ(QDMMLTGetPaperNum(papers, &printer, 5), 0);
+    EXPECT_EQ(QDMMLTGetPaperID(papers, 512, 0x7FFFFFFF), 514u);
+    EXPECT_EQ(QDMMLTGetPaperID(papers, 512, 513), 0u) << "the range is used up";
+    EXPECT_FALSE(AddTo(1, 513, "again"));
+    EXPECT_FALSE(AddTo(2, 511, "an id of the description"));
+    EXPECT_FALSE(AddTo(7, 600, "no scope to add in"));
+}
+
+TEST_F(Lists, CommonEntriesBelongToAdministrators) {
+    AddTo(1, 512, "ours");
+    Commit();
+    Act(Actor::kUser);
+    EXPECT_FALSE(AddTo(1, 513, "x"));
+    CustomPaperRecord changed = Paper(512, "changed");
+    EXPECT_FALSE(QDMMLTUpdatePaper(papers, &printer, &changed));
+    EXPECT_FALSE(QDMMLTDeletePaper(papers, &printer, 512));
+    ASSERT_TRUE(AddTo(2, 513, "mine"));
+    Commit();
+    EXPECT_THAT(Names(kScopeUser), testing::ElementsAre("ours", "mine"));
+    ASSERT_TRUE(QDMMLTDeletePaper(papers, &printer, 513));
+    Commit();
+    EXPECT_THAT(Names(kScopeUser), testing::ElementsAre("ours"));
+}
+
+TEST_F(Lists, CancelDropsAndWriteKeepsEveryByte) {
+    AddTo(1, 512, "dropped");
+    Drop();
+    EXPECT_THAT(Names(kScopeCommonAndOwn), testing::IsEmpty());
+    AddTo(2, 700, "kept");
+    Commit();
+    CustomPaperRecord stored{};
+    ASSERT_TRUE(QDMMLTGetPaperWithID(papers, &printer, &stored, 700));
+    const CustomPaperRecord given = Paper(700, "kept");
+    EXPECT_EQ(std::memcmp(&stored, &given, sizeof given), 0);
+    stored.kept[3] = 25;
+    EXPECT_TRUE(QDMMLTUpdatePaper(papers, &printer, &stored));
+    Commit();
+    CustomPaperRecord again{};
+    QDMMLTGetPaperWithID(papers, &printer, &again, 700);
+    EXPECT_EQ(again.kept[3], 25u);
+}
+
+TEST_F(Lists, AHandleEndsWithItsCopyAndServesOneKindOnly) {
+    EXPECT_EQ(QDMMLTGetWatermarkNum(papers, &printer, kScopeCommon), 0);
+    EXPECT_FALSE(QDMMLTCancelWatermark(papers, &printer));
+    const ListHandle old = papers;
+    Drop();
+    EXPECT_EQ(QDMMLTGetPaperNum(old, &printer, kScopeCommon), 0);
+    EXPECT_FALSE(QDMMLTWritePaper(old, &printer));
+    EXPECT_EQ(QDMMLTGetPaperID(nullptr, 512, 600), 0u);
+    EXPECT_FALSE(QDMMLTReadBin(&printer, 2));
+    EXPECT_FALSE(QDMMLTReadPaper(nullptr));
+}
+
+TEST_F(Lists, TextWithoutEndIsRefused) {
+    CustomPaperRecord record = Paper(512, "x");
+    std::memset(record.displayName, 'x', sizeof record.displayName);
+    EXPECT_FALSE(QDMMLTAddPaper(papers, &printer, &record, 1));
+}
+
+TEST_F(Lists, DamagedStoredListsCountAsEmpty) {
+    const auto list = [](DWORD recordSize, DWORD count, const std::string& records) {
+        const DWORD head[] = {recordSize, count, 0};
+        return "KVL1" + std::string(reinterpret_cast<const char*>(head), sizeof head) + records;
+    };
+    const auto bytesOf = [](const CustomPaperRecord& record) {
+        return std::string(reinterpret_cast<const char*>(&record), sizeof record);
+    };
+    CustomPaperRecord endless = Paper(600, "");
+    std::memset(endless.displayName, 'x', sizeof endless.displayName);
+    const std::string good = bytesOf(Paper(600, "good"));
+    struct {
+        DWORD type;
+        std::string bytes;
+        std::vector<std::string> names;
+    } const cases[] = {
+        {REG_BINARY, "", {}},
+        {REG_BINARY, "KVL1", {}},
+        {REG_BINARY, list(168, 2, good), {}},
+        {REG_BINARY, list(168, 0xFFFFFFFF, good), {}},
+        {REG_BINARY, list(344, 1, good), {}},
+        {REG_BINARY, list(0, 5, ""), {}},
+        {REG_SZ, list(168, 1, good), {}},
+        {REG_BINARY, list(168, 1, bytesOf(endless)), {}},
+        {REG_BINARY, list(168, 1, bytesOf(Paper(9, "not the user's"))), {}},
+        {REG_BINARY, list(168, 2, good + good), {"good"}},
+    };
+    for (const auto& row : cases) {
+        ASSERT_EQ(Put("KVList.Papers", row.type, row.bytes), ERROR_SUCCESS);
+        Drop();
+        EXPECT_EQ(Names(kScopeCommon), row.names) << &row - cases;
+    }
+    ASSERT_TRUE(AddTo(1, 601, "new"));
+    Commit();
+    EXPECT_THAT(Names(kScopeCommon), testing::ElementsAre("good", "new"));
+}
+
+TEST_F(Lists, AnOwnEntryWhoseIdBecameCommonGetsAnother) {
+    AddTo(2, 512, "mine");
+    Commit();
+    const CustomPaperRecord taken = Paper(512, "ours");
+    const DWORD head[] = {168, 1, 0};
+    Put("KVList.Papers", REG_BINARY,
+        "KVL1" + std::string(reinterpret_cast<const char*>(head), sizeof head) +
+            std::string(reinterpret_cast<const char*>(&taken), sizeof taken));
+    Drop();
+    EXPECT_THAT(Names(kScopeUser), testing::ElementsAre("ours", "mine"));
+    CustomPaperRecord record{};
+    ASSERT_TRUE(QDMMLTGetPaperWithID(papers, &printer, &record, 513));
+    EXPECT_STREQ(record.displayName, "mine");
+}
+
+TEST_F(Lists, UsersMayTurnADiagonalWatermarkInTheirCopyOnly) {
+    Act(Actor::kUser);
+    ListHandle marks = QDMMLTReadWatermark(&printer);
+    WatermarkRecord record{};
+    ASSERT_TRUE(QDMMLTGetWatermarkWithID(marks, &printer, &record, 0)) << "no watermark";
+    EXPECT_STREQ(record.name, "<NONE>");
+    ASSERT_TRUE(QDMMLTGetWatermarkWithID(marks, &printer, &record, 1));
+    EXPECT_STREQ(record.text, "CONFIDENTIAL");
+    EXPECT_EQ(record.angleMode, 2);
+    record.angle = 54;
+    EXPECT_TRUE(QDMMLTUpdateWatermark(marks, &printer, &record));
+    record.size = 10;
+    EXPECT_FALSE(QDMMLTUpdateWatermark(marks, &printer, &record));
+    QDMMLTGetWatermarkWithID(marks, &printer, &record, 1);
+    EXPECT_EQ(record.angle, 54);
+    EXPECT_TRUE(QDMMLTWriteWatermark(marks, &printer)) << "nothing to store needs no rights";
+    marks = QDMMLTReadWatermark(&printer);
+    QDMMLTGetWatermarkWithID(marks, &printer, &record, 1);
+    EXPECT_EQ(record.angle, 45);
+    QDMMLTCancelWatermark(marks, &printer);
+}
+
+class Bins : public PrinterTest {
+ protected:
+    std::vector<DWORD> Sources(ListHandle list) {
+        std::vector<BinRecord> all(QDMMLTGetBinNum(list, &printer));
+        QDMMLTGetBinArray(list, &printer, all.data());
+        std::vector<DWORD> ids;
+        for (const BinRecord& bin : all) ids.push_back(bin.identifier);
+        return ids;
+    }
+};
+
+TEST_F(Bins, AListBeginsWithTheSourcesThatNeedNoOption) {
+    ListHandle first = QDMMLTReadBin(&printer, 0);
+    EXPECT_THAT(Sources(first), testing::ElementsAre(7, 1, 4));
+    BinRecord described[64];
+    ASSERT_EQ(QDMMLTLoadQDDBinInfo(first, &printer, described, 0), 7);
+    EXPECT_STREQ(described[2].displayName, "Tray 2");
+    EXPECT_STREQ(described[2].optionItem, "BinTray2");
+    EXPECT_EQ(QDMMLTLoadQDDBinInfo(first, &printer, described, 2), 0);
+
+    EXPECT_TRUE(QDMMLTDeleteBin(first, &printer, &described[0]));
+    EXPECT_TRUE(QDMMLTAddBin(first, &printer, &described[2]));
+    EXPECT_FALSE(QDMMLTAddBin(first, &printer, &described[2])) << "already there";
+    EXPECT_FALSE(QDMMLTWriteBin(first, &printer, 1)) << "a copy of list 0";
+    EXPECT_TRUE(QDMMLTWriteBin(first, &printer, 0));
+    first = QDMMLTReadBin(&printer, 0);
+    ListHandle second = QDMMLTReadBin(&printer, 1);
+    EXPECT_THAT(Sources(first), testing::ElementsAre(1, 4, 2));
+    EXPECT_THAT(Sources(second), testing::ElementsAre(7, 1, 4));
+    QDMMLTCancelBin(first, &printer);
+    QDMMLTCancelBin(second, &printer);
+}
+
+TEST_F(Bins, MailboxNamesAreKeptForEverybody) {
+    ListHandle list = QDMMLTReadOUTBin(&printer);
+    BinRecord bins[9];
+    ASSERT_EQ(QDMMLTGetOUTBinNum(list, &printer), 9);
+    QDMMLTGetOUTBinArray(list, &printer, bins);
+    EXPECT_EQ(bins[8].identifier, 0x400u);
+    EXPECT_STREQ(bins[8].displayName, "Bin 10");
+    std::snprintf(bins[8].displayName, sizeof bins[8].displayName, "Ada");
+    EXPECT_TRUE(QDMMLTUpdateOUTBin(list, &printer, &bins[8], bins[8].entryId));
+    EXPECT_FALSE(QDMMLTUpdateOUTBin(list, &printer, &bins[8], 77));
+    Act(Actor::kUser);
+    EXPECT_FALSE(QDMMLTWriteOUTBin(list, &printer));
+    EXPECT_EQ(GetLastError(), ERROR_ACCESS_DENIED);
+
+    Act(Actor::kAdministrator);
+    list = QDMMLTReadOUTBin(&printer);
+    EXPECT_TRUE(QDMMLTUpdateOUTBin(list, &printer, &bins[8], bins[8].entryId));
+    EXPECT_TRUE(QDMMLTWriteOUTBin(list, &printer));
+    list = QDMMLTReadOUTBin(&printer);
+    QDMMLTGetOUTBinArray(list, &printer, bins);
+    EXPECT_STREQ(bins[8].displayName, "Ada");
+    QDMMLTCancelOUTBin(list, &printer);
+}
+
+}  // namespace
+}  // namespace kvtest

@@ -1,0 +1,54 @@
+// A printer of the served model on a scratch state directory. Shared by the framework's tests.
+#pragma once
+
+#include <framework/core/install_printer.h>
+#include <kvcore.h>
+#include <winreg.h>
+#include <winspool.h>
+
+#include <gmock/gmock.h>
+
+#include <string>
+
+#include "tests/platform/shell/scratch.h"
+
+namespace kvtest {
+
+enum class Actor { kUser, kAdministrator };
+
+class PrinterTest : public kv::test::ScratchTest {
+ protected:
+    static constexpr const char* kPrinter = "Office Tessora";
+
+    void SetUp() override {
+        Act(Actor::kAdministrator);
+        std::string error;
+        ASSERT_TRUE(kvcore::InstallPrinter(kPrinter, "USB001", KV_SOURCE_DIR "/models", error))
+            << error;
+        ASSERT_TRUE(kvcore::MakePrinterBlock(kPrinter, printer, error)) << error;
+    }
+    static void Act(Actor actor) { kv::SetActingAsAdministrator(actor == Actor::kAdministrator); }
+    // Null when it is refused; the last error says why.
+    static HANDLE Open(DWORD access, const char* name = kPrinter) {
+        PRINTER_DEFAULTSA defaults{nullptr, nullptr, access};
+        HANDLE handle = nullptr;
+        return OpenPrinterA(name, &handle, &defaults) ? handle : nullptr;
+    }
+    static DWORD Put(const char* name, DWORD type, const std::string& bytes) {
+        const HANDLE handle = Open(PRINTER_ACCESS_ADMINISTER | PRINTER_ACCESS_USE);
+        std::string copy = bytes;
+        const DWORD error =
+            SetPrinterDataA(handle, name, type, reinterpret_cast<BYTE*>(copy.data()),
+                            static_cast<DWORD>(copy.size()));
+        ClosePrinter(handle);
+        return error;
+    }
+    static DWORD PutNumber(const char* name, DWORD number) {
+        return Put(name, REG_DWORD,
+                   std::string(reinterpret_cast<const char*>(&number), sizeof number));
+    }
+
+    PrinterBlock printer{};
+};
+
+}  // namespace kvtest
