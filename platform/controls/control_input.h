@@ -21,6 +21,8 @@ constexpr UINT KVM_DRAGTO = 0x8003;
 constexpr UINT KVM_STEP = 0x8004;
 // Brings a page of a property sheet to the front. wParam: index of the page.
 constexpr UINT KVM_SELECTPAGE = 0x8005;
+// Drags a track bar's thumb without letting go. lParam: the position (LONG).
+constexpr UINT KVM_TRACKTO = 0x8006;
 
 // States that displays read and for which the platform has no message of its own.
 // A list box's tab stops in dialog units. wParam: capacity, lParam: int*; answers their number.

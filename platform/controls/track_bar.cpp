@@ -98,6 +98,14 @@ LRESULT DragTo(HWND handle, WPARAM wParam, LPARAM lParam) {
     return 1;
 }
 
+// A thumb that is still held reports every movement; DragTo reports the end.
+LRESULT TrackTo(HWND handle, LPARAM lParam) {
+    if (MoveTo(*WindowFromHandle(handle), static_cast<LONG>(lParam))) {
+        Scroll(handle, TB_THUMBTRACK);
+    }
+    return 1;
+}
+
 struct KeyStep {
     int virtualKey;
     WORD code;
@@ -266,6 +274,8 @@ LRESULT TrackBarProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lPara
             return state.tickFrequency;
         case KVM_DRAGTO:
             return DragTo(handle, wParam, lParam);
+        case KVM_TRACKTO:
+            return TrackTo(handle, lParam);
         case WM_KEYDOWN:
             return OnKeyDown(*window, static_cast<int>(wParam));
         case WM_KEYUP:

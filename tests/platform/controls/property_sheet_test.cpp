@@ -1,0 +1,335 @@
+// Property sheets as their pages see them: creation, turning pages, OK, Apply, Cancel, keys and
+// focus.
+#include "sheet_fixture.h"
+
+#include <platform/controls/page_template.h>
+
+namespace kv {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+TEST_F(SheetTest, PagesAreCreatedWhenFirstShown) {
+    Open();
+    EXPECT_THAT(TakeLog(), ElementsAre("Alpha INIT", "Alpha SETACTIVE", "Alpha FOCUS"));
+    EXPECT_EQ(ActivePage(), 0);
+    EXPECT_EQ(Page(1), nullptr);
+    EXPECT_TRUE(input::SelectPage(sheet, 1));
+    EXPECT_TRUE(input::SelectPage(sheet, 0));
+    EXPECT_THAT(TakeLog(), ElementsAre("Alpha KILLACTIVE", "Beta INIT", "Beta SETACTIVE",
+                                       "Beta FOCUS", "Alpha EN_KILLFOCUS", "Beta KILLACTIVE",
+                                       "Alpha SETACTIVE", "Alpha FOCUS", "Beta EN_KILLFOCUS"));
+    EXPECT_EQ(ActivePage(), 0);
+    EXPECT_EQ(GetParent(Page(1)), sheet);
+}
+
+TEST_F(SheetTest, ThePageGetsTheSheetsOwnCopyOfItsRecord) {
+    struct Extended : PROPSHEETPAGEA {
+        int extra = 0;
+    };
+    PROPSHEETHEADERA header{};
+    {
+        std::vector<Extended> pages(2);
+        for (size_t i = 0; i < pages.size(); ++i) {
+            static_cast<PROPSHEETPAGEA&>(pages[i]) = Pages()[i];
+            pages[i].dwSize = sizeof(Extended);
+            pages[i].extra = 70 + static_cast<int>(i);
+        }
+        header = {sizeof header,
+                  PSH_PROPSHEETPAGE | PSH_MODELESS,
+                  nullptr,
+                  nullptr,
+                  nullptr,
+                  nullptr,
+                  2,
+                  1,
+                  pages.data(),
+                  nullptr};
+        sheet = reinterpret_cast<HWND>(PropertySheetA(&header));
+    }
+    const auto& record = *reinterpret_cast<const Extended*>(initParam);
+    EXPECT_EQ(record.lParam, 1001);
+    EXPECT_EQ(record.extra, 71);
+    EXPECT_EQ(ActivePage(), 1);
+}
+
+TEST_F(SheetTest, TheSheetFitsItsLargestPage) {
+    Open();
+    RECT page{};
+    GetClientRect(Page(0), &page);
+    EXPECT_EQ(page.right, MulDiv(240, 6, 4));
+    EXPECT_EQ(page.bottom, MulDiv(200, 13, 8));
+    RECT tabs{};
+    GetWindowRect(GetDlgItem(sheet, kSheetTabControl), &tabs);
+    RECT whole{};
+    GetWindowRect(sheet, &whole);
+    for (int id : {IDOK, IDCANCEL, kSheetApplyButton, IDHELP}) {
+        RECT button{};
+        GetWindowRect(Button(id), &button);
+        EXPECT_GE(button.top, tabs.bottom) << id;
+        EXPECT_LE(button.right, whole.right) << id;
+        EXPECT_LE(button.bottom, whole.bottom) << id;
+    }
+    EXPECT_EQ(KindOf(sheet), "sheet");
+}
+
+TEST_F(SheetTest, TheTitleFlagNamesWindowAndTab) {
+    std::vector<PROPSHEETPAGEA> pages = Pages();
+    pages[0].dwFlags |= PSP_USETITLE;
+    pages[0].pszTitle = "A quite different title";
+    Open(PSH_NOAPPLYNOW, pages);
+    EXPECT_THAT(TakeLog()[0], "A quite different title INIT");
+    char text[64] = "";
+    for (const char* expected : {"A quite different title", "Beta"}) {
+        TCITEMA item{};
+        item.mask = TCIF_TEXT;
+        item.pszText = text;
+        item.cchTextMax = sizeof text;
+        SendDlgItemMessageA(sheet, kSheetTabControl, TCM_GETITEMA, expected[0] == 'B',
+                            reinterpret_cast<LPARAM>(&item));
+        EXPECT_STREQ(text, expected);
+    }
+    EXPECT_EQ(KindOf(GetDlgItem(Page(0), 10)), "edit");
+    EXPECT_EQ(KindOf(GetDlgItem(Page(0), 11)), "button");
+    EXPECT_EQ(Button(kSheetApplyButton), nullptr);
+    EXPECT_EQ(Button(IDHELP), nullptr);
+}
+
+TEST_F(SheetTest, APageMayRefuseToBeLeftOrShown) {
+    Open();
+    TakeLog();
+    answers["Alpha KILLACTIVE"] = TRUE;
+    EXPECT_FALSE(input::SelectPage(sheet, 1));
+    EXPECT_EQ(ActivePage(), 0);
+    EXPECT_EQ(Page(1), nullptr);
+    EXPECT_THAT(TakeLog(), ElementsAre("Alpha KILLACTIVE"));
+    answers = {{"Beta SETACTIVE", -1}};
+    EXPECT_TRUE(input::SelectPage(sheet, 1));
+    EXPECT_EQ(ActivePage(), 2);
+}
+
+TEST_F(SheetTest, ApplyAsksEveryPageThatWasShown) {
+    Open();
+    input::SelectPage(sheet, 2);
+    std::vector<std::string> applied;
+    OnSheetApplied(sheet, [&](HWND, bool closing) {
+        applied.push_back(closing ? "closing" : "open");
+        log.push_back("stored");
+    });
+    EXPECT_FALSE(IsWindowEnabled(Button(kSheetApplyButton)));
+    SendMessageA(sheet, PSM_CHANGED, reinterpret_cast<WPARAM>(Page(0)), 0);
+    EXPECT_TRUE(IsWindowEnabled(Button(kSheetApplyButton)));
+    TakeLog();
+    input::Click(Button(kSheetApplyButton));
+    EXPECT_THAT(TakeLog(), ElementsAre("Gamma EN_KILLFOCUS", "Gamma KILLACTIVE", "Alpha APPLY 0",
+                                       "Gamma APPLY 0", "stored", "Gamma SETACTIVE"));
+    EXPECT_FALSE(IsWindowEnabled(Button(kSheetApplyButton)));
+    EXPECT_FALSE(SheetEnded(sheet));
+    input::Click(Button(IDOK));
+    EXPECT_THAT(TakeLog(),
+                ElementsAre("Gamma KILLACTIVE", "Alpha APPLY 1", "Gamma APPLY 1", "stored"));
+    EXPECT_TRUE(SheetEnded(sheet));
+    EXPECT_EQ(SheetResult(sheet), 1);
+    EXPECT_EQ(SendMessageA(sheet, PSM_GETCURRENTPAGEHWND, 0, 0), 0);
+    EXPECT_THAT(applied, ElementsAre("open", "closing"));
+}
+
+TEST_F(SheetTest, OnlyRealChangesOfPagesEnableApply) {
+    Open();
+    input::SelectPage(sheet, 1);
+    const auto alpha = reinterpret_cast<WPARAM>(Page(0));
+    const auto beta = reinterpret_cast<WPARAM>(Page(1));
+    SendMessageA(sheet, PSM_CHANGED, reinterpret_cast<WPARAM>(Button(IDOK)), 0);
+    EXPECT_FALSE(IsWindowEnabled(Button(kSheetApplyButton)));
+    SendMessageA(sheet, PSM_CHANGED, alpha, 0);
+    SendMessageA(sheet, PSM_CHANGED, beta, 0);
+    SendMessageA(sheet, PSM_UNCHANGED, alpha, 0);
+    EXPECT_TRUE(IsWindowEnabled(Button(kSheetApplyButton)));
+    SendMessageA(sheet, PSM_UNCHANGED, beta, 0);
+    EXPECT_FALSE(IsWindowEnabled(Button(kSheetApplyButton)));
+}
+
+TEST_F(SheetTest, ARefusedApplyBringsItsPageToTheFront) {
+    Open();
+    input::SelectPage(sheet, 1);
+    input::SelectPage(sheet, 2);
+    int stored = 0;
+    OnSheetApplied(sheet, [&](HWND, bool) { ++stored; });
+    answers["Beta APPLY"] = PSNRET_INVALID;
+    TakeLog();
+    input::Click(Button(IDOK));
+    EXPECT_THAT(TakeLog(), ElementsAre("Gamma EN_KILLFOCUS", "Gamma KILLACTIVE", "Alpha APPLY 1",
+                                       "Beta APPLY 1", "Beta SETACTIVE", "Beta FOCUS"));
+    EXPECT_EQ(ActivePage(), 1);
+    answers["Beta APPLY"] = PSNRET_INVALID_NOCHANGEPAGE;
+    input::SelectPage(sheet, 0);
+    input::Click(Button(IDOK));
+    EXPECT_EQ(ActivePage(), 0);
+    answers = {{"Alpha KILLACTIVE", TRUE}};
+    TakeLog();
+    input::Key(VK_RETURN);
+    EXPECT_THAT(TakeLog(), ElementsAre("Alpha KILLACTIVE"));
+    EXPECT_FALSE(SheetEnded(sheet));
+    EXPECT_EQ(stored, 0);
+}
+
+TEST_F(SheetTest, CancelEscapeAndTheCloseBoxResetThePages) {
+    const struct {
+        const char* name;
+        std::function<void(SheetTest&, HWND)> act;
+        const char* reset;
+    } ways[] = {
+        {"button", [](SheetTest&, HWND s) { input::Click(GetDlgItem(s, IDCANCEL)); }, "0"},
+        {"escape", [](SheetTest&, HWND) { input::Key(VK_ESCAPE); }, "0"},
+        {"close box", [](SheetTest&, HWND s) { input::Close(s); }, "1"},
+    };
+    for (const auto& way : ways) {
+        SCOPED_TRACE(way.name);
+        Open();
+        input::SelectPage(sheet, 1);
+        answers = {{"Beta QUERYCANCEL", TRUE}};
+        way.act(*this, sheet);
+        EXPECT_FALSE(SheetEnded(sheet));
+        answers.clear();
+        SetFocus(GetDlgItem(Page(1), 11));
+        TakeLog();
+        way.act(*this, sheet);
+        EXPECT_THAT(TakeLog(),
+                    ElementsAre("Beta QUERYCANCEL", std::string("Alpha RESET ") + way.reset,
+                                std::string("Beta RESET ") + way.reset));
+        EXPECT_TRUE(SheetEnded(sheet));
+        EXPECT_EQ(SheetResult(sheet), 0);
+        DestroyWindow(sheet);
+        EXPECT_THAT(TakeLog(), ElementsAre("Alpha DESTROY", "Beta DESTROY"));
+    }
+}
+
+TEST_F(SheetTest, EnterLeavesTheFocusInTheEdit) {
+    Open();
+    SetFocus(GetDlgItem(Page(0), 10));
+    TakeLog();
+    input::Key(VK_RETURN);
+    EXPECT_THAT(TakeLog(), ElementsAre("Alpha KILLACTIVE", "Alpha APPLY 1"));
+    EXPECT_EQ(GetFocus(), GetDlgItem(Page(0), 10));
+}
+
+TEST_F(SheetTest, ControlWithTabOrPageKeysTurnsThePages) {
+    Open();
+    const struct {
+        int key;
+        unsigned modifiers;
+        int page;
+    } turns[] = {
+        {VK_TAB, input::kControl, 1},   {VK_NEXT, input::kControl, 2},
+        {VK_TAB, input::kControl, 0},   {VK_TAB, input::kControl | input::kShift, 2},
+        {VK_PRIOR, input::kControl, 1},
+    };
+    for (const auto& turn : turns) {
+        input::Key(turn.key, turn.modifiers);
+        EXPECT_EQ(ActivePage(), turn.page);
+        EXPECT_TRUE(IsChild(Page(turn.page), GetFocus()));
+    }
+}
+
+TEST_F(SheetTest, TabWalksFromThePageThroughTheButtonsToTheTabs) {
+    Open();
+    SetFocus(GetDlgItem(Page(0), 11));
+    std::vector<int> ids;
+    for (int i = 0; i < 5; ++i) {
+        input::Key(VK_TAB);
+        ids.push_back(GetDlgCtrlID(GetFocus()));
+    }
+    EXPECT_THAT(ids, ElementsAre(IDOK, IDCANCEL, IDHELP, kSheetTabControl, 10));
+    // On the tabs the arrows turn the pages, and the focus stays there.
+    SetFocus(GetDlgItem(sheet, kSheetTabControl));
+    input::Key(VK_RIGHT);
+    EXPECT_EQ(ActivePage(), 1);
+    EXPECT_EQ(GetDlgCtrlID(GetFocus()), kSheetTabControl);
+}
+
+TEST_F(SheetTest, APageChoosesItsFirstFocusAndGetsHelp) {
+    atEvent = [&](const std::string& event, HWND page) {
+        if (event == "Alpha FOCUS") {
+            answers[event] = reinterpret_cast<LRESULT>(GetDlgItem(page, 11));
+        }
+    };
+    Open();
+    EXPECT_EQ(GetFocus(), GetDlgItem(Page(0), 11));
+    TakeLog();
+    input::Click(Button(IDHELP));
+    EXPECT_THAT(TakeLog(), ElementsAre("Alpha HELP"));
+}
+
+TEST_F(SheetTest, AModalSheetReturnsWhatEndedIt) {
+    HeadlessDisplay& display = Headless();
+    HWND owner = CreateWindowExA(0, "STATIC", "owner", WS_POPUP | WS_VISIBLE, 0, 0, 10, 10, nullptr,
+                                 nullptr, nullptr, nullptr);
+    std::vector<PROPSHEETPAGEA> pages = Pages();
+    PROPSHEETHEADERA header{};
+    header.dwSize = sizeof header;
+    header.dwFlags = PSH_PROPSHEETPAGE;
+    header.hwndParent = owner;
+    header.nPages = 3;
+    header.ppsp = pages.data();
+    for (int id : {IDOK, IDCANCEL}) {
+        display.PushAnswer([&](HWND modal) {
+            EXPECT_FALSE(IsWindowEnabled(owner));
+            input::Click(GetDlgItem(modal, id));
+        });
+        EXPECT_EQ(PropertySheetA(&header), id == IDOK ? 1 : 0);
+        EXPECT_TRUE(IsWindowEnabled(owner));
+    }
+    display.OnUnanswered([](const std::string&) {});
+    EXPECT_EQ(PropertySheetA(&header), -1);
+    display.OnUnanswered(nullptr);
+    EXPECT_TRUE(IsWindowEnabled(owner));
+    DestroyWindow(owner);
+}
+
+TEST_F(SheetTest, RemovingAndCountingPages) {
+    Open();
+    EXPECT_TRUE(SendMessageA(sheet, PSM_REMOVEPAGE, 0, 0));
+    EXPECT_THAT(TakeLog().back(), "Alpha DESTROY");
+    EXPECT_EQ(SendDlgItemMessageA(sheet, kSheetTabControl, TCM_GETITEMCOUNT, 0, 0), 2);
+    EXPECT_EQ(ActivePage(), 0);
+    EXPECT_TRUE(SendMessageA(sheet, PSM_REMOVEPAGE, 1, 0));
+    EXPECT_FALSE(SendMessageA(sheet, PSM_REMOVEPAGE, 0, 0));
+}
+
+TEST_F(SheetTest, ASheetMayBeDestroyedByItsPages) {
+    atEvent = [&](const std::string& event, HWND) {
+        if (event == "Alpha APPLY" || event == "Alpha KILLACTIVE") DestroyWindow(sheet);
+    };
+    Open();
+    input::Click(Button(IDOK));
+    EXPECT_FALSE(IsWindow(sheet));
+}
+
+TEST_F(SheetTest, BadHeadersAndMissingTemplatesMakeNoSheet) {
+    EXPECT_EQ(PropertySheetA(nullptr), -1);
+    std::vector<PROPSHEETPAGEA> pages = Pages();
+    pages[1].pszTemplate = "NOSUCHPAGE";
+    EXPECT_EQ(Open(0, pages), nullptr);
+    pages = Pages();
+    pages[0].dwSize = 4;
+    EXPECT_EQ(reinterpret_cast<INT_PTR>(Open(0, pages)), -1);
+    EXPECT_THAT(TakeLog(), IsEmpty());
+    EXPECT_TRUE(TopLevelWindows().empty());
+    sheet = nullptr;
+}
+
+TEST_F(SheetTest, DamagedTemplatesAreRefused) {
+    HRSRC resource = FindResourceA(nullptr, "PAGEA", MAKEINTRESOURCEA(RT_DIALOG_ID));
+    const auto* data = static_cast<const std::byte*>(LockResource(LoadResource(nullptr, resource)));
+    // The header ends behind the font's name: 18 bytes, two empty names, the two texts and a size.
+    const size_t header = 18 + 2 + 2 + 2 * sizeof "Alpha" + 2 + 2 * sizeof "MS Shell Dlg";
+    for (size_t size = 0; size < header; ++size) {
+        const std::vector<std::byte> cut(data, data + size);
+        EXPECT_FALSE(ReadPageTemplate(cut)) << size;
+    }
+    EXPECT_TRUE(ReadPageTemplate(std::span(data, header)));
+}
+
+}  // namespace
+}  // namespace kv
