@@ -1,0 +1,27 @@
+// Texts and style words as they are read from the core. Used by every mirror.
+#pragma once
+
+#include <windows.h>
+
+#include <QString>
+
+#include <string>
+#include <string_view>
+
+namespace kvqt {
+
+// The core's texts are in the driver's code page. What it does not have is left out of ToAnsi.
+QString FromAnsi(std::string_view text);
+std::string ToAnsi(const QString& text);
+
+// The text of a window, asked for by message so that subclasses have their say. Line ends are '\n'.
+QString WindowTextOf(HWND window);
+DWORD StyleOf(HWND window);
+inline DWORD TypeOf(HWND window, DWORD mask) { return StyleOf(window) & mask; }
+
+// "&Apply..." as a screen reader says it.
+QString WithoutMnemonic(const QString& text);
+// What a control without a caption of its own is called: the label before it in the dialog's order.
+QString NameFromLabel(HWND control);
+
+}  // namespace kvqt

@@ -1,0 +1,131 @@
+// What all mirrors do alike: place, font, enabled state, name for screen readers; and the choice of
+// the mirror for a window. See mirror.h.
+#include <host/qt/mirror.h>
+
+#include <QFontMetrics>
+
+#include <array>
+#include <string_view>
+
+namespace kvqt {
+namespace {
+
+struct Family {
+    std::string_view kind;
+    MirrorPointer (*make)(QtDisplay&, HWND, QWidget*);
+};
+
+// Tooltips have no widget: the display shows them itself.
+constexpr Family kFamilies[] = {
+    {"sheet", MakeDialogMirror},      {"dialog", MakePageMirror},
+    {"button", MakeButtonMirror},     {"static", MakeStaticMirror},
+    {"edit", MakeEditMirror},         {"combo", MakeComboMirror},
+    {"list", MakeListMirror},         {"trackbar", MakeTrackBarMirror},
+    {"updown", MakeUpDownMirror},     {"tab", MakeTabMirror},
+    {"", MakePaintedMirror},
+};
+
+// The height of the font for which dialogs are laid out, of 8 points.
+constexpr double kDialogFontHeight = 11;
+
+}  // namespace
+
+MirrorPointer MakeMirror(QtDisplay& display, HWND window, QWidget* parent) {
+    const kv::Window* record = kv::WindowFromHandle(window);
+    if (!record) return nullptr;
+    const auto kind = kv::KindOf(window);
+    if (!record->parent && kind != "tooltip") return MakeDialogMirror(display, window, parent);
+    for (const Family& family : kFamilies) {
+        if (family.kind == kind) return family.make(display, window, parent);
+    }
+    return nullptr;
+}
+
+unsigned ModifiersOf(Qt::KeyboardModifiers modifiers) {
+    return ((modifiers & Qt::ShiftModifier) != 0 ? 1u : 0u) |
+           ((modifiers & Qt::ControlModifier) != 0 ? 2u : 0u) |
+           ((modifiers & Qt::AltModifier) != 0 ? 4u : 0u);
+}
+
+QFont FontThatFits(const QFont& font, const QString& text, int width) {
+    constexpr int kNarrowest = 75;
+    constexpr int kStep = 5;
+    QFont fitted = font;
+    for (int stretch = 100; stretch >= kNarrowest; stretch -= kStep) {
+        fitted.setStretch(stretch);
+        const QFontMetrics metrics(fitted);
+        if (metrics.size(Qt::TextShowMnemonic, text).width() <= width) break;
+    }
+    return fitted;
+}
+
+Mirror::~Mirror() {
+    if (!widget_) return;
+    display_.Unregister(widget_);
+    widget_->hide();
+    widget_->deleteLater();
+}
+
+void Mirror::SetWidget(QWidget* widget) {
+    widget_ = widget;
+    display_.Register(widget, window_);
+}
+
+void Mirror::Repaint() {
+    if (widget_) widget_->update();
+}
+
+void Mirror::Show(bool visible) {
+    if (widget_ && widget_->isHidden() == visible) widget_->setVisible(visible);
+}
+
+void Mirror::Sync(unsigned changes) {
+    if (!widget_) return;
+    if ((changes & kv::kChangedFont) != 0) SyncFont();
+    if ((changes & kv::kChangedGeometry) != 0) SyncGeometry();
+    if ((changes & kv::kChangedEnabled) != 0) SyncEnabled();
+    SyncState(changes);
+    if ((changes & kv::kChangedText) != 0) {
+        const QString name = AccessibleName();
+        if (widget_->accessibleName() != name) widget_->setAccessibleName(name);
+    }
+}
+
+void Mirror::SyncGeometry() {
+    const kv::Window* record = kv::WindowFromHandle(window_);
+    if (!record) return;
+    QRect rect = display_.scale().Rect(record->rect);
+    const kv::Window* parent = kv::WindowFromHandle(record->parent);
+    if (parent && widget_->parentWidget() &&
+        widget_->parentWidget()->layoutDirection() == Qt::RightToLeft) {
+        const int width = display_.scale().Length(parent->rect.right - parent->rect.left);
+        rect.moveLeft(width - rect.left() - rect.width());
+    }
+    if (widget_->geometry() != rect) widget_->setGeometry(rect);
+}
+
+void Mirror::SyncEnabled() {
+    const bool enabled = (Style() & WS_DISABLED) == 0;
+    if (widget_->testAttribute(Qt::WA_ForceDisabled) == enabled) widget_->setEnabled(enabled);
+}
+
+QString Mirror::AccessibleName() const { return WithoutMnemonic(WindowTextOf(window_)); }
+
+// A control with a font of its own differs from the desktop's font as that one differs from the
+// font of dialogs.
+void Mirror::SyncFont() {
+    const kv::Window* record = kv::WindowFromHandle(window_);
+    const kv::Window* parent = record ? kv::WindowFromHandle(record->parent) : nullptr;
+    if (!parent || !record->font || record->font == parent->font || widget_->isWindow()) return;
+    LOGFONTA own{};
+    if (!GetObjectA(record->font, sizeof own, &own)) return;
+    QFont font = widget_->parentWidget()->font();
+    const double height = own.lfHeight < 0 ? -own.lfHeight : kDialogFontHeight;
+    if (font.pointSizeF() > 0) font.setPointSizeF(font.pointSizeF() * height / kDialogFontHeight);
+    font.setBold(own.lfWeight >= FW_BOLD);
+    font.setItalic(own.lfItalic != 0);
+    font.setUnderline(own.lfUnderline != 0);
+    widget_->setFont(font);
+}
+
+}  // namespace kvqt

@@ -1,0 +1,84 @@
+// One widget that stands for one window of the core. The display owns the mirrors; a mirror reads the
+// window's state by the platform's own messages and never keeps a copy of it.
+#pragma once
+
+#include <host/qt/core_text.h>
+#include <host/qt/qt_display.h>
+#include <platform/display/display.h>
+#include <platform/window/window.h>
+
+#include <QPointer>
+#include <QWidget>
+
+#include <memory>
+
+namespace kvqt {
+
+class Mirror {
+ public:
+    Mirror(QtDisplay& display, HWND window) : display_(display), window_(window) {}
+    // The widget goes when its own event handlers have returned.
+    virtual ~Mirror();
+    Mirror(const Mirror&) = delete;
+    Mirror& operator=(const Mirror&) = delete;
+
+    HWND window() const { return window_; }
+    QWidget* widget() const { return widget_; }
+    // Where the keyboard focus goes.
+    virtual QWidget* FocusWidget() const { return widget_; }
+
+    // Brings the widget up to date; `changes` are kChanged* values.
+    void Sync(unsigned changes);
+    // The core's picture of the window is out of date.
+    virtual void Repaint();
+    // The children are complete.
+    virtual void Show(bool visible);
+    // A modal loop runs for the window from now on.
+    virtual void BeginModal() {}
+
+ protected:
+    void SetWidget(QWidget* widget);
+    virtual void SyncState(unsigned changes) = 0;
+    virtual void SyncGeometry();
+    virtual void SyncEnabled();
+    virtual QString AccessibleName() const;
+
+    QtDisplay& display() const { return display_; }
+    DWORD Style() const { return StyleOf(window_); }
+    LRESULT Ask(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
+        return SendMessageA(window_, message, wParam, lParam);
+    }
+
+ private:
+    void SyncFont();
+
+    QtDisplay& display_;
+    HWND window_;
+    QPointer<QWidget> widget_;
+};
+
+using MirrorPointer = std::unique_ptr<Mirror>;
+
+// The mirror for a window of any kind. `parent` is the widget of the parent or owner window.
+MirrorPointer MakeMirror(QtDisplay& display, HWND window, QWidget* parent);
+
+// One per widget family, each in its own file.
+MirrorPointer MakeDialogMirror(QtDisplay& display, HWND window, QWidget* parent);
+MirrorPointer MakePageMirror(QtDisplay& display, HWND window, QWidget* parent);
+MirrorPointer MakePaintedMirror(QtDisplay& display, HWND window, QWidget* parent);
+MirrorPointer MakeButtonMirror(QtDisplay& display, HWND window, QWidget* parent);
+MirrorPointer MakeStaticMirror(QtDisplay& display, HWND window, QWidget* parent);
+MirrorPointer MakeEditMirror(QtDisplay& display, HWND window, QWidget* parent);
+MirrorPointer MakeComboMirror(QtDisplay& display, HWND window, QWidget* parent);
+MirrorPointer MakeListMirror(QtDisplay& display, HWND window, QWidget* parent);
+MirrorPointer MakeTrackBarMirror(QtDisplay& display, HWND window, QWidget* parent);
+MirrorPointer MakeUpDownMirror(QtDisplay& display, HWND window, QWidget* parent);
+MirrorPointer MakeTabMirror(QtDisplay& display, HWND window, QWidget* parent);
+
+// The modifier keys of a mouse or key event as kv::input::Modifier flags.
+unsigned ModifiersOf(Qt::KeyboardModifiers modifiers);
+
+// The font with its letters narrowed, as far as needed and bearable, so that the text fits.
+QFont FontThatFits(const QFont& font, const QString& text, int width);
+
+}  // namespace kvqt

@@ -1,0 +1,113 @@
+// Fetching the core's pictures through one scratch surface, and scaling them; see picture.h.
+#include <host/qt/picture.h>
+#include <platform/gdi/surface.h>
+#include <platform/window/paint.h>
+
+#include <QPaintDevice>
+
+#include <algorithm>
+#include <cmath>
+
+namespace kvqt {
+namespace {
+
+// The surface that windows paint into; it only grows. It lives as long as the process, like the
+// graphics objects in it.
+class Canvas {
+ public:
+    static Canvas& Instance() {
+        static Canvas* canvas = new Canvas;
+        return *canvas;
+    }
+
+    // A DC of at least the size, whose upper left part has the colour of the ground. Null when there
+    // is no memory.
+    HDC Prepare(SIZE size, const QColor& ground) {
+        if (!Grow(size)) return nullptr;
+        const std::uint32_t color = ground.rgb();
+        for (int y = 0; y < size.cy; ++y) std::fill_n(view_.Row(y), size.cx, color);
+        const RECT area{0, 0, size.cx, size.cy};
+        kv::SetDcArea(dc_, &area);
+        return dc_;
+    }
+
+    QImage Take(SIZE size) const {
+        const auto* bits = reinterpret_cast<const uchar*>(view_.Row(0));
+        return QImage(bits, size.cx, size.cy, view_.stride * qsizetype{4}, QImage::Format_RGB32)
+            .copy();
+    }
+
+ private:
+    bool Grow(SIZE size) {
+        if (size.cx <= 0 || size.cy <= 0) return false;
+        if (size.cx <= view_.width && size.cy <= view_.height) return true;
+        if (!dc_) dc_ = CreateCompatibleDC(nullptr);
+        const HBITMAP bitmap =
+            CreateCompatibleBitmap(nullptr, std::max<LONG>(size.cx, view_.width),
+                                   std::max<LONG>(size.cy, view_.height));
+        if (!dc_ || !bitmap) return false;
+        kv::SetDcArea(dc_, nullptr);
+        SelectObject(dc_, bitmap);
+        if (bitmap_) DeleteObject(bitmap_);
+        bitmap_ = bitmap;
+        view_ = kv::ViewOf(bitmap);
+        return static_cast<bool>(view_);
+    }
+
+    HDC dc_{};
+    HBITMAP bitmap_{};
+    kv::SurfaceView view_;
+};
+
+QImage Copy(const kv::SurfaceView& view, QImage::Format format) {
+    if (!view) return {};
+    QImage image(view.width, view.height, format);
+    for (int y = 0; y < view.height; ++y) {
+        std::copy_n(view.Row(y), view.width, reinterpret_cast<std::uint32_t*>(image.scanLine(y)));
+    }
+    return image;
+}
+
+// Up to the next whole factor by repeating pixels, then down to the wanted size by averaging.
+QImage Enlarge(const QImage& picture, QSize size) {
+    if (picture.size() == size) return picture;
+    const double factor = std::max(double(size.width()) / picture.width(),
+                                   double(size.height()) / picture.height());
+    const int whole = static_cast<int>(std::ceil(factor - 1e-6));
+    const QImage large = whole > 1 ? picture.scaled(picture.size() * whole) : picture;
+    return large.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
+}  // namespace
+
+QImage PictureOfWindow(HWND window, const QColor& ground) {
+    RECT client{};
+    if (!GetClientRect(window, &client)) return {};
+    const SIZE size{client.right, client.bottom};
+    Canvas& canvas = Canvas::Instance();
+    const HDC dc = canvas.Prepare(size, ground);
+    if (!dc || kv::PaintWindow(window, dc) == kv::Painting::kPlain) return {};
+    return canvas.Take(size);
+}
+
+QImage PictureOfItem(HWND control, int item, SIZE size, UINT itemState, const QColor& ground) {
+    Canvas& canvas = Canvas::Instance();
+    const HDC dc = canvas.Prepare(size, ground);
+    const RECT rect{0, 0, size.cx, size.cy};
+    if (!dc || !kv::PaintItem(control, item, dc, rect, itemState)) return {};
+    return canvas.Take(size);
+}
+
+QImage PictureOf(HBITMAP bitmap) { return Copy(kv::ViewOf(bitmap), QImage::Format_RGB32); }
+
+QImage PictureOf(HICON icon) { return Copy(kv::ViewOf(icon), QImage::Format_ARGB32); }
+
+void DrawPicture(QPainter& painter, const QRect& target, const QImage& picture) {
+    if (picture.isNull() || target.isEmpty()) return;
+    const double ratio = painter.device()->devicePixelRatioF();
+    QImage scaled = Enlarge(picture, (QSizeF(target.size()) * ratio).toSize());
+    scaled.setDevicePixelRatio(ratio);
+    painter.drawImage(target.topLeft(), scaled);
+}
+
+}  // namespace kvqt

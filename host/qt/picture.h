@@ -1,0 +1,26 @@
+// Pictures that the core draws: windows and entries that paint themselves, bitmaps and icons.
+#pragma once
+
+#include <windows.h>
+
+#include <QColor>
+#include <QImage>
+#include <QPainter>
+#include <QRect>
+
+namespace kvqt {
+
+// What the window draws of itself, in core pixels; null when the display has to draw it. Places that
+// nothing is drawn on have the colour of the ground.
+QImage PictureOfWindow(HWND window, const QColor& ground);
+// One entry of an owner-drawn list or combo box, `item` -1 for the closed box.
+QImage PictureOfItem(HWND control, int item, SIZE size, UINT itemState, const QColor& ground);
+
+QImage PictureOf(HBITMAP bitmap);
+QImage PictureOf(HICON icon);
+
+// Draws a picture of core pixels into a rectangle of device-independent ones. Edges stay crisp also
+// for factors like 1.25.
+void DrawPicture(QPainter& painter, const QRect& target, const QImage& picture);
+
+}  // namespace kvqt

@@ -1,0 +1,61 @@
+// The library's two exported functions, see display_plugin.h.
+#include <host/display_plugin.h>
+#include <host/qt/qt_display.h>
+
+#include <QApplication>
+
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+
+namespace {
+
+struct Plugin {
+    std::unique_ptr<QApplication> application;
+    std::unique_ptr<kvqt::QtDisplay> display;
+};
+Plugin plugin;
+
+bool IsSet(const char* name) {
+    const char* value = std::getenv(name);
+    return value && *value;
+}
+
+// Qt ends the process with a core dump when it cannot reach the desktop; a person gets one clear line
+// instead.
+void ReportAndEnd(QtMsgType type, const QMessageLogContext&, const QString& text) {
+    if (type != QtFatalMsg) return;
+    const QString reason = text.section(u'\n', 0, 0);
+    std::fprintf(stderr, "kvprefs: the window cannot be opened: %s\n", qPrintable(reason));
+    std::fflush(nullptr);
+    std::_Exit(1);
+}
+
+}  // namespace
+
+#define KV_EXPORT __attribute__((visibility("default")))
+
+extern "C" KV_EXPORT kv::Display* KvCreateQtDisplay(int* argc, char** argv, const char** error) {
+    if (plugin.display) {
+        if (error) *error = "the display exists already";
+        return nullptr;
+    }
+    if (!IsSet("DISPLAY") && !IsSet("WAYLAND_DISPLAY") && !IsSet("QT_QPA_PLATFORM")) {
+        if (error) *error = "there is no desktop: neither DISPLAY nor WAYLAND_DISPLAY is set";
+        return nullptr;
+    }
+    const QtMessageHandler previous = qInstallMessageHandler(ReportAndEnd);
+    plugin.application = std::make_unique<QApplication>(*argc, argv);
+    qInstallMessageHandler(previous);
+    QApplication::setQuitOnLastWindowClosed(false);
+    plugin.display = std::make_unique<kvqt::QtDisplay>();
+    return plugin.display.get();
+}
+
+extern "C" KV_EXPORT void KvDestroyQtDisplay(kv::Display* display) {
+    if (!display || display != plugin.display.get()) return;
+    plugin.display.reset();
+    // Widgets whose deletion was put off go before the application does.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    plugin.application.reset();
+}
