@@ -1,5 +1,5 @@
-// BitBlt and PatBlt: clipping against both surfaces, order of rows for overlapping areas, conversion
-// between monochrome and colour surfaces.
+// BitBlt and PatBlt: clipping against both surfaces, order of rows for overlapping areas,
+// conversion between monochrome and colour surfaces.
 #include <platform/gdi/blit.h>
 #include <platform/gdi/canvas.h>
 #include <platform/gdi/raster.h>
@@ -62,9 +62,15 @@ BlitSource::BlitSource(HDC handle, const Canvas& canvas) {
 
 void BlitSource::Convert(std::uint32_t* target, const std::uint32_t* from, int count) const {
     switch (conversion_) {
-        case Conversion::kRecolor: RecolorRow(target, from, black_, white_, count); break;
-        case Conversion::kMatch: MatchRow(target, from, white_, count); break;
-        case Conversion::kNone: std::copy_n(from, count, target); break;
+        case Conversion::kRecolor:
+            RecolorRow(target, from, black_, white_, count);
+            break;
+        case Conversion::kMatch:
+            MatchRow(target, from, white_, count);
+            break;
+        case Conversion::kNone:
+            std::copy_n(from, count, target);
+            break;
     }
 }
 
@@ -74,25 +80,31 @@ namespace {
 void CombineRows(const Canvas& canvas, const BlitSource* source, int sourceDx, int sourceDy,
                  RopCode code, BrushRows* brush) {
     const RECT& area = canvas.clip();
-    const int count = area.right - area.left;
-    const int height = area.bottom - area.top;
     const RowOperation fast = FindFastRow(code);
+    int count = area.right - area.left;
+    int height = area.bottom - area.top;
+    // Whole surfaces of one width lie in memory like a single long row.
+    const bool whole = count == canvas.bitmap().view.stride && brush == nullptr &&
+                       (source == nullptr || (source->view.stride == count &&
+                                              !source->NeedsConversion() && !source->sameSurface));
+    if (whole) {
+        count *= height;
+        height = 1;
+    }
     // Within one surface a row must be read before it is overwritten.
     const bool upwards = source != nullptr && source->sameSurface && sourceDy < 0;
-    const bool buffered = source != nullptr && (source->NeedsConversion() ||
-                                                (source->sameSurface && sourceDy == 0));
+    const bool buffered =
+        source != nullptr && (source->NeedsConversion() || (source->sameSurface && sourceDy == 0));
     for (int i = 0; i < height; ++i) {
         const int y = upwards ? area.bottom - 1 - i : area.top + i;
         const std::uint32_t* from = nullptr;
         if (source != nullptr) from = source->view.Row(y + sourceDy) + area.left + sourceDx;
         if (buffered) {
-            std::uint32_t* copy =
-                ScratchRow(ScratchUse::kConvert, static_cast<std::size_t>(count));
+            std::uint32_t* copy = ScratchRow(ScratchUse::kConvert, static_cast<std::size_t>(count));
             source->Convert(copy, from, count);
             from = copy;
         }
-        const std::uint32_t* pattern =
-            brush != nullptr ? brush->Row(area.left, y, count) : nullptr;
+        const std::uint32_t* pattern = brush != nullptr ? brush->Row(area.left, y, count) : nullptr;
         CombineRow(fast, code, canvas.Row(y) + area.left, from, pattern,
                    static_cast<std::size_t>(count));
     }
@@ -143,8 +155,8 @@ BOOL WINAPI PatBlt(HDC handle, int x, int y, int width, int height, DWORD rop) {
     bool unusable = false;
     const Brush* brush = BrushFor(canvas, code, unusable);
     if (unusable) return TRUE;
-    return FillArea(canvas, std::int64_t{x} + canvas.origin().x, std::int64_t{y} + canvas.origin().y,
-                    width, height, code, brush);
+    return FillArea(canvas, std::int64_t{x} + canvas.origin().x,
+                    std::int64_t{y} + canvas.origin().y, width, height, code, brush);
 }
 
 BOOL WINAPI BitBlt(HDC target, int targetX, int targetY, int targetWidth, int targetHeight,

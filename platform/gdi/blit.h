@@ -1,4 +1,5 @@
-// Shared by the calls that combine surfaces (blit.cpp, stretch.cpp) or fill with a brush (fills.cpp).
+// Shared by the calls that combine surfaces (blit.cpp, stretch.cpp) or fill with a brush
+// (fills.cpp).
 #pragma once
 
 #include <platform/gdi/canvas.h>
@@ -8,7 +9,7 @@ namespace kv {
 
 // The surface a blit reads, with the conversion its pixels need for the canvas.
 class BlitSource {
-   public:
+ public:
     BlitSource(HDC handle, const Canvas& canvas);
 
     explicit operator bool() const { return static_cast<bool>(view); }
@@ -20,7 +21,7 @@ class BlitSource {
     POINT origin{};  // of the source DC on its surface
     bool sameSurface = false;
 
-   private:
+ private:
     enum class Conversion { kNone, kRecolor, kMatch };
     Conversion conversion_ = Conversion::kNone;
     std::uint32_t black_ = 0;

@@ -137,7 +137,8 @@ const std::uint32_t* BrushRows::Row(int x, int y, int count) {
 }
 
 std::uint32_t* ScratchRow(ScratchUse use, std::size_t count) {
-    static std::array<std::vector<std::uint32_t>, static_cast<std::size_t>(ScratchUse::kCount)> rows;
+    static std::array<std::vector<std::uint32_t>, static_cast<std::size_t>(ScratchUse::kCount)>
+        rows;
     std::vector<std::uint32_t>& row = rows[static_cast<std::size_t>(use)];
     if (row.size() < count) row.resize(count);
     return row.data();

@@ -1,5 +1,6 @@
-// Where a drawing call draws: the surface selected into a DC, the DC's origin on it and the rectangle
-// that may be touched. Every drawing call of this folder opens one; nothing else writes pixels.
+// Where a drawing call draws: the surface selected into a DC, the DC's origin on it and the
+// rectangle that may be touched. Every drawing call of this folder opens one; nothing else writes
+// pixels.
 #pragma once
 
 #include <platform/gdi/objects.h>
@@ -15,7 +16,7 @@ RECT SurfaceClip(const Dc& dc, POINT* origin);
 constexpr std::int64_t kFar = std::int64_t{1} << 30;
 
 class Canvas {
-   public:
+ public:
     explicit Canvas(HDC handle);
     // Brings monochrome pixels back to black and white and a section's bits up to date.
     ~Canvas();
@@ -30,7 +31,8 @@ class Canvas {
     POINT origin() const { return origin_; }
     std::uint32_t* Row(int y) const { return bitmap_->view.Row(y); }
 
-    // From the DC's coordinates to the surface's; far coordinates come nearer, in the same direction.
+    // From the DC's coordinates to the surface's; far coordinates come nearer, in the same
+    // direction.
     std::int64_t X(int x) const;
     std::int64_t Y(int y) const;
 
@@ -43,7 +45,7 @@ class Canvas {
     void FillRect(std::int64_t left, std::int64_t top, std::int64_t right, std::int64_t bottom,
                   std::uint32_t pixel) const;
 
-   private:
+ private:
     Dc* dc_ = nullptr;
     Bitmap* bitmap_ = nullptr;
     RECT clip_{};
@@ -52,14 +54,14 @@ class Canvas {
 
 // Rows of a brush as it shows on a canvas: solid colour, or the pattern laid out from the origin.
 class BrushRows {
-   public:
+ public:
     BrushRows(const Canvas& canvas, const Brush& brush);
     // `count` pixels from (x, y) of the surface; valid until the next call.
     const std::uint32_t* Row(int x, int y, int count);
     bool isSolid() const { return pattern_ == nullptr; }
     std::uint32_t pixel() const { return solid_; }
 
-   private:
+ private:
     const Bitmap* pattern_ = nullptr;
     POINT origin_{};
     std::uint32_t solid_ = 0;

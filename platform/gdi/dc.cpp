@@ -137,12 +137,17 @@ BOOL WINAPI RestoreDC(HDC handle, int level) {
 int WINAPI GetDeviceCaps(HDC handle, int index) {
     if (ObjectOf<Dc>(handle) == nullptr) return 0;
     switch (index) {
-        case HORZRES: return 1280;
-        case VERTRES: return 1024;
-        case BITSPIXEL: return 32;
+        case HORZRES:
+            return 1280;
+        case VERTRES:
+            return 1024;
+        case BITSPIXEL:
+            return 32;
         case LOGPIXELSX:
-        case LOGPIXELSY: return 96;
-        default: return 0;
+        case LOGPIXELSY:
+            return 96;
+        default:
+            return 0;
     }
 }
 
@@ -157,12 +162,17 @@ HGDIOBJ WINAPI SelectObject(HDC handle, HGDIOBJ object) {
                 return nullptr;
             }
             return Replace(dc->state.bitmap, object);
-        case ObjectKind::kBrush: return Replace(dc->state.brush, object);
-        case ObjectKind::kPen: return Replace(dc->state.pen, object);
-        case ObjectKind::kFont: return Replace(dc->state.font, object);
+        case ObjectKind::kBrush:
+            return Replace(dc->state.brush, object);
+        case ObjectKind::kPen:
+            return Replace(dc->state.pen, object);
+        case ObjectKind::kFont:
+            return Replace(dc->state.font, object);
         case ObjectKind::kRegion:  // answers the kind of region, like SelectClipRgn
             return reinterpret_cast<HGDIOBJ>(static_cast<INT_PTR>(SelectClipRgn(handle, object)));
-        default: SetLastError(ERROR_INVALID_HANDLE); return nullptr;
+        default:
+            SetLastError(ERROR_INVALID_HANDLE);
+            return nullptr;
     }
 }
 

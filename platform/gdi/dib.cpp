@@ -19,7 +19,9 @@ bool Refuse() {
     return false;
 }
 
-bool IsKnownDepth(int bits) { return bits == 1 || bits == 4 || bits == 8 || bits == 24 || bits == 32; }
+bool IsKnownDepth(int bits) {
+    return bits == 1 || bits == 4 || bits == 8 || bits == 24 || bits == 32;
+}
 
 template <int Bits>
 void ExpandIndexed(std::uint32_t* target, const BYTE* row, int width,
@@ -84,15 +86,23 @@ bool ReadDibLayout(std::span<const BYTE> bytes, DibLayout& layout) {
 void ExpandDibRow(std::uint32_t* target, const BYTE* row, int width, int bitsPerPixel,
                   const std::uint32_t* palette) {
     switch (bitsPerPixel) {
-        case 1: ExpandIndexed<1>(target, row, width, palette); break;
-        case 4: ExpandIndexed<4>(target, row, width, palette); break;
-        case 8: ExpandIndexed<8>(target, row, width, palette); break;
+        case 1:
+            ExpandIndexed<1>(target, row, width, palette);
+            break;
+        case 4:
+            ExpandIndexed<4>(target, row, width, palette);
+            break;
+        case 8:
+            ExpandIndexed<8>(target, row, width, palette);
+            break;
         case 24:
             for (int x = 0; x < width; ++x, row += 3) {
                 target[x] = row[0] | std::uint32_t{row[1]} << 8 | std::uint32_t{row[2]} << 16;
             }
             break;
-        default: std::memcpy(target, row, static_cast<std::size_t>(width) * 4); break;
+        default:
+            std::memcpy(target, row, static_cast<std::size_t>(width) * 4);
+            break;
     }
 }
 

@@ -26,17 +26,21 @@ constexpr std::size_t DibRowBytes(int width, int bitsPerPixel) {
 // Checks header and colour table; false for anything truncated, compressed or absurd.
 bool ReadDibLayout(std::span<const BYTE> bytes, DibLayout& layout);
 
-// Expands one row of pixels; the source row has DibRowBytes(width, bitsPerPixel) bytes. 32-bit pixels
-// keep their top byte.
+// Expands one row of pixels; the source row has DibRowBytes(width, bitsPerPixel) bytes. 32-bit
+// pixels keep their top byte.
 void ExpandDibRow(std::uint32_t* target, const BYTE* row, int width, int bitsPerPixel,
                   const std::uint32_t* palette);
 
-// A bitmap object from a packed DIB; monochrome when it has one bit per pixel, black and white. Null
-// with a last error when the bytes are not a picture.
+// A bitmap object from a packed DIB; monochrome when it has one bit per pixel, black and white.
+// Null with a last error when the bytes are not a picture.
 std::unique_ptr<Bitmap> DecodeDib(std::span<const BYTE> bytes);
 
 // An icon's picture (colour bits over a mask of half the given height).
 std::unique_ptr<Icon> DecodeIconDib(std::span<const BYTE> bytes);
+
+// The resource id of the picture of an icon group that serves `wanted` pixels best, 0 when there is
+// none.
+unsigned ChooseIcon(std::span<const BYTE> group, int wanted);
 
 // Averages a picture into one of another size.
 void ScalePicture(const SurfaceView& source, const SurfaceView& target);

@@ -138,7 +138,9 @@ void DrawLines(Canvas& canvas, RealizedFont& font, const Layout& layout, const R
     }
 }
 
-int ToInt(std::int64_t value) { return static_cast<int>(std::clamp(value, -kFar, kFar)); }
+int ToInt(std::int64_t value) {
+    return static_cast<int>(std::clamp(value, -kFar, kFar));
+}
 
 }  // namespace
 }  // namespace kv

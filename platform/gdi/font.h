@@ -1,6 +1,6 @@
 // Fonts as drawn: a description matched to an installed face, with metrics, advances and rendered
-// glyphs. FreeType and fontconfig are not touched before the first font is realized. When no font is
-// installed, metrics are plausible and glyphs are empty.
+// glyphs. FreeType and fontconfig are not touched before the first font is realized. When no font
+// is installed, metrics are plausible and glyphs are empty.
 #pragma once
 
 #include <platform/gdi/objects.h>
@@ -11,7 +11,8 @@
 
 namespace kv {
 
-// Coverage of one glyph; `left` and `top` lead from the pen position to the upper left pixel (y down).
+// Coverage of one glyph; `left` and `top` lead from the pen position to the upper left pixel (y
+// down).
 struct Glyph {
     int left = 0;
     int top = 0;
@@ -24,7 +25,7 @@ struct Glyph {
 constexpr int kMaxEmPixels = 2048;
 
 class RealizedFont {
-   public:
+ public:
     // The font for a description; kept for the next ones alike.
     static std::shared_ptr<RealizedFont> For(const LOGFONTA& description);
 
@@ -48,7 +49,7 @@ class RealizedFont {
     // The glyph at a position in quarters of a pixel (0..3 each way); valid until the next call.
     const Glyph& GlyphAt(unsigned char character, unsigned quarterX, unsigned quarterY);
 
-   private:
+ private:
     struct Face;
     explicit RealizedFont(const LOGFONTA& description);
     void MeasureFace();

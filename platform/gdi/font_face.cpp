@@ -52,7 +52,9 @@ LONG WantedHeight(const LOGFONTA& description) {
     return std::clamp<LONG>(height, -kMaxEmPixels, kMaxEmPixels);
 }
 
-bool WantsBold(const LOGFONTA& description) { return description.lfWeight >= 600; }
+bool WantsBold(const LOGFONTA& description) {
+    return description.lfWeight >= 600;
+}
 
 }  // namespace
 
@@ -115,8 +117,8 @@ void RealizedFont::MeasureFace() {
     metrics_.tmExternalLeading =
         std::max<LONG>(0, static_cast<LONG>(std::lround(face_->Pixels(lineGap))));
 
-    const double average = os2 != nullptr && os2->xAvgCharWidth > 0 ? os2->xAvgCharWidth
-                                                                    : face->units_per_EM / 2.0;
+    const double average =
+        os2 != nullptr && os2->xAvgCharWidth > 0 ? os2->xAvgCharWidth : face->units_per_EM / 2.0;
     if (description_.lfWidth != 0) {
         const double width = std::min(std::abs(static_cast<double>(description_.lfWidth)),
                                       static_cast<double>(kMaxEmPixels));
@@ -136,9 +138,8 @@ void RealizedFont::MeasureFace() {
             advances_[c] = width(static_cast<double>(units));
         }
     }
-    underlineTop_ = std::max(
-        1, static_cast<int>(std::lround(face_->Pixels(-face->underline_position -
-                                                      face->underline_thickness / 2.0))));
+    underlineTop_ = std::max(1, static_cast<int>(std::lround(face_->Pixels(
+                                    -face->underline_position - face->underline_thickness / 2.0))));
     underlineThickness_ =
         std::max(1, static_cast<int>(std::lround(face_->Pixels(face->underline_thickness))));
 }
@@ -155,7 +156,8 @@ void RealizedFont::MeasureWithoutFace() {
         std::max<LONG>(0, metrics_.tmHeight - static_cast<LONG>(std::lround(em)));
     metrics_.tmAveCharWidth = std::max<LONG>(1, static_cast<LONG>(std::lround(em * 0.5)));
     metrics_.tmMaxCharWidth = std::max<LONG>(1, static_cast<LONG>(std::lround(em)));
-    for (int c = 0x20; c < 256; ++c) advances_[static_cast<std::size_t>(c)] = metrics_.tmAveCharWidth;
+    for (int c = 0x20; c < 256; ++c)
+        advances_[static_cast<std::size_t>(c)] = metrics_.tmAveCharWidth;
 }
 
 std::shared_ptr<RealizedFont> RealizedFont::For(const LOGFONTA& description) {
@@ -199,12 +201,11 @@ Glyph RealizedFont::Render(unsigned char character, unsigned quarterX, unsigned 
     const FT_UInt index = FT_Get_Char_Index(face, UnicodeOf(character));
     if (character < 0x20 && index == 0) return result;
     FT_Set_Char_Size(face, 0, static_cast<FT_F26Dot6>(std::lround(face_->em * 64)), 72, 72);
-    // Upright text is fitted to the rows of pixels only, which changes no width; turned text is left
-    // as designed.
-    const FT_Int32 flags = FT_LOAD_NO_BITMAP |
-                           (isRotated() ? FT_LOAD_NO_HINTING : FT_LOAD_TARGET_LIGHT);
-    if (FT_Load_Glyph(face, index, flags) != 0 ||
-        face->glyph->format != FT_GLYPH_FORMAT_OUTLINE) {
+    // Upright text is fitted to the rows of pixels only, which changes no width; turned text is
+    // left as designed.
+    const FT_Int32 flags =
+        FT_LOAD_NO_BITMAP | (isRotated() ? FT_LOAD_NO_HINTING : FT_LOAD_TARGET_LIGHT);
+    if (FT_Load_Glyph(face, index, flags) != 0 || face->glyph->format != FT_GLYPH_FORMAT_OUTLINE) {
         return result;
     }
     FT_Outline& outline = face->glyph->outline;
@@ -214,7 +215,9 @@ Glyph RealizedFont::Render(unsigned char character, unsigned quarterX, unsigned 
     // Columns: where one unit along the baseline and one unit up end up (FreeType's y points up).
     const double slant = face_->slant ? 0.21 : 0.0;
     const double c = directionX_, s = -directionY_;
-    const auto fixed = [](double value) { return static_cast<FT_Fixed>(std::lround(value * 65536)); };
+    const auto fixed = [](double value) {
+        return static_cast<FT_Fixed>(std::lround(value * 65536));
+    };
     FT_Matrix matrix{fixed(face_->scaleX * c), fixed(slant * c - s), fixed(face_->scaleX * s),
                      fixed(slant * s + c)};
     FT_Outline_Transform(&outline, &matrix);

@@ -1,5 +1,5 @@
-// Finding faces with fontconfig: the best file for a description, and the list of families. Also the
-// code page that names and texts are in.
+// Finding faces with fontconfig: the best file for a description, and the list of families. Also
+// the code page that names and texts are in.
 #include <platform/gdi/font.h>
 
 #include <fontconfig/fontconfig.h>
@@ -20,18 +20,18 @@ struct FamilyAlias {
     const char* substitute;
 };
 constexpr FamilyAlias kAliases[] = {
-    {"MS Sans Serif",   "Liberation Sans"},
-    {"MS Shell Dlg",    "Liberation Sans"},
-    {"MS Shell Dlg 2",  "Liberation Sans"},
-    {"System",          "Liberation Sans"},
-    {"Helv",            "Liberation Sans"},
-    {"Arial",           "Liberation Sans"},
-    {"Tahoma",          "Liberation Sans"},
-    {"MS Serif",        "Liberation Serif"},
+    {"MS Sans Serif", "Liberation Sans"},
+    {"MS Shell Dlg", "Liberation Sans"},
+    {"MS Shell Dlg 2", "Liberation Sans"},
+    {"System", "Liberation Sans"},
+    {"Helv", "Liberation Sans"},
+    {"Arial", "Liberation Sans"},
+    {"Tahoma", "Liberation Sans"},
+    {"MS Serif", "Liberation Serif"},
     {"Times New Roman", "Liberation Serif"},
-    {"Courier New",     "Liberation Mono"},
-    {"Courier",         "Liberation Mono"},
-    {"Fixedsys",        "Liberation Mono"},
+    {"Courier New", "Liberation Mono"},
+    {"Courier", "Liberation Mono"},
+    {"Fixedsys", "Liberation Mono"},
 };
 
 // Bits 4..7 of lfPitchAndFamily; bits 0..1 are the pitch, 1 fixed.
@@ -117,8 +117,8 @@ FaceFile MatchFace(const LOGFONTA& description) {
     }
     AddFamily(pattern, GenericFamily(description.lfPitchAndFamily));
     AddFamily(pattern, "Liberation Sans");
-    const int weight = description.lfWeight > 0 ? std::min<int>(description.lfWeight, 1000)
-                                                : FW_NORMAL;
+    const int weight =
+        description.lfWeight > 0 ? std::min<int>(description.lfWeight, 1000) : FW_NORMAL;
     FcPatternAddInteger(pattern, FC_WEIGHT, FcWeightFromOpenType(weight));
     FcPatternAddInteger(pattern, FC_SLANT,
                         description.lfItalic != 0 ? FC_SLANT_ITALIC : FC_SLANT_ROMAN);
@@ -147,8 +147,8 @@ struct ListedFont {
     bool scalable = true;
 
     bool operator<(const ListedFont& other) const {
-        return std::tie(family, italic, weight) < std::tie(other.family, other.italic,
-                                                           other.weight);
+        return std::tie(family, italic, weight) <
+               std::tie(other.family, other.italic, other.weight);
     }
 };
 
@@ -209,9 +209,8 @@ extern "C" int WINAPI EnumFontFamiliesExA(HDC dc, LOGFONTA* wanted, FONTENUMPROC
     std::copy_n(wanted->lfFaceName, LF_FACESIZE - 1, family);
     const std::set<ListedFont> all = ListFonts(family);
     // Without a name every family comes once; with one, every font of that family.
-    const std::vector<ListedFont> fonts = family[0] == 0
-                                              ? OnePerFamily(all)
-                                              : std::vector<ListedFont>(all.begin(), all.end());
+    const std::vector<ListedFont> fonts =
+        family[0] == 0 ? OnePerFamily(all) : std::vector<ListedFont>(all.begin(), all.end());
     int answer = 1;
     for (const ListedFont& font : fonts) {
         constexpr LONG kEm = 16, kAscent = 14, kDescent = 4;  // of the example size described

@@ -38,7 +38,7 @@ Slot* FindSlot(std::uintptr_t handle) {
     if ((handle & 0xFF) != kMark || index >= table.slots.size()) return nullptr;
     Slot& slot = table.slots[index];
     return slot.object && slot.generation == static_cast<std::uint32_t>(handle >> 32) ? &slot
-                                                                                     : nullptr;
+                                                                                      : nullptr;
 }
 
 }  // namespace

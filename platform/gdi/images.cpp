@@ -33,28 +33,11 @@ unsigned WordAt(std::span<const BYTE> bytes, std::size_t offset) {
     return bytes[offset] | static_cast<unsigned>(bytes[offset + 1]) << 8;
 }
 
-// Lower is better: first the size (at least the wanted one, as small as possible; else the largest),
-// then the depth (as deep as possible).
+// Lower is better: first the size (at least the wanted one, as small as possible; else the
+// largest), then the depth (as deep as possible).
 std::tuple<bool, int, int> Rank(const IconChoice& choice, int wanted) {
     const bool tooSmall = choice.width < wanted;
     return {tooSmall, std::abs(choice.width - wanted), -choice.bits};
-}
-
-// The resource id of the best picture of a group, 0 when there is none.
-unsigned ChooseIcon(std::span<const BYTE> group, int wanted) {
-    if (group.size() < kGroupHeader || WordAt(group, 2) != 1) return 0;
-    const std::size_t count =
-        std::min<std::size_t>(WordAt(group, 4), (group.size() - kGroupHeader) / kGroupEntry);
-    IconChoice best;
-    for (std::size_t i = 0; i < count; ++i) {
-        const std::size_t at = kGroupHeader + i * kGroupEntry;
-        IconChoice choice;
-        choice.width = group[at] != 0 ? group[at] : 256;
-        choice.bits = static_cast<int>(WordAt(group, at + 6));
-        choice.id = WordAt(group, at + 12);
-        if (best.id == 0 || Rank(choice, wanted) < Rank(best, wanted)) best = choice;
-    }
-    return best.id;
 }
 
 void Premultiply(std::uint32_t& pixel) {
@@ -116,13 +99,32 @@ HICON LoadIconOfSize(HINSTANCE module, LPCSTR name, int width, int height) {
         if (!icon) return nullptr;
     }
     icon->module = module;
-    icon->resource = IS_INTRESOURCE(name)
-                         ? "#" + std::to_string(reinterpret_cast<ULONG_PTR>(name))
-                         : name;
+    if (IS_INTRESOURCE(name)) {
+        icon->resource = std::to_string(reinterpret_cast<ULONG_PTR>(name));
+        icon->resource.insert(icon->resource.begin(), '#');
+    } else {
+        icon->resource = name;
+    }
     return NewHandle<HICON>(std::move(icon));
 }
 
 }  // namespace
+
+unsigned ChooseIcon(std::span<const BYTE> group, int wanted) {
+    if (group.size() < kGroupHeader || WordAt(group, 2) != 1) return 0;
+    const std::size_t count =
+        std::min<std::size_t>(WordAt(group, 4), (group.size() - kGroupHeader) / kGroupEntry);
+    IconChoice best;
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::size_t at = kGroupHeader + i * kGroupEntry;
+        IconChoice choice;
+        choice.width = group[at] != 0 ? group[at] : 256;
+        choice.bits = static_cast<int>(WordAt(group, at + 6));
+        choice.id = WordAt(group, at + 12);
+        if (best.id == 0 || Rank(choice, wanted) < Rank(best, wanted)) best = choice;
+    }
+    return best.id;
+}
 
 void ScalePicture(const SurfaceView& source, const SurfaceView& target) {
     const auto columns = MakeScaleSpans(0, source.width, target.width, 0, target.width, false);
@@ -160,7 +162,9 @@ using namespace kv;
 
 extern "C" {
 
-HBITMAP WINAPI LoadBitmapA(HINSTANCE module, LPCSTR name) { return LoadPicture(module, name, 0, 0); }
+HBITMAP WINAPI LoadBitmapA(HINSTANCE module, LPCSTR name) {
+    return LoadPicture(module, name, 0, 0);
+}
 
 HICON WINAPI LoadIconA(HINSTANCE module, LPCSTR name) {
     return LoadIconOfSize(module, name, kSystemIconSize, kSystemIconSize);

@@ -7,7 +7,9 @@
 
 namespace kv {
 
-void FreePixels::operator()(std::uint32_t* pixels) const { std::free(pixels); }
+void FreePixels::operator()(std::uint32_t* pixels) const {
+    std::free(pixels);
+}
 
 PixelMemory AllocatePixels(int width, int height) {
     const std::size_t count = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
@@ -78,14 +80,22 @@ HGDIOBJ StockFont(LONG height, LONG weight, const char* face) {
 
 HGDIOBJ MakeStockObject(int index) {
     switch (index) {
-        case WHITE_BRUSH: return StockBrush(Brush::Style::kSolid, RGB(255, 255, 255));
-        case BLACK_BRUSH: return StockBrush(Brush::Style::kSolid, RGB(0, 0, 0));
-        case NULL_BRUSH: return StockBrush(Brush::Style::kNull, 0);
-        case BLACK_PEN: return CreatePen(PS_SOLID, 1, RGB(0, 0, 0));
-        case NULL_PEN: return CreatePen(PS_NULL, 1, 0);
-        case SYSTEM_FONT: return StockFont(-13, FW_BOLD, "System");
-        case DEFAULT_GUI_FONT: return StockFont(-11, FW_NORMAL, "MS Shell Dlg");
-        default: return nullptr;
+        case WHITE_BRUSH:
+            return StockBrush(Brush::Style::kSolid, RGB(255, 255, 255));
+        case BLACK_BRUSH:
+            return StockBrush(Brush::Style::kSolid, RGB(0, 0, 0));
+        case NULL_BRUSH:
+            return StockBrush(Brush::Style::kNull, 0);
+        case BLACK_PEN:
+            return CreatePen(PS_SOLID, 1, RGB(0, 0, 0));
+        case NULL_PEN:
+            return CreatePen(PS_NULL, 1, 0);
+        case SYSTEM_FONT:
+            return StockFont(-13, FW_BOLD, "System");
+        case DEFAULT_GUI_FONT:
+            return StockFont(-11, FW_NORMAL, "MS Shell Dlg");
+        default:
+            return nullptr;
     }
 }
 
@@ -163,7 +173,8 @@ int WINAPI GetObjectA(HGDIOBJ handle, int size, LPVOID buffer) {
                                                                     : 3;
             return CopyRecord(LOGBRUSH{style, brush.color, 0}, size, buffer);
         }
-        default: return 0;
+        default:
+            return 0;
     }
 }
 

@@ -12,17 +12,25 @@ namespace kv {
 // An operation's code is its truth table: bit (pattern * 4 + source * 2 + target) is the result.
 using RopCode = std::uint8_t;
 
-constexpr RopCode CodeOf(DWORD rop) { return static_cast<RopCode>(rop >> 16); }
-constexpr bool UsesPattern(RopCode code) { return ((code >> 4 ^ code) & 0x0F) != 0; }
-constexpr bool UsesSource(RopCode code) { return ((code >> 2 ^ code) & 0x33) != 0; }
-constexpr bool UsesTarget(RopCode code) { return ((code >> 1 ^ code) & 0x55) != 0; }
+constexpr RopCode CodeOf(DWORD rop) {
+    return static_cast<RopCode>(rop >> 16);
+}
+constexpr bool UsesPattern(RopCode code) {
+    return ((code >> 4 ^ code) & 0x0F) != 0;
+}
+constexpr bool UsesSource(RopCode code) {
+    return ((code >> 2 ^ code) & 0x33) != 0;
+}
+constexpr bool UsesTarget(RopCode code) {
+    return ((code >> 1 ^ code) & 0x55) != 0;
+}
 
 // The reference: any code, any 32 bits.
 std::uint32_t EvaluateRop(RopCode code, std::uint32_t pattern, std::uint32_t source,
                           std::uint32_t target);
 
-// Combines `count` pixels into `target`. Rows the code does not use may be null; those it uses do not
-// overlap the target.
+// Combines `count` pixels into `target`. Rows the code does not use may be null; those it uses do
+// not overlap the target.
 using RowOperation = void (*)(std::uint32_t* target, const std::uint32_t* source,
                               const std::uint32_t* pattern, std::size_t count);
 
@@ -64,9 +72,11 @@ struct ScaleSpan {
     unsigned lastWeight;
     unsigned total;
     int nearest;
+
+    bool operator==(const ScaleSpan&) const = default;
 };
-// Spans of target pixels [from, to) when `sourceSize` pixels from `sourceStart` become `targetSize`.
-// Either size may be mirrored by `mirror`. All arguments describe non-empty ranges.
+// Spans of target pixels [from, to) when `sourceSize` pixels from `sourceStart` become
+// `targetSize`. Either size may be mirrored by `mirror`. All arguments describe non-empty ranges.
 std::vector<ScaleSpan> MakeScaleSpans(std::int64_t sourceStart, std::int64_t sourceSize,
                                       std::int64_t targetSize, std::int64_t from, std::int64_t to,
                                       bool mirror);

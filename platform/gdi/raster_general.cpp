@@ -1,5 +1,5 @@
-// The general evaluator of ternary raster operations: the meaning the fast loops are checked against,
-// and what runs for a code that has none.
+// The general evaluator of ternary raster operations: the meaning the fast loops are checked
+// against, and what runs for a code that has none.
 #include <platform/gdi/raster.h>
 
 namespace kv {

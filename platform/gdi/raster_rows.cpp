@@ -87,19 +87,23 @@ constexpr FastRow kFastRows[] = {
     {0, nullptr},
 };
 
-constexpr std::array<RowOperation, 256> IndexByCode() {
+std::array<RowOperation, 256> IndexByCode() {
     std::array<RowOperation, 256> index{};
     for (const FastRow& row : kFastRows) {
         if (row.run != nullptr) index[row.code] = row.run;
     }
     return index;
 }
-constexpr std::array<RowOperation, 256> kByCode = IndexByCode();
 
 }  // namespace
 
-const FastRow* FastRows() { return kFastRows; }
+const FastRow* FastRows() {
+    return kFastRows;
+}
 
-RowOperation FindFastRow(RopCode code) { return kByCode[code]; }
+RowOperation FindFastRow(RopCode code) {
+    static const std::array<RowOperation, 256> byCode = IndexByCode();
+    return byCode[code];
+}
 
 }  // namespace kv

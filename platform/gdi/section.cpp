@@ -29,7 +29,8 @@ BYTE* SectionRow(SectionBits& section, int height, int y) {
     return section.bits.data() + static_cast<std::ptrdiff_t>(index) * section.rowBytes;
 }
 
-void StoreRow(const SectionBits& section, BYTE* row, const std::uint32_t* pixels, int from, int to) {
+void StoreRow(const SectionBits& section, BYTE* row, const std::uint32_t* pixels, int from,
+              int to) {
     const int depth = section.bitsPerPixel;
     for (int x = from; x < to; ++x) {
         const std::uint32_t pixel = pixels[x] & kColorBits;

@@ -7,22 +7,13 @@
 namespace kv {
 namespace {
 
-// A pen ready for stamping: offsets of the spans of a round dot, one per row.
+// Pens wider than this are drawn as a polygon with two round ends instead of a row of dots.
+constexpr int kWidestNib = 16;
+
+// A round dot of the pen's width.
 class Nib {
-   public:
-    explicit Nib(int width) : width_(width), before_(width / 2) {
-        if (width_ == 1) return;
-        spans_.reserve(static_cast<std::size_t>(width_));
-        const double radius = width_ / 2.0;
-        for (int row = 0; row < width_; ++row) {
-            const double dy = row + 0.5 - radius;
-            const double half = std::sqrt(std::max(0.0, radius * radius - dy * dy));
-            // Small dots are squares; that is what a two pixel line looks like everywhere.
-            const int inset = width_ <= 2 ? 0 : static_cast<int>(radius - half + 0.5);
-            spans_.push_back(inset);
-        }
-    }
-    int before() const { return before_; }
+ public:
+    explicit Nib(int width) : width_(width), before_(width / 2) {}
     int width() const { return width_; }
 
     void Stamp(const Canvas& canvas, std::int64_t x, std::int64_t y, std::uint32_t pixel) const {
@@ -30,17 +21,26 @@ class Nib {
             canvas.FillSpan(y, x, x + 1, pixel);
             return;
         }
-        for (int row = 0; row < width_; ++row) {
-            const int inset = spans_[static_cast<std::size_t>(row)];
-            canvas.FillSpan(y - before_ + row, x - before_ + inset, x - before_ + width_ - inset,
-                            pixel);
+        const RECT& clip = canvas.clip();
+        const std::int64_t top = y - before_;
+        for (std::int64_t row = std::max<std::int64_t>(top, clip.top);
+             row < std::min<std::int64_t>(top + width_, clip.bottom); ++row) {
+            const int inset = Inset(static_cast<int>(row - top));
+            canvas.FillSpan(row, x - before_ + inset, x - before_ + width_ - inset, pixel);
         }
     }
 
-   private:
+ private:
+    int Inset(int row) const {
+        // Small dots are squares; that is what a two pixel line looks like everywhere.
+        if (width_ <= 2) return 0;
+        const double radius = width_ / 2.0;
+        const double dy = row + 0.5 - radius;
+        return static_cast<int>(radius - std::sqrt(std::max(0.0, radius * radius - dy * dy)) + 0.5);
+    }
+
     int width_;
     int before_;
-    std::vector<int> spans_;
 };
 
 enum class LastPoint { kDrawn, kLeftOut };
@@ -79,9 +79,40 @@ void StampLine(const Canvas& canvas, WidePoint from, WidePoint to, const Nib& ni
     }
 }
 
+void WideLine(const Canvas& canvas, WidePoint from, WidePoint to, const Nib& nib,
+              std::uint32_t pixel) {
+    nib.Stamp(canvas, from.x, from.y, pixel);
+    nib.Stamp(canvas, to.x, to.y, pixel);
+    const double dx = static_cast<double>(to.x - from.x), dy = static_cast<double>(to.y - from.y);
+    const double length = std::hypot(dx, dy);
+    if (length == 0) return;
+    const std::int64_t sideX = std::llround(-dy / length * nib.width() / 2);
+    const std::int64_t sideY = std::llround(dx / length * nib.width() / 2);
+    FillPolygon(canvas,
+                {{from.x + sideX, from.y + sideY},
+                 {to.x + sideX, to.y + sideY},
+                 {to.x - sideX, to.y - sideY},
+                 {from.x - sideX, from.y - sideY}},
+                [&](std::int64_t y, std::int64_t left, std::int64_t right) {
+                    canvas.FillSpan(y, left, right, pixel);
+                });
+}
+
+// Thin lines leave out their last point if told to; wide ones have round ends.
+void DrawLine(const Canvas& canvas, WidePoint from, WidePoint to, const Pen& pen,
+              LastPoint lastPoint) {
+    const Nib nib(pen.width);
+    if (pen.width > kWidestNib) {
+        WideLine(canvas, from, to, nib, PixelOf(pen.color));
+    } else {
+        StampLine(canvas, from, to, nib, PixelOf(pen.color),
+                  pen.width == 1 ? lastPoint : LastPoint::kDrawn);
+    }
+}
+
 // Fills rows of brush between positions; keeps the brush's row buffer between calls.
 class BrushFiller {
-   public:
+ public:
     BrushFiller(const Canvas& canvas, const Brush* brush) : canvas_(canvas) {
         if (brush != nullptr && brush->style != Brush::Style::kNull) rows_.emplace(canvas, *brush);
     }
@@ -97,7 +128,7 @@ class BrushFiller {
         std::copy_n(rows_->Row(x, row, count), count, canvas_.Row(row) + x);
     }
 
-   private:
+ private:
     const Canvas& canvas_;
     std::optional<BrushRows> rows_;
 };
@@ -107,13 +138,13 @@ const Pen* VisiblePen(const Canvas& canvas) {
     return pen != nullptr && !pen->null ? pen : nullptr;
 }
 
-const Brush* BrushOf(const Canvas& canvas) { return ObjectOf<Brush>(canvas.dc().state.brush); }
+const Brush* BrushOf(const Canvas& canvas) {
+    return ObjectOf<Brush>(canvas.dc().state.brush);
+}
 
 void Outline(const Canvas& canvas, const std::vector<WidePoint>& points, const Pen& pen) {
-    const Nib nib(pen.width);
     for (std::size_t i = 0; i < points.size(); ++i) {
-        StampLine(canvas, points[i], points[(i + 1) % points.size()], nib, PixelOf(pen.color),
-                  LastPoint::kDrawn);
+        DrawLine(canvas, points[i], points[(i + 1) % points.size()], pen, LastPoint::kDrawn);
     }
 }
 
@@ -187,10 +218,8 @@ BOOL WINAPI LineTo(HDC handle, int x, int y) {
     if (!canvas) return FALSE;
     POINT& position = canvas.dc().state.position;
     if (const Pen* pen = VisiblePen(canvas); pen != nullptr && !canvas.IsEmpty()) {
-        // Thin lines leave their last point to the next line; thick ones have round ends.
-        StampLine(canvas, {canvas.X(position.x), canvas.Y(position.y)}, {canvas.X(x), canvas.Y(y)},
-                  Nib(pen->width), PixelOf(pen->color),
-                  pen->width == 1 ? LastPoint::kLeftOut : LastPoint::kDrawn);
+        DrawLine(canvas, {canvas.X(position.x), canvas.Y(position.y)}, {canvas.X(x), canvas.Y(y)},
+                 *pen, LastPoint::kLeftOut);  // the next line begins with it
     }
     position = {x, y};
     return TRUE;

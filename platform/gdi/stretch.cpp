@@ -1,4 +1,5 @@
-// StretchBlt: the visible part of the target is scaled row by row and combined like any other source.
+// StretchBlt: the visible part of the target is scaled row by row and combined like any other
+// source.
 #include <platform/gdi/blit.h>
 #include <platform/gdi/canvas.h>
 #include <platform/gdi/raster.h>
@@ -32,9 +33,8 @@ void TrimToSource(const Axis& axis, LONG low, LONG high, LONG& from, LONG& to) {
         const std::int64_t k = axis.mirror ? axis.targetSize - 1 - i : i;
         const std::int64_t first = axis.sourceStart + k * axis.sourceSize / axis.targetSize;
         const std::int64_t last =
-            axis.sourceStart +
-            std::max(((k + 1) * axis.sourceSize - 1) / axis.targetSize,
-                     k * axis.sourceSize / axis.targetSize);
+            axis.sourceStart + std::max(((k + 1) * axis.sourceSize - 1) / axis.targetSize,
+                                        k * axis.sourceSize / axis.targetSize);
         return first >= low && last < high;
     };
     while (from < to && !inside(from)) ++from;
@@ -65,9 +65,12 @@ using ScaleRow = void (*)(std::uint32_t*, const SurfaceView&, const std::vector<
 
 ScaleRow ScalerFor(int mode) {
     switch (mode) {
-        case HALFTONE: return ScaleRowAverage;
-        case COLORONCOLOR: return ScaleRowNearest;
-        default: return ScaleRowAnd;  // keeps black where rows or columns are dropped
+        case HALFTONE:
+            return ScaleRowAverage;
+        case COLORONCOLOR:
+            return ScaleRowNearest;
+        default:
+            return ScaleRowAnd;  // keeps black where rows or columns are dropped
     }
 }
 
@@ -81,9 +84,13 @@ void StretchRows(const Canvas& canvas, const SurfaceView& source, const Axis& ho
     const RowOperation fast = FindFastRow(code);
     std::optional<BrushRows> brushRows;
     if (brush != nullptr) brushRows.emplace(canvas, *brush);
+    const ScaleSpan* previous = nullptr;
     std::uint32_t* scaled = ScratchRow(ScratchUse::kStretch, count);
     for (int y = area.top; y < area.bottom; ++y) {
-        scale(scaled, source, columns, rows[static_cast<std::size_t>(y - area.top)]);
+        const ScaleSpan& span = rows[static_cast<std::size_t>(y - area.top)];
+        // Enlarged pictures repeat their rows.
+        if (previous == nullptr || !(*previous == span)) scale(scaled, source, columns, span);
+        previous = &span;
         const std::uint32_t* pattern =
             brushRows ? brushRows->Row(area.left, y, static_cast<int>(count)) : nullptr;
         CombineRow(fast, code, canvas.Row(y) + area.left, scaled, pattern, count);

@@ -23,8 +23,8 @@ struct SurfaceView {
 SurfaceView ViewOf(HBITMAP bitmap);
 SurfaceView ViewOf(HICON icon);
 
-// The same icon in another size: modules carry their icons in several. The caller destroys it; null for
-// an icon that was not loaded from a resource.
+// The same icon in another size: modules carry their icons in several. The caller destroys it; null
+// for an icon that was not loaded from a resource.
 HICON IconInSize(HICON icon, int width, int height);
 
 // Sets the top byte of every pixel, for consumers that take it for alpha.

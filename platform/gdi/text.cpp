@@ -18,8 +18,8 @@ void BlendGlyph(const Canvas& canvas, const Glyph& glyph, std::int64_t x, std::i
     const std::int64_t top = std::max<std::int64_t>(y + glyph.top, clip.top);
     const std::int64_t bottom = std::min<std::int64_t>(y + glyph.top + glyph.height, clip.bottom);
     for (std::int64_t row = top; row < bottom && left < right; ++row) {
-        const std::uint8_t* coverage = glyph.coverage.data() +
-                                       (row - y - glyph.top) * glyph.width + (left - x - glyph.left);
+        const std::uint8_t* coverage =
+            glyph.coverage.data() + (row - y - glyph.top) * glyph.width + (left - x - glyph.left);
         BlendCoverageRow(canvas.Row(static_cast<int>(row)) + left, coverage, pixel,
                          static_cast<std::size_t>(right - left));
     }
@@ -30,17 +30,24 @@ void BlendGlyph(const Canvas& canvas, const Glyph& glyph, std::int64_t x, std::i
 void DrawRun(const Canvas& canvas, RealizedFont& font, double x, double y, std::string_view text) {
     if (canvas.IsEmpty()) return;
     const COLORREF color = canvas.dc().state.textColor;
+    const RECT& clip = canvas.clip();
+    // No ink is farther from its pen position than this.
+    const double reach = 2.0 * (font.metrics().tmHeight + font.metrics().tmMaxCharWidth);
     int along = 0;
     for (const char c : text) {
         const auto character = static_cast<unsigned char>(c);
         const double penX = x + along * font.directionX();
         const double penY = y + along * font.directionY();
+        along = std::min(along + font.Advance(character), 0x3FFFFFFF);
+        if (penX < clip.left - reach || penX > clip.right + reach || penY < clip.top - reach ||
+            penY > clip.bottom + reach) {
+            continue;
+        }
         // Turned text is placed to a quarter of a pixel, or its letters would dance.
         const auto quartersX = static_cast<std::int64_t>(std::floor(penX * 4 + 0.5));
         const auto quartersY = static_cast<std::int64_t>(std::floor(penY * 4 + 0.5));
         const Glyph& glyph = font.GlyphAt(character, quartersX & 3, quartersY & 3);
         BlendGlyph(canvas, glyph, quartersX >> 2, quartersY >> 2, PixelOf(color));
-        along = std::min(along + font.Advance(character), 0x3FFFFFFF);
     }
     if (font.isUnderlined()) {
         FillAlongBaseline(canvas, font, x, y, 0, font.underlineTop(), along,
@@ -111,10 +118,10 @@ BOOL WINAPI TextOutA(HDC handle, int x, int y, LPCSTR text, int length) {
     } else if ((state.textAlign & TA_BOTTOM) != 0) {
         below = -metrics.tmDescent;
     }
-    const double startX = static_cast<double>(canvas.X(x)) + along * font->directionX() -
-                          below * font->directionY();
-    const double startY = static_cast<double>(canvas.Y(y)) + along * font->directionY() +
-                          below * font->directionX();
+    const double startX =
+        static_cast<double>(canvas.X(x)) + along * font->directionX() - below * font->directionY();
+    const double startY =
+        static_cast<double>(canvas.Y(y)) + along * font->directionY() + below * font->directionX();
     if (state.backMode == OPAQUE) {
         FillAlongBaseline(canvas, *font, startX, startY, 0, -metrics.tmAscent, width,
                           metrics.tmDescent, state.backColor);
