@@ -98,13 +98,20 @@ class ComboWidget : public QComboBox {
 
  protected:
     void paintEvent(QPaintEvent* event) override {
-        if (!IsOwnerDrawn(window_)) return QComboBox::paintEvent(event);
+        if (isEditable()) return QComboBox::paintEvent(event);
         QStylePainter painter(this);
         QStyleOptionComboBox option;
         initStyleOption(&option);
         painter.drawComplexControl(QStyle::CC_ComboBox, option);
         const QRect field =
             style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+        if (!IsOwnerDrawn(window_)) {
+            // The opened list shows the whole text.
+            option.currentText =
+                fontMetrics().elidedText(currentText(), Qt::ElideRight, field.width() - 2);
+            painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+            return;
+        }
         const QImage picture =
             PictureOfItem(window_, kFieldItem, CoreSize(field.size(), display_.scale()),
                           isEnabled() ? 0 : ODS_DISABLED, palette().color(QPalette::Button));

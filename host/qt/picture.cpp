@@ -42,10 +42,9 @@ class Canvas {
         if (size.cx <= 0 || size.cy <= 0) return false;
         if (size.cx <= view_.width && size.cy <= view_.height) return true;
         if (!dc_) dc_ = CreateCompatibleDC(nullptr);
-        const HBITMAP bitmap =
-            CreateCompatibleBitmap(nullptr, std::max<LONG>(size.cx, view_.width),
-                                   std::max<LONG>(size.cy, view_.height));
-        if (!dc_ || !bitmap) return false;
+        const HBITMAP bitmap = CreateCompatibleBitmap(dc_, std::max<LONG>(size.cx, view_.width),
+                                                      std::max<LONG>(size.cy, view_.height));
+        if (!bitmap) return false;
         kv::SetDcArea(dc_, nullptr);
         SelectObject(dc_, bitmap);
         if (bitmap_) DeleteObject(bitmap_);
