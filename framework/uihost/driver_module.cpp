@@ -68,6 +68,9 @@ std::vector<PROPSHEETPAGEA> PageStructures(const Sheet& sheet) {
         structure.dwFlags = page->flags;
         structure.hInstance = sheet.module;
         structure.pszTemplate = page->templateName.c_str();
+        // Tabs start with the template's name; the module puts captions in its own language there.
+        structure.dwFlags |= PSP_USETITLE;
+        structure.pszTitle = page->templateName.c_str();
         structure.pfnDlgProc = page->procedure;
         structure.lParam = reinterpret_cast<LPARAM>(page.get());
         structures.push_back(structure);
