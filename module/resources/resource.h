@@ -214,6 +214,7 @@
 #define IDC_GRP_COLOR_MATCHING   3204
 #define IDC_RADIO_MATCHING_OFF   3205
 #define IDC_RADIO_MATCHING_ON    3206
+#define IDC_GRP_COMPRESS         3207
 #define IDC_ST_SATURATION        3209
 #define IDC_SLD_SATURATION       3210
 #define IDC_EDIT_SATURATION      3211
@@ -224,6 +225,10 @@
 #define IDC_EDIT_SHARPNESS       3216
 #define IDC_ST_SHARPNESS_MIN     3217
 #define IDC_ST_SHARPNESS_MAX     3218
+#define IDC_GRP_GLOSSY_BLACK     3226
+#define IDC_CHK_GLOSSY_TEXT      3227
+#define IDC_CHK_GLOSSY_GRAPHICS  3228
+#define IDC_CHK_GLOSSY_PHOTO     3229
 #define IDC_CHK_LINE_ART         3235
 #define IDC_ST_MATCH_PHOTO       3243
 #define IDC_ST_MATCH_GRAPHICS    3244
@@ -367,6 +372,98 @@
 #define IDC_ST_PAPER_HEIGHT_16         9630
 #define IDC_ST_PAPER_WIDTH_MM_RANGE    9631
 #define IDC_ST_PAPER_HEIGHT_MM_RANGE   9632
+
+// Code records (_DLGEDIT0).
+#define IDC_LIST_RECORDS            9101
+#define IDC_BTN_RECORD_NEW          9102
+#define IDC_BTN_RECORD_DELETE       9103
+#define IDC_BTN_RECORD_EDIT         9104
+#define IDC_BTN_PAPER_RECORD_ADD    9105
+#define IDC_BTN_PAPER_RECORD_REMOVE 9106
+#define IDC_BTN_RECORDS_CLOSE       9107
+#define IDC_BTN_RECORDS_SAVE        9108
+#define IDC_EDIT_RECORD_1           1665
+#define IDC_EDIT_RECORD_2           1675
+#define IDC_EDIT_RECORD_3           1695
+#define IDC_EDIT_RECORD_4           1705
+#define IDC_EDIT_RECORD_5           1715
+#define IDC_EDIT_RECORD_6           1716
+#define IDC_EDIT_RECORD_7           1725
+#define IDC_EDIT_RECORD_8           1740
+#define IDC_EDIT_RECORD_9           1755
+#define IDC_EDIT_RECORD_10          1765
+#define IDC_EDIT_RECORD_11          1766
+#define IDC_EDIT_RECORD_12          1775
+#define IDC_EDIT_RECORD_13          1785
+
+// Hidden settings (_ADVANCEDSETTINGS); a slider's value is the static of the next id.
+#define IDC_SLD_DOT_GAIN           4301
+#define IDC_SLD_GCR                4303
+#define IDC_SLD_BG                 4305
+#define IDC_SLD_DPL                4307
+#define IDC_SLD_DIFFUSION_NOISE    4309
+#define IDC_SLD_GRAY_LIGHTNESS     4311
+#define IDC_SLD_HUE_LIGHTNESS      4313
+#define IDC_SLD_HIGH_CUTOFF        4315
+#define IDC_SLD_LOW_CUTOFF         4317
+#define IDC_SLD_NUP                4319
+#define IDC_SLD_NUP_MODE           4321
+#define IDC_SLD_DRIVER_PAPER       4323
+#define IDC_SLD_DEVICE_DATA_1      4325
+#define IDC_SLD_DEVICE_DATA_2      4327
+#define IDC_SLD_UNSHARP_MASK       4329
+#define IDC_ST_DOT_GAIN            4331
+#define IDC_CHK_COMPRESSION        4332
+#define IDC_CHK_ANTI_ALIASING      4333
+#define IDC_CHK_COLOR_MATCHING     4334
+#define IDC_CHK_MIRROR             4335
+#define IDC_CHK_COLORS_TO_PATTERNS 4336
+#define IDC_CHK_ENHANCE_CONTRAST   4337
+#define IDC_CHK_ENHANCE_LIGHTNESS  4338
+#define IDC_BTN_HUES               4339
+#define IDC_BTN_FACTORY_DEFAULT    4340
+
+// Hue correction (_HUECORRECTION); ids of 700 to 733 are the colour dialog's own.
+#define IDC_COLOR_HUE            703
+#define IDC_COLOR_SATURATION     704
+#define IDC_COLOR_LUMINANCE      705
+#define IDC_COLOR_RED            706
+#define IDC_COLOR_GREEN          707
+#define IDC_COLOR_BLUE           708
+#define IDC_COLOR_CURRENT        709
+#define IDC_COLOR_RAINBOW        710
+#define IDC_COLOR_ADD            712
+#define IDC_COLOR_LUMINANCE_BAR  702
+#define IDC_COLOR_MIX            719
+#define IDC_COLOR_BASIC          720
+#define IDC_COLOR_CUSTOM         721
+#define IDC_ST_COLOR_HUE         723
+#define IDC_ST_COLOR_SATURATION  724
+#define IDC_ST_COLOR_LUMINANCE   725
+#define IDC_ST_COLOR_RED         726
+#define IDC_ST_COLOR_GREEN       727
+#define IDC_ST_COLOR_BLUE        728
+#define IDC_ST_COLOR_SOLID_LEFT  730
+#define IDC_ST_COLOR_SOLID_RIGHT 731
+#define IDC_RADIO_HUE_RED        4402
+#define IDC_RADIO_HUE_YELLOW     4403
+#define IDC_RADIO_HUE_GREEN      4404
+#define IDC_RADIO_HUE_CYAN       4405
+#define IDC_RADIO_HUE_BLUE       4406
+#define IDC_RADIO_HUE_MAGENTA    4407
+#define IDC_HUE_SCREEN_RED       4412
+#define IDC_HUE_SCREEN_YELLOW    4413
+#define IDC_HUE_SCREEN_GREEN     4414
+#define IDC_HUE_SCREEN_CYAN      4415
+#define IDC_HUE_SCREEN_BLUE      4416
+#define IDC_HUE_SCREEN_MAGENTA   4417
+#define IDC_HUE_PRINTER_RED      4422
+#define IDC_HUE_PRINTER_YELLOW   4423
+#define IDC_HUE_PRINTER_GREEN    4424
+#define IDC_HUE_PRINTER_CYAN     4425
+#define IDC_HUE_PRINTER_BLUE     4426
+#define IDC_HUE_PRINTER_MAGENTA  4427
+#define IDC_BTN_HUE_DEFAULTS     4430
 
 // Naming dialogs (_DLGKEEPSETTINGADD, _DLGSAVEDATA).
 #define IDC_ST_KEEP_NAME   9301
