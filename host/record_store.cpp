@@ -9,6 +9,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <cstddef>
 #include <cstring>
 
 namespace kvhost {

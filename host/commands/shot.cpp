@@ -1,0 +1,321 @@
+// kvprefs shot: a picture of every page and of the dialogs that open from them.
+#include <host/commands/commands.h>
+#include <host/picture/picture_fonts.h>
+#include <host/picture/png_writer.h>
+#include <host/picture/window_picture.h>
+#include <platform/display/headless.h>
+#include <platform/window/input.h>
+#include <platform/window/window.h>
+#include <prsht.h>
+#include <strings.h>
+
+#include <algorithm>
+#include <cctype>
+#include <cstdio>
+#include <filesystem>
+#include <nlohmann/json.hpp>
+#include <set>
+
+namespace kvhost {
+namespace {
+
+enum class Opening {
+    kClick,   // a button, or a check box that is off
+    kChoose,  // a combo box entry with this value meets a rule, when the entry before was chosen
+};
+
+// A dialog that opens from a page (its index in the sheet) by a control of it.
+struct DialogRow {
+    const char* name;
+    int page;
+    Opening opening;
+    int control;
+    DWORD value;
+    int controlBefore;
+    DWORD valueBefore;
+};
+
+// name, page, opening, control, value, control and value to choose before
+constexpr DialogRow kDialogs[] = {
+    {"first-page",           0, Opening::kClick,  1170,  0, 0,    0},
+    {"paper-source-details", 0, Opening::kClick,  1172,  0, 0,    0},
+    {"output-details",       0, Opening::kClick,  1240,  0, 0,    0},
+    {"custom-papers",        0, Opening::kClick,  2003,  0, 0,    0},
+    {"save-settings",        0, Opening::kClick,  15002, 0, 0,    0},
+    {"edit-settings",        0, Opening::kClick,  15003, 0, 0,    0},
+    {"pages-per-sheet",      1, Opening::kClick,  1430,  0, 1410, 4},
+    {"image-shift",          1, Opening::kClick,  1912,  0, 0,    0},
+    {"overlay-editor",       2, Opening::kClick,  1892,  0, 0,    0},
+    {"watermark-editor",     3, Opening::kClick,  8006,  0, 0,    0},
+    {"mailboxes",            5, Opening::kClick,  4008,  0, 0,    0},
+    {"about",                5, Opening::kClick,  4011,  0, 0,    0},
+    // A transparency cannot come from the first tray.
+    {"conflict",             0, Opening::kChoose, 1141,  2, 1111, 1},
+};
+
+// "Job Management" becomes "job-management".
+std::string FileStem(const std::string& caption) {
+    std::string stem;
+    for (const char c : caption) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte < 0x80 && std::isalnum(byte)) {
+            stem.push_back(static_cast<char>(std::tolower(byte)));
+        } else if (!stem.empty() && stem.back() != '-') {
+            stem.push_back('-');
+        }
+    }
+    while (!stem.empty() && stem.back() == '-') stem.pop_back();
+    return stem.empty() ? "dialog" : stem;
+}
+
+std::string TabCaption(HWND sheet, int page) {
+    const auto tab = reinterpret_cast<HWND>(SendMessageA(sheet, PSM_GETTABCONTROL, 0, 0));
+    char text[128] = "";
+    TCITEMA item{};
+    item.mask = TCIF_TEXT;
+    item.pszText = text;
+    item.cchTextMax = sizeof text;
+    SendMessageA(tab, TCM_GETITEMA, static_cast<WPARAM>(page), reinterpret_cast<LPARAM>(&item));
+    return text;
+}
+
+// A control of the page, or of a strip that the pages share.
+HWND FindOnSheet(HWND sheet, HWND page, int id) {
+    if (const HWND control = GetDlgItem(page, id)) return control;
+    struct Search {
+        int id;
+        HWND found;
+    } search{id, nullptr};
+    EnumChildWindows(
+        sheet,
+        [](HWND child, LPARAM param) -> BOOL {
+            auto& wanted = *reinterpret_cast<Search*>(param);
+            if (GetDlgCtrlID(child) != wanted.id || !IsWindowVisible(child)) return TRUE;
+            wanted.found = child;
+            return FALSE;
+        },
+        reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
+bool ChooseValue(HWND combo, DWORD value) {
+    const LRESULT count = SendMessageA(combo, CB_GETCOUNT, 0, 0);
+    for (LRESULT i = 0; i < count; ++i) {
+        const LRESULT data = SendMessageA(combo, CB_GETITEMDATA, static_cast<WPARAM>(i), 0);
+        if (static_cast<DWORD>(data) == value) {
+            return kv::input::Choose(combo, static_cast<int>(i));
+        }
+    }
+    return false;
+}
+
+bool IsCheckBox(HWND control) {
+    const DWORD type = static_cast<DWORD>(GetWindowLongA(control, GWL_STYLE)) & BS_TYPEMASK;
+    return kv::KindOf(control) == "button" && (type == BS_AUTOCHECKBOX || type == BS_CHECKBOX);
+}
+
+class Photographer {
+   public:
+    Photographer(HWND sheet, std::string folder, PictureOptions options, bool json)
+        : sheet_(sheet), folder_(std::move(folder)), options_(options), json_(json) {
+        kv::Headless().SetPolicy([this](HWND dialog) { Answer(dialog); });
+    }
+    ~Photographer() { kv::Headless().SetPolicy(nullptr); }
+    Photographer(const Photographer&) = delete;
+    Photographer& operator=(const Photographer&) = delete;
+
+    // False after an error was printed.
+    bool TakePage(int index) {
+        const HWND page = Open(index);
+        if (page == nullptr) return false;
+        char number[16];
+        std::snprintf(number, sizeof number, "%02d-", index + 1);
+        return Take(sheet_, number + FileStem(TabCaption(sheet_, index)));
+    }
+
+    // A dialog that does not open now (its control is disabled or missing) has no picture.
+    bool TakeDialog(const DialogRow& row) {
+        const HWND page = Open(row.page);
+        if (page == nullptr) return false;
+        if (row.controlBefore != 0) {
+            ChooseValue(FindOnSheet(sheet_, page, row.controlBefore), row.valueBefore);
+        }
+        const HWND control = FindOnSheet(sheet_, page, row.control);
+        next_ = row.name;
+        if (row.opening == Opening::kChoose) {
+            ChooseValue(control, row.value);
+        } else {
+            // A check box opens its dialog when it is turned on.
+            if (IsCheckBox(control) && SendMessageA(control, BM_GETCHECK, 0, 0) == BST_CHECKED) {
+                kv::input::Click(control);
+            }
+            kv::input::Click(control);
+        }
+        next_.clear();
+        return !failed_;
+    }
+
+    bool Has(const std::string& stem) const { return stems_.count(stem) != 0; }
+    void Report() const;
+
+   private:
+    HWND Open(int index) {
+        kv::input::SelectPage(sheet_, index);
+        kv::PumpPendingMessages();
+        const auto page = reinterpret_cast<HWND>(
+            SendMessageA(sheet_, PSM_INDEXTOHWND, static_cast<WPARAM>(index), 0));
+        if (page == nullptr || !IsWindowVisible(page)) {
+            PrintError(std::string("the page ") + PageTemplate(index) + " does not open");
+            failed_ = true;
+            return nullptr;
+        }
+        return page;
+    }
+
+    void Answer(HWND dialog) {
+        std::string stem = next_.empty() ? FileStem(WindowText(dialog)) : next_;
+        next_.clear();
+        // A dialog that comes up by itself while another one is sought.
+        if (Has(stem)) stem += "-" + std::to_string(stems_.size());
+        Take(dialog, stem);
+        for (const int id : {IDCANCEL, IDNO, IDCLOSE, IDOK}) {
+            if (kv::input::Click(GetDlgItem(dialog, id))) return;
+        }
+        kv::input::Close(dialog);
+    }
+
+    bool Take(HWND window, const std::string& stem) {
+        const Picture picture = DrawWindow(window, options_);
+        const std::string path = (std::filesystem::path(folder_) / (stem + ".png")).string();
+        std::string error = "not enough memory for the picture of " + stem;
+        if (!picture || !WritePng(path, picture, error)) {
+            PrintError(error);
+            failed_ = true;
+            return false;
+        }
+        stems_.insert(stem);
+        files_.push_back(path);
+        if (!json_) std::printf("%s\n", path.c_str());
+        for (const ClippedText& text : picture.clipped) {
+            // The controls around the pages are in every picture.
+            if (seen_.insert(text.dialog + '\n' + std::to_string(text.id) + '\n' + text.text).second) {
+                clipped_.push_back(text);
+            }
+        }
+        return true;
+    }
+
+    HWND sheet_;
+    std::string folder_;
+    PictureOptions options_;
+    bool json_;
+    bool failed_ = false;
+    std::string next_;  // name of the dialog that is about to open
+    std::set<std::string> stems_;
+    std::set<std::string> seen_;
+    std::vector<std::string> files_;
+    std::vector<ClippedText> clipped_;
+};
+
+void Photographer::Report() const {
+    if (json_) {
+        nlohmann::ordered_json report = {{"files", files_}};
+        report["clipped"] = nlohmann::ordered_json::array();
+        for (const ClippedText& text : clipped_) {
+            report["clipped"].push_back({{"id", text.id},
+                                         {"dialog", text.dialog},
+                                         {"text", text.text},
+                                         {"needed", text.needed},
+                                         {"available", text.available}});
+        }
+        std::printf("%s\n",
+                    report.dump(2, ' ', false, nlohmann::json::error_handler_t::replace).c_str());
+        return;
+    }
+    std::printf("%zu texts wider than their controls\n", clipped_.size());
+    for (const ClippedText& text : clipped_) {
+        std::printf("  %s %u: %d of %d pixels: %s\n", text.dialog.c_str(), text.id, text.available,
+                    text.needed, text.text.c_str());
+    }
+}
+
+bool Equal(const std::string& left, const std::string& right) {
+    return strcasecmp(left.c_str(), right.c_str()) == 0;
+}
+
+const DialogRow* DialogOfName(const std::string& name) {
+    for (const DialogRow& row : kDialogs) {
+        if (Equal(name, row.name)) return &row;
+    }
+    return nullptr;
+}
+
+void PrintUnknownPage(const std::string& page) {
+    std::string known;
+    for (const char* caption : {"Basic", "Layout", "Overlay", "Watermark", "Quality", "Device",
+                                "Troubleshooting", "Job"}) {
+        known += known.empty() ? caption : std::string(", ") + caption;
+    }
+    for (const DialogRow& row : kDialogs) known += std::string(", ") + row.name;
+    PrintError("unknown page \"" + page + "\"; expected one of " + known);
+}
+
+bool MakeFolder(const std::string& folder) {
+    std::error_code error;
+    std::filesystem::create_directories(folder, error);
+    if (!error && !std::filesystem::is_directory(folder, error)) {
+        error = std::make_error_code(std::errc::not_a_directory);
+    }
+    if (error) PrintError(folder + ": " + error.message());
+    return !error;
+}
+
+ExitStatus TakeAll(Photographer& photographer) {
+    for (int i = 0; i < kSheetPages; ++i) {
+        if (!photographer.TakePage(i)) return kRefused;
+    }
+    for (const DialogRow& row : kDialogs) {
+        if (!photographer.TakeDialog(row)) return kRefused;
+    }
+    return kDone;
+}
+
+ExitStatus TakeOne(Photographer& photographer, int page, const DialogRow* dialog) {
+    if (page >= 0) return photographer.TakePage(page) ? kDone : kRefused;
+    if (!photographer.TakeDialog(*dialog)) return kRefused;
+    if (photographer.Has(dialog->name)) return kDone;
+    PrintError(std::string(dialog->name) + " does not open with these settings");
+    return kRefused;
+}
+
+}  // namespace
+
+ExitStatus RunShot(const Options& options, const std::string& folder, const std::string& page,
+                   double scale, bool rightToLeft) {
+    const int index = page.empty() ? -1 : PageIndexOfName(page);
+    const DialogRow* dialog = DialogOfName(page);
+    if (!page.empty() && index < 0 && dialog == nullptr) {
+        PrintUnknownPage(page);
+        return kBadInput;
+    }
+    if (!MakeFolder(folder)) return kBadInput;
+    std::string error;
+    if (!UsePictureFonts(error)) {
+        PrintError(error);
+        return kRefused;
+    }
+    Session session;
+    if (!session.Open(options) || session.OpenHeadlessSheet() == nullptr) return kBadInput;
+    ExitStatus status = kDone;
+    {
+        const PictureOptions look = {
+            scale, rightToLeft ? Reading::kRightToLeft : Reading::kLeftToRight};
+        Photographer photographer(session.sheet(), folder, look, options.json);
+        status = page.empty() ? TakeAll(photographer) : TakeOne(photographer, index, dialog);
+        if (status == kDone) photographer.Report();
+    }
+    session.CloseHeadlessSheet();
+    return status;
+}
+
+}  // namespace kvhost
