@@ -83,9 +83,8 @@ Adjusted AdjustStyles(const DialogHeader& header, Modality modality) {
 
 HWND CreateFrame(const DialogCreation& creation, const DialogHeader& header, Modality modality) {
     const auto [style, exStyle] = AdjustStyles(header, modality);
-    const RECT rect = (style & WS_CHILD) != 0
-                          ? PixelsOf(header.units)
-                          : ScreenPlace(header, OwnerRootOf(creation.owner));
+    const RECT rect = (style & WS_CHILD) != 0 ? PixelsOf(header.units)
+                                              : ScreenPlace(header, OwnerRootOf(creation.owner));
     WindowCreation window;
     window.font = FontFor(header);
     window.dialog = std::make_unique<DialogState>();
@@ -93,10 +92,18 @@ HWND CreateFrame(const DialogCreation& creation, const DialogHeader& header, Mod
     window.dialog->font = window.font;
     window.dialog->modal = modality == Modality::kModal;
     window.dialog->templateName = creation.templateName;
-    window.parameters = {nullptr,        creation.instance, nullptr, creation.owner,
-                         rect.bottom - rect.top, rect.right - rect.left, rect.top, rect.left,
-                         static_cast<LONG>(style), header.title.c_str(),
-                         header.className.c_str(), exStyle};
+    window.parameters = {nullptr,
+                         creation.instance,
+                         nullptr,
+                         creation.owner,
+                         rect.bottom - rect.top,
+                         rect.right - rect.left,
+                         rect.top,
+                         rect.left,
+                         static_cast<LONG>(style),
+                         header.title.c_str(),
+                         header.className.c_str(),
+                         exStyle};
     return CreateWindowFrom(window);
 }
 
@@ -133,8 +140,8 @@ bool CreateItems(HWND dialog, DialogTemplateReader& reader, int count, HINSTANCE
         if (!reader.ReadItem(item) || !CreateItem(dialog, item, font, instance)) return false;
         window = FindWindowRecord(dialog);
         if (!window) return false;
-        const bool isDefault = item.className == "BUTTON" &&
-                               (item.style & BS_TYPEMASK) == BS_DEFPUSHBUTTON;
+        const bool isDefault =
+            item.className == "BUTTON" && (item.style & BS_TYPEMASK) == BS_DEFPUSHBUTTON;
         if (isDefault && window->dialog->defaultId == 0) {
             window->dialog->defaultId = static_cast<int>(item.id);
         }
@@ -142,14 +149,15 @@ bool CreateItems(HWND dialog, DialogTemplateReader& reader, int count, HINSTANCE
     return true;
 }
 
-// WM_INITDIALOG, and the first focus unless the procedure set one itself. A page of a sheet gets the
-// focus from the sheet when it comes to the front.
+// WM_INITDIALOG, and the first focus unless the procedure set one itself. A page of a sheet gets
+// the focus from the sheet when it comes to the front.
 void Initialise(HWND dialog, LPARAM initParam) {
     const HWND first = GetNextDlgTabItem(dialog, nullptr, FALSE);
-    const LRESULT wantsFocus = SendMessageA(dialog, WM_INITDIALOG, reinterpret_cast<WPARAM>(first),
-                                            initParam);
+    const LRESULT wantsFocus =
+        SendMessageA(dialog, WM_INITDIALOG, reinterpret_cast<WPARAM>(first), initParam);
     const Window* window = FindWindowRecord(dialog);
-    if (!window || !wantsFocus || window->dialog->ended || (window->style & DS_CONTROL) != 0) return;
+    if (!window || !wantsFocus || window->dialog->ended || (window->style & DS_CONTROL) != 0)
+        return;
     const HWND focus = GetNextDlgTabItem(dialog, nullptr, FALSE);
     if (focus) {
         MoveDialogFocus(dialog, focus);
@@ -237,7 +245,9 @@ namespace {
 // "#123" for a number, so that messages name the template as the resource script does.
 std::string NameOfTemplate(LPCSTR name) {
     if (!IS_INTRESOURCE(name)) return name;
-    return "#" + std::to_string(static_cast<unsigned>(reinterpret_cast<std::uintptr_t>(name)));
+    std::string number("#");
+    number += std::to_string(static_cast<unsigned>(reinterpret_cast<std::uintptr_t>(name)));
+    return number;
 }
 
 bool FindTemplate(HINSTANCE instance, LPCSTR name, DialogCreation& creation) {

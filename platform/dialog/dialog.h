@@ -1,5 +1,5 @@
-// What the window core, the input layer and the property sheet need of the dialog manager beyond the
-// platform's own calls.
+// What the window core, the input layer and the property sheet need of the dialog manager beyond
+// the platform's own calls.
 #pragma once
 
 #include <windows.h>

@@ -54,7 +54,8 @@ int WINAPI GetDlgCtrlID(HWND handle) {
     return window ? static_cast<int>(window->id) : 0;
 }
 
-LRESULT WINAPI SendDlgItemMessageA(HWND dialog, int id, UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT WINAPI SendDlgItemMessageA(HWND dialog, int id, UINT message, WPARAM wParam,
+                                   LPARAM lParam) {
     const HWND control = GetDlgItem(dialog, id);
     return control ? SendMessageA(control, message, wParam, lParam) : 0;
 }
@@ -125,4 +126,6 @@ BOOL WINAPI MapDialogRect(HWND dialog, RECT* rect) {
     return TRUE;
 }
 
-LONG WINAPI GetDialogBaseUnits() { return MAKELONG(kUnitWidth, kUnitHeight); }
+LONG WINAPI GetDialogBaseUnits() {
+    return MAKELONG(kUnitWidth, kUnitHeight);
+}

@@ -1,5 +1,5 @@
-// The keys of dialogs: Tab, arrows, Enter, Escape, F1 and mnemonic letters, and the default button's
-// mark that follows the focus.
+// The keys of dialogs: Tab, arrows, Enter, Escape, F1 and mnemonic letters, and the default
+// button's mark that follows the focus.
 #include <platform/controls/property_sheet.h>
 #include <platform/dialog/dialog.h>
 #include <platform/dialog/dialog_order.h>
@@ -12,8 +12,7 @@ namespace {
 constexpr LRESULT kPushButton = DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON;
 
 bool IsMarked(const Window& window) {
-    return window.windowClass->kind == "button" &&
-           (window.style & BS_TYPEMASK) == BS_DEFPUSHBUTTON;
+    return window.windowClass->kind == "button" && (window.style & BS_TYPEMASK) == BS_DEFPUSHBUTTON;
 }
 
 HWND FindMarked(const Window& parent, HWND except) {
@@ -71,7 +70,8 @@ bool OnArrow(HWND dialog, HWND focus, WPARAM key) {
     const LRESULT code = CodeOf(next, nullptr);
     MoveDialogFocus(dialog, next);
     // Walking through radio buttons chooses each.
-    if ((code & DLGC_RADIOBUTTON) != 0 && FindWindowRecord(next)) SendMessageA(next, BM_CLICK, 0, 0);
+    if ((code & DLGC_RADIOBUTTON) != 0 && FindWindowRecord(next))
+        SendMessageA(next, BM_CLICK, 0, 0);
     return true;
 }
 
@@ -88,15 +88,19 @@ bool OnKeyDown(HWND dialog, const MSG& message) {
     const LRESULT code = CodeOf(focus, &message);
     if ((code & DLGC_WANTALLKEYS) != 0) return false;
     switch (message.wParam) {
-        case VK_TAB: return (code & DLGC_WANTTAB) == 0 && OnTab(dialog, focus);
+        case VK_TAB:
+            return (code & DLGC_WANTTAB) == 0 && OnTab(dialog, focus);
         case VK_LEFT:
         case VK_UP:
         case VK_RIGHT:
         case VK_DOWN:
             return (code & DLGC_WANTARROWS) == 0 && OnArrow(dialog, focus, message.wParam);
-        case VK_RETURN: return OnEnter(dialog, focus, code);
-        case VK_ESCAPE: return Command(dialog, IDCANCEL);
-        default: return false;
+        case VK_RETURN:
+            return OnEnter(dialog, focus, code);
+        case VK_ESCAPE:
+            return Command(dialog, IDCANCEL);
+        default:
+            return false;
     }
 }
 
@@ -132,10 +136,13 @@ bool IsUsedUp(HWND dialog, const MSG& message) {
         return true;
     }
     switch (message.message) {
-        case WM_KEYDOWN: return OnKeyDown(dialog, message);
+        case WM_KEYDOWN:
+            return OnKeyDown(dialog, message);
         case WM_CHAR:
-        case WM_SYSCHAR: return OnCharacter(dialog, message);
-        default: return false;
+        case WM_SYSCHAR:
+            return OnCharacter(dialog, message);
+        default:
+            return false;
     }
 }
 

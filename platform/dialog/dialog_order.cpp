@@ -56,7 +56,9 @@ bool StartsGroup(HWND handle) {
     return window && (window->style & WS_GROUP) != 0;
 }
 
-LRESULT DialogCode(HWND control) { return SendMessageA(control, WM_GETDLGCODE, 0, 0); }
+LRESULT DialogCode(HWND control) {
+    return SendMessageA(control, WM_GETDLGCODE, 0, 0);
+}
 
 char Upper(char letter) {
     return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - ('a' - 'A')) : letter;
@@ -163,8 +165,7 @@ HWND WINAPI GetNextDlgGroupItem(HWND dialog, HWND control, BOOL previous) {
     const std::vector<HWND>& siblings = parent->children;
     if (siblings.empty()) return control;
     const auto found = std::find(siblings.begin(), siblings.end(), control);
-    const size_t self =
-        found == siblings.end() ? 0 : static_cast<size_t>(found - siblings.begin());
+    const size_t self = found == siblings.end() ? 0 : static_cast<size_t>(found - siblings.begin());
     size_t begin = self;
     while (begin > 0 && !StartsGroup(siblings[begin])) --begin;
     size_t end = self + 1;

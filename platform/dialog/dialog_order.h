@@ -1,4 +1,5 @@
-// The order in which keys walk through a dialog's controls. Used by the dialog manager's key handling.
+// The order in which keys walk through a dialog's controls. Used by the dialog manager's key
+// handling.
 #pragma once
 
 #include <windows.h>
@@ -7,7 +8,8 @@
 
 namespace kv {
 
-// All controls in tab order; the controls of visible, enabled nested pages stand in the page's place.
+// All controls in tab order; the controls of visible, enabled nested pages stand in the page's
+// place.
 std::vector<HWND> ControlsInOrder(HWND dialog);
 // The next control of the group that is not a mere label; `control` when there is none.
 HWND NextInGroup(HWND dialog, HWND control, BOOL previous);

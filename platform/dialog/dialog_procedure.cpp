@@ -1,4 +1,5 @@
-// The dialog class: its window procedure calls the program's dialog procedure first and does the rest.
+// The dialog class: its window procedure calls the program's dialog procedure first and does the
+// rest.
 #include <platform/dialog/dialog.h>
 #include <platform/window/core.h>
 
@@ -13,8 +14,10 @@ bool ReturnsDirectly(UINT message) {
         case WM_CTLCOLORLISTBOX:
         case WM_CTLCOLORBTN:
         case WM_CTLCOLORDLG:
-        case WM_CTLCOLORSTATIC: return true;
-        default: return false;
+        case WM_CTLCOLORSTATIC:
+            return true;
+        default:
+            return false;
     }
 }
 
@@ -45,7 +48,8 @@ LRESULT OnErase(HWND dialog, HDC dc) {
 LRESULT OnSetFocus(HWND handle, Window& dialog) {
     const HWND saved = std::exchange(dialog.savedFocus, nullptr);
     if (saved && Contains(handle, saved) && IsWindowVisible(saved) && SetFocus(saved)) return 0;
-    if (const HWND first = GetNextDlgTabItem(handle, nullptr, FALSE)) MoveDialogFocus(handle, first);
+    if (const HWND first = GetNextDlgTabItem(handle, nullptr, FALSE))
+        MoveDialogFocus(handle, first);
     return 0;
 }
 
@@ -67,23 +71,30 @@ LRESULT Default(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
     Window* window = FindWindowRecord(handle);
     if (!window) return 0;
     switch (message) {
-        case WM_CLOSE: return OnClose(handle);
-        case WM_ERASEBKGND: return OnErase(handle, reinterpret_cast<HDC>(wParam));
-        case WM_SETFOCUS: return OnSetFocus(handle, *window);
-        case WM_NEXTDLGCTL: return OnNextControl(handle, wParam, LOWORD(
-            static_cast<std::uintptr_t>(lParam)) != 0);
-        case DM_SETDEFID: return SetDefaultId(handle, *window, static_cast<int>(wParam));
+        case WM_CLOSE:
+            return OnClose(handle);
+        case WM_ERASEBKGND:
+            return OnErase(handle, reinterpret_cast<HDC>(wParam));
+        case WM_SETFOCUS:
+            return OnSetFocus(handle, *window);
+        case WM_NEXTDLGCTL:
+            return OnNextControl(handle, wParam, LOWORD(static_cast<std::uintptr_t>(lParam)) != 0);
+        case DM_SETDEFID:
+            return SetDefaultId(handle, *window, static_cast<int>(wParam));
         case DM_GETDEFID: {
             const int id = window->dialog->defaultId;
             return id ? MAKELONG(static_cast<unsigned>(id), DC_HASDEFID) : 0;
         }
-        default: return DefWindowProcA(handle, message, wParam, lParam);
+        default:
+            return DefWindowProcA(handle, message, wParam, lParam);
     }
 }
 
 }  // namespace
 
-void RegisterDialogClass() { RegisterSystemClass(kDialogClass, "dialog", DefDlgProcA); }
+void RegisterDialogClass() {
+    RegisterSystemClass(kDialogClass, "dialog", DefDlgProcA);
+}
 
 }  // namespace kv
 

@@ -23,10 +23,9 @@ constexpr ClassOrdinal kClassOrdinals[] = {
 
 // Characters 0x80 to 0x9F of the Western code page; the others are equal to their code points.
 constexpr WORD kWesternPage[32] = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
-    0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
-    0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
-    0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
 };
 
 char ToAnsi(WORD unit) {
@@ -44,7 +43,9 @@ bool DialogTemplateReader::Take(size_t count) {
     return false;
 }
 
-BYTE DialogTemplateReader::Byte() { return Take(1) ? bytes_[position_++] : BYTE{0}; }
+BYTE DialogTemplateReader::Byte() {
+    return Take(1) ? bytes_[position_++] : BYTE{0};
+}
 
 WORD DialogTemplateReader::Word() {
     if (!Take(2)) return 0;
@@ -83,7 +84,8 @@ void DialogTemplateReader::NameOrOrdinal(std::string& text, Ordinals ordinals) {
     Word();
     const WORD ordinal = Word();
     if (ordinals == Ordinals::kResource) {
-        text = "#" + std::to_string(ordinal);
+        text = "#";
+        text += std::to_string(ordinal);
         return;
     }
     for (const ClassOrdinal& entry : kClassOrdinals) {

@@ -1,5 +1,5 @@
-// Reader of binary dialog templates, both the classic and the extended layout. Dialog creation reads
-// every template through it twice: once to see that it is whole, once to create the controls.
+// Reader of binary dialog templates, both the classic and the extended layout. Dialog creation
+// reads every template through it twice: once to see that it is whole, once to create the controls.
 #pragma once
 
 #include <windows.h>
@@ -35,7 +35,7 @@ struct DialogItem {
 };
 
 class DialogTemplateReader {
-   public:
+ public:
     // Reads never leave `bytes`.
     explicit DialogTemplateReader(std::span<const BYTE> bytes) : bytes_(bytes) {}
 
@@ -43,7 +43,7 @@ class DialogTemplateReader {
     bool ReadHeader(DialogHeader& header);
     bool ReadItem(DialogItem& item);
 
-   private:
+ private:
     enum class Ordinals { kClass, kResource };
 
     bool Take(size_t count);

@@ -42,8 +42,8 @@ struct ButtonCaption {
     const char* caption;
 };
 constexpr ButtonCaption kCaptions[] = {
-    {IDOK, "OK"},          {IDCANCEL, "Cancel"},   {IDABORT, "&Abort"}, {IDRETRY, "&Retry"},
-    {IDIGNORE, "&Ignore"}, {IDYES, "&Yes"},        {IDNO, "&No"},
+    {IDOK, "OK"},          {IDCANCEL, "Cancel"}, {IDABORT, "&Abort"}, {IDRETRY, "&Retry"},
+    {IDIGNORE, "&Ignore"}, {IDYES, "&Yes"},      {IDNO, "&No"},
 };
 
 struct IconNumber {
@@ -51,7 +51,9 @@ struct IconNumber {
     unsigned resource;
 };
 constexpr IconNumber kIcons[] = {
-    {MB_ICONHAND, 32513}, {MB_ICONQUESTION, 32514}, {MB_ICONEXCLAMATION, 32515},
+    {MB_ICONHAND, 32513},
+    {MB_ICONQUESTION, 32514},
+    {MB_ICONEXCLAMATION, 32515},
     {MB_ICONASTERISK, 32516},
 };
 
@@ -105,8 +107,9 @@ void AddButtons(HWND dialog, const BoxButtons& buttons, int width, int top) {
     int x = (width - all) / 2;
     for (int i = 0; i < buttons.count; ++i) {
         const DWORD type = i == 0 ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
-        Child(dialog, "BUTTON", CaptionOf(buttons.ids[i]), WS_TABSTOP | type | (i == 0 ? WS_GROUP : 0),
-              static_cast<UINT>(buttons.ids[i]), {x, top, x + kButtonWidth, top + kButtonHeight});
+        Child(dialog, "BUTTON", CaptionOf(buttons.ids[i]),
+              WS_TABSTOP | type | (i == 0 ? WS_GROUP : 0), static_cast<UINT>(buttons.ids[i]),
+              {x, top, x + kButtonWidth, top + kButtonHeight});
         x += kButtonWidth + kButtonGap;
     }
     SendMessageA(dialog, DM_SETDEFID, static_cast<WPARAM>(buttons.ids[0]), 0);
@@ -150,13 +153,16 @@ INT_PTR BoxProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_INITDIALOG: {
             const auto* request = reinterpret_cast<const BoxRequest*>(lParam);
             SetWindowTextA(dialog, request->caption);
-            SetPropA(dialog, kTypeProperty,
-                     reinterpret_cast<HANDLE>(static_cast<std::uintptr_t>(request->type) | 1u << 31));
+            SetPropA(
+                dialog, kTypeProperty,
+                reinterpret_cast<HANDLE>(static_cast<std::uintptr_t>(request->type) | 1u << 31));
             LayOut(dialog, *request);
             return TRUE;
         }
-        case WM_COMMAND: return OnCommand(dialog, LOWORD(wParam)), TRUE;
-        default: return FALSE;
+        case WM_COMMAND:
+            return OnCommand(dialog, LOWORD(wParam)), TRUE;
+        default:
+            return FALSE;
     }
 }
 

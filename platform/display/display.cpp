@@ -21,7 +21,9 @@ Display& CurrentDisplay() {
     return Headless();
 }
 
-void UseDisplay(Display* display) { current = display; }
+void UseDisplay(Display* display) {
+    current = display;
+}
 
 void TellChanged(HWND handle, unsigned changes) {
     Window* window = FindWindowRecord(handle);

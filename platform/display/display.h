@@ -16,17 +16,17 @@ enum Change : unsigned {
     kChangedItems = 0x0020,      // entries of combo, list or tab controls, tooltips' tools
     kChangedSelection = 0x0040,  // selected entry, edit selection
     kChangedCheck = 0x0080,
-    kChangedRange = 0x0100,      // range, ticks, page size, text limit
-    kChangedPosition = 0x0200,   // track bar, up-down
-    kChangedImage = 0x0400,      // static picture
+    kChangedRange = 0x0100,     // range, ticks, page size, text limit
+    kChangedPosition = 0x0200,  // track bar, up-down
+    kChangedImage = 0x0400,     // static picture
     kChangedParent = 0x0800,
     kChangedFont = 0x1000,
     kChangedOrder = 0x2000,
-    kChangedDropped = 0x4000,    // a combo box opened or closed its list
+    kChangedDropped = 0x4000,  // a combo box opened or closed its list
 };
 
 class Display {
-   public:
+ public:
     virtual ~Display() = default;
 
     virtual void Created(HWND /*window*/) {}

@@ -39,9 +39,13 @@ HeadlessDisplay& Headless() {
     return *display;
 }
 
-void HeadlessDisplay::PushAnswer(Answer answer) { answers_.push_back(std::move(answer)); }
+void HeadlessDisplay::PushAnswer(Answer answer) {
+    answers_.push_back(std::move(answer));
+}
 
-void HeadlessDisplay::SetPolicy(Answer policy) { policy_ = std::move(policy); }
+void HeadlessDisplay::SetPolicy(Answer policy) {
+    policy_ = std::move(policy);
+}
 
 void HeadlessDisplay::OnUnanswered(std::function<void(const std::string&)> handler) {
     onUnanswered_ = std::move(handler);

@@ -1,5 +1,5 @@
-// A display without a screen: modal dialogs are answered from a script. Used by the command line and
-// by every test.
+// A display without a screen: modal dialogs are answered from a script. Used by the command line
+// and by every test.
 #pragma once
 
 #include <platform/display/display.h>
@@ -12,7 +12,7 @@
 namespace kv {
 
 class HeadlessDisplay : public Display {
-   public:
+ public:
     // Acts on a modal dialog through the input layer; it must make the dialog end, or the dialog
     // counts as unanswered.
     using Answer = std::function<void(HWND dialog)>;
@@ -36,7 +36,7 @@ class HeadlessDisplay : public Display {
     void ModalEnded(HWND window) override;
     bool WaitForInput(HWND modal) override;
 
-   private:
+ private:
     struct Modal {
         HWND window{};
         bool answered = false;

@@ -7,7 +7,9 @@
 namespace kv {
 namespace {
 
-LONG_PTR AsLong(std::uintptr_t value) { return static_cast<LONG_PTR>(value); }
+LONG_PTR AsLong(std::uintptr_t value) {
+    return static_cast<LONG_PTR>(value);
+}
 
 LONG_PTR* DialogWord(Window& window, int index) {
     if (!window.dialog) return nullptr;
@@ -91,14 +93,22 @@ LONG_PTR WINAPI GetWindowLongPtrA(HWND handle, int index) {
     Window* window = WindowFromHandle(handle);
     if (!window) return 0;
     switch (index) {
-        case GWLP_WNDPROC: return reinterpret_cast<LONG_PTR>(window->procedure);
-        case GWLP_HINSTANCE: return reinterpret_cast<LONG_PTR>(window->instance);
-        case GWLP_HWNDPARENT: return reinterpret_cast<LONG_PTR>(GetParent(handle));
-        case GWLP_ID: return AsLong(window->id);
-        case GWL_STYLE: return static_cast<LONG>(window->style);
-        case GWL_EXSTYLE: return static_cast<LONG>(window->exStyle);
-        case GWLP_USERDATA: return window->userData;
-        default: break;
+        case GWLP_WNDPROC:
+            return reinterpret_cast<LONG_PTR>(window->procedure);
+        case GWLP_HINSTANCE:
+            return reinterpret_cast<LONG_PTR>(window->instance);
+        case GWLP_HWNDPARENT:
+            return reinterpret_cast<LONG_PTR>(GetParent(handle));
+        case GWLP_ID:
+            return AsLong(window->id);
+        case GWL_STYLE:
+            return static_cast<LONG>(window->style);
+        case GWL_EXSTYLE:
+            return static_cast<LONG>(window->exStyle);
+        case GWLP_USERDATA:
+            return window->userData;
+        default:
+            break;
     }
     if (IsDialogProcedure(*window, index)) {
         return reinterpret_cast<LONG_PTR>(window->dialog->procedure);
@@ -119,15 +129,20 @@ LONG_PTR WINAPI SetWindowLongPtrA(HWND handle, int index, LONG_PTR value) {
             return reinterpret_cast<LONG_PTR>(
                 std::exchange(window->instance, reinterpret_cast<HINSTANCE>(value)));
         case GWLP_HWNDPARENT:
-            if (window->parent) return reinterpret_cast<LONG_PTR>(
-                SetParent(handle, reinterpret_cast<HWND>(value)));
+            if (window->parent)
+                return reinterpret_cast<LONG_PTR>(SetParent(handle, reinterpret_cast<HWND>(value)));
             return reinterpret_cast<LONG_PTR>(
                 std::exchange(window->owner, OwnerRootOf(reinterpret_cast<HWND>(value))));
-        case GWLP_ID: return SetId(*window, static_cast<UINT>(value));
-        case GWL_STYLE: return SetStyle(*window, static_cast<DWORD>(value));
-        case GWL_EXSTYLE: return SetExStyle(*window, static_cast<DWORD>(value));
-        case GWLP_USERDATA: return std::exchange(window->userData, value);
-        default: break;
+        case GWLP_ID:
+            return SetId(*window, static_cast<UINT>(value));
+        case GWL_STYLE:
+            return SetStyle(*window, static_cast<DWORD>(value));
+        case GWL_EXSTYLE:
+            return SetExStyle(*window, static_cast<DWORD>(value));
+        case GWLP_USERDATA:
+            return std::exchange(window->userData, value);
+        default:
+            break;
     }
     if (IsDialogProcedure(*window, index)) {
         return reinterpret_cast<LONG_PTR>(

@@ -1,5 +1,5 @@
-// Positions of windows and conversions between them. A window's client area is all of it: frames are
-// the display's affair and lie outside.
+// Positions of windows and conversions between them. A window's client area is all of it: frames
+// are the display's affair and lie outside.
 #include <platform/window/core.h>
 
 namespace kv {
@@ -46,9 +46,13 @@ BOOL WINAPI GetClientRect(HWND handle, RECT* rect) {
     return TRUE;
 }
 
-BOOL WINAPI ScreenToClient(HWND handle, POINT* point) { return Shift(handle, point, -1); }
+BOOL WINAPI ScreenToClient(HWND handle, POINT* point) {
+    return Shift(handle, point, -1);
+}
 
-BOOL WINAPI ClientToScreen(HWND handle, POINT* point) { return Shift(handle, point, +1); }
+BOOL WINAPI ClientToScreen(HWND handle, POINT* point) {
+    return Shift(handle, point, +1);
+}
 
 int WINAPI MapWindowPoints(HWND from, HWND to, POINT* points, UINT count) {
     if ((from && !WindowFromHandle(from)) || (to && !WindowFromHandle(to)) || !points) return 0;

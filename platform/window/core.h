@@ -27,7 +27,7 @@ Window& AddWindowRecord();
 void RemoveWindowRecord(Window& window);
 // Brackets every call of a window procedure, see RemoveWindowRecord.
 class CallScope {
-   public:
+ public:
     CallScope();
     ~CallScope();
     CallScope(const CallScope&) = delete;
@@ -76,8 +76,8 @@ bool QuitWasPosted();
 // True when a modal loop runs and `root` is neither its window nor owned by it.
 bool IsBehindModal(HWND root);
 
-// Runs what may allocate; running out of memory becomes the platform's error instead of an exception
-// that crosses the C boundary.
+// Runs what may allocate; running out of memory becomes the platform's error instead of an
+// exception that crosses the C boundary.
 template <typename Result, typename Body>
 Result Guarded(Result failure, Body&& body) {
     try {

@@ -60,7 +60,9 @@ HWND Successor(const Window& leaving) {
 
 }  // namespace
 
-HWND ActiveWindow() { return state.active; }
+HWND ActiveWindow() {
+    return state.active;
+}
 
 void Activate(HWND root) {
     if (state.active == root) return;
@@ -103,7 +105,9 @@ void ForgetWindow(HWND handle) {
 
 using namespace kv;
 
-HWND WINAPI GetFocus() { return state.focus; }
+HWND WINAPI GetFocus() {
+    return state.focus;
+}
 
 HWND WINAPI SetFocus(HWND handle) {
     const HWND previous = state.focus;
@@ -117,7 +121,9 @@ HWND WINAPI SetFocus(HWND handle) {
     return previous;
 }
 
-HWND WINAPI GetActiveWindow() { return state.active; }
+HWND WINAPI GetActiveWindow() {
+    return state.active;
+}
 
 HWND WINAPI SetActiveWindow(HWND handle) {
     Window* window = WindowFromHandle(handle);

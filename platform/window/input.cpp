@@ -49,8 +49,8 @@ POINT CentreOf(HWND handle) {
     return {client.right / 2, client.bottom / 2};
 }
 
-// Sends the events one after the other; the rest is dropped when one of them puts a dialog in front or
-// takes the window away.
+// Sends the events one after the other; the rest is dropped when one of them puts a dialog in front
+// or takes the window away.
 template <size_t Count>
 bool Mouse(HWND window, POINT point, unsigned modifiers, const MouseEvent (&events)[Count]) {
     if (!CanReach(window)) return false;
@@ -86,7 +86,7 @@ struct TypedKey {
     int key;
 };
 constexpr TypedKey kTypedKeys[] = {
-    {'\b', VK_BACK}, {'\t', VK_TAB},      {'\r', VK_RETURN},
+    {'\b', VK_BACK},   {'\t', VK_TAB},      {'\r', VK_RETURN},
     {'\n', VK_RETURN}, {'\x1B', VK_ESCAPE}, {' ', VK_SPACE},
 };
 
@@ -110,9 +110,13 @@ ActionScope::ActionScope(unsigned modifiers) : previous_(currentModifiers) {
     currentModifiers = modifiers;
 }
 
-ActionScope::~ActionScope() { currentModifiers = previous_; }
+ActionScope::~ActionScope() {
+    currentModifiers = previous_;
+}
 
-unsigned CurrentModifiers() { return currentModifiers; }
+unsigned CurrentModifiers() {
+    return currentModifiers;
+}
 
 bool CanReach(HWND handle) {
     const Window* window = FindWindowRecord(handle);
@@ -127,7 +131,9 @@ bool CanReach(HWND handle) {
     }
 }
 
-bool Click(HWND window, unsigned modifiers) { return ClickAt(window, CentreOf(window), modifiers); }
+bool Click(HWND window, unsigned modifiers) {
+    return ClickAt(window, CentreOf(window), modifiers);
+}
 
 bool ClickAt(HWND window, POINT clientPoint, unsigned modifiers) {
     constexpr MouseEvent kEvents[] = {{WM_LBUTTONDOWN, MK_LBUTTON}, {WM_LBUTTONUP, 0}};
@@ -161,9 +167,9 @@ bool MoveTo(HWND window, POINT clientPoint) {
     const MouseTarget target = TargetAt(window, clientPoint);
     SendMessageA(target.window, WM_SETCURSOR, reinterpret_cast<WPARAM>(target.window),
                  MAKELPARAM(kInClientArea, WM_MOUSEMOVE));
-    SendMessageA(target.window, WM_MOUSEMOVE, 0,
-                 MAKELPARAM(static_cast<unsigned>(target.point.x),
-                            static_cast<unsigned>(target.point.y)));
+    SendMessageA(
+        target.window, WM_MOUSEMOVE, 0,
+        MAKELPARAM(static_cast<unsigned>(target.point.x), static_cast<unsigned>(target.point.y)));
     PumpPendingMessages();
     return true;
 }

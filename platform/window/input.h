@@ -1,8 +1,8 @@
 // User input. The Qt display, the command line and the tests act through these calls; there is no
-// other way for a user's action to enter. Each call does what the hand or key press does: it moves the
-// focus, sends the messages in the platform's order and runs what they post. A call answers false,
-// and does nothing, when a person could not do it: the window is gone, hidden, disabled, or a modal
-// dialog stands before it.
+// other way for a user's action to enter. Each call does what the hand or key press does: it moves
+// the focus, sends the messages in the platform's order and runs what they post. A call answers
+// false, and does nothing, when a person could not do it: the window is gone, hidden, disabled, or
+// a modal dialog stands before it.
 #pragma once
 
 #include <windows.h>
@@ -26,8 +26,8 @@ bool MoveTo(HWND window, POINT clientPoint);
 // Moves the focus the way a click into the window does, without any other effect.
 bool Focus(HWND window);
 
-// Keyboard: to the window that has the focus, through the dialog manager (Tab, arrows, Enter, Escape,
-// mnemonics with kAlt, F1 as WM_HELP).
+// Keyboard: to the window that has the focus, through the dialog manager (Tab, arrows, Enter,
+// Escape, mnemonics with kAlt, F1 as WM_HELP).
 bool Key(int virtualKey, unsigned modifiers = kNoModifier);
 bool Type(std::string_view text);
 

@@ -1,5 +1,5 @@
-// Creation and destruction of windows. Both send messages whose handlers may destroy the very window,
-// so every step looks the record up anew.
+// Creation and destruction of windows. Both send messages whose handlers may destroy the very
+// window, so every step looks the record up anew.
 #include <platform/display/display.h>
 #include <platform/window/core.h>
 
@@ -147,8 +147,9 @@ HWND WINAPI CreateWindowExA(DWORD exStyle, LPCSTR className, LPCSTR text, DWORD 
                             LPVOID param) {
     return Guarded(HWND{}, [&] {
         WindowCreation creation;
-        creation.parameters = {param, instance, idOrMenu, parent, height, width, y, x,
-                               static_cast<LONG>(style), text, className, exStyle};
+        creation.parameters = {
+            param, instance,  idOrMenu, parent, height, width, y, x, static_cast<LONG>(style),
+            text,  className, exStyle};
         return CreateWindowFrom(creation);
     });
 }
@@ -170,4 +171,6 @@ BOOL WINAPI DestroyWindow(HWND handle) {
     return TRUE;
 }
 
-BOOL WINAPI IsWindow(HWND handle) { return FindWindowRecord(handle) != nullptr; }
+BOOL WINAPI IsWindow(HWND handle) {
+    return FindWindowRecord(handle) != nullptr;
+}

@@ -142,31 +142,47 @@ LRESULT WINAPI DefWindowProcA(HWND handle, UINT message, WPARAM wParam, LPARAM l
     Window* window = WindowFromHandle(handle);
     if (!window) return 0;
     switch (message) {
-        case WM_NCCREATE: return TRUE;
-        case WM_SETTEXT: return SetText(*window, reinterpret_cast<LPCSTR>(lParam));
-        case WM_GETTEXT: return CopyText(*window, wParam, reinterpret_cast<char*>(lParam));
-        case WM_GETTEXTLENGTH: return static_cast<LRESULT>(window->text.size());
-        case WM_SETREDRAW: return SetRedraw(*window, wParam != 0);
-        case WM_SETFONT: return SetFont(*window, reinterpret_cast<HFONT>(wParam));
-        case WM_GETFONT: return reinterpret_cast<LRESULT>(window->font);
-        case WM_CLOSE: return DestroyWindow(handle), 0;
+        case WM_NCCREATE:
+            return TRUE;
+        case WM_SETTEXT:
+            return SetText(*window, reinterpret_cast<LPCSTR>(lParam));
+        case WM_GETTEXT:
+            return CopyText(*window, wParam, reinterpret_cast<char*>(lParam));
+        case WM_GETTEXTLENGTH:
+            return static_cast<LRESULT>(window->text.size());
+        case WM_SETREDRAW:
+            return SetRedraw(*window, wParam != 0);
+        case WM_SETFONT:
+            return SetFont(*window, reinterpret_cast<HFONT>(wParam));
+        case WM_GETFONT:
+            return reinterpret_cast<LRESULT>(window->font);
+        case WM_CLOSE:
+            return DestroyWindow(handle), 0;
         case WM_SYSCOMMAND:
             // The low four bits belong to the system.
             if ((wParam & 0xFFF0) == kCloseCommand) SendMessageA(handle, WM_CLOSE, 0, 0);
             return 0;
         case WM_HELP:
-        case WM_CONTEXTMENU: return PassToParent(*window, message, wParam, lParam);
-        case WM_RBUTTONUP: return AskForContextMenu(handle, lParam);
+        case WM_CONTEXTMENU:
+            return PassToParent(*window, message, wParam, lParam);
+        case WM_RBUTTONUP:
+            return AskForContextMenu(handle, lParam);
         case WM_KEYDOWN:
-        case WM_SYSKEYDOWN: return DefaultKey(handle, message, wParam);
-        case WM_SETCURSOR: return ChooseCursor(*window, wParam, lParam);
-        case WM_ERASEBKGND: return EraseBackground(*window, reinterpret_cast<HDC>(wParam));
-        case WM_PAINT: return window->invalid = false, 0;
+        case WM_SYSKEYDOWN:
+            return DefaultKey(handle, message, wParam);
+        case WM_SETCURSOR:
+            return ChooseCursor(*window, wParam, lParam);
+        case WM_ERASEBKGND:
+            return EraseBackground(*window, reinterpret_cast<HDC>(wParam));
+        case WM_PAINT:
+            return window->invalid = false, 0;
         case WM_CTLCOLOREDIT:
         case WM_CTLCOLORLISTBOX:
         case WM_CTLCOLORBTN:
         case WM_CTLCOLORDLG:
-        case WM_CTLCOLORSTATIC: return ColorControl(message, reinterpret_cast<HDC>(wParam));
-        default: return 0;
+        case WM_CTLCOLORSTATIC:
+            return ColorControl(message, reinterpret_cast<HDC>(wParam));
+        default:
+            return 0;
     }
 }

@@ -1,4 +1,5 @@
-// Loops that run messages and wait for the display: those of modal dialogs and sheets, and GetMessageA.
+// Loops that run messages and wait for the display: those of modal dialogs and sheets, and
+// GetMessageA.
 #include <platform/display/display.h>
 #include <platform/window/core.h>
 
@@ -12,7 +13,7 @@ std::vector<HWND>& ModalStack() {
 
 // Tells the display of both ends, also when a display or a script leaves by an exception.
 class ModalScope {
-   public:
+ public:
     explicit ModalScope(HWND root) : root_(root) {
         ModalStack().push_back(root);
         CurrentDisplay().ModalBegun(root);
@@ -24,13 +25,15 @@ class ModalScope {
     ModalScope(const ModalScope&) = delete;
     ModalScope& operator=(const ModalScope&) = delete;
 
-   private:
+ private:
     HWND root_;
 };
 
 }  // namespace
 
-HWND CurrentModalWindow() { return ModalStack().empty() ? nullptr : ModalStack().back(); }
+HWND CurrentModalWindow() {
+    return ModalStack().empty() ? nullptr : ModalStack().back();
+}
 
 bool IsBehindModal(HWND root) {
     const HWND modal = CurrentModalWindow();

@@ -19,8 +19,7 @@ Owner OwnerDrawnAs(const Window& window) {
 
 // Controls that draw nothing of their own leave it to the display unless somebody subclassed them.
 bool MayPaintItself(const Window& window) {
-    return window.windowClass->kind.empty() ||
-           window.procedure != window.windowClass->procedure;
+    return window.windowClass->kind.empty() || window.procedure != window.windowClass->procedure;
 }
 
 // The surface of a window in its present size; null when there is no memory for it.
@@ -82,14 +81,15 @@ void InvalidateTree(HWND handle, const RECT* area) {
 
 // Restores what a painter changed in a DC that goes on being used.
 class DcScope {
-   public:
+ public:
     explicit DcScope(HDC dc) : dc_(dc), level_(SaveDC(dc)) {}
-    // By level: a window destroyed between BeginPaint and EndPaint leaves a state of its own behind.
+    // By level: a window destroyed between BeginPaint and EndPaint leaves a state of its own
+    // behind.
     ~DcScope() { RestoreDC(dc_, level_); }
     DcScope(const DcScope&) = delete;
     DcScope& operator=(const DcScope&) = delete;
 
-   private:
+ private:
     HDC dc_;
     int level_;
 };
@@ -124,9 +124,9 @@ void SendDrawItem(Window& window, Owner owner, HDC dc) {
 
 bool ParentPaints(const Window& window, HDC dc) {
     if (window.windowClass->kind != "static" || !window.parent) return false;
-    const LRESULT brush = SendMessageA(window.parent, WM_CTLCOLORSTATIC,
-                                       reinterpret_cast<WPARAM>(dc),
-                                       reinterpret_cast<LPARAM>(window.handle));
+    const LRESULT brush =
+        SendMessageA(window.parent, WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(dc),
+                     reinterpret_cast<LPARAM>(window.handle));
     return reinterpret_cast<HGDIOBJ>(brush) == GetStockObject(NULL_BRUSH);
 }
 
@@ -212,8 +212,8 @@ BOOL WINAPI RedrawWindow(HWND handle, const RECT* rect, HRGN /*region*/, UINT fl
     if ((flags & RDW_UPDATENOW) == 0) return TRUE;
     UpdateWindow(handle);
     if ((flags & RDW_ALLCHILDREN) != 0) {
-        EnumChildWindows(handle, [](HWND child, LPARAM) -> BOOL { return UpdateWindow(child), TRUE; },
-                         0);
+        EnumChildWindows(
+            handle, [](HWND child, LPARAM) -> BOOL { return UpdateWindow(child), TRUE; }, 0);
     }
     return TRUE;
 }

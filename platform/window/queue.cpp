@@ -36,9 +36,9 @@ Queue& TheQueue() {
 }
 
 DWORD Now() {
-    return static_cast<DWORD>(std::chrono::duration_cast<std::chrono::milliseconds>(
-                                  Clock::now().time_since_epoch())
-                                  .count());
+    return static_cast<DWORD>(
+        std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now().time_since_epoch())
+            .count());
 }
 
 struct Filter {
@@ -88,7 +88,7 @@ bool TakeTimer(MSG& message, const Filter& filter, UINT remove) {
         if (timer.due > now || !filter.Takes(timer.window, WM_TIMER)) continue;
         if ((remove & PM_REMOVE) != 0) timer.due = now + timer.interval;
         message = {timer.window, WM_TIMER, timer.id, reinterpret_cast<LPARAM>(timer.callback),
-                   Now(), {}};
+                   Now(),        {}};
         return true;
     }
     return false;
@@ -101,7 +101,9 @@ Timer* FindTimer(HWND window, UINT_PTR id) {
     return nullptr;
 }
 
-bool IsKeyboard(UINT message) { return message >= WM_KEYDOWN && message <= WM_SYSCHAR; }
+bool IsKeyboard(UINT message) {
+    return message >= WM_KEYDOWN && message <= WM_SYSCHAR;
+}
 
 void Handle(MSG& message) {
     if (IsKeyboard(message.message) && IsDialogMessageA(RootOf(message.hwnd), &message)) return;
@@ -144,7 +146,9 @@ int CharacterFor(WPARAM key) {
 
 }  // namespace
 
-bool QuitWasPosted() { return TheQueue().quit; }
+bool QuitWasPosted() {
+    return TheQueue().quit;
+}
 
 void DropMessagesOf(HWND window) {
     Queue& queue = TheQueue();
@@ -172,9 +176,8 @@ int PumpPendingMessages() {
 int MillisecondsToNextTimer() {
     const std::vector<Timer>& timers = TheQueue().timers;
     if (timers.empty()) return -1;
-    const auto next =
-        std::min_element(timers.begin(), timers.end(),
-                         [](const Timer& a, const Timer& b) { return a.due < b.due; });
+    const auto next = std::min_element(
+        timers.begin(), timers.end(), [](const Timer& a, const Timer& b) { return a.due < b.due; });
     const auto left = std::chrono::ceil<std::chrono::milliseconds>(next->due - Clock::now());
     return static_cast<int>(std::max<std::int64_t>(left.count(), 0));
 }
@@ -203,8 +206,8 @@ BOOL WINAPI TranslateMessage(const MSG* message) {
     const bool system = message->message == WM_SYSKEYDOWN;
     if (!system && message->message != WM_KEYDOWN) return FALSE;
     if (const int character = CharacterFor(message->wParam)) {
-        PostMessageA(message->hwnd, system ? WM_SYSCHAR : WM_CHAR,
-                     static_cast<WPARAM>(character), message->lParam);
+        PostMessageA(message->hwnd, system ? WM_SYSCHAR : WM_CHAR, static_cast<WPARAM>(character),
+                     message->lParam);
     }
     return TRUE;
 }

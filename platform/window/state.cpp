@@ -13,7 +13,9 @@ void SetStyleBit(Window& window, DWORD bit, bool on) {
     TellStyleChange(window, before);
 }
 
-unsigned Word(LONG value) { return static_cast<unsigned>(value) & 0xFFFFu; }
+unsigned Word(LONG value) {
+    return static_cast<unsigned>(value) & 0xFFFFu;
+}
 
 // Both messages follow the change, and only what changed is sent.
 void MoveRecord(Window& window, const RECT& to) {
@@ -33,8 +35,8 @@ void MoveRecord(Window& window, const RECT& to) {
     }
 }
 
-// Sibling order is tab order. Null puts the window first; the platform's other special values (bottom
-// is 1, the topmost ones are negative) put it last or first.
+// Sibling order is tab order. Null puts the window first; the platform's other special values
+// (bottom is 1, the topmost ones are negative) put it last or first.
 void Reorder(Window& window, HWND after) {
     Window* parent = FindWindowRecord(window.parent);
     if (!parent || after == window.handle) return;

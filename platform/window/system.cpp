@@ -15,21 +15,18 @@ struct Metric {
     int value;
 };
 constexpr Metric kMetrics[] = {
-    {0, 1280},         // SM_CXSCREEN, as GetDeviceCaps answers
-    {1, 1024},         // SM_CYSCREEN
-    {2, 17},           // SM_CXVSCROLL
-    {3, 17},           // SM_CYHSCROLL
-    {4, 23},           // SM_CYCAPTION
-    {5, 1},            // SM_CXBORDER
-    {6, 1},            // SM_CYBORDER
-    {7, 3},            // SM_CXDLGFRAME
-    {8, 3},            // SM_CYDLGFRAME
-    {SM_CXICON, 32},
-    {SM_CYICON, 32},
-    {SM_CXEDGE, 2},
-    {SM_CYEDGE, 2},
-    {49, 16},          // SM_CXSMICON
-    {50, 16},          // SM_CYSMICON
+    {0, 1280},  // SM_CXSCREEN, as GetDeviceCaps answers
+    {1, 1024},  // SM_CYSCREEN
+    {2, 17},    // SM_CXVSCROLL
+    {3, 17},    // SM_CYHSCROLL
+    {4, 23},    // SM_CYCAPTION
+    {5, 1},     // SM_CXBORDER
+    {6, 1},     // SM_CYBORDER
+    {7, 3},     // SM_CXDLGFRAME
+    {8, 3},     // SM_CYDLGFRAME
+    {49, 16},   // SM_CXSMICON
+    {50, 16},   // SM_CYSMICON
+    {SM_CXICON, 32}, {SM_CYICON, 32}, {SM_CXEDGE, 2}, {SM_CYEDGE, 2},
 };
 
 // By COLOR_* index.
@@ -108,7 +105,9 @@ HBRUSH WINAPI GetSysColorBrush(int index) {
 HCURSOR WINAPI LoadCursorA(HINSTANCE instance, LPCSTR name) {
     const auto number = reinterpret_cast<std::uintptr_t>(name);
     for (unsigned id : kCursors) {
-        if (!instance && number == id) return reinterpret_cast<HCURSOR>(kCursorMark | (number << 4));
+        if (!instance && number == id) {
+            return reinterpret_cast<HCURSOR>(kCursorMark | (number << 4));
+        }
     }
     // Libraries of this layer carry no cursors of their own.
     SetLastError(ERROR_RESOURCE_NAME_NOT_FOUND);

@@ -21,7 +21,7 @@ std::vector<HWND>& SiblingsOf(const Window& window) {
 // Enumerations nest (a callback may enumerate), so each takes its handles from the end of one list
 // that keeps its memory.
 class EnumerationList {
-   public:
+ public:
     EnumerationList() : begin_(Shared().size()) {}
     ~EnumerationList() { Shared().resize(begin_); }
     EnumerationList(const EnumerationList&) = delete;
@@ -42,7 +42,7 @@ class EnumerationList {
     size_t Count() const { return Shared().size() - begin_; }
     HWND At(size_t index) const { return Shared()[begin_ + index]; }
 
-   private:
+ private:
     static std::vector<HWND>& Shared() {
         static std::vector<HWND>* list = new std::vector<HWND>;
         return *list;
@@ -62,7 +62,9 @@ std::vector<HWND>& TopLevelList() {
     return *list;
 }
 
-std::vector<HWND> TopLevelWindows() { return TopLevelList(); }
+std::vector<HWND> TopLevelWindows() {
+    return TopLevelList();
+}
 
 void Link(Window& window, HWND parentHandle, Place place) {
     window.parent = parentHandle;
@@ -123,9 +125,9 @@ std::string_view KindOf(HWND handle) {
 std::string DescribeWindow(HWND handle) {
     const Window* window = FindWindowRecord(handle);
     if (!window) return "a window that is gone";
-    const std::string kind =
-        window->windowClass->kind.empty() ? window->windowClass->name
-                                          : std::string(window->windowClass->kind);
+    const std::string kind = window->windowClass->kind.empty()
+                                 ? window->windowClass->name
+                                 : std::string(window->windowClass->kind);
     if (window->dialog || !window->parent) {
         const std::string name = NameOfDialog(*window);
         std::string description = kind + " \"" + name + "\"";
@@ -185,11 +187,17 @@ HWND WINAPI GetWindow(HWND handle, UINT command) {
     if (self == siblings.end()) return nullptr;
     constexpr UINT kLast = 1;  // GW_HWNDLAST
     switch (command) {
-        case GW_HWNDFIRST: return siblings.front();
-        case kLast: return siblings.back();
-        case GW_HWNDNEXT: return self + 1 != siblings.end() ? self[1] : nullptr;
-        case GW_HWNDPREV: return self != siblings.begin() ? self[-1] : nullptr;
-        default: SetLastError(ERROR_INVALID_PARAMETER); return nullptr;
+        case GW_HWNDFIRST:
+            return siblings.front();
+        case kLast:
+            return siblings.back();
+        case GW_HWNDNEXT:
+            return self + 1 != siblings.end() ? self[1] : nullptr;
+        case GW_HWNDPREV:
+            return self != siblings.begin() ? self[-1] : nullptr;
+        default:
+            SetLastError(ERROR_INVALID_PARAMETER);
+            return nullptr;
     }
 }
 

@@ -1,5 +1,5 @@
-// The window record and the window tree: what every control, the dialog manager, the input layer and
-// the displays share. Handles are looked up in a checked table; a stale or foreign handle finds
+// The window record and the window tree: what every control, the dialog manager, the input layer
+// and the displays share. Handles are looked up in a checked table; a stale or foreign handle finds
 // nothing and sets the platform's last error, it never reaches freed memory.
 #pragma once
 
@@ -18,7 +18,7 @@ struct Window;
 
 // What a control class keeps per window (entries, check state, range ...). Owned by the window.
 class ControlState {
-   public:
+ public:
     virtual ~ControlState() = default;
 };
 
@@ -30,12 +30,13 @@ struct DialogState {
     INT_PTR endResult = 0;
     bool ended = false;
     bool modal = false;
-    int defaultId = 0;   // current default button (DM_SETDEFID)
+    int defaultId = 0;     // current default button (DM_SETDEFID)
     HWND disabledOwner{};  // the window that a modal dialog disabled and gives back
     HFONT font{};
     bool ownsFont = false;
-    std::string templateName;  // "TAB0R", "#123" or empty: names the dialog in messages and pictures
-    int unitsX = 6;  // dialog base units: width of an average character, height of the font
+    std::string
+        templateName;  // "TAB0R", "#123" or empty: names the dialog in messages and pictures
+    int unitsX = 6;    // dialog base units: width of an average character, height of the font
     int unitsY = 13;
 };
 
@@ -50,7 +51,8 @@ struct WindowClass {
     int extraBytes = 0;  // cbWndExtra
 };
 
-// Where a window's own drawing goes between GetDC or BeginPaint and their counterparts; made on demand.
+// Where a window's own drawing goes between GetDC or BeginPaint and their counterparts; made on
+// demand.
 struct WindowSurface {
     HDC dc{};
     HBITMAP bitmap{};
@@ -84,14 +86,14 @@ struct Window {
     std::map<std::string, HANDLE, std::less<>> properties;
     std::unique_ptr<ControlState> state;
     std::unique_ptr<DialogState> dialog;
-    std::vector<UINT> childIds;     // ids of `children`, side by side for a fast GetDlgItem
-    std::vector<LONG_PTR> extra;    // the class's extra bytes
+    std::vector<UINT> childIds;   // ids of `children`, side by side for a fast GetDlgItem
+    std::vector<LONG_PTR> extra;  // the class's extra bytes
     std::unique_ptr<WindowSurface> surface;
-    HDC paintTarget{};              // where the next BeginPaint draws instead of the surface
-    bool painted = false;           // BeginPaint was called for the WM_PAINT under way
-    bool announced = false;         // the display knows the window
-    unsigned deferredChanges = 0;   // gathered while redrawing is off
-    HWND savedFocus{};              // top-level windows: the focus to restore on activation
+    HDC paintTarget{};             // where the next BeginPaint draws instead of the surface
+    bool painted = false;          // BeginPaint was called for the WM_PAINT under way
+    bool announced = false;        // the display knows the window
+    unsigned deferredChanges = 0;  // gathered while redrawing is off
+    HWND savedFocus{};             // top-level windows: the focus to restore on activation
 
     bool IsVisibleStyle() const { return (style & WS_VISIBLE) != 0; }
     bool IsDisabledStyle() const { return (style & WS_DISABLED) != 0; }

@@ -5,8 +5,8 @@
 namespace kv {
 namespace {
 
-// Layout: marker 2 in the low four bits (no aligned pointer looks like it), index 20 bits, generation
-// 32 bits, and a number of its own on top that no other handle table uses.
+// Layout: marker 2 in the low four bits (no aligned pointer looks like it), index 20 bits,
+// generation 32 bits, and a number of its own on top that no other handle table uses.
 constexpr std::uintptr_t kMarker = 2;
 constexpr std::uintptr_t kSpace = std::uintptr_t{5} << 58;
 constexpr std::uintptr_t kIndexMask = 0xFFFFF;
@@ -37,8 +37,8 @@ std::size_t IndexOf(HWND handle) {
     return (reinterpret_cast<std::uintptr_t>(handle) >> 4) & kIndexMask;
 }
 
-// Freeing a record may run a control's destructor, which may only touch graphics objects; still, the
-// list is taken out first so that nothing here depends on that.
+// Freeing a record may run a control's destructor, which may only touch graphics objects; still,
+// the list is taken out first so that nothing here depends on that.
 void EmptyGraveyard(Table& table) {
     std::vector<std::unique_ptr<Window>> dead;
     dead.swap(table.graveyard);
@@ -89,7 +89,9 @@ void RemoveWindowRecord(Window& window) {
     if (table.callDepth == 0) EmptyGraveyard(table);
 }
 
-CallScope::CallScope() { ++TheTable().callDepth; }
+CallScope::CallScope() {
+    ++TheTable().callDepth;
+}
 
 CallScope::~CallScope() {
     Table& table = TheTable();

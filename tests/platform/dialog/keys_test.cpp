@@ -48,7 +48,8 @@ class DialogKeys : public RecorderTest {
     }
     void AddButton(const char* text, int id, DWORD style) {
         CreateWindowExA(0, "BUTTON", text, WS_CHILD | WS_VISIBLE | WS_TABSTOP | style, 0, 0, 9, 9,
-                        dialog, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
+                        dialog, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr,
+                        nullptr);
     }
     std::vector<int> PressRepeatedly(int key, unsigned modifiers, int times) {
         std::vector<int> ids;
@@ -144,8 +145,9 @@ TEST_F(DialogKeys, LettersLeadToControlsAndPressButtons) {
         const char* command;  // null: none
     };
     const Case cases[] = {
-        {'H', 23, "page 23"}, {'M', 24, "page 24"}, {'T', 21, "page 21"}, {'N', 10, nullptr},
-        {'S', 21, nullptr},   // the box leads to the chosen button of its group
+        {'H', 23, "page 23"}, {'M', 24, "page 24"}, {'T', 21, "page 21"},
+        {'N', 10, nullptr},   {'S', 21, nullptr},  // the box leads to the chosen button of its
+                                                   // group
     };
     for (const Case& c : cases) {
         commands.clear();
@@ -183,7 +185,8 @@ TEST_F(DialogKeys, NextControlMessageMovesTheFocusForThePage) {
     FocusOn(page, 23);
     SendMessageA(page, WM_NEXTDLGCTL, 0, FALSE);
     EXPECT_EQ(GetDlgCtrlID(GetFocus()), 24);
-    SendMessageA(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(GetDlgItem(dialog, IDCANCEL)), TRUE);
+    SendMessageA(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(GetDlgItem(dialog, IDCANCEL)),
+                 TRUE);
     EXPECT_TRUE(IsDefault(dialog, IDCANCEL));
     ShowWindow(GetDlgItem(dialog, IDCANCEL), SW_HIDE);
     EXPECT_EQ(GetDlgCtrlID(GetFocus()), 10) << "a dialog hands its own focus to the first control";

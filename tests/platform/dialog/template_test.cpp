@@ -24,7 +24,9 @@ TemplateBuilder Sample(Layout layout) {
     return sample;
 }
 
-INT_PTR Ignore(HWND, UINT, WPARAM, LPARAM) { return FALSE; }
+INT_PTR Ignore(HWND, UINT, WPARAM, LPARAM) {
+    return FALSE;
+}
 
 TEST_P(DialogTemplate, ControlsComeOutAsTheTemplateSays) {
     const TemplateBuilder sample = Sample(GetParam());
@@ -81,7 +83,8 @@ TEST_P(DialogTemplate, DamagedBytesAreReadSafely) {
     const std::vector<BYTE> whole = Sample(GetParam()).Bytes();
     for (int round = 0; round < 3000; ++round) {
         std::vector<BYTE> damaged(whole);
-        for (int i = 0; i < 3; ++i) damaged[random() % damaged.size()] = static_cast<BYTE>(random());
+        for (int i = 0; i < 3; ++i)
+            damaged[random() % damaged.size()] = static_cast<BYTE>(random());
         DialogCreation creation;
         creation.bytes = damaged;
         creation.procedure = Ignore;

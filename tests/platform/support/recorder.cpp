@@ -13,13 +13,13 @@ struct MessageName {
 };
 // Only these are written down.
 constexpr MessageName kNames[] = {
-    {WM_CREATE, "create"},       {WM_DESTROY, "destroy"},     {WM_NCDESTROY, "ncdestroy"},
-    {WM_SETFOCUS, "setfocus"},   {WM_KILLFOCUS, "killfocus"}, {WM_ENABLE, "enable"},
-    {WM_SHOWWINDOW, "show"},     {WM_MOVE, "move"},           {WM_SIZE, "size"},
-    {WM_HELP, "help"},           {WM_COMMAND, "command"},     {WM_LBUTTONDOWN, "down"},
-    {WM_LBUTTONUP, "up"},        {WM_CONTEXTMENU, "menu"},    {WM_KEYDOWN, "key"},
-    {WM_KEYUP, "keyup"},         {WM_CHAR, "char"},           {WM_CLOSE, "close"},
-    {WM_PAINT, "paint"},         {WM_TIMER, "timer"},         {WM_USER, "user"},
+    {WM_CREATE, "create"},     {WM_DESTROY, "destroy"},     {WM_NCDESTROY, "ncdestroy"},
+    {WM_SETFOCUS, "setfocus"}, {WM_KILLFOCUS, "killfocus"}, {WM_ENABLE, "enable"},
+    {WM_SHOWWINDOW, "show"},   {WM_MOVE, "move"},           {WM_SIZE, "size"},
+    {WM_HELP, "help"},         {WM_COMMAND, "command"},     {WM_LBUTTONDOWN, "down"},
+    {WM_LBUTTONUP, "up"},      {WM_CONTEXTMENU, "menu"},    {WM_KEYDOWN, "key"},
+    {WM_KEYUP, "keyup"},       {WM_CHAR, "char"},           {WM_CLOSE, "close"},
+    {WM_PAINT, "paint"},       {WM_TIMER, "timer"},         {WM_USER, "user"},
 };
 
 }  // namespace

@@ -1,5 +1,5 @@
-// Builds binary dialog templates in memory, in the classic or the extended layout. Used by tests that
-// need a dialog without compiled resources.
+// Builds binary dialog templates in memory, in the classic or the extended layout. Used by tests
+// that need a dialog without compiled resources.
 #pragma once
 
 #include <windows.h>

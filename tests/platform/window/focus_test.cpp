@@ -61,8 +61,8 @@ TEST_F(FocusOrder, HidingOrDestroyingAWindowGivesItsFocusToTheParent) {
     TakeLog();
     DestroyWindow(second);
     EXPECT_EQ(GetFocus(), top);
-    EXPECT_THAT(TakeLog(),
-                ElementsAre("second killfocus", "top setfocus", "second destroy", "second ncdestroy"));
+    EXPECT_THAT(TakeLog(), ElementsAre("second killfocus", "top setfocus", "second destroy",
+                                       "second ncdestroy"));
 }
 
 TEST_F(FocusOrder, ActivationReturnsToTheControlThatHadTheFocus) {
@@ -108,11 +108,10 @@ TEST_F(FocusOrder, SwitchedOffRedrawingGathersChangesButNotPlacement) {
     EXPECT_THAT(display.Take(), IsEmpty());
     EnableWindow(second, FALSE);
     ShowWindow(first, SW_HIDE);
-    EXPECT_THAT(display.Take(), ElementsAre("changed second 2", "changed three 4",
-                                            "focus top"));
+    EXPECT_THAT(display.Take(), ElementsAre("changed second 2", "changed three 4", "focus top"));
     SendMessageA(first, WM_SETREDRAW, TRUE, 0);
-    EXPECT_THAT(display.Take(), ElementsAre("changed three " +
-                                            std::to_string(kChangedText | kChangedFont)));
+    EXPECT_THAT(display.Take(),
+                ElementsAre("changed three " + std::to_string(kChangedText | kChangedFont)));
 }
 
 }  // namespace

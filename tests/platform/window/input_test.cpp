@@ -67,8 +67,8 @@ TEST_F(UserInput, RestOfAClickIsDroppedWhenItsTargetGoesAway) {
         if (window == child && message == WM_LBUTTONDOWN) ShowWindow(child, SW_HIDE);
     };
     EXPECT_TRUE(input::DoubleClick(child));
-    EXPECT_THAT(TakeLog(), ElementsAre("child down", "child show 0", "child killfocus",
-                                       "page setfocus"));
+    EXPECT_THAT(TakeLog(),
+                ElementsAre("child down", "child show 0", "child killfocus", "page setfocus"));
 }
 
 TEST_F(UserInput, TypingSendsKeysAndTheirCharactersToTheFocus) {

@@ -41,8 +41,7 @@ TEST_F(WindowLifetime, StaleAndForeignHandlesFailWithTheError) {
     char text[8] = "x";
     RECT rect{};
     int local = 0;
-    const HWND foreign[] = {stale,
-                            reinterpret_cast<HWND>(&local),
+    const HWND foreign[] = {stale, reinterpret_cast<HWND>(&local),
                             reinterpret_cast<HWND>(~std::uintptr_t{0}),
                             reinterpret_cast<HWND>(std::uintptr_t{2}),
                             reinterpret_cast<HWND>(reinterpret_cast<std::uintptr_t>(fresh) + 1)};
@@ -79,9 +78,9 @@ TEST_F(WindowLifetime, StaleAndForeignHandlesFailWithTheError) {
 
 TEST_F(WindowLifetime, WindowsMayDestroyThemselvesOrTheirParentInAnyMessage) {
     constexpr UINT kMessages[] = {
-        WM_NCCREATE, WM_CREATE,    WM_SIZE,        WM_MOVE,    WM_SHOWWINDOW, WM_SETFOCUS,
-        WM_ENABLE,   WM_KILLFOCUS, WM_LBUTTONDOWN, WM_SETTEXT, WM_PAINT,      WM_DESTROY,
-        WM_USER,     WM_NCDESTROY,
+        WM_NCCREATE, WM_CREATE,  WM_SIZE,      WM_MOVE,        WM_SHOWWINDOW,
+        WM_SETFOCUS, WM_ENABLE,  WM_KILLFOCUS, WM_LBUTTONDOWN, WM_SETTEXT,
+        WM_PAINT,    WM_DESTROY, WM_USER,      WM_NCDESTROY,
     };
     for (UINT trigger : kMessages) {
         for (bool parentToo : {false, true}) {
