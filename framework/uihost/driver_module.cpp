@@ -49,7 +49,9 @@ bool AddPages(Sheet& sheet, const DriverModule& module) {
     if (!row) return false;
     for (UINT count = 0; row->pageTemplate && row->procedure && count < kMaxPages; ++row, ++count) {
         if (!(row->flags1 & kPageShown)) continue;
-        const DWORD flags = row->flags1 & kPageHasHelp ? PSP_HASHELP : PSP_DEFAULT;
+        // Tabs start with the template's name; the module puts captions in its own language there.
+        const DWORD flags =
+            (row->flags1 & kPageHasHelp ? PSP_HASHELP : PSP_DEFAULT) | PSP_USETITLE;
         if (!AddPage(sheet, module, row->pageTemplate, row->procedure, flags)) return false;
     }
     for (const auto& [pageTemplate, procedure] : sheet.request.extraPages) {
@@ -68,8 +70,6 @@ std::vector<PROPSHEETPAGEA> PageStructures(const Sheet& sheet) {
         structure.dwFlags = page->flags;
         structure.hInstance = sheet.module;
         structure.pszTemplate = page->templateName.c_str();
-        // Tabs start with the template's name; the module puts captions in its own language there.
-        structure.dwFlags |= PSP_USETITLE;
         structure.pszTitle = page->templateName.c_str();
         structure.pfnDlgProc = page->procedure;
         structure.lParam = reinterpret_cast<LPARAM>(page.get());

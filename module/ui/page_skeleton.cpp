@@ -12,6 +12,7 @@
 #include "settings/defaults.h"
 #include "settings/notification.h"
 #include "settings/reactor.h"
+#include "ui/entry_drawing.h"
 #include "ui/help.h"
 #include "ui/page_table.h"
 #include "ui/sheet_life.h"
@@ -241,6 +242,8 @@ INT_PTR RunPage(const PageTraits& traits, HWND page, UINT message, WPARAM wParam
         case WM_CTLCOLORSTATIC:
             return OnPaintStatic(traits, *context, reinterpret_cast<HWND>(lParam),
                                  reinterpret_cast<HDC>(wParam));
+        case WM_DRAWITEM:
+            return DrawComboEntry(*context, *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
         case kMessageRefreshAll:
             OnRefreshAll(traits, *context);
             return TRUE;

@@ -1,13 +1,19 @@
 // Dialog procedures that only close: their dialogs do nothing yet but end cleanly, with the result
 // that means "nothing was done". Also the installation entries, which have no task so far.
 #include "ui/exports.h"
+#include "ui/page_skeleton.h"
 #include "ui/sub_dialog_skeleton.h"
 #include "ui/sub_dialogs.h"
 
 namespace {
 
-INT_PTR CloseOnly(HWND dialog, UINT message, WPARAM wParam, INT_PTR cancelResult) {
-    if (message == WM_INITDIALOG) return TRUE;
+INT_PTR CloseOnly(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam,
+                  INT_PTR cancelResult) {
+    if (message == WM_INITDIALOG) {
+        const kvui::SheetContext* context = kvui::KeepSheetContext(dialog, message, lParam);
+        if (context != nullptr) kvui::SetChildCaptions(*context, dialog);
+        return TRUE;
+    }
     if (message != WM_COMMAND) return FALSE;
     if (LOWORD(wParam) != IDOK && LOWORD(wParam) != IDCANCEL) return FALSE;
     EndDialog(dialog, cancelResult);
@@ -18,17 +24,17 @@ INT_PTR CloseOnly(HWND dialog, UINT message, WPARAM wParam, INT_PTR cancelResult
 
 namespace kvui {
 
-INT_PTR CALLBACK CombinationDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM) {
-    return CloseOnly(dialog, message, wParam, 1);
+INT_PTR CALLBACK CombinationDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    return CloseOnly(dialog, message, wParam, lParam, 1);
 }
-INT_PTR CALLBACK ImageShiftDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM) {
-    return CloseOnly(dialog, message, wParam, 0);
+INT_PTR CALLBACK ImageShiftDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    return CloseOnly(dialog, message, wParam, lParam, 0);
 }
-INT_PTR CALLBACK WatermarkEditorDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM) {
-    return CloseOnly(dialog, message, wParam, 2);
+INT_PTR CALLBACK WatermarkEditorDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    return CloseOnly(dialog, message, wParam, lParam, 2);
 }
-INT_PTR CALLBACK EditOverlayDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM) {
-    return CloseOnly(dialog, message, wParam, 2);
+INT_PTR CALLBACK EditOverlayDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    return CloseOnly(dialog, message, wParam, lParam, 2);
 }
 
 }  // namespace kvui
@@ -37,32 +43,32 @@ INT_PTR CALLBACK DDMTAB01(HWND dialog, UINT message, WPARAM wParam, LPARAM lPara
     static const kvui::SubDialogTraits kOutputDetail = {"_DLGTAB01", "DLGTAB01", 1105};
     return kvui::RunSubDialog(kOutputDetail, dialog, message, wParam, lParam);
 }
-INT_PTR CALLBACK DDMTAB02(HWND dialog, UINT message, WPARAM wParam, LPARAM) {
-    return CloseOnly(dialog, message, wParam, 1);
+INT_PTR CALLBACK DDMTAB02(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    return CloseOnly(dialog, message, wParam, lParam, 1);
 }
-INT_PTR CALLBACK DDMTAB20(HWND dialog, UINT message, WPARAM wParam, LPARAM) {
-    return CloseOnly(dialog, message, wParam, 1);
+INT_PTR CALLBACK DDMTAB20(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    return CloseOnly(dialog, message, wParam, lParam, 1);
 }
-INT_PTR CALLBACK DDMEDIT0(HWND dialog, UINT message, WPARAM wParam, LPARAM) {
-    return CloseOnly(dialog, message, wParam, 1);
+INT_PTR CALLBACK DDMEDIT0(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    return CloseOnly(dialog, message, wParam, lParam, 1);
 }
-INT_PTR CALLBACK DDMCUSTOMPAPER(HWND dialog, UINT message, WPARAM wParam, LPARAM) {
-    return CloseOnly(dialog, message, wParam, -1);
+INT_PTR CALLBACK DDMCUSTOMPAPER(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    return CloseOnly(dialog, message, wParam, lParam, -1);
 }
-INT_PTR CALLBACK DDMMailBox(HWND dialog, UINT message, WPARAM wParam, LPARAM) {
-    return CloseOnly(dialog, message, wParam, 0);
+INT_PTR CALLBACK DDMMailBox(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    return CloseOnly(dialog, message, wParam, lParam, 0);
 }
-INT_PTR CALLBACK DDMKeepSettingAdd(HWND dialog, UINT message, WPARAM wParam, LPARAM) {
-    return CloseOnly(dialog, message, wParam, 0);
+INT_PTR CALLBACK DDMKeepSettingAdd(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    return CloseOnly(dialog, message, wParam, lParam, 0);
 }
-INT_PTR CALLBACK DDMSaveData(HWND dialog, UINT message, WPARAM wParam, LPARAM) {
-    return CloseOnly(dialog, message, wParam, 0);
+INT_PTR CALLBACK DDMSaveData(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    return CloseOnly(dialog, message, wParam, lParam, 0);
 }
-INT_PTR CALLBACK DDMPrinterProp(HWND dialog, UINT message, WPARAM wParam, LPARAM) {
-    return CloseOnly(dialog, message, wParam, 1);
+INT_PTR CALLBACK DDMPrinterProp(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    return CloseOnly(dialog, message, wParam, lParam, 1);
 }
-INT_PTR CALLBACK DlgProcConflicts(HWND dialog, UINT message, WPARAM wParam, LPARAM) {
-    return CloseOnly(dialog, message, wParam, 2);
+INT_PTR CALLBACK DlgProcConflicts(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    return CloseOnly(dialog, message, wParam, lParam, 2);
 }
 
 DWORD WINAPI DDMDevInstall(void* /*unused*/, void* /*printerBlock*/, DWORD /*flags*/) { return 0; }
