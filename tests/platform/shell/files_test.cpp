@@ -103,7 +103,7 @@ TEST_F(Files, TheVersionNeedsTheRightSize) {
     EXPECT_GE(info.dwMajorVersion, 6u);
 }
 
-TEST(Text, ComparisonAndScalingRoundAsThePlatformDoes) {
+TEST(TextHelpers, ComparisonAndScalingRoundAsThePlatformDoes) {
     EXPECT_EQ(lstrcmpiA("KVUIMOD.ini", "kvuimod.INI"), 0);
     EXPECT_LT(lstrcmpA("a", "A"), 0);
     EXPECT_LT(lstrcmpA("A", "b"), 0);
