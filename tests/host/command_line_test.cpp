@@ -1,0 +1,183 @@
+// kvprefs as an administrator's script runs it: a process, its output, its exit status and its files.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Ran {
+    int status;
+    std::string output;  // both streams
+};
+
+class CommandLine : public testing::Test {
+   protected:
+    void SetUp() override {
+        char folder[] = "/tmp/kvcliXXXXXX";
+        ASSERT_NE(mkdtemp(folder), nullptr);
+        state_ = folder;
+    }
+    void TearDown() override { fs::remove_all(state_); }
+
+    Ran Run(const std::string& arguments) {
+        const std::string command = std::string("env -u DISPLAY -u WAYLAND_DISPLAY "
+                                                "-u QT_QPA_PLATFORM ") +
+                                    KV_BIN_DIR "/kvprefs --state " + state_.string() + " " +
+                                    arguments + " 2>&1 </dev/null";
+        Ran ran{};
+        FILE* pipe = popen(command.c_str(), "r");
+        std::array<char, 4096> part{};
+        while (const size_t size = fread(part.data(), 1, part.size(), pipe)) {
+            ran.output.append(part.data(), size);
+        }
+        const int status = pclose(pipe);
+        ran.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128;
+        return ran;
+    }
+    fs::path RecordFile() {
+        for (const auto& entry : fs::directory_iterator(state_ / "records")) {
+            if (entry.path().extension() == ".record") return entry.path();
+        }
+        return {};
+    }
+    fs::path RulesFile() {
+        for (const auto& entry : fs::recursive_directory_iterator(state_)) {
+            if (entry.path().filename() == "KVUIMOD.ini") return entry.path();
+        }
+        return {};
+    }
+    static std::string Bytes(const fs::path& path) {
+        std::ifstream file(path, std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+
+    fs::path state_;
+};
+
+TEST_F(CommandLine, SetStoresAndGetReadsBack) {
+    const Ran set = Run("set RadioOrientation=2 ComboPaperSize=A5 EditCopies=2");
+    EXPECT_EQ(set.status, 0) << set.output;
+    EXPECT_NE(set.output.find("dmPaperSize=11\n"), std::string::npos) << set.output;
+    EXPECT_EQ(Run("get dmOrientation dmPaperSize dmCopies").output,
+              "dmOrientation=2\ndmPaperSize=11\ndmCopies=2\n");
+    EXPECT_EQ(Run("get dmCopies --json").output, "{\n  \"dmCopies\": 2\n}\n");
+    EXPECT_EQ(fs::file_size(RecordFile()), 1296u);
+}
+
+TEST_F(CommandLine, ClampedValuesAreSaid) {
+    const Ran set = Run("set EditScaling=500");
+    EXPECT_EQ(set.status, 0);
+    EXPECT_NE(set.output.find("EditScaling=500: stored as 400"), std::string::npos) << set.output;
+    EXPECT_EQ(Run("get mdmScaleSize").output, "mdmScaleSize=400\n");
+}
+
+TEST_F(CommandLine, SeveralPairsAreAllOrNothing) {
+    ASSERT_EQ(Run("set EditCopies=3").status, 0);
+    const std::string before = Bytes(RecordFile());
+    const Ran set = Run("set EditCopies=5 ComboPaperSize=Papyrus");
+    EXPECT_EQ(set.status, 2);
+    EXPECT_NE(set.output.find("Papyrus"), std::string::npos);
+    EXPECT_NE(set.output.find("nothing was stored"), std::string::npos) << set.output;
+    EXPECT_EQ(Bytes(RecordFile()), before);
+}
+
+TEST_F(CommandLine, AForbiddenChoiceNamesBothItemsAndCancelKeepsTheRecord) {
+    ASSERT_EQ(Run("set EditCopies=3").status, 0);
+    std::ofstream(RulesFile()) << "[ConflictConditions]\n"
+                                  "ComboMediaType0=(2),0,0,(RadioOrientation,0,0,(1),2)\n";
+    const std::string before = Bytes(RecordFile());
+    const Ran cancelled = Run("set ComboMediaType=Transparency --on-conflict=cancel");
+    EXPECT_EQ(cancelled.status, 1);
+    EXPECT_NE(cancelled.output.find("Media Type"), std::string::npos) << cancelled.output;
+    EXPECT_NE(cancelled.output.find("Orientation"), std::string::npos) << cancelled.output;
+    EXPECT_EQ(Bytes(RecordFile()), before);
+    EXPECT_EQ(Run("set ComboMediaType=Transparency --on-conflict=resolve").status, 0);
+    EXPECT_EQ(Run("get MediaType dmOrientation").output, "MediaType=2\ndmOrientation=2\n");
+}
+
+TEST_F(CommandLine, UnknownNamesAreRefusedWithStatus2) {
+    for (const char* arguments : {"set NoSuchControl=1", "set EditCopies", "get dmNothing",
+                                  "list Nowhere", "defaults Nowhere", "frobnicate",
+                                  "set ComboMediaType=MediaStone"}) {
+        const Ran ran = Run(arguments);
+        EXPECT_EQ(ran.status, 2) << arguments << ": " << ran.output;
+        EXPECT_FALSE(ran.output.empty()) << arguments;
+    }
+    EXPECT_NE(Run("set EditCopies=" + std::string(100000, '9')).status, 128);
+}
+
+TEST_F(CommandLine, ADamagedRecordIsKeptAsideAndDefaultsAreUsed) {
+    ASSERT_EQ(Run("set EditCopies=3").status, 0);
+    const fs::path record = RecordFile();
+    const std::string whole = Bytes(record);
+    std::string hostile = whole;
+    hostile[36] = 7;  // dmSize, low byte
+    for (const std::string& bytes : {whole.substr(0, 1295), whole + "x", std::string(), hostile}) {
+        std::ofstream(record, std::ios::binary | std::ios::trunc) << bytes;
+        const Ran get = Run("get dmCopies");
+        EXPECT_EQ(get.status, 0);
+        EXPECT_NE(get.output.find("dmCopies=1\n"), std::string::npos) << get.output;
+        EXPECT_NE(get.output.find("refused"), std::string::npos) << get.output;
+        EXPECT_FALSE(fs::exists(record));
+    }
+    EXPECT_EQ(Bytes(record.string() + ".bad1"), whole.substr(0, 1295));
+    EXPECT_EQ(Bytes(record.string() + ".bad4"), hostile);
+}
+
+TEST_F(CommandLine, RecordsTravelThroughFiles) {
+    const std::string file = (state_ / "saved.bin").string();
+    ASSERT_EQ(Run("set EditCopies=4").status, 0);
+    ASSERT_EQ(Run("record export " + file).status, 0);
+    ASSERT_EQ(Run("defaults Basic").status, 0);
+    EXPECT_EQ(Run("get dmCopies").output, "dmCopies=1\n");
+    const Ran diff = Run("record diff " + file + " " + RecordFile().string());
+    EXPECT_EQ(diff.status, 1);
+    EXPECT_NE(diff.output.find("dmCopies 4 -> 1\n"), std::string::npos) << diff.output;
+    ASSERT_EQ(Run("record import " + file).status, 0);
+    EXPECT_EQ(Run("get dmCopies").output, "dmCopies=4\n");
+    std::ofstream(file) << "short";
+    EXPECT_EQ(Run("record import " + file).status, 2);
+    EXPECT_EQ(Run("get dmCopies").output, "dmCopies=4\n");
+}
+
+TEST_F(CommandLine, PrintersAreAddedByAdministratorsOnly) {
+    EXPECT_EQ(Run("--as-user printer add Lobby --port USB002").status, 1);
+    EXPECT_EQ(Run("--as-admin printer add Lobby --port USB002").status, 0);
+    EXPECT_NE(Run("printer list").output.find("Lobby\tUSB002"), std::string::npos);
+    EXPECT_EQ(Run("--printer Lobby set EditCopies=6").status, 0);
+    EXPECT_EQ(Run("get dmCopies --printer Lobby").output, "dmCopies=6\n");
+    EXPECT_EQ(Run("--printer Attic get dmCopies").status, 2);
+}
+
+TEST_F(CommandLine, WithoutADisplayOpenSaysHowToGoOn) {
+    const Ran open = Run("open");
+    EXPECT_EQ(open.status, 1);
+    EXPECT_NE(open.output.find("kvprefs shot"), std::string::npos) << open.output;
+}
+
+TEST_F(CommandLine, BadRulesFilesAreHarmless) {
+    ASSERT_EQ(Run("set EditCopies=3").status, 0);
+    std::string binary;
+    for (int i = 0; i < 5000; ++i) binary += static_cast<char>(i * 37);
+    for (const std::string& rules :
+         {std::string(), binary, "[ConflictConditions]\n" + std::string(1 << 20, 'A'),
+          std::string("[ConflictConditions\r\nComboMediaType0=(((((\n\rComboMediaType1=")}) {
+        std::ofstream(RulesFile(), std::ios::binary | std::ios::trunc) << rules;
+        const Ran set = Run("set ComboMediaType=MediaGlossy EditCopies=2");
+        EXPECT_EQ(set.status, 0) << set.output;
+        EXPECT_EQ(Run("set ComboMediaType=1").status, 0);
+    }
+    fs::remove(RulesFile());
+    EXPECT_EQ(Run("set EditCopies=9").status, 0);
+}
+
+}  // namespace
