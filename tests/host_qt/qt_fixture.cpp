@@ -1,0 +1,146 @@
+// The program's main function, the dialog of the tests, and the list of what its controls tell it.
+#include "qt_fixture.h"
+
+#include <host/display_plugin.h>
+#include <platform/dialog/create_dialog.h>
+
+#include <cstdio>
+#include <cstring>
+
+namespace kv {
+namespace {
+
+QtDisplayTest* current = nullptr;
+
+struct CodeName {
+    const char* kind;
+    WORD code;
+    const char* name;
+};
+constexpr CodeName kCommands[] = {
+    {"button", BN_CLICKED, "BN_CLICKED"},       {"edit", EN_SETFOCUS, "EN_SETFOCUS"},
+    {"edit", EN_KILLFOCUS, "EN_KILLFOCUS"},     {"edit", EN_UPDATE, "EN_UPDATE"},
+    {"edit", EN_CHANGE, "EN_CHANGE"},           {"combo", CBN_SETFOCUS, "CBN_SETFOCUS"},
+    {"combo", CBN_KILLFOCUS, "CBN_KILLFOCUS"},  {"combo", CBN_DROPDOWN, "CBN_DROPDOWN"},
+    {"combo", CBN_CLOSEUP, "CBN_CLOSEUP"},      {"combo", CBN_SELENDOK, "CBN_SELENDOK"},
+    {"combo", CBN_SELCHANGE, "CBN_SELCHANGE"},  {"combo", CBN_SELENDCANCEL, "CBN_SELENDCANCEL"},
+    {"list", LBN_SELCHANGE, "LBN_SELCHANGE"},   {"list", LBN_DBLCLK, "LBN_DBLCLK"},
+    {"list", LBN_SETFOCUS, "LBN_SETFOCUS"},     {"static", STN_CLICKED, "STN_CLICKED"},
+};
+constexpr CodeName kScrolls[] = {
+    {"trackbar", TB_LINEUP, "TB_LINEUP"},         {"trackbar", TB_LINEDOWN, "TB_LINEDOWN"},
+    {"trackbar", TB_THUMBTRACK, "TB_THUMBTRACK"}, {"trackbar", TB_THUMBPOSITION, "TB_THUMBPOSITION"},
+    {"trackbar", TB_ENDTRACK, "TB_ENDTRACK"},
+};
+
+template <size_t Count>
+std::string Describe(const CodeName (&names)[Count], HWND control, int id, WORD code) {
+    for (const CodeName& name : names) {
+        if (KindOf(control) == name.kind && name.code == code) {
+            return std::to_string(id) + " " + name.name;
+        }
+    }
+    return std::to_string(id) + ":" + std::to_string(code);
+}
+
+}  // namespace
+
+void Settle() { QCoreApplication::processEvents(); }
+
+QDialog* DialogTitled(const QString& title) {
+    Settle();
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        auto* dialog = qobject_cast<QDialog*>(widget);
+        if (dialog && dialog->isVisible() && dialog->windowTitle() == title) return dialog;
+    }
+    return nullptr;
+}
+
+QtDisplayTest::QtDisplayTest() {
+    current = this;
+    // A classic template without controls: style, extended style, count, place; no menu and class.
+    struct {
+        DWORD style = WS_POPUP | WS_CAPTION | WS_SYSMENU;
+        DWORD exStyle = 0;
+        WORD count = 0;
+        SHORT place[4] = {0, 0, 200, 150};
+        WORD texts[3] = {};
+    } bytes;
+    DialogCreation creation;
+    creation.bytes = {reinterpret_cast<const BYTE*>(&bytes), sizeof bytes};
+    creation.procedure = Procedure;
+    dialog = CreateDialogFrom(creation);
+    SetWindowTextA(dialog, "Test");
+}
+
+QtDisplayTest::~QtDisplayTest() {
+    reaction = nullptr;
+    if (IsWindow(dialog)) DestroyWindow(dialog);
+    current = nullptr;
+    Settle();
+}
+
+HWND QtDisplayTest::Add(const char* className, DWORD style, int id, RECT place, const char* text,
+                        DWORD exStyle) {
+    return CreateWindowExA(exStyle, className, text, WS_CHILD | WS_VISIBLE | style, place.left,
+                           place.top, place.right - place.left, place.bottom - place.top, dialog,
+                           reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
+}
+
+void QtDisplayTest::Show() {
+    ShowWindow(dialog, SW_SHOW);
+    if (const HWND first = GetNextDlgTabItem(dialog, nullptr, FALSE)) SetFocus(first);
+    ASSERT_NE(DialogTitled("Test"), nullptr);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(DialogTitled("Test")));
+    Settle();
+    TakeLog();
+}
+
+std::string QtDisplayTest::Text(HWND window) {
+    char text[256] = "";
+    GetWindowTextA(window, text, sizeof text);
+    return text;
+}
+
+void QtDisplayTest::AddEntries(HWND control, UINT message,
+                               std::initializer_list<const char*> entries) {
+    for (const char* entry : entries) {
+        SendMessageA(control, message, 0, reinterpret_cast<LPARAM>(entry));
+    }
+}
+
+void QtDisplayTest::Record(UINT message, WPARAM wParam, LPARAM lParam) {
+    const auto control = reinterpret_cast<HWND>(lParam);
+    if (message == WM_COMMAND) {
+        log.push_back(Describe(kCommands, control, LOWORD(wParam), HIWORD(wParam)));
+    } else if (message == WM_HSCROLL || message == WM_VSCROLL) {
+        log.push_back(Describe(kScrolls, control, GetDlgCtrlID(control), LOWORD(wParam)));
+    }
+}
+
+INT_PTR QtDisplayTest::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (!current || window != current->dialog) return FALSE;
+    current->Record(message, wParam, lParam);
+    if (current->reaction) {
+        if (const auto answer = current->reaction(message, wParam, lParam)) return *answer;
+    }
+    return FALSE;
+}
+
+}  // namespace kv
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    ::testing::InitGoogleMock(&argc, argv);
+    const char* error = nullptr;
+    kv::Display* display = KvCreateQtDisplay(&argc, argv, &error);
+    if (!display) {
+        std::fprintf(stderr, "%s\n", error);
+        return 1;
+    }
+    kv::UseDisplay(display);
+    const int result = RUN_ALL_TESTS();
+    kv::UseDisplay(nullptr);
+    KvDestroyQtDisplay(display);
+    return result;
+}
