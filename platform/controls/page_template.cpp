@@ -67,10 +67,6 @@ const HeaderLayout& LayoutOf(const PageTemplate& page) {
     return page.extended ? kExtended : kClassic;
 }
 
-size_t AlignUp(size_t offset) {
-    return (offset + 3) & ~size_t{3};
-}
-
 }  // namespace
 
 std::optional<PageTemplate> ReadPageTemplate(std::span<const std::byte> bytes) {
@@ -84,15 +80,12 @@ std::optional<PageTemplate> ReadPageTemplate(std::span<const std::byte> bytes) {
     page.height = ReadAt<SHORT>(bytes, layout.width + 2);
     if (page.width < 0 || page.height < 0) return std::nullopt;
     const size_t windowClass = BehindName(bytes, layout.menu);
-    page.captionStart = windowClass ? BehindName(bytes, windowClass) : 0;
-    page.captionEnd = page.captionStart ? BehindText(bytes, page.captionStart) : 0;
-    if (page.captionEnd == 0) return std::nullopt;
-    page.caption = Narrow(bytes, page.captionStart, page.captionEnd);
-    page.fontEnd = page.captionEnd;
-    if ((ReadAt<DWORD>(bytes, layout.style) & DS_SETFONT) != 0) {
-        page.fontEnd = BehindText(bytes, page.captionEnd + layout.fontFixed);
-        if (page.fontEnd == 0) return std::nullopt;
-    }
+    const size_t caption = windowClass ? BehindName(bytes, windowClass) : 0;
+    const size_t font = caption ? BehindText(bytes, caption) : 0;
+    if (font == 0) return std::nullopt;
+    page.caption = Narrow(bytes, caption, font);
+    const bool hasFont = (ReadAt<DWORD>(bytes, layout.style) & DS_SETFONT) != 0;
+    if (hasFont && BehindText(bytes, font + layout.fontFixed) == 0) return std::nullopt;
     return page;
 }
 
@@ -105,33 +98,14 @@ std::optional<PageTemplate> FindPageTemplate(HINSTANCE instance, LPCSTR name) {
     return ReadPageTemplate({static_cast<const std::byte*>(data), size});
 }
 
-std::vector<std::byte> ChildTemplate(const PageTemplate& page, const std::string& caption) {
+std::vector<std::byte> ChildTemplate(const PageTemplate& page) {
     std::vector<std::byte> copy(page.bytes.begin(), page.bytes.end());
     const HeaderLayout& layout = LayoutOf(page);
     const DWORD style = ReadAt<DWORD>(page.bytes, layout.style);
     const DWORD exStyle = ReadAt<DWORD>(page.bytes, layout.exStyle);
     WriteAt<DWORD>(copy, layout.style, (style & ~kForbidden) | WS_CHILD | DS_CONTROL);
     WriteAt<DWORD>(copy, layout.exStyle, exStyle | WS_EX_CONTROLPARENT);
-    if (caption == page.caption) return copy;
-
-    // The items keep their alignment, because it counts from the template's start.
-    std::vector<std::byte> renamed(copy.begin(),
-                                   copy.begin() + static_cast<ptrdiff_t>(page.captionStart));
-    auto append = [&renamed](const void* data, size_t size) {
-        const auto* first = static_cast<const std::byte*>(data);
-        renamed.insert(renamed.end(), first, first + size);
-    };
-    for (const char letter : caption) {
-        const WORD unit = static_cast<unsigned char>(letter);
-        append(&unit, sizeof unit);
-    }
-    const WORD terminator = 0;
-    append(&terminator, sizeof terminator);
-    append(copy.data() + page.captionEnd, page.fontEnd - page.captionEnd);
-    renamed.resize(AlignUp(renamed.size()));
-    const size_t items = AlignUp(page.fontEnd);
-    if (items < copy.size()) append(copy.data() + items, copy.size() - items);
-    return renamed;
+    return copy;
 }
 
 }  // namespace kv

@@ -215,7 +215,7 @@ HWND EnsurePage(HWND handle, int index) {
     SheetPage& page = *sheet->pages[static_cast<size_t>(index)];
     if (page.window) return page.window;
     const PROPSHEETPAGEA& record = page.Record();
-    const std::vector<std::byte> dialog = ChildTemplate(*page.dialog, page.dialog->caption);
+    const std::vector<std::byte> dialog = ChildTemplate(*page.dialog);
     DialogCreation creation;
     creation.bytes = {reinterpret_cast<const BYTE*>(dialog.data()), dialog.size()};
     creation.instance = record.hInstance;

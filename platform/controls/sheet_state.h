@@ -19,7 +19,7 @@ struct SheetPage {
     // address is the creation parameter of the page.
     std::vector<std::byte> bytes;
     std::string templateName;  // "TAB0R" or "#123"
-    std::string title;         // of the window and of its tab
+    std::string title;         // of the tab; the page's window keeps its template's caption
     std::optional<PageTemplate> dialog;
     HWND window{};
     bool changed = false;

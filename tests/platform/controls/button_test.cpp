@@ -23,6 +23,7 @@ TEST_F(ButtonTest, ClickingARadioButtonClearsOnlyItsGroup) {
         Add("BUTTON", BS_AUTORADIOBUTTON | (id == 1 || id == 4 ? WS_GROUP : 0u), id);
     }
     for (int id : {1, 4}) input::Click(GetDlgItem(parent, id));
+    EXPECT_EQ(Checks(1, 6), "100100");
     TakeLog();
     input::Click(GetDlgItem(parent, 3));
     EXPECT_EQ(Checks(1, 6), "001100");

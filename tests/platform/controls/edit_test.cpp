@@ -157,6 +157,11 @@ TEST_F(EditTest, TheDisplayHearsOnlyOfRealChanges) {
     EXPECT_THAT(display.heard, IsEmpty());
     SetWindowTextA(edit, "6");
     EXPECT_THAT(display.heard, ElementsAre(kChangedText));
+    // A new text puts the caret in front, and so does the same text.
+    Send(edit, EM_SETSEL, 1, 1);
+    display.heard.clear();
+    SetWindowTextA(edit, "6");
+    EXPECT_THAT(display.heard, ElementsAre(kChangedSelection));
 }
 
 }  // namespace
