@@ -1,0 +1,118 @@
+// Loading pictures and icons through the resources of this program.
+#include <platform/resource/register.h>
+#include <tests/platform/gdi/drawing.h>
+
+#include <cstring>
+
+namespace kv::test {
+namespace {
+
+// A compiled resource file, built entry by entry.
+class Resources {
+ public:
+    Resources() { Add(0, 0, {}); }  // such files begin with an empty entry
+
+    void Add(WORD type, WORD id, const std::vector<BYTE>& data) {
+        constexpr DWORD kHeaderSize = 32;
+        const WORD names[] = {0xFFFF, type, 0xFFFF, id};
+        Append(static_cast<DWORD>(data.size()));
+        Append(kHeaderSize);
+        Append(names);
+        bytes.resize(bytes.size() + 16);  // version, flags, language
+        bytes.insert(bytes.end(), data.begin(), data.end());
+        bytes.resize((bytes.size() + 3) / 4 * 4);
+    }
+
+    std::vector<BYTE> bytes;
+
+ private:
+    template <typename Value>
+    void Append(const Value& value) {
+        const auto* from = reinterpret_cast<const BYTE*>(&value);
+        bytes.insert(bytes.end(), from, from + sizeof value);
+    }
+};
+
+// 32 bits per pixel, one colour; an icon has a mask below its picture.
+std::vector<BYTE> OneColor(int side, std::uint32_t pixel, bool isIcon) {
+    const BITMAPINFOHEADER header{
+        sizeof header, side, isIcon ? side * 2 : side, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    const std::vector<std::uint32_t> pixels(static_cast<std::size_t>(side * side), pixel);
+    const std::size_t maskBytes =
+        isIcon ? static_cast<std::size_t>((side + 31) / 32 * 4 * side) : 0;
+    std::vector<BYTE> bytes(sizeof header + pixels.size() * 4 + maskBytes);
+    std::memcpy(bytes.data(), &header, sizeof header);
+    std::memcpy(bytes.data() + sizeof header, pixels.data(), pixels.size() * 4);
+    return bytes;
+}
+
+class LoadImage : public ::testing::Test {
+ protected:
+    LoadImage() {
+        constexpr WORD kBitmap = RT_BITMAP_ID, kIcon = RT_ICON_ID, kGroup = RT_GROUP_ICON_ID;
+        resources.Add(kBitmap, 500, OneColor(6, 0x102030, false));
+        std::vector<BYTE> cut = OneColor(6, 0x102030, false);
+        cut.pop_back();
+        resources.Add(kBitmap, 501, cut);
+        resources.Add(kIcon, 1, OneColor(32, 0xFF0000FF, true));
+        resources.Add(kIcon, 2, OneColor(64, 0xFFFF0000, true));
+        const std::vector<BYTE> group{0,  0,  1, 0, 2, 0,                           //
+                                      32, 32, 0, 0, 1, 0, 32, 0, 0, 0, 0, 0, 1, 0,  //
+                                      64, 64, 0, 0, 1, 0, 32, 0, 0, 0, 0, 0, 2, 0};
+        resources.Add(kGroup, 600, group);
+        std::vector<BYTE> dangling = group;
+        dangling[18] = dangling[32] = 9;  // no such picture
+        resources.Add(kGroup, 601, dangling);
+        static const char anchor = 0;
+        RegisterModuleResources(&anchor, resources.bytes.data(), resources.bytes.size());
+    }
+    ~LoadImage() override { UnregisterModuleResources(resources.bytes.data()); }
+
+    Resources resources;
+};
+
+TEST_F(LoadImage, BitmapsComeInTheirSizeOrScaled) {
+    const HBITMAP bitmap = LoadBitmapA(nullptr, MAKEINTRESOURCEA(500));
+    const auto scaled =
+        static_cast<HBITMAP>(LoadImageA(nullptr, "#500", IMAGE_BITMAP, 13, 3, LR_DEFAULTCOLOR));
+    ASSERT_TRUE(ViewOf(bitmap) && ViewOf(scaled));
+    EXPECT_EQ(ViewOf(bitmap).width, 6);
+    EXPECT_EQ(ViewOf(bitmap).Row(5)[5], 0x102030u);
+    EXPECT_EQ(ViewOf(scaled).width, 13);
+    EXPECT_EQ(ViewOf(scaled).Row(2)[12], 0x102030u);
+    BITMAP record{};
+    EXPECT_EQ(GetObjectA(bitmap, sizeof record, &record), static_cast<int>(sizeof record));
+    EXPECT_EQ(record.bmHeight, 6);
+    EXPECT_TRUE(DeleteObject(bitmap));
+    EXPECT_TRUE(DeleteObject(scaled));
+}
+
+TEST_F(LoadImage, IconsComeFromTheBestPictureOfTheirGroup) {
+    const HICON ordinary = LoadIconA(nullptr, MAKEINTRESOURCEA(600));
+    const HICON large = IconInSize(ordinary, 64, 64);
+    const auto reduced = static_cast<HICON>(
+        LoadImageA(nullptr, MAKEINTRESOURCEA(600), IMAGE_ICON, 48, 48, LR_DEFAULTCOLOR));
+    ASSERT_TRUE(ViewOf(ordinary) && ViewOf(large) && ViewOf(reduced));
+    EXPECT_EQ(ViewOf(ordinary).width, 32);
+    EXPECT_EQ(ViewOf(ordinary).Row(0)[0], 0xFF0000FFu);
+    EXPECT_EQ(ViewOf(large).width, 64);
+    EXPECT_EQ(ViewOf(large).Row(0)[0], 0xFFFF0000u);
+    EXPECT_EQ(ViewOf(reduced).width, 48);
+    EXPECT_EQ(ViewOf(reduced).Row(20)[20], 0xFFFF0000u);
+    for (const HICON icon : {ordinary, large, reduced}) EXPECT_TRUE(DestroyIcon(icon));
+}
+
+TEST_F(LoadImage, MissingAndDamagedPicturesFail) {
+    EXPECT_EQ(LoadBitmapA(nullptr, MAKEINTRESOURCEA(499)), nullptr);
+    EXPECT_EQ(GetLastError(), ERROR_RESOURCE_NAME_NOT_FOUND);
+    EXPECT_EQ(LoadBitmapA(nullptr, MAKEINTRESOURCEA(501)), nullptr);
+    EXPECT_EQ(GetLastError(), ERROR_RESOURCE_DATA_NOT_FOUND);
+    EXPECT_EQ(LoadIconA(nullptr, MAKEINTRESOURCEA(500)), nullptr);
+    EXPECT_EQ(LoadIconA(nullptr, MAKEINTRESOURCEA(601)), nullptr);
+    EXPECT_EQ(LoadImageA(nullptr, MAKEINTRESOURCEA(500), IMAGE_BITMAP, 40000, 1, LR_DEFAULTCOLOR),
+              nullptr);
+    EXPECT_EQ(LoadImageA(nullptr, MAKEINTRESOURCEA(500), 7, 0, 0, LR_DEFAULTCOLOR), nullptr);
+}
+
+}  // namespace
+}  // namespace kv::test
