@@ -232,7 +232,9 @@ void Photographer::Report() const {
                     report.dump(2, ' ', false, nlohmann::json::error_handler_t::replace).c_str());
         return;
     }
-    std::printf("%zu texts wider than their controls\n", clipped_.size());
+    std::printf(clipped_.size() == 1 ? "%zu text wider than its control\n"
+                                     : "%zu texts wider than their controls\n",
+                clipped_.size());
     for (const ClippedText& text : clipped_) {
         std::printf("  %s %u: %d of %d pixels: %s\n", text.dialog.c_str(), text.id, text.available,
                     text.needed, text.text.c_str());

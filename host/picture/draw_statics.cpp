@@ -1,6 +1,7 @@
 // Texts, pictures, frames and lines of static controls.
 #include <host/picture/control_view.h>
 #include <host/picture/icon_sizes.h>
+#include <host/picture/message_icon.h>
 
 #include <algorithm>
 
@@ -61,7 +62,10 @@ void DrawTextStatic(Painter& painter, const ControlView& control) {
 void DrawIconStatic(Painter& painter, const ControlView& control) {
     const auto icon = reinterpret_cast<HICON>(control.Ask(STM_GETICON));
     const kv::SurfaceView view = icon != nullptr ? kv::ViewOf(icon) : kv::SurfaceView{};
-    if (!view) return;
+    if (!view) {
+        DrawMessageIcon(painter, control);
+        return;
+    }
     const Box box = PictureBox(control, view.width, view.height);
     const SizedIcon sized(icon, painter.canvas.scale());
     painter.canvas.DrawIcon(box, sized.icon());

@@ -34,6 +34,9 @@ inline constexpr Color kGroupEdge     = 0xD2D2D2;
 inline constexpr Color kSelection     = 0xCCE4F7;
 inline constexpr Color kFaintSelection = 0xE2E2E2;
 inline constexpr Color kChannel       = 0xC2C2C2;
+// Signs of message boxes.
+inline constexpr Color kErrorSign     = 0xC42B1C;
+inline constexpr Color kWarningSign   = 0xC77700;
 
 // Pixels at scale 1.
 inline constexpr double kTitleHeight   = 30;

@@ -133,6 +133,8 @@ bool HandleKey(QtDisplay& display, QWidget& widget, QKeyEvent& event) {
     if (!key) return false;
     event.accept();
     if (event.type() == QEvent::ShortcutOverride) return true;
+    // Focus frames show once the keyboard is used.
+    widget.window()->setAttribute(Qt::WA_KeyboardFocusChange);
     display.Act(window, [&key] {
         if (key->character) {
             kv::input::Type(std::string_view(&key->character, 1));

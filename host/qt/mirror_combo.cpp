@@ -112,9 +112,10 @@ class ComboWidget : public QComboBox {
             painter.drawControl(QStyle::CE_ComboBoxLabel, option);
             return;
         }
+        const UINT state = (isEnabled() ? 0 : ODS_DISABLED) | (hasFocus() ? ODS_FOCUS : 0);
         const QImage picture =
-            PictureOfItem(window_, kFieldItem, CoreSize(field.size(), display_.scale()),
-                          isEnabled() ? 0 : ODS_DISABLED, palette().color(QPalette::Button));
+            PictureOfItem(window_, kFieldItem, CoreSize(field.size(), display_.scale()), state,
+                          palette().color(QPalette::Button));
         DrawPicture(painter, field, picture);
     }
 
