@@ -1,4 +1,5 @@
 // Fetching the core's pictures through one scratch surface, and scaling them; see picture.h.
+#include <host/qt/enlarge.h>
 #include <host/qt/picture.h>
 #include <platform/gdi/surface.h>
 #include <platform/window/paint.h>
@@ -6,10 +7,23 @@
 #include <QPaintDevice>
 
 #include <algorithm>
-#include <cmath>
 
 namespace kvqt {
 namespace {
+
+// The core leaves the top byte of a bitmap's pixels to chance; only that of icons means something.
+QImage Copy(const kv::SurfaceView& view, QImage::Format format) {
+    if (!view) return {};
+    QImage image(view.width, view.height, format);
+    const std::uint32_t opaque = format == QImage::Format_RGB32 ? 0xFF000000 : 0;
+    for (int y = 0; y < view.height; ++y) {
+        const std::uint32_t* from = view.Row(y);
+        std::transform(from, from + view.width,
+                       reinterpret_cast<std::uint32_t*>(image.scanLine(y)),
+                       [opaque](std::uint32_t pixel) { return pixel | opaque; });
+    }
+    return image;
+}
 
 // The surface that windows paint into; it only grows. It lives as long as the process, like the
 // graphics objects in it.
@@ -32,9 +46,10 @@ class Canvas {
     }
 
     QImage Take(SIZE size) const {
-        const auto* bits = reinterpret_cast<const uchar*>(view_.Row(0));
-        return QImage(bits, size.cx, size.cy, view_.stride * qsizetype{4}, QImage::Format_RGB32)
-            .copy();
+        kv::SurfaceView part = view_;
+        part.width = size.cx;
+        part.height = size.cy;
+        return Copy(part, QImage::Format_RGB32);
     }
 
  private:
@@ -58,23 +73,10 @@ class Canvas {
     kv::SurfaceView view_;
 };
 
-QImage Copy(const kv::SurfaceView& view, QImage::Format format) {
-    if (!view) return {};
-    QImage image(view.width, view.height, format);
-    for (int y = 0; y < view.height; ++y) {
-        std::copy_n(view.Row(y), view.width, reinterpret_cast<std::uint32_t*>(image.scanLine(y)));
-    }
-    return image;
-}
-
-// Up to the next whole factor by repeating pixels, then down to the wanted size by averaging.
-QImage Enlarge(const QImage& picture, QSize size) {
-    if (picture.size() == size) return picture;
-    const double factor = std::max(double(size.width()) / picture.width(),
-                                   double(size.height()) / picture.height());
-    const int whole = static_cast<int>(std::ceil(factor - 1e-6));
-    const QImage large = whole > 1 ? picture.scaled(picture.size() * whole) : picture;
-    return large.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+QImage InSize(const QImage& picture, const QSize& size) {
+    const bool larger = size.width() >= picture.width() && size.height() >= picture.height();
+    return larger ? Enlarge(picture, size)
+                  : picture.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
 }  // namespace
@@ -104,7 +106,7 @@ QImage PictureOf(HICON icon) { return Copy(kv::ViewOf(icon), QImage::Format_ARGB
 void DrawPicture(QPainter& painter, const QRect& target, const QImage& picture) {
     if (picture.isNull() || target.isEmpty()) return;
     const double ratio = painter.device()->devicePixelRatioF();
-    QImage scaled = Enlarge(picture, (QSizeF(target.size()) * ratio).toSize());
+    QImage scaled = InSize(picture, (QSizeF(target.size()) * ratio).toSize());
     scaled.setDevicePixelRatio(ratio);
     painter.drawImage(target.topLeft(), scaled);
 }

@@ -186,5 +186,23 @@ TEST_F(QtSheetTest, ATabTurnsThePageUnlessThePageRefuses) {
     EXPECT_EQ(Tabs()->currentIndex(), 2);
 }
 
+TEST_F(QtSheetTest, APanelThatMovesToAnotherPageIsSeenThere) {
+    Open();
+    const HWND panel = CreateWindowExA(0, "STATIC", "Panel", WS_CHILD | WS_VISIBLE, 5, 5, 60, 13,
+                                       Page(0), nullptr, nullptr, nullptr);
+    const auto shown = [] {
+        int count = 0;
+        for (const QLabel* label : DialogTitled("Printer properties")->findChildren<QLabel*>()) {
+            if (label->text() == "Panel" && label->isVisible()) ++count;
+        }
+        return count;
+    };
+    EXPECT_EQ(shown(), 1);
+    ClickTab(1);
+    EXPECT_EQ(shown(), 0);
+    SetParent(panel, Page(1));
+    EXPECT_EQ(shown(), 1);
+}
+
 }  // namespace
 }  // namespace kv
