@@ -9,9 +9,10 @@ inline constexpr char kCreateQtDisplay[] = "KvCreateQtDisplay";
 inline constexpr char kDestroyQtDisplay[] = "KvDestroyQtDisplay";
 
 extern "C" {
-// Connects to the desktop. Both `argc` and `argv` must outlive the display, options of the desktop's
-// own are taken out of them. Null when there is no desktop; `error` then says why and stays valid.
-// The caller hands the display to kv::UseDisplay, and takes it back before destroying it.
+// Connects to the desktop. Both `argc` and `argv` must outlive the display, options of the
+// desktop's own are taken out of them. Null when there is no desktop; `error` then says why and
+// stays valid. The caller hands the display to kv::UseDisplay, and takes it back before destroying
+// it.
 kv::Display* KvCreateQtDisplay(int* argc, char** argv, const char** error);
 void KvDestroyQtDisplay(kv::Display* display);
 

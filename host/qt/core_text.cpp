@@ -71,7 +71,9 @@ QString WindowTextOf(HWND window) {
     return FromAnsi(text);
 }
 
-DWORD StyleOf(HWND window) { return static_cast<DWORD>(GetWindowLongA(window, GWL_STYLE)); }
+DWORD StyleOf(HWND window) {
+    return static_cast<DWORD>(GetWindowLongA(window, GWL_STYLE));
+}
 
 QString WithoutMnemonic(const QString& text) {
     QString plain;

@@ -17,7 +17,9 @@ std::string ToAnsi(const QString& text);
 // The text of a window, asked for by message so that subclasses have their say. Line ends are '\n'.
 QString WindowTextOf(HWND window);
 DWORD StyleOf(HWND window);
-inline DWORD TypeOf(HWND window, DWORD mask) { return StyleOf(window) & mask; }
+inline DWORD TypeOf(HWND window, DWORD mask) {
+    return StyleOf(window) & mask;
+}
 
 // "&Apply..." as a screen reader says it.
 QString WithoutMnemonic(const QString& text);

@@ -27,13 +27,13 @@ struct KeyName {
 
 // Keys that belong to the dialog manager wherever the focus is.
 constexpr KeyName kDialogKeys[] = {
-    {Qt::Key_Tab, VK_TAB},       {Qt::Key_Backtab, VK_TAB},     {Qt::Key_Return, VK_RETURN},
-    {Qt::Key_Enter, VK_RETURN},  {Qt::Key_Escape, VK_ESCAPE},   {Qt::Key_F1, VK_F1},
+    {Qt::Key_Tab, VK_TAB},      {Qt::Key_Backtab, VK_TAB},   {Qt::Key_Return, VK_RETURN},
+    {Qt::Key_Enter, VK_RETURN}, {Qt::Key_Escape, VK_ESCAPE}, {Qt::Key_F1, VK_F1},
 };
 constexpr KeyName kMovingKeys[] = {
-    {Qt::Key_Left, VK_LEFT},     {Qt::Key_Right, VK_RIGHT},  {Qt::Key_Up, VK_UP},
-    {Qt::Key_Down, VK_DOWN},     {Qt::Key_Home, VK_HOME},    {Qt::Key_End, VK_END},
-    {Qt::Key_PageUp, VK_PRIOR},  {Qt::Key_PageDown, VK_NEXT},
+    {Qt::Key_Left, VK_LEFT},    {Qt::Key_Right, VK_RIGHT},   {Qt::Key_Up, VK_UP},
+    {Qt::Key_Down, VK_DOWN},    {Qt::Key_Home, VK_HOME},     {Qt::Key_End, VK_END},
+    {Qt::Key_PageUp, VK_PRIOR}, {Qt::Key_PageDown, VK_NEXT},
 };
 
 template <size_t Count>
@@ -87,7 +87,8 @@ std::optional<CoreKey> DialogKey(HWND window, const QKeyEvent& event) {
     if (modifiers == kv::input::kControl && (key == Qt::Key_PageUp || key == Qt::Key_PageDown)) {
         return CoreKey{Find(kMovingKeys, key), modifiers};
     }
-    const bool letter = (key >= Qt::Key_A && key <= Qt::Key_Z) || (key >= Qt::Key_0 && key <= Qt::Key_9);
+    const bool letter =
+        (key >= Qt::Key_A && key <= Qt::Key_Z) || (key >= Qt::Key_0 && key <= Qt::Key_9);
     if (letter && (modifiers & ~unsigned{kv::input::kShift}) == kv::input::kAlt) {
         return CoreKey{key, modifiers};
     }

@@ -8,8 +8,8 @@
 
 namespace kvqt {
 
-// For key presses and the question that precedes them (QEvent::ShortcutOverride). True when the core
-// took the key.
+// For key presses and the question that precedes them (QEvent::ShortcutOverride). True when the
+// core took the key.
 bool HandleKey(QtDisplay& display, QWidget& widget, QKeyEvent& event);
 
 }  // namespace kvqt

@@ -17,12 +17,10 @@ struct Family {
 
 // Tooltips have no widget: the display shows them itself.
 constexpr Family kFamilies[] = {
-    {"sheet", MakeDialogMirror},      {"dialog", MakePageMirror},
-    {"button", MakeButtonMirror},     {"static", MakeStaticMirror},
-    {"edit", MakeEditMirror},         {"combo", MakeComboMirror},
-    {"list", MakeListMirror},         {"trackbar", MakeTrackBarMirror},
-    {"updown", MakeUpDownMirror},     {"tab", MakeTabMirror},
-    {"", MakePaintedMirror},
+    {"sheet", MakeDialogMirror},  {"dialog", MakePageMirror},       {"button", MakeButtonMirror},
+    {"static", MakeStaticMirror}, {"edit", MakeEditMirror},         {"combo", MakeComboMirror},
+    {"list", MakeListMirror},     {"trackbar", MakeTrackBarMirror}, {"updown", MakeUpDownMirror},
+    {"tab", MakeTabMirror},       {"", MakePaintedMirror},
 };
 
 // The height of the font for which dialogs are laid out, of 8 points.
@@ -109,7 +107,9 @@ void Mirror::SyncEnabled() {
     if (widget_->testAttribute(Qt::WA_ForceDisabled) == enabled) widget_->setEnabled(enabled);
 }
 
-QString Mirror::AccessibleName() const { return WithoutMnemonic(WindowTextOf(window_)); }
+QString Mirror::AccessibleName() const {
+    return WithoutMnemonic(WindowTextOf(window_));
+}
 
 // A control with a font of its own differs from the desktop's font as that one differs from the
 // font of dialogs.

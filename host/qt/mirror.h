@@ -1,5 +1,5 @@
-// One widget that stands for one window of the core. The display owns the mirrors; a mirror reads the
-// window's state by the platform's own messages and never keeps a copy of it.
+// One widget that stands for one window of the core. The display owns the mirrors; a mirror reads
+// the window's state by the platform's own messages and never keeps a copy of it.
 #pragma once
 
 #include <host/qt/core_text.h>

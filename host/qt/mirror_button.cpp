@@ -29,8 +29,7 @@ class PaintedButton : public QAbstractButton {
  protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        DrawPicture(painter, rect(),
-                    PictureOfWindow(window_, palette().color(QPalette::Window)));
+        DrawPicture(painter, rect(), PictureOfWindow(window_, palette().color(QPalette::Window)));
     }
 
  private:
@@ -107,7 +106,8 @@ class GroupMirror : public Mirror {
 QAbstractButton* MakeButton(HWND window, QWidget* parent) {
     switch (TypeOf(window, BS_TYPEMASK)) {
         case BS_CHECKBOX:
-        case BS_AUTOCHECKBOX: return new QCheckBox(parent);
+        case BS_AUTOCHECKBOX:
+            return new QCheckBox(parent);
         case BS_RADIOBUTTON:
         case BS_AUTORADIOBUTTON: {
             auto* radio = new QRadioButton(parent);
@@ -115,7 +115,8 @@ QAbstractButton* MakeButton(HWND window, QWidget* parent) {
             radio->setAutoExclusive(false);
             return radio;
         }
-        case BS_OWNERDRAW: return new PaintedButton(window, parent);
+        case BS_OWNERDRAW:
+            return new PaintedButton(window, parent);
         default: {
             auto* push = new QPushButton(parent);
             push->setAutoDefault(false);

@@ -103,8 +103,8 @@ class ComboWidget : public QComboBox {
         QStyleOptionComboBox option;
         initStyleOption(&option);
         painter.drawComplexControl(QStyle::CC_ComboBox, option);
-        const QRect field =
-            style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+        const QRect field = style()->subControlRect(QStyle::CC_ComboBox, &option,
+                                                    QStyle::SC_ComboBoxEditField, this);
         if (!IsOwnerDrawn(window_)) {
             // The opened list shows the whole text.
             option.currentText =
@@ -205,7 +205,8 @@ class ComboMirror : public Mirror {
 
     void Report(const QString& text) {
         const std::string ansi = ToAnsi(text);
-        const int caret = std::min(combo_->lineEdit()->cursorPosition(), static_cast<int>(ansi.size()));
+        const int caret =
+            std::min(combo_->lineEdit()->cursorPosition(), static_cast<int>(ansi.size()));
         display().Act(window(), [window = window(), &ansi, caret] {
             kv::input::SetEditText(window, ansi, caret, caret);
         });

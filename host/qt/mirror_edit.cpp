@@ -48,9 +48,8 @@ class LineMirror : public Mirror {
         line_ = new QLineEdit(parent);
         line_->setFrame(HasFrame(handle));
         SetWidget(line_);
-        QObject::connect(line_, &QLineEdit::textEdited, line_, [this](const QString& text) {
-            Report(text);
-        });
+        QObject::connect(line_, &QLineEdit::textEdited, line_,
+                         [this](const QString& text) { Report(text); });
     }
 
  protected:
@@ -152,8 +151,8 @@ class TextMirror : public Mirror {
         const int caret = SelectionOf(window()).end;
         QTextCursor cursor = area_->textCursor();
         const qsizetype breaks = text.left(caret).count(u'\n');
-        cursor.setPosition(std::clamp<int>(caret - static_cast<int>(breaks), 0,
-                                           static_cast<int>(text.size())));
+        cursor.setPosition(
+            std::clamp<int>(caret - static_cast<int>(breaks), 0, static_cast<int>(text.size())));
         area_->setTextCursor(cursor);
     }
 
@@ -165,8 +164,7 @@ class TextMirror : public Mirror {
         const QString text = area_->toPlainText();
         const std::string ansi = WithReturns(ToAnsi(text));
         const int position = area_->textCursor().position();
-        const int caret =
-            static_cast<int>(WithReturns(ToAnsi(text.left(position))).size());
+        const int caret = static_cast<int>(WithReturns(ToAnsi(text.left(position))).size());
         display().Act(window(), [window = window(), &ansi, caret] {
             kv::input::SetEditText(window, ansi, caret, caret);
         });

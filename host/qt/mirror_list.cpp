@@ -22,7 +22,9 @@ constexpr double kPixelsPerUnit = 6.0 / 4.0;
 constexpr int kUsualTabStop = 32;
 constexpr int kTextMargin = 3;
 
-bool IsOwnerDrawn(HWND list) { return (StyleOf(list) & LBS_OWNERDRAWFIXED) != 0; }
+bool IsOwnerDrawn(HWND list) {
+    return (StyleOf(list) & LBS_OWNERDRAWFIXED) != 0;
+}
 
 class ListDelegate : public QStyledItemDelegate {
  public:
@@ -57,9 +59,9 @@ class ListDelegate : public QStyledItemDelegate {
         const POINT corner =
             display_.scale().ToCore(QPoint(option.rect.width(), option.rect.height()));
         const bool selected = (option.state & QStyle::State_Selected) != 0;
-        const QImage picture = PictureOfItem(list_, row, {corner.x, corner.y},
-                                             selected ? ODS_SELECTED : 0,
-                                             option.palette.color(QPalette::Base));
+        const QImage picture =
+            PictureOfItem(list_, row, {corner.x, corner.y}, selected ? ODS_SELECTED : 0,
+                          option.palette.color(QPalette::Base));
         DrawPicture(painter, option.rect, picture);
         return !picture.isNull();
     }
@@ -88,7 +90,8 @@ class ListDelegate : public QStyledItemDelegate {
                 cell.setRight(option.rect.left() + StopFor(i + 1) - kTextMargin);
             }
             cell = QStyle::visualRect(option.direction, option.rect, cell);
-            const QString text = option.fontMetrics.elidedText(columns[i], Qt::ElideRight, cell.width());
+            const QString text =
+                option.fontMetrics.elidedText(columns[i], Qt::ElideRight, cell.width());
             const auto alignment =
                 QStyle::visualAlignment(option.direction, Qt::AlignLeft | Qt::AlignVCenter);
             option.widget->style()->drawItemText(
@@ -187,7 +190,8 @@ class ListMirror : public Mirror {
 
     void SyncTabStops() {
         int units[kMostTabStops] = {};
-        const LRESULT count = Ask(kv::KVM_GETTABSTOPS, kMostTabStops, reinterpret_cast<LPARAM>(units));
+        const LRESULT count =
+            Ask(kv::KVM_GETTABSTOPS, kMostTabStops, reinterpret_cast<LPARAM>(units));
         std::vector<int> stops;
         for (size_t i = 0; i < std::min(static_cast<size_t>(count), kMostTabStops); ++i) {
             stops.push_back(display().scale().Length(LONG(units[i] * kPixelsPerUnit)));
@@ -221,7 +225,8 @@ class ListMirror : public Mirror {
     void SyncSelection() {
         const bool multi = IsMulti();
         const auto caret = static_cast<int>(Ask(multi ? LB_GETCARETINDEX : LB_GETCURSEL));
-        if (list_->currentRow() != caret) list_->setCurrentRow(caret, QItemSelectionModel::NoUpdate);
+        if (list_->currentRow() != caret)
+            list_->setCurrentRow(caret, QItemSelectionModel::NoUpdate);
         for (int i = 0; i < list_->count(); ++i) {
             const bool selected = Ask(LB_GETSEL, static_cast<WPARAM>(i)) > 0;
             QListWidgetItem* item = list_->item(i);

@@ -44,20 +44,17 @@ class TrackBarMirror : public Mirror {
  public:
     TrackBarMirror(QtDisplay& owner, HWND handle, QWidget* parent) : Mirror(owner, handle) {
         const bool vertical = (StyleOf(handle) & TBS_VERT) != 0;
-        slider_ =
-            new SliderWidget(owner, handle, vertical ? Qt::Vertical : Qt::Horizontal, parent);
+        slider_ = new SliderWidget(owner, handle, vertical ? Qt::Vertical : Qt::Horizontal, parent);
         // The core's vertical bars have their least position at the top.
         slider_->setInvertedAppearance(vertical);
         slider_->setFocusPolicy(Qt::TabFocus);
         SetWidget(slider_);
-        QObject::connect(slider_, &QSlider::valueChanged, slider_, [this](int position) {
-            Report(position);
-        });
+        QObject::connect(slider_, &QSlider::valueChanged, slider_,
+                         [this](int position) { Report(position); });
         QObject::connect(slider_, &QSlider::sliderReleased, slider_, [this] {
             const int position = slider_->value();
-            display().Act(window(), [window = window(), position] {
-                kv::input::DragTo(window, position);
-            });
+            display().Act(window(),
+                          [window = window(), position] { kv::input::DragTo(window, position); });
         });
     }
 

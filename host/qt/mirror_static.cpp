@@ -1,4 +1,5 @@
-// Labels, frames, icons and pictures, and statics that draw themselves or are drawn by their parent.
+// Labels, frames, icons and pictures, and statics that draw themselves or are drawn by their
+// parent.
 #include <host/qt/mirror.h>
 #include <host/qt/mouse.h>
 #include <host/qt/picture.h>
@@ -37,8 +38,8 @@ const MessageIcon& IconOfBox(HWND window) {
     return kNoIcon;
 }
 
-// A QLabel for screen readers; what it looks like is decided when it is painted, because a window can
-// begin to draw itself at any time.
+// A QLabel for screen readers; what it looks like is decided when it is painted, because a window
+// can begin to draw itself at any time.
 class StaticWidget : public QLabel {
  public:
     StaticWidget(QtDisplay& display, HWND window, QWidget* parent)
@@ -76,8 +77,10 @@ void StaticWidget::paintEvent(QPaintEvent*) {
     QStyleOptionFrame frame;
     frame.initFrom(this);
     switch (style & SS_TYPEMASK) {
-        case SS_ICON: return DrawIcon(painter, style);
-        case SS_BITMAP: return DrawBitmap(painter, style);
+        case SS_ICON:
+            return DrawIcon(painter, style);
+        case SS_BITMAP:
+            return DrawBitmap(painter, style);
         case SS_BLACKFRAME:
         case SS_ETCHEDFRAME:
         case SS_ETCHEDHORZ:
@@ -85,21 +88,28 @@ void StaticWidget::paintEvent(QPaintEvent*) {
             frame.frameShape = (style & SS_TYPEMASK) == SS_ETCHEDHORZ ? QFrame::HLine : QFrame::Box;
             frame.state |= QStyle::State_Sunken;
             return this->style()->drawControl(QStyle::CE_ShapedFrame, &frame, &painter, this);
-        default: return DrawText(painter, style);
+        default:
+            return DrawText(painter, style);
     }
 }
 
 void StaticWidget::DrawText(QPainter& painter, DWORD style) {
     int flags = (style & SS_CENTERIMAGE) != 0 ? Qt::AlignVCenter : Qt::AlignTop;
     switch (style & SS_TYPEMASK) {
-        case SS_CENTER: flags |= Qt::AlignHCenter; break;
-        case SS_RIGHT: flags |= Qt::AlignRight; break;
-        default: flags |= Qt::AlignLeft; break;
+        case SS_CENTER:
+            flags |= Qt::AlignHCenter;
+            break;
+        case SS_RIGHT:
+            flags |= Qt::AlignRight;
+            break;
+        default:
+            flags |= Qt::AlignLeft;
+            break;
     }
     flags = static_cast<int>(QStyle::visualAlignment(layoutDirection(), Qt::Alignment(flags)));
     const QFontMetrics metrics = fontMetrics();
-    const bool oneLine = (style & SS_TYPEMASK) == SS_LEFTNOWORDWRAP ||
-                         height() < 2 * metrics.lineSpacing();
+    const bool oneLine =
+        (style & SS_TYPEMASK) == SS_LEFTNOWORDWRAP || height() < 2 * metrics.lineSpacing();
     if ((style & SS_NOPREFIX) == 0) {
         const bool shown = this->style()->styleHint(QStyle::SH_UnderlineShortcut, nullptr, this);
         flags |= shown ? Qt::TextShowMnemonic : Qt::TextHideMnemonic;
@@ -165,7 +175,8 @@ class StaticMirror : public Mirror {
     StaticMirror(QtDisplay& owner, HWND handle, QWidget* parent) : Mirror(owner, handle) {
         auto* label = new StaticWidget(owner, handle, parent);
         const DWORD type = TypeOf(handle, SS_TYPEMASK);
-        if (type == SS_BLACKFRAME || type == SS_ETCHEDFRAME || type == SS_ETCHEDHORZ) label->lower();
+        if (type == SS_BLACKFRAME || type == SS_ETCHEDFRAME || type == SS_ETCHEDHORZ)
+            label->lower();
         SetWidget(label);
     }
 

@@ -21,9 +21,10 @@ class TabMirror : public Mirror {
         tabs_->lower();
         SetWidget(tabs_);
         const HWND sheet = GetParent(handle);
-        QObject::connect(tabs_, &QTabWidget::currentChanged, tabs_, [&owner, handle, sheet](int index) {
-            owner.Act(handle, [sheet, index] { kv::input::SelectPage(sheet, index); });
-        });
+        QObject::connect(
+            tabs_, &QTabWidget::currentChanged, tabs_, [&owner, handle, sheet](int index) {
+                owner.Act(handle, [sheet, index] { kv::input::SelectPage(sheet, index); });
+            });
     }
 
     QWidget* FocusWidget() const override { return tabs_->tabBar(); }
@@ -33,7 +34,8 @@ class TabMirror : public Mirror {
         if ((changes & kv::kChangedItems) != 0) SyncCaptions();
         if ((changes & (kv::kChangedItems | kv::kChangedSelection)) != 0) {
             const int selected = static_cast<int>(Ask(TCM_GETCURSEL));
-            if (selected >= 0 && tabs_->currentIndex() != selected) tabs_->setCurrentIndex(selected);
+            if (selected >= 0 && tabs_->currentIndex() != selected)
+                tabs_->setCurrentIndex(selected);
         }
     }
 

@@ -184,7 +184,8 @@ class PaintedMirror : public Mirror {
 
  protected:
     void SyncState(unsigned changes) override {
-        if ((changes & (kv::kChangedText | kv::kChangedStyle | kv::kChangedEnabled)) != 0) Repaint();
+        if ((changes & (kv::kChangedText | kv::kChangedStyle | kv::kChangedEnabled)) != 0)
+            Repaint();
     }
 };
 

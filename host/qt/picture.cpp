@@ -18,8 +18,7 @@ QImage Copy(const kv::SurfaceView& view, QImage::Format format) {
     const std::uint32_t opaque = format == QImage::Format_RGB32 ? 0xFF000000 : 0;
     for (int y = 0; y < view.height; ++y) {
         const std::uint32_t* from = view.Row(y);
-        std::transform(from, from + view.width,
-                       reinterpret_cast<std::uint32_t*>(image.scanLine(y)),
+        std::transform(from, from + view.width, reinterpret_cast<std::uint32_t*>(image.scanLine(y)),
                        [opaque](std::uint32_t pixel) { return pixel | opaque; });
     }
     return image;
@@ -34,8 +33,8 @@ class Canvas {
         return *canvas;
     }
 
-    // A DC of at least the size, whose upper left part has the colour of the ground. Null when there
-    // is no memory.
+    // A DC of at least the size, whose upper left part has the colour of the ground. Null when
+    // there is no memory.
     HDC Prepare(SIZE size, const QColor& ground) {
         if (!Grow(size)) return nullptr;
         const std::uint32_t color = ground.rgb();
@@ -99,9 +98,13 @@ QImage PictureOfItem(HWND control, int item, SIZE size, UINT itemState, const QC
     return canvas.Take(size);
 }
 
-QImage PictureOf(HBITMAP bitmap) { return Copy(kv::ViewOf(bitmap), QImage::Format_RGB32); }
+QImage PictureOf(HBITMAP bitmap) {
+    return Copy(kv::ViewOf(bitmap), QImage::Format_RGB32);
+}
 
-QImage PictureOf(HICON icon) { return Copy(kv::ViewOf(icon), QImage::Format_ARGB32); }
+QImage PictureOf(HICON icon) {
+    return Copy(kv::ViewOf(icon), QImage::Format_ARGB32);
+}
 
 void DrawPicture(QPainter& painter, const QRect& target, const QImage& picture) {
     if (picture.isNull() || target.isEmpty()) return;

@@ -21,8 +21,8 @@ bool IsSet(const char* name) {
     return value && *value;
 }
 
-// Qt ends the process with a core dump when it cannot reach the desktop; a person gets one clear line
-// instead.
+// Qt ends the process with a core dump when it cannot reach the desktop; a person gets one clear
+// line instead.
 void ReportAndEnd(QtMsgType type, const QMessageLogContext&, const QString& text) {
     if (type != QtFatalMsg) return;
     const QString reason = text.section(u'\n', 0, 0);

@@ -1,5 +1,5 @@
-// Gathering changes and bringing mirrors up to date; see qt_display.h. What the user does to several
-// widgets alike (focus, keys, tooltips, mouse moves) is caught here by one event filter.
+// Gathering changes and bringing mirrors up to date; see qt_display.h. What the user does to
+// several widgets alike (focus, keys, tooltips, mouse moves) is caught here by one event filter.
 #include <host/qt/keys.h>
 #include <host/qt/mirror.h>
 #include <host/qt/qt_display.h>
@@ -48,13 +48,17 @@ void QtDisplay::Created(HWND window) {
     Queue(window, kEverything);
 }
 
-void QtDisplay::Changed(HWND window, unsigned changes) { Queue(window, changes); }
+void QtDisplay::Changed(HWND window, unsigned changes) {
+    Queue(window, changes);
+}
 
 void QtDisplay::Invalidated(HWND window) {
     if (Mirror* mirror = MirrorOf(window)) mirror->Repaint();
 }
 
-void QtDisplay::FocusMoved(HWND /*focus*/) { Schedule(); }
+void QtDisplay::FocusMoved(HWND /*focus*/) {
+    Schedule();
+}
 
 void QtDisplay::Destroyed(HWND window) {
     const SyncScope scope(*this);
@@ -62,7 +66,9 @@ void QtDisplay::Destroyed(HWND window) {
     Schedule();
 }
 
-void QtDisplay::Beeped() { QApplication::beep(); }
+void QtDisplay::Beeped() {
+    QApplication::beep();
+}
 
 void QtDisplay::CursorChanged(HCURSOR cursor) {
     const unsigned id = kv::SystemCursorId(cursor);
@@ -109,7 +115,8 @@ bool QtDisplay::HasVisibleWindow() const {
 
 void QtDisplay::Schedule() {
     if (std::exchange(scheduled_, true)) return;
-    QMetaObject::invokeMethod(this, [this] { Flush(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this] { Flush(); }, Qt::QueuedConnection);
 }
 
 void QtDisplay::Queue(HWND window, unsigned changes) {
@@ -186,9 +193,13 @@ Mirror* QtDisplay::MirrorOf(HWND window) const {
     return found != entries_.end() ? found->second.mirror.get() : nullptr;
 }
 
-void QtDisplay::Register(QWidget* widget, HWND window) { windows_[widget] = window; }
+void QtDisplay::Register(QWidget* widget, HWND window) {
+    windows_[widget] = window;
+}
 
-void QtDisplay::Unregister(const QObject* widget) { windows_.erase(widget); }
+void QtDisplay::Unregister(const QObject* widget) {
+    windows_.erase(widget);
+}
 
 HWND QtDisplay::WindowOf(const QWidget* widget) const {
     for (; widget; widget = widget->parentWidget()) {
@@ -261,7 +272,8 @@ void QtDisplay::OnFontChange() {
     if (scale == scale_) return;
     scale_ = scale;
     for (const auto& [window, entry] : entries_) {
-        if (entry.mirror) Queue(window, kv::kChangedGeometry | kv::kChangedFont | kv::kChangedItems);
+        if (entry.mirror)
+            Queue(window, kv::kChangedGeometry | kv::kChangedFont | kv::kChangedItems);
     }
 }
 
@@ -270,7 +282,8 @@ bool QtDisplay::eventFilter(QObject* object, QEvent* event) {
         case QEvent::ShortcutOverride:
         case QEvent::KeyPress:
             if (!object->isWidgetType()) return false;
-            return HandleKey(*this, *static_cast<QWidget*>(object), *static_cast<QKeyEvent*>(event));
+            return HandleKey(*this, *static_cast<QWidget*>(object),
+                             *static_cast<QKeyEvent*>(event));
         case QEvent::FocusIn:
             if (!object->isWidgetType()) return false;
             return OnFocusIn(static_cast<QWidget*>(object),
@@ -286,7 +299,8 @@ bool QtDisplay::eventFilter(QObject* object, QEvent* event) {
         case QEvent::ApplicationFontChange:
             if (object == qApp) OnFontChange();
             return false;
-        default: return false;
+        default:
+            return false;
     }
 }
 

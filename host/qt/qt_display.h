@@ -1,6 +1,6 @@
-// The display on a desktop. It keeps one mirror per visible window of the core, gathers what the core
-// reports as changed, and brings the widgets up to date once per turn of the event loop. What the
-// user does enters the core through Act, after which the widgets show what the core made of it.
+// The display on a desktop. It keeps one mirror per visible window of the core, gathers what the
+// core reports as changed, and brings the widgets up to date once per turn of the event loop. What
+// the user does enters the core through Act, after which the widgets show what the core made of it.
 #pragma once
 
 #include <host/qt/scale.h>

@@ -19,8 +19,7 @@ constexpr double kSteps = 16;
 
 Scale Scale::ForFont(const QFont& font) {
     const QFontMetricsF metrics(font);
-    const QString letters =
-        QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz");
+    const QString letters = QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz");
     const double width = metrics.horizontalAdvance(letters) / static_cast<double>(letters.size());
     const double wanted = std::max(width / kBaseWidth, metrics.height() / kBaseHeight);
     Scale scale;

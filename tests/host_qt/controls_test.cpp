@@ -1,4 +1,5 @@
-// What the user does to the native widgets reaches the core, and what the core makes of it is shown.
+// What the user does to the native widgets reaches the core, and what the core makes of it is
+// shown.
 #include "qt_fixture.h"
 
 #include <QAbstractItemView>
@@ -115,8 +116,7 @@ TEST_F(QtComboTest, EscapeClosesTheListAndKeepsTheEntry) {
     EXPECT_EQ(Send(combo, CB_GETDROPPEDSTATE), 0);
     EXPECT_EQ(Send(combo, CB_GETCURSEL), 0);
     EXPECT_EQ(widget->currentIndex(), 0);
-    EXPECT_THAT(TakeLog(),
-                ElementsAre("8 CBN_DROPDOWN", "8 CBN_SELENDCANCEL", "8 CBN_CLOSEUP"));
+    EXPECT_THAT(TakeLog(), ElementsAre("8 CBN_DROPDOWN", "8 CBN_SELENDCANCEL", "8 CBN_CLOSEUP"));
 }
 
 TEST_F(QtComboTest, AChoiceThatAHandlerTakesBackIsNotShown) {
@@ -191,7 +191,8 @@ TEST_F(QtDisplayTest, DraggingTheThumbFollowsAndLettingGoSettles) {
     const int held = static_cast<int>(Send(bar, TBM_GETPOS));
     EXPECT_GT(held, 30);
     EXPECT_THAT(TakeLog(), ElementsAre("3 TB_THUMBTRACK"));
-    QTest::mouseRelease(slider, Qt::LeftButton, {}, QPoint(slider->width() / 2, thumb.center().y()));
+    QTest::mouseRelease(slider, Qt::LeftButton, {},
+                        QPoint(slider->width() / 2, thumb.center().y()));
     EXPECT_EQ(Send(bar, TBM_GETPOS), held);
     EXPECT_THAT(TakeLog(), ElementsAre("3 TB_THUMBPOSITION", "3 TB_ENDTRACK"));
     QTest::keyClick(slider, Qt::Key_Right);
@@ -201,8 +202,8 @@ TEST_F(QtDisplayTest, DraggingTheThumbFollowsAndLettingGoSettles) {
 
 TEST_F(QtDisplayTest, ArrowsTurnTheNumberOfTheirEdit) {
     const HWND edit = Add("EDIT", WS_TABSTOP, 4, kPlace, "5");
-    const HWND arrows = Add(UPDOWN_CLASSA,
-                            UDS_SETBUDDYINT | UDS_AUTOBUDDY | UDS_ALIGNRIGHT | UDS_ARROWKEYS, 5, kBelow);
+    const HWND arrows = Add(
+        UPDOWN_CLASSA, UDS_SETBUDDYINT | UDS_AUTOBUDDY | UDS_ALIGNRIGHT | UDS_ARROWKEYS, 5, kBelow);
     Send(arrows, UDM_SETRANGE32, 1, 6);
     Show();
     for (QToolButton* button : DialogTitled("Test")->findChildren<QToolButton*>()) {
@@ -218,7 +219,8 @@ TEST_F(QtDisplayTest, ArrowsTurnTheNumberOfTheirEdit) {
 }
 
 TEST_F(QtDisplayTest, ListsSelectAsTheCoreDoes) {
-    const HWND list = Add("LISTBOX", WS_TABSTOP | LBS_NOTIFY | LBS_EXTENDEDSEL, 6, {10, 10, 150, 130});
+    const HWND list =
+        Add("LISTBOX", WS_TABSTOP | LBS_NOTIFY | LBS_EXTENDEDSEL, 6, {10, 10, 150, 130});
     AddEntries(list, LB_ADDSTRING, {"a", "b", "c", "d"});
     Show();
     auto* widget = Find<QListWidget>();

@@ -18,18 +18,20 @@ struct CodeName {
     const char* name;
 };
 constexpr CodeName kCommands[] = {
-    {"button", BN_CLICKED, "BN_CLICKED"},       {"edit", EN_SETFOCUS, "EN_SETFOCUS"},
-    {"edit", EN_KILLFOCUS, "EN_KILLFOCUS"},     {"edit", EN_UPDATE, "EN_UPDATE"},
-    {"edit", EN_CHANGE, "EN_CHANGE"},           {"combo", CBN_SETFOCUS, "CBN_SETFOCUS"},
-    {"combo", CBN_KILLFOCUS, "CBN_KILLFOCUS"},  {"combo", CBN_DROPDOWN, "CBN_DROPDOWN"},
-    {"combo", CBN_CLOSEUP, "CBN_CLOSEUP"},      {"combo", CBN_SELENDOK, "CBN_SELENDOK"},
-    {"combo", CBN_SELCHANGE, "CBN_SELCHANGE"},  {"combo", CBN_SELENDCANCEL, "CBN_SELENDCANCEL"},
-    {"list", LBN_SELCHANGE, "LBN_SELCHANGE"},   {"list", LBN_DBLCLK, "LBN_DBLCLK"},
-    {"list", LBN_SETFOCUS, "LBN_SETFOCUS"},     {"static", STN_CLICKED, "STN_CLICKED"},
+    {"button", BN_CLICKED, "BN_CLICKED"},      {"edit", EN_SETFOCUS, "EN_SETFOCUS"},
+    {"edit", EN_KILLFOCUS, "EN_KILLFOCUS"},    {"edit", EN_UPDATE, "EN_UPDATE"},
+    {"edit", EN_CHANGE, "EN_CHANGE"},          {"combo", CBN_SETFOCUS, "CBN_SETFOCUS"},
+    {"combo", CBN_KILLFOCUS, "CBN_KILLFOCUS"}, {"combo", CBN_DROPDOWN, "CBN_DROPDOWN"},
+    {"combo", CBN_CLOSEUP, "CBN_CLOSEUP"},     {"combo", CBN_SELENDOK, "CBN_SELENDOK"},
+    {"combo", CBN_SELCHANGE, "CBN_SELCHANGE"}, {"combo", CBN_SELENDCANCEL, "CBN_SELENDCANCEL"},
+    {"list", LBN_SELCHANGE, "LBN_SELCHANGE"},  {"list", LBN_DBLCLK, "LBN_DBLCLK"},
+    {"list", LBN_SETFOCUS, "LBN_SETFOCUS"},    {"static", STN_CLICKED, "STN_CLICKED"},
 };
 constexpr CodeName kScrolls[] = {
-    {"trackbar", TB_LINEUP, "TB_LINEUP"},         {"trackbar", TB_LINEDOWN, "TB_LINEDOWN"},
-    {"trackbar", TB_THUMBTRACK, "TB_THUMBTRACK"}, {"trackbar", TB_THUMBPOSITION, "TB_THUMBPOSITION"},
+    {"trackbar", TB_LINEUP, "TB_LINEUP"},
+    {"trackbar", TB_LINEDOWN, "TB_LINEDOWN"},
+    {"trackbar", TB_THUMBTRACK, "TB_THUMBTRACK"},
+    {"trackbar", TB_THUMBPOSITION, "TB_THUMBPOSITION"},
     {"trackbar", TB_ENDTRACK, "TB_ENDTRACK"},
 };
 
@@ -45,7 +47,9 @@ std::string Describe(const CodeName (&names)[Count], HWND control, int id, WORD 
 
 }  // namespace
 
-void Settle() { QCoreApplication::processEvents(); }
+void Settle() {
+    QCoreApplication::processEvents();
+}
 
 QDialog* DialogTitled(const QString& title) {
     Settle();
