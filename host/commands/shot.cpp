@@ -198,9 +198,8 @@ class Photographer {
         if (!json_) std::printf("%s\n", path.c_str());
         for (const ClippedText& text : picture.clipped) {
             // The controls around the pages are in every picture.
-            if (seen_.insert(text.dialog + '\n' + std::to_string(text.id) + '\n' + text.text).second) {
-                clipped_.push_back(text);
-            }
+            const std::string key = text.dialog + '\n' + std::to_string(text.id) + '\n' + text.text;
+            if (seen_.insert(key).second) clipped_.push_back(text);
         }
         return true;
     }

@@ -1,5 +1,5 @@
-// What the drawing functions share: the control to draw, the canvas, and the note of texts that have
-// too little room. controls.cpp holds the table that says which function draws what.
+// What the drawing functions share: the control to draw, the canvas, and the note of texts that
+// have too little room. controls.cpp holds the table that says which function draws what.
 #pragma once
 
 #include <host/picture/labels.h>

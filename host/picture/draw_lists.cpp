@@ -26,7 +26,8 @@ std::string EntryText(const ControlView& control, int index) {
 
 std::vector<double> TabStops(const ControlView& control) {
     int units[kMostStops] = {};
-    const LRESULT count = control.Ask(kv::KVM_GETTABSTOPS, kMostStops, reinterpret_cast<LPARAM>(units));
+    const LRESULT count =
+        control.Ask(kv::KVM_GETTABSTOPS, kMostStops, reinterpret_cast<LPARAM>(units));
     std::vector<double> stops;
     for (LRESULT i = 0; i < std::min<LRESULT>(count, kMostStops); ++i) {
         stops.push_back(units[i] * kPixelsPerUnit);
@@ -41,7 +42,8 @@ double NextStop(const std::vector<double>& stops, double at) {
             if (stop > at) return stop;
         }
     }
-    const double step = stops.size() == 1 && stops[0] > 0 ? stops[0] : kDefaultStop * kPixelsPerUnit;
+    const bool given = stops.size() == 1 && stops[0] > 0;
+    const double step = given ? stops[0] : kDefaultStop * kPixelsPerUnit;
     return (static_cast<int>(at / step) + 1) * step;
 }
 

@@ -1,5 +1,5 @@
-// Pictures of windows: a property sheet or a dialog with everything in it, drawn from the state that
-// the controls tell by messages. Used by `kvprefs shot` and by tests.
+// Pictures of windows: a property sheet or a dialog with everything in it, drawn from the state
+// that the controls tell by messages. Used by `kvprefs shot` and by tests.
 #pragma once
 
 #include <host/picture/canvas.h>

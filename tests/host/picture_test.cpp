@@ -1,5 +1,5 @@
-// Pictures of windows: what is seen of a control's state, scale, mirroring, texts without room, and the
-// files of `kvprefs shot`.
+// Pictures of windows: what is seen of a control's state, scale, mirroring, texts without room, and
+// the files of `kvprefs shot`.
 #include <commctrl.h>
 #include <gtest/gtest.h>
 #include <host/picture/picture_fonts.h>
