@@ -18,8 +18,8 @@ constexpr auto kListSpace = static_cast<kv::HandleSpace>(9);
 using CopyTable = kv::HandleTable<WorkingCopy, kListSpace>;
 
 CopyTable& Copies() {
-    static auto* table = new CopyTable;
-    return *table;
+    static CopyTable table;
+    return table;
 }
 
 bool IsKnownScope(DWORD scope) {
