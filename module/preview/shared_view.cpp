@@ -33,4 +33,13 @@ void DestroySharedView(SharedSheet& shared) {
     shared.viewPage = nullptr;
 }
 
+void SetSampleMode(SheetContext& context, SampleMode mode) {
+    if (context.shared->sampleMode == mode) return;
+    context.shared->sampleMode = mode;
+    UpdateSharedView(context);
+}
+
+// The renderer is not there yet: the frame stays as the dialog's template made it.
+void HookPaperView(SheetContext& /*context*/, HWND /*frame*/) {}
+
 }  // namespace kvui

@@ -18,4 +18,12 @@ void UpdateSharedView(SheetContext& context);
 // Sheet end.
 void DestroySharedView(SharedSheet& shared);
 
+// What the colour sample of the quality view shows.
+enum SampleMode : int { kSampleColour = 1, kSampleMonochrome = 8 };
+void SetSampleMode(SheetContext& context, SampleMode mode);
+
+// Makes a static frame of a dialog show the Paper View of the current settings until the frame is
+// destroyed; the dialog invalidates the frame after each change.
+void HookPaperView(SheetContext& context, HWND frame);
+
 }  // namespace kvui

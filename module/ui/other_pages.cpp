@@ -6,12 +6,6 @@
 namespace kvui {
 namespace {
 
-const PageTraits kLayoutPage = {
-    .dialogName = "DLGTAB1", .helpTopic = 1201, .viewKind = kViewPage, .tailSize = 0,
-    .snapshotAfterChange = false, .showsNotice = true, .setsCaptions = true, .hasDefaults = true};
-const PageTraits kQualityPage = {
-    .dialogName = "DLGTAB2", .helpTopic = 1301, .viewKind = kViewQuality, .tailSize = 0,
-    .snapshotAfterChange = true, .showsNotice = true, .setsCaptions = true, .hasDefaults = true};
 const PageTraits kDeviceOptionsPage = {
     .dialogName = "DLGTAB3", .helpTopic = 1401, .viewKind = kViewDevice, .tailSize = 0,
     .snapshotAfterChange = false, .showsNotice = true, .setsCaptions = true, .hasDefaults = true};
@@ -37,12 +31,6 @@ const PageTraits kSparePage6 = {
 }  // namespace
 }  // namespace kvui
 
-INT_PTR CALLBACK DDMTAB1(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
-    return kvui::RunPage(kvui::kLayoutPage, page, message, wParam, lParam);
-}
-INT_PTR CALLBACK DDMTAB2(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
-    return kvui::RunPage(kvui::kQualityPage, page, message, wParam, lParam);
-}
 INT_PTR CALLBACK DDMTAB3(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
     return kvui::RunPage(kvui::kDeviceOptionsPage, page, message, wParam, lParam);
 }

@@ -39,10 +39,6 @@ INT_PTR CALLBACK EditOverlayDlgProc(HWND dialog, UINT message, WPARAM wParam, LP
 
 }  // namespace kvui
 
-INT_PTR CALLBACK DDMTAB01(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    static const kvui::SubDialogTraits kOutputDetail = {"_DLGTAB01", "DLGTAB01", 1105};
-    return kvui::RunSubDialog(kOutputDetail, dialog, message, wParam, lParam);
-}
 INT_PTR CALLBACK DDMTAB02(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     return CloseOnly(dialog, message, wParam, lParam, 1);
 }
