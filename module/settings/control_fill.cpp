@@ -249,8 +249,7 @@ void FillSlider(SheetContext& context, HWND dialog, const ControlItem& item) {
     if (SendMessageA(bar, TBM_GETPOS, 0, 0) != position) {
         SendMessageA(bar, TBM_SETPOS, TRUE, position);
     }
-    // The edit under the user's hands shows what is typed, which may still be half a number.
-    if (edit == nullptr || edit == GetFocus()) return;
+    if (edit == nullptr) return;
     char current[16] = "";
     GetWindowTextA(edit, current, sizeof current);
     std::snprintf(text, sizeof text, "%ld", static_cast<long>(position));

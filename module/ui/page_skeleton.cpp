@@ -88,6 +88,7 @@ void OnCommand(const PageTraits& traits, SheetContext& context, HWND control, WP
 // Sliders and spins. A spin tells about the edit it turns.
 void OnScroll(const PageTraits& traits, SheetContext& context, HWND control, WPARAM wParam) {
     const WORD code = LOWORD(wParam);
+    if (traits.onScroll != nullptr) traits.onScroll(context, control, code);
     if (code != SB_THUMBPOSITION && code != SB_ENDSCROLL && code != kScrollFromValueEdit) return;
     DWORD id = static_cast<DWORD>(GetDlgCtrlID(control));
     WORD notification = code;

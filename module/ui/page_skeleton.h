@@ -24,6 +24,7 @@ struct PageTraits {
     void (*onCommand)(SheetContext&, DWORD id, WORD code) = nullptr;   // after routing, changed or not
     void (*onDefaults)(SheetContext&) = nullptr;
     void (*onChanged)(SheetContext&, DWORD id) = nullptr;
+    void (*onScroll)(SheetContext&, HWND control, WORD code) = nullptr;  // before it is read back
     void (*onApply)(SheetContext&) = nullptr;                          // before the snapshot
     bool (*onPaintStatic)(SheetContext&, HWND control, HDC dc) = nullptr;
     bool (*onMessage)(SheetContext&, UINT message, WPARAM wParam, LPARAM lParam) = nullptr;

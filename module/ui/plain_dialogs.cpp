@@ -42,9 +42,6 @@ INT_PTR CALLBACK EditOverlayDlgProc(HWND dialog, UINT message, WPARAM wParam, LP
 INT_PTR CALLBACK DDMTAB02(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     return CloseOnly(dialog, message, wParam, lParam, 1);
 }
-INT_PTR CALLBACK DDMTAB20(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    return CloseOnly(dialog, message, wParam, lParam, 1);
-}
 INT_PTR CALLBACK DDMEDIT0(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     return CloseOnly(dialog, message, wParam, lParam, 1);
 }

@@ -80,6 +80,14 @@ TEST_F(CommandLine, ClampedValuesAreSaid) {
     EXPECT_EQ(Run("get mdmScaleSize").output, "mdmScaleSize=400\n");
 }
 
+TEST_F(CommandLine, SlidersTakeWhatTheirSettingStores) {
+    const Ran set = Run("set SldContrast=-20 SldSharpness=30 SldSaturation=80");
+    EXPECT_EQ(set.status, 0) << set.output;
+    EXPECT_NE(set.output.find("SldSaturation=80: stored as 50"), std::string::npos) << set.output;
+    EXPECT_EQ(Run("get Contrast UnsharpMask Saturation").output,
+              "Contrast=-20\nUnsharpMask=30\nSaturation=50\n");
+}
+
 TEST_F(CommandLine, SeveralPairsAreAllOrNothing) {
     ASSERT_EQ(Run("set EditCopies=3").status, 0);
     const std::string before = Bytes(RecordFile());

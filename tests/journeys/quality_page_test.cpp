@@ -1,0 +1,181 @@
+// Journeys over the Quality page: sliders and their value edits, colour, intents, defaults, and the small
+// list dialog behind the export DDMTAB20.
+#include <commctrl.h>
+
+#include "preferences.h"
+
+namespace journey {
+namespace {
+
+enum : int {
+    kContrast = 3008, kContrastEdit = 3009, kBrightness = 3011, kBrightnessEdit = 3012,
+    kSaturation = 3210, kSaturationEdit = 3211, kSharpness = 3215, kSharpnessEdit = 3216,
+    kSaturationSpin = 1070, kResolution = 3003, kGrayscale = 3202, kColor = 3203, kMatchingOff = 3205,
+    kMatchingOn = 3206, kPhoto = 3246, kGraphics = 3247, kText = 3248, kLineArt = 3235,
+    kDefaults = 12,
+};
+
+// Offsets in the private part.
+constexpr size_t kUnsharpMask = 0xBC, kColorMatching = 0xC0, kLightness = 0xE8, kContrastField = 0xEC,
+                 kSaturationField = 0xF0, kRenderingIntent = 0x15C, kMatchingSetting = 0x1FC;
+
+struct Slider {
+    int slider;
+    int edit;
+    int spin;
+    size_t field;
+    LONG zero;  // stored at position 0
+};
+constexpr Slider kSliders[] = {
+    {kContrast, kContrastEdit, 1068, kContrastField, -50},
+    {kBrightness, kBrightnessEdit, 1069, kLightness, -50},
+    {kSaturation, kSaturationEdit, 1070, kSaturationField, -50},
+    {kSharpness, kSharpnessEdit, 1071, kUnsharpMask, 0},
+};
+
+class QualityPage : public Preferences {
+   protected:
+    HWND On(int id) { return Item(id, kQuality); }
+    LONG Stored(const Slider& slider) { return static_cast<LONG>(Private(slider.field)); }
+    LRESULT Position(int slider) { return SendMessageA(On(slider), TBM_GETPOS, 0, 0); }
+};
+
+TEST_F(QualityPage, TypedNumbersMoveTheSliderAndAreStoredInRange) {
+    const struct { const char* typed; LONG position; } rows[] = {
+        {"150", 100}, {"30", 30}, {"abc", 0}, {"", 0}, {"7", 7}, {"100", 100}, {"-4", 4}};
+    OpenSheet();
+    for (const Slider& slider : kSliders) {
+        for (const auto& row : rows) {
+            TypeInto(slider.edit, row.typed, kQuality);
+            EXPECT_EQ(Text(On(slider.edit)), std::to_string(row.position)) << row.typed;
+            EXPECT_EQ(Position(slider.slider), row.position) << row.typed;
+            EXPECT_EQ(Stored(slider), slider.zero + row.position) << row.typed;
+        }
+        DWORD end = 0;
+        SendMessageA(On(slider.edit), EM_GETSEL, 0, reinterpret_cast<LPARAM>(&end));
+        EXPECT_EQ(end, 1u) << "the caret stays behind the corrected text";
+    }
+}
+
+TEST_F(QualityPage, AHeldThumbMovesTheEditAndStoresWhenItIsReleased) {
+    OpenSheet();
+    for (const Slider& slider : kSliders) {
+        const LONG before = Stored(slider);
+        for (const int position : {60, 71, 83}) {
+            ASSERT_TRUE(kv::input::TrackTo(On(slider.slider), position));
+            EXPECT_EQ(Text(On(slider.edit)), std::to_string(position));
+            EXPECT_EQ(Stored(slider), before) << slider.slider;
+        }
+        ASSERT_TRUE(kv::input::DragTo(On(slider.slider), 30, 5));
+        EXPECT_EQ(Text(On(slider.edit)), "30");
+        EXPECT_EQ(Stored(slider), slider.zero + 30) << slider.slider;
+    }
+}
+
+TEST_F(QualityPage, SlidersGrowUpwardAndSpinsStopAtTheirEnds) {
+    OpenSheet();
+    for (const Slider& slider : kSliders) {
+        EXPECT_TRUE(GetWindowLongPtrA(On(slider.slider), GWL_STYLE) & TBS_DOWNISLEFT);
+        ASSERT_TRUE(kv::input::Focus(On(slider.slider)));
+        const LRESULT start = Position(slider.slider);
+        kv::input::Key(VK_PRIOR);
+        EXPECT_EQ(Position(slider.slider), start + 10);
+        EXPECT_EQ(Stored(slider), slider.zero + start + 10);
+        ASSERT_TRUE(kv::input::Step(On(slider.spin), 500));
+        EXPECT_EQ(Text(On(slider.edit)), "100");
+        ASSERT_TRUE(kv::input::Step(On(slider.spin), -3));
+        EXPECT_EQ(Stored(slider), slider.zero + 97);
+        EXPECT_EQ(Position(slider.slider), 97);
+        EXPECT_EQ(SendMessageA(On(slider.edit), EM_GETLIMITTEXT, 0, 0), 3);
+    }
+}
+
+TEST_F(QualityPage, StoredValuesComeBackOnTheNextSheet) {
+    SetPrivate(kContrastField, static_cast<DWORD>(-20));
+    SetPrivate(kUnsharpMask, 30);
+    const auto before = record_;
+    OpenSheet();
+    EXPECT_EQ(Text(On(kContrastEdit)), "30");
+    EXPECT_EQ(Position(kContrast), 30);
+    EXPECT_EQ(Text(On(kSharpnessEdit)), "30");
+    EXPECT_EQ(record_, before) << "looking changes nothing";
+}
+
+TEST_F(QualityPage, ApplyWaitsForTheThumbToBeReleased) {
+    OpenSheet();
+    PageWindow(kQuality);
+    const HWND apply = GetDlgItem(sheet_, 0x3021);
+    ASSERT_FALSE(IsWindowEnabled(apply));
+    ASSERT_TRUE(kv::input::TrackTo(On(kContrast), 60));
+    EXPECT_FALSE(IsWindowEnabled(apply));
+    ASSERT_TRUE(kv::input::DragTo(On(kContrast), 61));
+    EXPECT_TRUE(IsWindowEnabled(apply));
+}
+
+TEST_F(QualityPage, ColourMatchingReachesTheRenderersField) {
+    OpenSheet();
+    ASSERT_TRUE(kv::input::Click(On(kMatchingOff)));
+    EXPECT_EQ(Private(kMatchingSetting), 0u);
+    EXPECT_EQ(Private(kColorMatching), 0u);
+    ASSERT_TRUE(kv::input::Click(On(kMatchingOn)));
+    EXPECT_EQ(Private(kMatchingSetting), 2u);
+    EXPECT_EQ(Private(kColorMatching), 1u);
+    ChooseValue(kPhoto, 0x300, kQuality);
+    ChooseValue(kGraphics, 2, kQuality);
+    ChooseValue(kText, 0x20000, kQuality);
+    EXPECT_EQ(Private(kRenderingIntent), 0x020302u);
+}
+
+TEST_F(QualityPage, DefaultsResetThePageAndCountAsColour) {
+    OpenSheet();
+    ASSERT_TRUE(kv::input::Click(On(kMatchingOff)));
+    ASSERT_TRUE(kv::input::Click(On(kGrayscale)));
+    ASSERT_TRUE(kv::input::Click(On(kLineArt)));
+    ChooseValue(kResolution, 1200, kQuality);
+    TypeInto(kContrastEdit, "90", kQuality);
+    Public().dmCopies = 9;
+    ASSERT_TRUE(kv::input::Click(On(kDefaults)));
+    EXPECT_EQ(Public().dmColor, 2);
+    EXPECT_EQ(Public().dmPrintQuality, 600);
+    EXPECT_EQ(Public().dmCopies, 9);
+    EXPECT_EQ(Private(kContrastField), 0u);
+    EXPECT_EQ(Text(On(kContrastEdit)), "50");
+    EXPECT_EQ(Private(kOtherSettings) & 0x14, 0x10u);
+    EXPECT_EQ(Private(kMatchingSetting), 2u);
+    EXPECT_EQ(Private(kColorMatching), 1u);
+}
+
+TEST_F(QualityPage, GrayscaleGraysSaturationWithItsCompanionsAndColourBringsThemBack) {
+    OpenSheet();
+    for (const bool colour : {false, true}) {
+        ASSERT_TRUE(kv::input::Click(On(colour ? kColor : kGrayscale)));
+        EXPECT_EQ((Private(kOtherSettings) & 0x10) != 0, colour);
+        for (const int id : {kSaturation, kSaturationEdit, kSaturationSpin, kPhoto, kMatchingOff}) {
+            EXPECT_EQ(IsWindowEnabled(On(id)) != FALSE, colour) << id;
+        }
+        EXPECT_TRUE(IsWindowEnabled(On(kContrastEdit)));
+    }
+}
+
+TEST_F(QualityPage, TheListDialogEndsWithOneAndTakesNothingBack) {
+    OpenSheet();
+    const HWND page = PageWindow(kQuality);
+    LPVOID context = nullptr;
+    ASSERT_NE(QDMCrackInfo(page, WM_NULL, 0, nullptr, nullptr, nullptr, &context, nullptr, nullptr,
+                           nullptr, nullptr), 0);
+    for (const int button : {IDOK, IDCANCEL}) {
+        Public().dmColor = 2;
+        kv::Headless().PushAnswer([this, button](HWND dialog) {
+            EXPECT_EQ(Text(dialog), "DLGTAB2");
+            EXPECT_NE(GetDlgItem(dialog, 3801), nullptr);
+            SendMessageA(dialog, WM_COMMAND, MAKEWPARAM(kGrayscale, BN_CLICKED), 0);
+            EXPECT_TRUE(kv::input::Click(GetDlgItem(dialog, button)));
+        });
+        EXPECT_EQ(DialogBoxParamA(module_->handle(), "_DLGTAB20", page, module_->Procedure("DDMTAB20"),
+                                  reinterpret_cast<LPARAM>(context)), 1);
+        EXPECT_EQ(Public().dmColor, 1) << button;
+    }
+}
+
+}  // namespace
+}  // namespace journey
