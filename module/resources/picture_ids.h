@@ -66,11 +66,83 @@
 #define IDI_FOLD_HALF         1674
 #define IDI_FOLD_CREASE       1675
 
-// Bitmaps.
+// Bitmaps of dialogs: page orders, and the marker beside the paper size with its mask.
 #define IDB_STYLE_ACROSS_LEFT  1469
 #define IDB_STYLE_ACROSS_RIGHT 1470
 #define IDB_STYLE_DOWN_LEFT    1471
 #define IDB_STYLE_DOWN_RIGHT   1472
-#define IDB_VIEW_TILE          13101
 #define IDB_PAPER_MARKER       13853
 #define IDB_PAPER_MARKER_MASK  13854
+
+// Bitmaps of the preview. A mask has the number that follows its picture's.
+#define IDB_VIEW_TILE 13101
+
+// The colour test picture of the quality view, and how it prints in black and white.
+#define IDB_SAMPLE_COLOR 13201
+#define IDB_SAMPLE_GREY  13202
+
+// Page numbers, shown at the corners of the sheet.
+#define IDB_NUMBER_1  13401
+#define IDB_NUMBER_2  13403
+#define IDB_NUMBER_3  13405
+#define IDB_NUMBER_4  13407
+#define IDB_NUMBER_5  13409
+#define IDB_NUMBER_6  13411
+#define IDB_NUMBER_7  13413
+#define IDB_NUMBER_9  13417
+#define IDB_NUMBER_13 13425
+#define IDB_NUMBER_16 13431
+
+#define IDB_OVERLAY_LANDSCAPE 13451
+#define IDB_OVERLAY_PORTRAIT  13452
+
+// Bars along the binding edge, and arrows that turn the page away from it: the sheet's shape, then
+// the edge that binds.
+#define IDB_BAR_LANDSCAPE_TOP   13501
+#define IDB_BAR_PORTRAIT_LEFT   13506
+#define IDB_BAR_PORTRAIT_TOP    13511
+#define IDB_BAR_LANDSCAPE_LEFT  13516
+#define IDB_TURN_LANDSCAPE_TOP  13705
+#define IDB_TURN_LANDSCAPE_LEFT 13709
+#define IDB_TURN_PORTRAIT_TOP   13713
+#define IDB_TURN_PORTRAIT_LEFT  13717
+
+// Border of the page and of its cells: the document's orientation, then the pages per sheet. The
+// shape of the sheet follows from both.
+#define IDB_GRID_LANDSCAPE_16 13601
+#define IDB_GRID_PORTRAIT_16  13602
+#define IDB_FRAME_LANDSCAPE   13603
+#define IDB_FRAME_PORTRAIT    13604
+#define IDB_GRID_PORTRAIT_2   13605
+#define IDB_GRID_LANDSCAPE_2  13606
+#define IDB_GRID_LANDSCAPE_4  13607
+#define IDB_GRID_PORTRAIT_4   13608
+#define IDB_GRID_PORTRAIT_6   13609
+#define IDB_GRID_LANDSCAPE_6  13610
+#define IDB_GRID_LANDSCAPE_9  13611
+#define IDB_GRID_PORTRAIT_9   13612
+
+// Printed pages in black and white: the document's orientation, then the pages per sheet.
+#define IDB_PAGE_LANDSCAPE_16 13801
+#define IDB_PAGE_PORTRAIT_16  13804
+#define IDB_PAGE_LANDSCAPE_1  13807
+#define IDB_PAGE_PORTRAIT_1   13810
+#define IDB_PAGE_PORTRAIT_2   13813
+#define IDB_PAGE_LANDSCAPE_2  13816
+#define IDB_PAGE_LANDSCAPE_4  13819
+#define IDB_PAGE_PORTRAIT_4   13822
+#define IDB_PAGE_PORTRAIT_6   13825
+#define IDB_PAGE_LANDSCAPE_6  13828
+#define IDB_PAGE_LANDSCAPE_9  13831
+#define IDB_PAGE_PORTRAIT_9   13834
+// Added to a printed page's number for its colour picture.
+#define IDB_PAGE_COLOR_STEP 100
+
+// Sheets of paper: booklets (the document's orientation and the binding) and single sheets.
+#define IDB_BOOKLET_LANDSCAPE_RIGHT 13837
+#define IDB_BOOKLET_PORTRAIT_LEFT   13839
+#define IDB_BOOKLET_PORTRAIT_RIGHT  13841
+#define IDB_BOOKLET_LANDSCAPE_LEFT  13843
+#define IDB_SHEET_LANDSCAPE         13845
+#define IDB_SHEET_PORTRAIT          13847
+#define IDB_OUTPUT_SIZE_ARROW       13849

@@ -3,43 +3,19 @@
 // argument it also writes one PNG of all of them, to look at.
 #include <cairo.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <string>
 #include <vector>
 
 #include "picture_files.h"
 #include "pictures.h"
+#include "render.h"
 
 namespace draw {
 namespace {
 
-constexpr int kIconUnits = 32;
 constexpr int kIconSizes[] = {32, 64};
-
-cairo_surface_t* NewSurface(int width, int height) {
-    return cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height);
-}
-
-cairo_surface_t* DrawIcon(const IconPicture& icon, int size) {
-    cairo_surface_t* surface = NewSurface(size, size);
-    cairo_t* to = cairo_create(surface);
-    cairo_scale(to, double(size) / kIconUnits, double(size) / kIconUnits);
-    icon.draw(to, icon.value);
-    cairo_destroy(to);
-    cairo_surface_flush(surface);
-    return surface;
-}
-
-cairo_surface_t* DrawBitmap(const BitmapPicture& bitmap) {
-    cairo_surface_t* surface = NewSurface(bitmap.width, bitmap.height);
-    cairo_t* to = cairo_create(surface);
-    cairo_set_source_rgb(to, 1, 1, 1);
-    cairo_paint(to);
-    bitmap.draw(to, bitmap.value);
-    cairo_destroy(to);
-    cairo_surface_flush(surface);
-    return surface;
-}
 
 std::vector<IconPicture> AllIcons() {
     std::vector<IconPicture> icons;
@@ -49,32 +25,89 @@ std::vector<IconPicture> AllIcons() {
     return icons;
 }
 
-std::string FileName(const char* kind, int id) {
-    char name[32];
-    std::snprintf(name, sizeof name, "%s_%d.%s", kind, id, kind[0] == 'i' ? "ico" : "bmp");
-    return name;
+std::vector<BitmapPicture> AllBitmaps() {
+    std::vector<BitmapPicture> bitmaps = ViewPages();
+    for (const auto& table : {DialogBitmaps(), ViewTiles(), ViewBorders(), SamplePictures()}) {
+        bitmaps.insert(bitmaps.end(), table.begin(), table.end());
+    }
+    return bitmaps;
 }
+
+// Writes picture files into a folder and their lines into the script that names them.
+class Writer {
+ public:
+    Writer(const std::string& folder, std::FILE* script) : folder_(folder), script_(script) {}
+    void Icon(const IconPicture& icon) {
+        std::vector<cairo_surface_t*> images;
+        for (const int size : kIconSizes) images.push_back(RenderIcon(icon, size));
+        ok_ = WriteIcon(PathOf("icon", icon.id, "ico"), images) && ok_;
+        for (cairo_surface_t* image : images) cairo_surface_destroy(image);
+        std::fprintf(script_, "%d ICON \"icon_%d.ico\"\n", icon.id, icon.id);
+    }
+    void Bitmap(int id, cairo_surface_t* image) {
+        ok_ = WriteBitmap(PathOf("bitmap", id, "bmp"), image) && ok_;
+        cairo_surface_destroy(image);
+        std::fprintf(script_, "%d BITMAP \"bitmap_%d.bmp\"\n", id, id);
+    }
+    bool ok() const { return ok_; }
+
+ private:
+    std::string PathOf(const char* kind, int id, const char* extension) const {
+        char name[32];
+        std::snprintf(name, sizeof name, "/%s_%d.%s", kind, id, extension);
+        return folder_ + name;
+    }
+
+    std::string folder_;
+    std::FILE* script_;
+    bool ok_ = true;
+};
 
 bool WriteAll(const std::string& folder) {
     std::FILE* script = std::fopen((folder + "/pictures.rc").c_str(), "w");
     if (!script) return false;
-    bool done = true;
-    for (const IconPicture& icon : AllIcons()) {
-        std::vector<cairo_surface_t*> images;
-        for (const int size : kIconSizes) images.push_back(DrawIcon(icon, size));
-        const std::string name = FileName("icon", icon.id);
-        done = WriteIcon(folder + "/" + name, images) && done;
-        for (cairo_surface_t* image : images) cairo_surface_destroy(image);
-        std::fprintf(script, "%d ICON \"%s\"\n", icon.id, name.c_str());
+    Writer writer(folder, script);
+    for (const IconPicture& icon : AllIcons()) writer.Icon(icon);
+    for (const BitmapPicture& bitmap : AllBitmaps()) {
+        writer.Bitmap(bitmap.id, RenderBitmap(bitmap));
     }
-    for (const BitmapPicture& bitmap : Bitmaps()) {
-        cairo_surface_t* image = DrawBitmap(bitmap);
-        const std::string name = FileName("bitmap", bitmap.id);
-        done = WriteBitmap(folder + "/" + name, image) && done;
+    for (const auto& table : {ViewSheets(), ViewMarks()}) {
+        for (const MaskedPicture& masked : table) {
+            const MaskedSurfaces surfaces = RenderMasked(masked);
+            writer.Bitmap(masked.id, surfaces.picture);
+            writer.Bitmap(masked.id + 1, surfaces.mask);
+        }
+    }
+    return std::fclose(script) == 0 && writer.ok();
+}
+
+// Bitmaps in rows, as many as fit side by side.
+void WriteContactRows(cairo_t* to, int width, int top) {
+    std::vector<cairo_surface_t*> images;
+    for (const BitmapPicture& bitmap : AllBitmaps()) images.push_back(RenderBitmap(bitmap));
+    for (const auto& table : {ViewSheets(), ViewMarks()}) {
+        for (const MaskedPicture& masked : table) {
+            const MaskedSurfaces surfaces = RenderMasked(masked);
+            images.push_back(surfaces.picture);
+            images.push_back(surfaces.mask);
+        }
+    }
+    constexpr int kGap = 6;
+    int x = kGap;
+    int y = top + kGap;
+    int tallest = 0;
+    for (cairo_surface_t* image : images) {
+        if (x + cairo_image_surface_get_width(image) > width) {
+            x = kGap;
+            y += tallest + kGap;
+            tallest = 0;
+        }
+        cairo_set_source_surface(to, image, x, y);
+        cairo_paint(to);
+        x += cairo_image_surface_get_width(image) + kGap;
+        tallest = std::max(tallest, cairo_image_surface_get_height(image));
         cairo_surface_destroy(image);
-        std::fprintf(script, "%d BITMAP \"%s\"\n", bitmap.id, name.c_str());
     }
-    return std::fclose(script) == 0 && done;
 }
 
 // Every icon at both sizes on a light and a dark ground, the bitmaps below.
@@ -82,21 +115,22 @@ bool WriteContactSheet(const char* path) {
     constexpr int kColumns = 9;
     constexpr int kPitch = 108;
     constexpr int kRow = 72;
+    constexpr int kBitmapRows = 1100;
     const std::vector<IconPicture> icons = AllIcons();
     const int rows = (static_cast<int>(icons.size()) + kColumns - 1) / kColumns;
     const int half = rows * kRow;
-    cairo_surface_t* sheet = NewSurface(kColumns * kPitch, 2 * half + 200);
+    cairo_surface_t* sheet = NewSurface(kColumns * kPitch, 2 * half + kBitmapRows);
     cairo_t* to = cairo_create(sheet);
     for (int ground = 0; ground < 2; ++ground) {
         const double level = ground == 0 ? 0.94 : 0.16;
         cairo_set_source_rgb(to, level, level, level);
-        cairo_rectangle(to, 0, ground * half, kColumns * kPitch, half + 200);
+        cairo_rectangle(to, 0, ground * half, kColumns * kPitch, half + kBitmapRows);
         cairo_fill(to);
         for (std::size_t i = 0; i < icons.size(); ++i) {
             int x = static_cast<int>(i) % kColumns * kPitch + 4;
             const int y = ground * half + static_cast<int>(i) / kColumns * kRow + 4;
             for (const int size : kIconSizes) {
-                cairo_surface_t* image = DrawIcon(icons[i], size);
+                cairo_surface_t* image = RenderIcon(icons[i], size);
                 cairo_set_source_surface(to, image, x, y);
                 cairo_paint(to);
                 cairo_surface_destroy(image);
@@ -104,14 +138,7 @@ bool WriteContactSheet(const char* path) {
             }
         }
     }
-    int x = 4;
-    for (const BitmapPicture& bitmap : Bitmaps()) {
-        cairo_surface_t* image = DrawBitmap(bitmap);
-        cairo_set_source_surface(to, image, x, 2 * half + 3);
-        cairo_paint(to);
-        cairo_surface_destroy(image);
-        x += bitmap.width + 8;
-    }
+    WriteContactRows(to, kColumns * kPitch, 2 * half);
     cairo_destroy(to);
     const bool written = cairo_surface_write_to_png(sheet, path) == CAIRO_STATUS_SUCCESS;
     cairo_surface_destroy(sheet);

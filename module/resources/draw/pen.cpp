@@ -1,9 +1,11 @@
-// Sheets, print, arrows and digits. Digits are strokes of our own, so that pictures do not depend
-// on the fonts of the machine that builds them.
+// Sheets, print, arrows and numbers.
 #include "pen.h"
 
 #include <cmath>
+#include <cstdio>
 #include <initializer_list>
+
+#include "digits.h"
 
 namespace draw {
 namespace {
@@ -11,22 +13,6 @@ namespace {
 constexpr double kOutlineWidth = 1.0;
 constexpr double kFold = 5.0;
 constexpr double kPi = 3.14159265358979;
-
-// Strokes of the digits 0 to 9 on a grid of 2 x 4: x, y pairs; a negative x lifts the pen.
-constexpr int kMaxStroke = 22;
-constexpr double kUp = -1;
-constexpr double kDigits[10][kMaxStroke] = {
-    {0, 0, 2, 0, 2, 4, 0, 4, 0, 0, kUp},
-    {0.3, 0.8, 1.2, 0, 1.2, 4, kUp},
-    {0, 0, 2, 0, 2, 2, 0, 2, 0, 4, 2, 4, kUp},
-    {0, 0, 2, 0, 2, 2, 0.5, 2, 2, 2, 2, 4, 0, 4, kUp},
-    {0, 0, 0, 2.4, 2, 2.4, 1.6, 2.4, 1.6, 1, 1.6, 4, kUp},
-    {2, 0, 0, 0, 0, 2, 2, 2, 2, 4, 0, 4, kUp},
-    {2, 0, 0, 0, 0, 4, 2, 4, 2, 2, 0, 2, kUp},
-    {0, 0, 2, 0, 0.8, 4, kUp},
-    {0, 2, 0, 0, 2, 0, 2, 2, 0, 2, 0, 4, 2, 4, 2, 2, kUp},
-    {2, 2, 0, 2, 0, 0, 2, 0, 2, 4, 0, 4, kUp},
-};
 
 void SheetPath(cairo_t* to, const Box& box, double fold) {
     cairo_move_to(to, box.x, box.y);
@@ -140,27 +126,85 @@ void Disc(cairo_t* to, double x, double y, double radius, const Color& color) {
     cairo_fill(to);
 }
 
-void Number(cairo_t* to, int number, double x, double y, double height, const Color& color) {
-    int digits[4];
-    int count = 0;
-    for (int rest = number; count < 4 && (rest > 0 || count == 0); rest /= 10) {
-        digits[count++] = rest % 10;
+void RoundedBox(cairo_t* to, const Box& box, double radius) {
+    cairo_new_sub_path(to);
+    cairo_arc(to, box.right() - radius, box.y + radius, radius, -kPi / 2, 0);
+    cairo_arc(to, box.right() - radius, box.bottom() - radius, radius, 0, kPi / 2);
+    cairo_arc(to, box.x + radius, box.bottom() - radius, radius, kPi / 2, kPi);
+    cairo_arc(to, box.x + radius, box.y + radius, radius, kPi, 1.5 * kPi);
+    cairo_close_path(to);
+}
+
+namespace {
+
+void DigitPath(cairo_t* to, int digit, double x, double y, double unit) {
+    for (const Step& step : DigitSteps(digit)) {
+        double at[6];
+        for (int i = 0; i < 6; ++i) at[i] = (i % 2 == 0 ? x : y) + step.points[i] * unit;
+        if (step.kind == 'M') cairo_move_to(to, at[0], at[1]);
+        if (step.kind == 'L') cairo_line_to(to, at[0], at[1]);
+        if (step.kind == 'C') cairo_curve_to(to, at[0], at[1], at[2], at[3], at[4], at[5]);
     }
-    const double unit = height / 4;
-    const double step = 3.2 * unit;
-    double left = x - ((count - 1) * step + 2 * unit) / 2;
+}
+
+// Stroke widths as shares of the digit's height.
+double StrokeShare(Weight weight) {
+    switch (weight) {
+        case Weight::kBold:
+            return 0.23;
+        case Weight::kRim:
+            return 0.52;
+        default:
+            return 0.18;
+    }
+}
+
+}  // namespace
+
+void Number(cairo_t* to, int number, double x, double y, double height, const Color& color,
+            Weight weight) {
+    constexpr double kDigitHeight = 8;
+    constexpr double kGap = 2.6;
+    char digits[12];
+    const int count = std::snprintf(digits, sizeof digits, "%d", number);
+    const double unit = height / kDigitHeight;
+    double width = -kGap;
+    for (int i = 0; i < count; ++i) width += DigitWidth(digits[i] - '0') + kGap;
+    double left = x - width * unit / 2;
+    for (int i = 0; i < count; ++i) {
+        DigitPath(to, digits[i] - '0', left, y - height / 2, unit);
+        left += (DigitWidth(digits[i] - '0') + kGap) * unit;
+    }
     SetColor(to, color);
-    cairo_set_line_width(to, height / 4.6);
+    cairo_set_line_width(to, height * StrokeShare(weight));
     cairo_set_line_join(to, CAIRO_LINE_JOIN_ROUND);
     cairo_set_line_cap(to, CAIRO_LINE_CAP_ROUND);
-    for (int i = count - 1; i >= 0; --i, left += step) {
-        const double* stroke = kDigits[digits[i]];
-        cairo_move_to(to, left + stroke[0] * unit, y - height / 2 + stroke[1] * unit);
-        for (int at = 2; at + 1 < kMaxStroke && stroke[at] != kUp; at += 2) {
-            cairo_line_to(to, left + stroke[at] * unit, y - height / 2 + stroke[at + 1] * unit);
-        }
-        cairo_stroke(to);
+    cairo_stroke(to);
+}
+
+void CornerArrow(cairo_t* to, const Point& tail, const Point& corner, const Point& tip,
+                 double width, double rim, const Color& color) {
+    constexpr double kHalfHead = 0.62;
+    const double angle = std::atan2(tip.y - corner.y, tip.x - corner.x);
+    const double head = 3.3 * width;
+    const double neck = 0.8 * head;
+    cairo_move_to(to, tail.x, tail.y);
+    cairo_curve_to(to, corner.x, corner.y, corner.x, corner.y, tip.x - neck * std::cos(angle),
+                   tip.y - neck * std::sin(angle));
+    SetColor(to, color);
+    cairo_set_line_join(to, CAIRO_LINE_JOIN_ROUND);
+    cairo_set_line_cap(to, CAIRO_LINE_CAP_ROUND);
+    cairo_set_line_width(to, width + 2 * rim);
+    cairo_stroke(to);
+    cairo_move_to(to, tip.x, tip.y);
+    for (const double side : {-kHalfHead, kHalfHead}) {
+        cairo_line_to(to, tip.x - head * std::cos(angle + side),
+                      tip.y - head * std::sin(angle + side));
     }
+    cairo_close_path(to);
+    cairo_set_line_width(to, 2 * rim + 0.4);
+    cairo_fill_preserve(to);
+    cairo_stroke(to);
 }
 
 }  // namespace draw

@@ -20,6 +20,11 @@ constexpr Color kPrint = {0.60, 0.65, 0.71};
 constexpr Color kAccent = {0.11, 0.45, 0.83};
 constexpr Color kAccentTint = {0.78, 0.88, 0.98};
 
+struct Point {
+    double x;
+    double y;
+};
+
 struct Box {
     double x;
     double y;
@@ -32,7 +37,7 @@ struct Box {
 };
 
 enum class Corner { kFolded, kSquare };
-enum class Edge { kLeft, kTop, kRight };
+enum class Edge { kLeft, kTop, kRight, kBottom };
 
 void SetColor(cairo_t* to, const Color& color, double alpha = 1.0);
 void Sheet(cairo_t* to, const Box& box, Corner corner = Corner::kFolded);
@@ -45,7 +50,14 @@ void Line(cairo_t* to, double x1, double y1, double x2, double y2, double width,
 // A line through `count` points (x, y pairs) with an arrow head at its end.
 void Arrow(cairo_t* to, const double* points, int count, double width, const Color& color);
 void Disc(cairo_t* to, double x, double y, double radius, const Color& color);
-// A number in strokes, centred on the point.
-void Number(cairo_t* to, int number, double x, double y, double height, const Color& color);
+// An arrow that bends around a corner, widened by `rim` on every side.
+void CornerArrow(cairo_t* to, const Point& tail, const Point& corner, const Point& tip,
+                 double width, double rim, const Color& color);
+// Adds the box to the path.
+void RoundedBox(cairo_t* to, const Box& box, double radius);
+// A number in strokes, centred on the point; a rim is what a bold number stands on.
+enum class Weight { kRegular, kBold, kRim };
+void Number(cairo_t* to, int number, double x, double y, double height, const Color& color,
+            Weight weight = Weight::kRegular);
 
 }  // namespace draw

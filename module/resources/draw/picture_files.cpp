@@ -3,12 +3,14 @@
 // colours.
 #include "picture_files.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdio>
 
 namespace draw {
 namespace {
 
+constexpr std::uint32_t kColorBits = 0xFFFFFF;
 constexpr std::uint32_t kInfoHeader = 40;
 constexpr std::uint32_t kFileHeader = 14;
 constexpr std::uint32_t kIconHeader = 6;
@@ -54,13 +56,31 @@ std::uint32_t Straight(std::uint32_t pixel) {
     return result;
 }
 
-void InfoHeader(Bytes& bytes, int width, int height, int bits) {
+void InfoHeader(Bytes& bytes, int width, int height, int bits, std::size_t colors = 0) {
     bytes.Dword(kInfoHeader);
     bytes.Dword(static_cast<std::uint32_t>(width));
     bytes.Dword(static_cast<std::uint32_t>(height));
     bytes.Word(1);
     bytes.Word(static_cast<unsigned>(bits));
-    for (int i = 0; i < 6; ++i) bytes.Dword(0);
+    for (int i = 0; i < 4; ++i) bytes.Dword(0);
+    bytes.Dword(static_cast<std::uint32_t>(colors));
+    bytes.Dword(0);
+}
+
+// The image's colours in ascending order; none when they are more than a palette holds.
+std::vector<std::uint32_t> PaletteOf(cairo_surface_t* image) {
+    constexpr std::size_t kMost = 256;
+    std::vector<std::uint32_t> palette;
+    for (int y = 0; y < cairo_image_surface_get_height(image); ++y) {
+        for (int x = 0; x < cairo_image_surface_get_width(image); ++x) {
+            const std::uint32_t color = PixelAt(image, x, y) & kColorBits;
+            const auto at = std::lower_bound(palette.begin(), palette.end(), color);
+            if (at != palette.end() && *at == color) continue;
+            if (palette.size() == kMost) return {};
+            palette.insert(at, color);
+        }
+    }
+    return palette;
 }
 
 Bytes IconImage(cairo_surface_t* image) {
@@ -113,23 +133,32 @@ bool WriteIcon(const std::string& path, const std::vector<cairo_surface_t*>& ima
 bool WriteBitmap(const std::string& path, cairo_surface_t* image) {
     const int width = cairo_image_surface_get_width(image);
     const int height = cairo_image_surface_get_height(image);
+    const std::vector<std::uint32_t> palette = PaletteOf(image);
     Bytes body;
-    InfoHeader(body, width, height, 24);
+    InfoHeader(body, width, height, palette.empty() ? 24 : 8, palette.size());
+    for (const std::uint32_t color : palette) body.Dword(color);
     for (int y = height - 1; y >= 0; --y) {
         const std::size_t rowStart = body.data.size();
         for (int x = 0; x < width; ++x) {
-            const std::uint32_t pixel = PixelAt(image, x, y);
-            for (int shift = 0; shift < 24; shift += 8) {
-                body.data.push_back(static_cast<unsigned char>(pixel >> shift));
+            const std::uint32_t color = PixelAt(image, x, y) & kColorBits;
+            if (palette.empty()) {
+                for (int shift = 0; shift < 24; shift += 8) {
+                    body.data.push_back(static_cast<unsigned char>(color >> shift));
+                }
+            } else {
+                const auto at = std::lower_bound(palette.begin(), palette.end(), color);
+                body.data.push_back(static_cast<unsigned char>(at - palette.begin()));
             }
         }
         body.PadTo4(rowStart);
     }
+    const std::uint32_t bitsOffset =
+        kFileHeader + kInfoHeader + 4 * static_cast<std::uint32_t>(palette.size());
     Bytes file;
     file.data = {'B', 'M'};
     file.Dword(kFileHeader + static_cast<std::uint32_t>(body.data.size()));
     file.Dword(0);
-    file.Dword(kFileHeader + kInfoHeader);
+    file.Dword(bitsOffset);
     file.data.insert(file.data.end(), body.data.begin(), body.data.end());
     return file.WriteTo(path);
 }

@@ -11,7 +11,9 @@ namespace draw {
 // An icon file of 32-bit images, one per surface (ARGB, square). False when it cannot be written.
 bool WriteIcon(const std::string& path, const std::vector<cairo_surface_t*>& images);
 
-// A 24-bit bitmap file; the surface's transparency is ignored.
+// A bitmap file with a palette where the colours fit one, of 24 bits otherwise; transparency is
+// ignored. A mask gets a palette too: one bit per pixel would take the colours of the place that it
+// is drawn to.
 bool WriteBitmap(const std::string& path, cairo_surface_t* image);
 
 }  // namespace draw

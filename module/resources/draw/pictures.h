@@ -4,6 +4,9 @@
 #include <cairo.h>
 
 #include <span>
+#include <vector>
+
+#include "pen.h"
 
 namespace draw {
 
@@ -14,19 +17,45 @@ struct IconPicture {
     int value;
 };
 
+enum class Finish { kAsDrawn, kGrey };
+
 // Draws into width x height units, one per pixel, on white.
 struct BitmapPicture {
     int id;
     int width;
     int height;
-    void (*draw)(cairo_t* to, int value);
+    void (*draw)(cairo_t* to, const Box& area, int value);
     int value;
+    Finish finish = Finish::kAsDrawn;
 };
+
+// A picture on a transparent ground, whose mask has the next number. A mask knows no halves, so
+// soft edges and shadows are mixed with what lies below when the picture is drawn: the preview's
+// tile from row `ground` on, or paper.
+struct MaskedPicture {
+    int id;
+    int width;
+    int height;
+    void (*draw)(cairo_t* to, const Box& area, int value);
+    int value;
+    int ground;
+};
+constexpr int kOnPaper = -1;
 
 std::span<const IconPicture> PageIcons();       // orientation, collation, pages per sheet, order
 std::span<const IconPicture> FinishingIcons();  // duplex, staple, punch, fold
 std::span<const IconPicture> OtherIcons();      // resolution, notices
-std::span<const BitmapPicture> Bitmaps();
+
+std::span<const BitmapPicture> DialogBitmaps();   // page orders
+std::span<const BitmapPicture> ViewTiles();       // the preview's ground
+std::span<const BitmapPicture> ViewBorders();     // frames, grids, binding bars, overlay forms
+std::span<const BitmapPicture> SamplePictures();  // quality view
+std::vector<BitmapPicture> ViewPages();           // printed pages, grey and in colour
+std::span<const MaskedPicture> ViewSheets();      // single sheets and booklets
+std::span<const MaskedPicture> ViewMarks();       // page numbers, arrows, the paper marker
+
+// The tile's colour in a row of the view.
+Color TileColor(double y);
 
 // A 2 x 2 sheet with the arrow of one of the four page orders (0 to 3).
 void DrawOrder(cairo_t* to, int order);

@@ -160,25 +160,4 @@ TEST(Pictures, IconsHaveAnImageForEachScale) {
     }
 }
 
-TEST(Pictures, BitmapsHaveTheSizesThatCodeCountsOn) {
-    const struct {
-        int id;
-        int width;
-        int height;
-    } cases[] = {
-        {IDB_VIEW_TILE, 160, 194},
-        {IDB_PAPER_MARKER, 16, 16},
-        {IDB_PAPER_MARKER_MASK, 16, 16},
-    };
-    for (const auto& test : cases) {
-        const HBITMAP bitmap =
-            LoadBitmapA(nullptr, MAKEINTRESOURCEA(static_cast<unsigned>(test.id)));
-        BITMAP info{};
-        ASSERT_NE(GetObjectA(bitmap, sizeof info, &info), 0) << test.id;
-        EXPECT_EQ(info.bmWidth, test.width);
-        EXPECT_EQ(info.bmHeight, test.height);
-        DeleteObject(bitmap);
-    }
-}
-
 }  // namespace
