@@ -2,19 +2,33 @@
 #include "lists/paper_size.h"
 
 namespace kvui {
+namespace {
 
-bool CurrentPaperSize(SheetContext& context, LONG paperCode, PaperSizeInfo& size) {
+// Whole inches in the high word, sixteenths in the low one.
+LONG PackedInchesToHundredths(DWORD packed) {
+    return static_cast<LONG>((packed >> 16) * 100 + (packed & 0xFFFF) * 100 / 16);
+}
+
+}  // namespace
+
+bool PaperSizeOfCode(const SheetContext& context, LONG paperCode, PaperSizeInfo& size) {
     if (paperCode < kFirstCustomPaper) {
         return GetPaperSize(context.printer, paperCode, &size) != 0;
     }
-    const ListHandle list = context.shared->lists[kListPaper];
+    const ListHandle papers =
+        context.shared != nullptr ? context.shared->lists[kListPaper] : nullptr;
     CustomPaperRecord record{};
-    if (list == nullptr || !QDMMLTGetPaperWithID(list, context.printer, &record,
-                                                 static_cast<DWORD>(paperCode))) {
+    if (papers == nullptr || !QDMMLTGetPaperWithID(papers, context.printer, &record,
+                                                   static_cast<DWORD>(paperCode))) {
         return false;
     }
-    size = {static_cast<LONG>(record.widthTenths), static_cast<LONG>(record.heightTenths),
-            kPaperUnitMillimetre};
+    if (record.unit == 0) {
+        size = {static_cast<LONG>(record.widthTenths), static_cast<LONG>(record.heightTenths),
+                kPaperUnitMillimetre};
+    } else {
+        size = {PackedInchesToHundredths(record.widthInches),
+                PackedInchesToHundredths(record.heightInches), kPaperUnitInch};
+    }
     return true;
 }
 

@@ -1,4 +1,5 @@
-// Size of a paper by its code: papers of the printer description and the user's own.
+// Size of a paper by its code: papers of the printer description and the user's own. Asked by the
+// paper conditions of the rules and by the watermark's diagonal.
 #pragma once
 
 #include <kvcore.h>
@@ -9,6 +10,7 @@ namespace kvui {
 
 constexpr LONG kFirstCustomPaper = 512;
 
-bool CurrentPaperSize(SheetContext& context, LONG paperCode, PaperSizeInfo& size);
+// False when there is no such paper. The unit is the one its maker worked in.
+bool PaperSizeOfCode(const SheetContext& context, LONG paperCode, PaperSizeInfo& size);
 
 }  // namespace kvui

@@ -21,7 +21,7 @@ double DiagonalAngle(SheetContext& context) {
     DWORD& flags = context.privateSettings->mdmOtherSettings;
     flags = (landscape ? flags | kOtherLandscape : flags & ~kOtherLandscape) | kOtherDiagonalKnown;
     PaperSizeInfo size{};
-    if (!CurrentPaperSize(context, context.settings->dmPaperSize, size)) return 45;
+    if (!PaperSizeOfCode(context, context.settings->dmPaperSize, size)) return 45;
     const double shorter = std::min(size.width, size.length);
     const double longer = std::max(size.width, size.length);
     const double diagonal = std::hypot(shorter, longer);

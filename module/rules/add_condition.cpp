@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstring>
 
+#include "lists/paper_size.h"
 #include "rules/conflicts.h"
 #include "rules/item_field.h"
 #include "rules/rule_text.h"
@@ -14,7 +15,6 @@ namespace kvui {
 namespace {
 
 constexpr LONG kFirstPaperKey = 1000;
-constexpr LONG kFirstCustomPaper = 512;
 constexpr LONG kOutputPaperCode = 0x7FFFFFFF;  // bit 31 only says that an output paper is on
 // Paper lines may name a further line; one that leads back to itself ends here.
 constexpr int kMaxChainedLines = 16;
@@ -91,31 +91,11 @@ bool ReadPaperLine(const char* key, PaperLine& line) {
     return true;
 }
 
-LONG PackedInchesToHundredths(DWORD packed) {
-    return static_cast<LONG>((packed >> 16) * 100 + (packed & 0xFFFF) * 100 / 16);
-}
-
 bool CurrentPaperSize(const SheetContext& context, PaperSizeInfo& size) {
     const DWORD output = context.privateSettings->mdmOutputPaper;
     const LONG code =
         output != 0 ? static_cast<LONG>(output & kOutputPaperCode) : context.settings->dmPaperSize;
-    if (code < kFirstCustomPaper) return GetPaperSize(context.printer, code, &size) != 0;
-
-    const ListHandle papers =
-        context.shared != nullptr ? context.shared->lists[kListPaper] : nullptr;
-    CustomPaperRecord record = {};
-    if (papers == nullptr ||
-        !QDMMLTGetPaperWithID(papers, context.printer, &record, static_cast<DWORD>(code))) {
-        return false;
-    }
-    if (record.unit == 0) {
-        size = {static_cast<LONG>(record.widthTenths), static_cast<LONG>(record.heightTenths),
-                kPaperUnitMillimetre};
-    } else {
-        size = {PackedInchesToHundredths(record.widthInches),
-                PackedInchesToHundredths(record.heightInches), kPaperUnitInch};
-    }
-    return true;
+    return PaperSizeOfCode(context, code, size);
 }
 
 bool Between(LONG low, LONG value, LONG high) {

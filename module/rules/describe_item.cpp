@@ -1,14 +1,16 @@
 // The texts by which the conflicts dialog names an item and its values.
 #include <kvlist.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <vector>
 
-#include "device/administrator.h"
+#include "lists/overlay_store.h"
 #include "rules/conflicts.h"
-#include "rules/rule_text.h"
 #include "rules/rules_file.h"
+#include "settings/list_builders.h"
+#include "ui/fixed_text.h"
 
 namespace kvui {
 namespace {
@@ -23,22 +25,20 @@ void LoadText(const SheetContext& context, UINT id, char* text) {
     if (id == 0 || LoadStringA(context.strings, id, text, kReportTextSize) == 0) text[0] = '\0';
 }
 
+// Texts of the records are arrays that need not end with a zero.
+template <size_t Size>
+void CopyField(char* text, const char (&field)[Size]) {
+    CopyText(text, std::min(Size + 1, kReportTextSize), field);
+}
+
 void DescribePaper(SheetContext& context, DWORD controlId, LONG code, char* text) {
     if (controlId == kComboOutPaper && code == 0) {
         LoadText(context, kStringSameAsOriginal, text);
         return;
     }
-    const ListHandle papers =
-        context.shared != nullptr ? context.shared->lists[kListPaper] : nullptr;
-    if (papers == nullptr) return;
-    const DWORD scope = IsAdministrator() ? kScopeAdministrator : kScopeUser;
-    const int count = QDMMLTGetPaperNum(papers, context.printer, scope);
-    if (count <= 0) return;
-    std::vector<CustomPaperRecord> records(static_cast<size_t>(count));
-    QDMMLTGetPaperArray(papers, context.printer, records.data(), scope);
-    for (const CustomPaperRecord& record : records) {
-        if (record.id != static_cast<DWORD>(code)) continue;
-        CopyText(text, kReportTextSize, record.displayName);
+    for (const CustomPaperRecord& paper : VisiblePapers(context)) {
+        if (paper.id != static_cast<DWORD>(code)) continue;
+        CopyField(text, paper.displayName);
         return;
     }
 }
@@ -46,34 +46,39 @@ void DescribePaper(SheetContext& context, DWORD controlId, LONG code, char* text
 // Both lists of input bins: the second holds the sources that only the first page and the covers
 // use.
 void DescribeBin(SheetContext& context, DWORD /*controlId*/, LONG identifier, char* text) {
-    if (context.shared == nullptr) return;
     for (const SheetList which : {kListBin0, kListBin1}) {
         const ListHandle bins = context.shared->lists[which];
         const int count = bins != nullptr ? QDMMLTGetBinNum(bins, context.printer) : 0;
         if (count <= 0) continue;
         std::vector<BinRecord> records(static_cast<size_t>(count));
-        QDMMLTGetBinArray(bins, context.printer, records.data());
+        if (!QDMMLTGetBinArray(bins, context.printer, records.data())) continue;
         for (const BinRecord& record : records) {
             if (record.identifier != static_cast<DWORD>(identifier)) continue;
-            CopyText(text, kReportTextSize, record.displayName);
+            CopyField(text, record.displayName);
             return;
         }
     }
 }
 
+void DescribeOverlay(SheetContext& context, DWORD /*controlId*/, LONG identifier, char* text) {
+    ReadOverlayEntry(context, "[FormOverlayName]", static_cast<DWORD>(identifier), text,
+                     kReportTextSize);
+}
+
 using Describer = void (*)(SheetContext&, DWORD, LONG, char*);
 
-// Columns: control whose values are kept by the list service, how its text is found.
+// Columns: control whose values are kept outside the catalogue, how its text is found.
 constexpr struct {
     DWORD controlId;
     Describer describe;
-} kListServiceControls[] = {
+} kRunTimeControls[] = {
     {kComboPaperSize, DescribePaper},
     {kComboOutPaper, DescribePaper},
     {1111, DescribeBin},
     {1173, DescribeBin},
     {1187, DescribeBin},
     {1192, DescribeBin},
+    {1891, DescribeOverlay},
 };
 
 std::vector<CodeRecord> CodeRecordsOf(const ControlItem& item) {
@@ -84,7 +89,7 @@ std::vector<CodeRecord> CodeRecordsOf(const ControlItem& item) {
 }
 
 void DescribeListEntry(SheetContext& context, const ControlItem& item, LONG value, char* text) {
-    for (const auto& special : kListServiceControls) {
+    for (const auto& special : kRunTimeControls) {
         if (special.controlId != item.controlId) continue;
         special.describe(context, item.controlId, value, text);
         return;
@@ -96,7 +101,7 @@ void DescribeListEntry(SheetContext& context, const ControlItem& item, LONG valu
     }
     for (const CodeRecord& record : CodeRecordsOf(item)) {
         if (record.code != value) continue;
-        CopyText(text, kReportTextSize, record.name);
+        CopyField(text, record.name);
         return;
     }
 }
@@ -132,7 +137,7 @@ void DescribeItemValue(SheetContext& context, DWORD controlId, LONG value, LONG 
                        char* name, char* text) {
     name[0] = text[0] = '\0';
     const ControlItem* item = ItemById(controlId);
-    if (item == nullptr) return;
+    if (item == nullptr || context.shared == nullptr) return;
     LoadText(context, item->captionId, name);
     switch (item->type) {
         case kItemEdit:

@@ -60,9 +60,6 @@ INT_PTR CALLBACK DDMSaveData(HWND dialog, UINT message, WPARAM wParam, LPARAM lP
 INT_PTR CALLBACK DDMPrinterProp(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     return CloseOnly(dialog, message, wParam, lParam, 1);
 }
-INT_PTR CALLBACK DlgProcConflicts(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    return CloseOnly(dialog, message, wParam, lParam, 2);
-}
 
 DWORD WINAPI DDMDevInstall(void* /*unused*/, void* /*printerBlock*/, DWORD /*flags*/) { return 0; }
 int WINAPI VendorSetup(HWND /*window*/, HINSTANCE /*instance*/, LPSTR /*printer*/, int /*show*/) {

@@ -17,6 +17,7 @@
 #include <sstream>
 #include <vector>
 
+#include "resources/resource.h"
 #include "rules/conflicts.h"
 #include "rules/gray_out.h"
 #include "tests/module/support/sheet_fixture.h"
@@ -36,14 +37,9 @@ std::string ReadText(const fs::path& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-void Press(HWND dialog, std::initializer_list<int> ids) {
-    for (const int id : ids) {
-        if (HWND button = GetDlgItem(dialog, id)) {
-            kv::input::Click(button);
-            return;
-        }
-    }
-    kv::input::Close(dialog);
+// A disabled button cannot be pressed: then the dialog is closed.
+void Press(HWND dialog, int button) {
+    if (!kv::input::Click(GetDlgItem(dialog, button))) kv::input::Close(dialog);
 }
 
 // A window with a child for every control that rules may touch.
@@ -113,7 +109,7 @@ class CaseRun {
                 << report.targetName << "=" << report.targetCurrent << " -> "
                 << (report.targetNew[0] != '\0' ? report.targetNew : "(unresolvable)") << ": "
                 << answer << "\n";
-        answer == "resolve" ? Press(dialog, {9416, IDOK}) : Press(dialog, {IDCANCEL, IDOK});
+        Press(dialog, answer == "resolve" ? IDC_BTN_CONFLICT_RESOLVE : IDCANCEL);
     }
 
     void Choose(const std::string& name, DWORD value) {

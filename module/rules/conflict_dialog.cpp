@@ -1,0 +1,123 @@
+// The conflicts dialog, exported as DlgProcConflicts, and the skeleton it shares with the question
+// about installed options. AskConflictResolution runs it over the report it has filled.
+#include "rules/conflict_dialog.h"
+
+#include <cstring>
+
+#include "resources/resource.h"
+#include "resources/string_ids.h"
+#include "rules/conflicts.h"
+#include "ui/exports.h"
+#include "ui/fixed_text.h"
+#include "ui/page_skeleton.h"
+#include "ui/sub_dialog_skeleton.h"
+
+namespace kvui {
+namespace {
+
+constexpr DWORD kInstallableOptionsList = 4003;
+constexpr DWORD kInstalledOptionsList = 4007;
+
+// Without its first "&", the mark of an access key; a second one belongs to the name.
+struct PlainName {
+    char text[kReportTextSize];
+    explicit PlainName(const char* name) {
+        CopyText(text, name);
+        if (char* mark = std::strchr(text, '&')) std::memmove(mark, mark + 1, std::strlen(mark));
+    }
+};
+
+void ShowUnresolvable(const SheetContext& context, HWND dialog) {
+    char text[kReportTextSize] = "";
+    LoadStringA(context.strings, IDS_UNRESOLVABLE, text, sizeof text);
+    SetDlgItemTextA(dialog, IDC_ST_NEW_SELECTION, text);
+    EnableWindow(GetDlgItem(dialog, IDC_BTN_CONFLICT_RESOLVE), FALSE);
+}
+
+void FillConflicts(SheetContext& context, HWND dialog) {
+    const ConflictReport& report = context.shared->report;
+    const PlainName trigger(report.triggerName);
+    const PlainName target(report.targetName);
+    SetDlgItemTextA(dialog, IDC_ST_TRIGGER_NAME, trigger.text);
+    SetDlgItemTextA(dialog, IDC_ST_TRIGGER_SELECTION, report.triggerSelection);
+    SetDlgItemTextA(dialog, IDC_ST_TARGET_NAME, target.text);
+    SetDlgItemTextA(dialog, IDC_ST_TARGET_SELECTION, report.targetCurrent);
+    SetDlgItemTextA(dialog, IDC_ST_NEW_NAME, target.text);
+    SetDlgItemTextA(dialog, IDC_ST_NEW_SELECTION, report.targetNew);
+    if (report.targetNew[0] == '\0') ShowUnresolvable(context, dialog);
+}
+
+constexpr ConflictDialogTraits kConflicts = {"_CONFLICTS", IDS_TITLE_CONFLICTS,
+                                             IDC_BTN_CONFLICT_RESOLVE, FillConflicts};
+
+void SetTitle(const SheetContext& context, HWND dialog, UINT titleId) {
+    char title[64];
+    if (LoadStringA(context.strings, titleId, title, sizeof title) != 0) {
+        SetWindowTextA(dialog, title);
+    }
+}
+
+// The installed-options lists hold several entries of one word; what the user chose is the entry.
+LONG ShownTriggerValue(HWND page, DWORD triggerId, LONG value) {
+    if (triggerId != kInstallableOptionsList && triggerId != kInstalledOptionsList) return value;
+    const int list = static_cast<int>(triggerId);
+    const LRESULT selection = SendDlgItemMessageA(page, list, LB_GETCURSEL, 0, 0);
+    if (GetDlgItem(page, list) == nullptr || selection < 0) return value;
+    return static_cast<LONG>(
+        SendDlgItemMessageA(page, list, LB_GETITEMDATA, static_cast<WPARAM>(selection), 0));
+}
+
+}  // namespace
+
+INT_PTR RunConflictDialog(const ConflictDialogTraits& traits, HWND dialog, UINT message,
+                          WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_INITDIALOG: {
+            SheetContext* context = KeepSheetContext(dialog, message, lParam);
+            if (context == nullptr || context->shared == nullptr) return TRUE;
+            SetTitle(*context, dialog, traits.titleId);
+            SetChildCaptions(*context, dialog);
+            traits.fill(*context, dialog);
+            return TRUE;
+        }
+        case WM_HELP:
+            return TRUE;
+        case WM_COMMAND: {
+            const int id = LOWORD(wParam);
+            if (id != traits.resolveButton && id != IDCANCEL) return FALSE;
+            EndDialog(dialog, id == IDCANCEL ? kConflictCancelled : kConflictResolved);
+            return TRUE;
+        }
+        default:
+            return FALSE;
+    }
+}
+
+int AskInConflictDialog(const ConflictDialogTraits& traits, HWND owner, SheetContext& context,
+                        DLGPROC procedure) {
+    const INT_PTR result = DialogBoxParamA(context.resources, traits.templateName, owner, procedure,
+                                           reinterpret_cast<LPARAM>(&context));
+    return static_cast<int>(result == kConflictResolved ? kConflictResolved : kConflictCancelled);
+}
+
+int AskConflictResolution(HWND page, SheetContext& context, LONG /*targetNegate*/,
+                          LONG /*targetAll*/, DWORD triggerId, LONG triggerValue, DWORD targetId,
+                          LONG targetValue, LONG forcedValue) {
+    if (context.shared == nullptr) return static_cast<int>(kConflictCancelled);
+    ConflictReport& report = context.shared->report;
+    report = {};
+    const LONG shownValue = ShownTriggerValue(page, triggerId, triggerValue);
+    DescribeItemValue(context, triggerId, shownValue, shownValue, report.triggerName,
+                      report.triggerSelection);
+    DescribeItemValue(context, targetId, targetValue, forcedValue, report.targetName,
+                      report.targetCurrent);
+    char unusedName[kReportTextSize];
+    DescribeItemValue(context, targetId, forcedValue, forcedValue, unusedName, report.targetNew);
+    return AskInConflictDialog(kConflicts, page, context, DlgProcConflicts);
+}
+
+}  // namespace kvui
+
+INT_PTR CALLBACK DlgProcConflicts(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    return kvui::RunConflictDialog(kvui::kConflicts, dialog, message, wParam, lParam);
+}
