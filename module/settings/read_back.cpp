@@ -15,6 +15,9 @@
 namespace kvui {
 namespace {
 
+// Names this place in the message for support; it stays the same when lines move.
+constexpr int kLineOfReadControl = 1180;
+
 struct Reading {
     bool valid;
     DWORD value;
@@ -73,6 +76,7 @@ Reading ReadControl(SheetContext& context, HWND page, const ControlItem& item, D
         case kItemSlider:
             return ReadSlider(window, item);
         default:
+            ShowDriverHalt(kLineOfReadControl);
             return {false, 0};
     }
 }
@@ -167,7 +171,7 @@ bool ReadBack(SheetContext& context, HWND page, const ControlItem& item, DWORD c
         case kItemSlider:
             break;
         default:
-            ShowMessage(page, "Code : 0x7F7F ", "Error", MB_ICONHAND);
+            ShowUnknownType(page);
             return false;
     }
     const Reading reading = ReadControl(context, page, item, controlId);

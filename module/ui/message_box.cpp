@@ -2,6 +2,7 @@
 // reading everywhere.
 #include "ui/message_box.h"
 
+#include <cstdio>
 #include <cstring>
 
 namespace kvui {
@@ -30,5 +31,14 @@ int ShowMessageString(HWND owner, HINSTANCE strings, UINT textId, UINT captionId
     if (LoadStringA(strings, captionId, caption, sizeof caption) == 0) caption[0] = '\0';
     return ShowMessage(owner, text, caption, style);
 }
+
+// Both texts are for support, so they are not translated.
+void ShowDriverHalt(int line) {
+    char text[64];
+    std::snprintf(text, sizeof text, "Driver halt at line %d of Su_cmn.", line);
+    ShowMessage(nullptr, text, "UI Halt Message", MB_ICONHAND);
+}
+
+void ShowUnknownType(HWND owner) { ShowMessage(owner, "Code : 0x7F7F ", "Error", MB_ICONHAND); }
 
 }  // namespace kvui
