@@ -6,7 +6,6 @@
 #include <platform/window/input.h>
 #include <platform/window/window.h>
 #include <prsht.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cctype>
@@ -38,8 +37,6 @@ struct OpenerRow {
 constexpr OpenerRow kOpeners[] = {
     {"_LBPFIRSTPAGE", "Chk1stPageSource"},
 };
-
-constexpr int kConflictResolve = 9416;
 
 std::optional<long> NumberOf(const std::string& text) {
     const bool hex = text.size() > 2 && text[0] == '0' && (text[1] == 'x' || text[1] == 'X');
@@ -145,7 +142,7 @@ std::string WindowText(HWND window) {
 }
 
 ControlDriver::ControlDriver(Session& session, ConflictPolicy policy)
-    : session_(session), policy_(policy) {
+    : session_(session), conflicts_(policy) {
     kv::Headless().SetPolicy([this](HWND dialog) { AnswerDialog(dialog); });
 }
 
@@ -160,22 +157,25 @@ HWND ControlDriver::WindowOf(const Control& control) {
     return page != nullptr ? GetDlgItem(page, static_cast<int>(control.id)) : nullptr;
 }
 
-std::vector<ChoiceText> ControlDriver::ChoicesOf(const Control& control, HWND window) {
-    std::vector<ChoiceText> choices;
-    const std::string_view kind = control.kind;
-    if (kind == "combo" || kind == "list") {
-        const bool list = IsListBox(window);
-        const LRESULT count = SendMessageA(window, list ? LB_GETCOUNT : CB_GETCOUNT, 0, 0);
-        for (LRESULT i = 0; i < count; ++i) {
-            const int index = static_cast<int>(i);
-            choices.push_back(
-                {static_cast<DWORD>(
-                     SendMessageA(window, list ? LB_GETITEMDATA : CB_GETITEMDATA, index, 0)),
-                 list ? ListText(window, LB_GETTEXTLEN, LB_GETTEXT, index)
-                      : ListText(window, CB_GETLBTEXTLEN, CB_GETLBTEXT, index)});
-        }
-        return choices;
+std::vector<ChoiceText> ControlDriver::EntriesOf(HWND window) {
+    std::vector<ChoiceText> entries;
+    const bool list = IsListBox(window);
+    const LRESULT count = SendMessageA(window, list ? LB_GETCOUNT : CB_GETCOUNT, 0, 0);
+    for (LRESULT i = 0; i < count; ++i) {
+        const int index = static_cast<int>(i);
+        entries.push_back(
+            {static_cast<DWORD>(
+                 SendMessageA(window, list ? LB_GETITEMDATA : CB_GETITEMDATA, index, 0)),
+             list ? ListText(window, LB_GETTEXTLEN, LB_GETTEXT, index)
+                  : ListText(window, CB_GETLBTEXTLEN, CB_GETLBTEXT, index)});
     }
+    return entries;
+}
+
+std::vector<ChoiceText> ControlDriver::ChoicesOf(const Control& control, HWND window) {
+    const std::string_view kind = control.kind;
+    if (kind == "combo" || kind == "list") return EntriesOf(window);
+    std::vector<ChoiceText> choices;
     for (unsigned i = 0; i < control.choiceCount; ++i) {
         const Choice& choice = control.choices[i];
         const HWND button =
@@ -215,7 +215,7 @@ std::string ControlDriver::ShownText(const Control& control, HWND window) {
 
 SetOutcome ControlDriver::Set(const Control& control, const std::string& value) {
     notes_.clear();
-    conflictCancelled_ = false;
+    conflicts_.Reset();
     SetOutcome outcome;
     if (PageIndexOfDialog(control.dialog) >= 0) {
         const HWND window = WindowOf(control);
@@ -226,10 +226,10 @@ SetOutcome ControlDriver::Set(const Control& control, const std::string& value) 
     } else {
         outcome = SetInSubDialog(control, value);
     }
-    if (outcome.status == kDone && conflictCancelled_) {
+    if (outcome.status == kDone && conflicts_.refusal() != ConflictRefusal::kNone) {
         outcome.status = kRefused;
-        outcome.error = std::string(control.name) + "=" + value + ": refused, it conflicts with "
-                                                                  "another setting";
+        outcome.error = std::string(control.name) + "=" + value + ": refused, " +
+                        RefusalText(conflicts_.refusal());
     }
     outcome.notes.insert(outcome.notes.begin(), notes_.begin(), notes_.end());
     return outcome;
@@ -326,20 +326,10 @@ SetOutcome ControlDriver::SetInSubDialog(const Control& control, const std::stri
 }
 
 void ControlDriver::AnswerDialog(HWND dialog) {
+    if (conflicts_.Answer(dialog, notes_)) return;
     const std::string caption = WindowText(dialog);
     constexpr int kMessageText = 0xFFFF;
     const HWND message = GetDlgItem(dialog, kMessageText);
-    const bool isConflict =
-        GetDlgItem(dialog, kConflictResolve) != nullptr || caption == "Conflicts";
-    if (isConflict) {
-        std::string text = message != nullptr ? WindowText(message) : std::string();
-        for (const int id : {9410, 9411, 9412, 9413, 9415}) {
-            const HWND part = GetDlgItem(dialog, id);
-            if (part != nullptr) text += (text.empty() ? "" : " | ") + WindowText(part);
-        }
-        AnswerConflict(dialog, text);
-        return;
-    }
     if (pending_ != nullptr && message == nullptr) {
         const HWND window = GetDlgItem(dialog, static_cast<int>(pending_->id));
         if (window != nullptr) {
@@ -352,28 +342,6 @@ void ControlDriver::AnswerDialog(HWND dialog) {
     }
     if (message != nullptr) notes_.push_back(caption + ": " + WindowText(message));
     for (const int id : {IDOK, IDYES, IDCLOSE, IDCANCEL}) {
-        if (kv::input::Click(GetDlgItem(dialog, id))) return;
-    }
-    kv::input::Close(dialog);
-}
-
-void ControlDriver::AnswerConflict(HWND dialog, const std::string& text) {
-    HWND resolve = GetDlgItem(dialog, kConflictResolve);
-    if (resolve == nullptr && GetDlgItem(dialog, IDCANCEL) != nullptr) {
-        resolve = GetDlgItem(dialog, IDOK);
-    }
-    bool accept = policy_ == ConflictPolicy::kResolve;
-    if (policy_ == ConflictPolicy::kAsk && isatty(STDIN_FILENO)) {
-        std::fprintf(stderr, "%s\nResolve or Cancel? [r/C] ", text.c_str());
-        const int answer = std::getchar();
-        for (int c = answer; c != '\n' && c != EOF;) c = std::getchar();
-        accept = answer == 'r' || answer == 'R';
-    }
-    accept = accept && resolve != nullptr && IsWindowEnabled(resolve);
-    notes_.push_back(std::string(accept ? "conflict resolved: " : "conflict: ") + text);
-    if (accept && kv::input::Click(resolve)) return;
-    conflictCancelled_ = true;
-    for (const int id : {IDCANCEL, IDOK}) {
         if (kv::input::Click(GetDlgItem(dialog, id))) return;
     }
     kv::input::Close(dialog);

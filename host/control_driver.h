@@ -2,6 +2,7 @@
 // policy.
 #pragma once
 
+#include <host/conflict_answers.h>
 #include <host/control_index.h>
 #include <host/session.h>
 
@@ -9,8 +10,6 @@
 #include <vector>
 
 namespace kvhost {
-
-enum class ConflictPolicy { kAsk, kResolve, kCancel };
 
 struct SetOutcome {
     ExitStatus status = kDone;
@@ -37,19 +36,19 @@ class ControlDriver {
     HWND WindowOf(const Control& control);
     // What a control offers and shows now.
     static std::vector<ChoiceText> ChoicesOf(const Control& control, HWND window);
+    // The entries of a combo box or list box.
+    static std::vector<ChoiceText> EntriesOf(HWND window);
     static std::string ShownText(const Control& control, HWND window);
     std::vector<std::string>& notes() { return notes_; }
 
    private:
     void AnswerDialog(HWND dialog);
-    void AnswerConflict(HWND dialog, const std::string& text);
     SetOutcome SetOnPage(const Control& control, const std::string& value, HWND window);
     SetOutcome SetInSubDialog(const Control& control, const std::string& value);
 
     Session& session_;
-    ConflictPolicy policy_;
+    ConflictAnswers conflicts_;
     std::vector<std::string> notes_;
-    bool conflictCancelled_ = false;
     // While a sub-dialog is being driven: what to set in it.
     const Control* pending_ = nullptr;
     std::string pendingValue_;

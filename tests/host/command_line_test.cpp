@@ -1,5 +1,6 @@
 // kvprefs as an administrator's script runs it: a process, its output, its exit status and its files.
 #include <gtest/gtest.h>
+#include <pty.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -40,6 +41,28 @@ class CommandLine : public testing::Test {
             ran.output.append(part.data(), size);
         }
         const int status = pclose(pipe);
+        ran.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128;
+        return ran;
+    }
+    // On a terminal of its own, on which `typed` is typed.
+    Ran RunOnTerminal(const std::string& arguments, const std::string& typed) {
+        const std::string command = "exec env -u DISPLAY -u WAYLAND_DISPLAY " KV_BIN_DIR
+                                    "/kvprefs --state " + state_.string() + " " + arguments;
+        Ran ran{};
+        int terminal = -1;
+        const pid_t child = forkpty(&terminal, nullptr, nullptr, nullptr);
+        if (child == 0) {
+            execl("/bin/sh", "sh", "-c", command.c_str(), nullptr);
+            _exit(127);
+        }
+        EXPECT_EQ(write(terminal, typed.data(), typed.size()), static_cast<ssize_t>(typed.size()));
+        std::array<char, 4096> part{};
+        for (ssize_t size; (size = read(terminal, part.data(), part.size())) > 0;) {
+            ran.output.append(part.data(), static_cast<size_t>(size));
+        }
+        close(terminal);
+        int status = 0;
+        waitpid(child, &status, 0);
         ran.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128;
         return ran;
     }
@@ -110,6 +133,50 @@ TEST_F(CommandLine, AForbiddenChoiceNamesBothItemsAndCancelKeepsTheRecord) {
     EXPECT_EQ(Bytes(RecordFile()), before);
     EXPECT_EQ(Run("set ComboMediaType=Transparency --on-conflict=resolve").status, 0);
     EXPECT_EQ(Run("get MediaType dmOrientation").output, "MediaType=2\ndmOrientation=2\n");
+}
+
+TEST_F(CommandLine, AnUnresolvableConflictIsRefusedUnderEveryPolicy) {
+    ASSERT_EQ(Run("set EditCopies=3").status, 0);
+    std::ofstream(RulesFile()) << "[ConflictConditions]\n"
+                                  "ComboMediaType0=(2),0,0,(ComboStaple,0,0,(0),99)\n";
+    const std::string before = Bytes(RecordFile());
+    for (const char* policy : {"resolve", "cancel", "ask"}) {
+        const Ran ran = Run(std::string("set EditCopies=5 ComboMediaType=2 --on-conflict=") + policy);
+        EXPECT_EQ(ran.status, 1) << policy;
+        EXPECT_NE(ran.output.find("Unresolvable situation!"), std::string::npos) << ran.output;
+        EXPECT_NE(ran.output.find("nothing was stored"), std::string::npos) << ran.output;
+        EXPECT_EQ(Bytes(RecordFile()), before) << policy;
+    }
+}
+
+TEST_F(CommandLine, AConflictIsAskedOnATerminalOnly) {
+    ASSERT_EQ(Run("set EditCopies=3").status, 0);
+    std::ofstream(RulesFile()) << "[ConflictConditions]\n"
+                                  "ComboMediaType0=(2),0,0,(RadioOrientation,0,0,(1),2)\n";
+    const std::string before = Bytes(RecordFile());
+    const Ran unattended = Run("set ComboMediaType=2");
+    EXPECT_EQ(unattended.status, 1);
+    EXPECT_NE(unattended.output.find("no terminal to ask on"), std::string::npos)
+        << unattended.output;
+    const struct {
+        const char* typed;
+        int status;
+        bool stored;
+    } kCases[] = {
+        {"c\n", 1, false},       // Cancel
+        {"\n", 1, false},        // the default
+        {"\x04", 1, false},      // end of input
+        {"what?\nR\n", 0, true},  // asked again after nonsense
+    };
+    for (const auto& c : kCases) {
+        const Ran ran = RunOnTerminal("set ComboMediaType=2", c.typed);
+        EXPECT_EQ(ran.status, c.status) << c.typed << ran.output;
+        for (const char* text : {"Media Type: Transparency", "Orientation: Portrait",
+                                 "Orientation: Landscape", "Resolve or Cancel?"}) {
+            EXPECT_NE(ran.output.find(text), std::string::npos) << ran.output;
+        }
+        EXPECT_EQ(Bytes(RecordFile()) != before, c.stored) << c.typed;
+    }
 }
 
 TEST_F(CommandLine, UnknownNamesAreRefusedWithStatus2) {

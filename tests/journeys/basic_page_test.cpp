@@ -199,25 +199,6 @@ TEST_F(BasicPage, AUserWithoutAdministerAccessSeesNoCustomPaperButton) {
     EXPECT_FALSE(IsWindowVisible(Item(kCustom)));
 }
 
-TEST_F(BasicPage, ARefusedConflictLeavesTheRecordAsItWas) {
-    UseRules("[ConflictConditions]\r\n"
-             "ComboMediaType0=(2),0,0,(RadioOrientation,0,0,(1),2)\r\n");
-    OpenSheet();
-    const auto before = record_;
-    kv::Headless().PushAnswer([](HWND dialog) {
-        EXPECT_EQ(Text(dialog), "Conflicts");
-        kv::input::Key(VK_ESCAPE);
-    });
-    ChooseValue(kMedia, 2);
-    EXPECT_EQ(record_, before);
-    EXPECT_EQ(SendMessageA(Item(kMedia), CB_GETCURSEL, 0, 0), IndexOf(Item(kMedia), 1));
-    kv::Headless().PushAnswer([](HWND dialog) { kv::input::Click(GetDlgItem(dialog, IDOK)); });
-    ChooseValue(kMedia, 2);
-    EXPECT_EQ(Private(kMediaType), 2u);
-    EXPECT_EQ(Public().dmOrientation, 2);
-    EXPECT_EQ(SendMessageA(Item(kLandscape), BM_GETCHECK, 0, 0), static_cast<LRESULT>(BST_CHECKED));
-}
-
 TEST_F(BasicPage, ResetRestoresWhatChangedSinceTheLastSnapshot) {
     OpenSheet();
     const HWND page = PageWindow(kLayout);
