@@ -99,31 +99,35 @@ void FullPage(cairo_t* to, const Box& body, Orientation orientation) {
     BarChart(to, {right, chartTop, half, block});
 }
 
-// An illustration beside text in a landscape page, above it in a portrait one.
-void SmallPage(cairo_t* to, const Box& body, Orientation orientation, int number, double pitch) {
+// An illustration beside text in a landscape page, above it in a portrait one. What is too small
+// for both holds text.
+void SmallPage(cairo_t* to, const Box& body, Orientation orientation, int number) {
+    constexpr double kLeastPicture = 5;
+    const double pitch = body.height >= 12 ? 3 : 2;
     if (orientation == Orientation::kLandscape) {
         const double width = std::floor(body.width * 0.46);
+        if (body.height < kLeastPicture) return Text(to, body, pitch);
         Illustration(to, {body.x, body.y, width, body.height}, number);
         Text(to, {body.x + width + 2, body.y, body.width - width - 2, body.height}, pitch);
         return;
     }
-    const double height = std::floor(body.height * 0.5);
+    const double height = std::floor(body.height * 0.55);
+    if (height < kLeastPicture) return Text(to, body, pitch);
     Illustration(to, {body.x, body.y, body.width, height}, number);
     Text(to, {body.x, body.y + height + 2, body.width, body.height - height - 2}, pitch);
 }
 
 }  // namespace
 
-void DrawPageContent(cairo_t* to, const Box& page, Orientation orientation, int number) {
-    constexpr double kNumberRow = 14;
+void DrawPageContent(cairo_t* to, const Box& page, Orientation orientation, int number,
+                     double foot) {
     const bool full = page.width >= 60 && page.height >= 60;
-    const double foot = page.height >= 38 ? kNumberRow - (full ? 0 : 2) : 0;
     const double head = Headline(to, page, page.width >= 40);
     const Box body = {page.x, page.y + head, page.width, page.height - head - foot};
     if (full) {
         FullPage(to, body, orientation);
     } else {
-        SmallPage(to, body, orientation, number, page.height >= 24 ? 3 : 2);
+        SmallPage(to, body, orientation, number);
     }
 }
 

@@ -8,10 +8,11 @@ namespace draw {
 enum class Orientation { kPortrait, kLandscape };
 
 // A headline, text and an illustration; pages of different number differ in the illustration. The
-// lowest part stays free for the page's number.
-void DrawPageContent(cairo_t* to, const Box& page, Orientation orientation, int number);
+// lowest `foot` pixels stay free for the page's number.
+void DrawPageContent(cairo_t* to, const Box& page, Orientation orientation, int number,
+                     double foot);
 
-// A landscape as on a photograph; used on pages and in the sample of the quality view.
+// A landscape as on a photograph.
 void DrawPhoto(cairo_t* to, const Box& box);
 
 }  // namespace draw

@@ -153,7 +153,7 @@ double StrokeShare(Weight weight) {
         case Weight::kBold:
             return 0.23;
         case Weight::kRim:
-            return 0.52;
+            return 0.43;
         default:
             return 0.18;
     }

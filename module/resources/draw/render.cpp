@@ -83,7 +83,8 @@ cairo_surface_t* RenderBitmap(const BitmapPicture& bitmap) {
 }
 
 MaskedSurfaces RenderMasked(const MaskedPicture& masked) {
-    constexpr std::uint32_t kLeastCoverage = 6;
+    // On paper what a mask covers has a white rim, whose halves need not be kept.
+    const std::uint32_t leastCoverage = masked.ground == kOnPaper ? 128 : 6;
     constexpr std::uint32_t kBlack = 0xFF000000u;
     constexpr std::uint32_t kWhite = 0xFFFFFFFFu;
     const MaskedSurfaces result = {NewSurface(masked.width, masked.height),
@@ -95,7 +96,7 @@ MaskedSurfaces RenderMasked(const MaskedPicture& masked) {
         std::uint32_t* picture = RowOf(result.picture, y);
         std::uint32_t* mask = RowOf(result.mask, y);
         for (int x = 0; x < masked.width; ++x) {
-            const bool covers = picture[x] >> 24 >= kLeastCoverage;
+            const bool covers = picture[x] >> 24 >= leastCoverage;
             mask[x] = covers ? kBlack : kWhite;
             picture[x] = covers ? Over(picture[x], ground) : kBlack;
         }

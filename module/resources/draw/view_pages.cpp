@@ -18,7 +18,7 @@ struct PrintedPage {
     Orientation document;
 };
 
-// An odd number of cells in a row or column turns the sheet of 2 and 6 pages.
+// Layouts of 2 and 6 pages turn the sheet, so that its shape is not the document's.
 constexpr Orientation kPortrait = Orientation::kPortrait;
 constexpr Orientation kLandscape = Orientation::kLandscape;
 constexpr PrintedPage kPages[] = {
@@ -36,33 +36,45 @@ constexpr PrintedPage kPages[] = {
     {IDB_PAGE_PORTRAIT_16, 65, 93, 4, 4, kPortrait},
 };
 
-// The largest page of the document's shape in the middle of a cell, on whole pixels.
+// A cell's content: a page of the document's shape as large as fits, in the middle across. Where
+// much of the cell's height is left over the page stands at the top, above its number.
 Box PageIn(const Box& cell, Orientation document) {
     constexpr double kLongByShort = 1.414;
+    constexpr double kMuch = 8;
     const double gap = cell.width < 24 || cell.height < 24 ? 1.5 : 2.5;
     const Box most = cell.Inset(gap);
     const double ratio = document == kPortrait ? 1 / kLongByShort : kLongByShort;
-    const double width = std::floor(std::fmin(most.width, most.height * ratio) + 0.5);
-    const double height = std::floor(std::fmin(most.height, most.width / ratio) + 0.5);
-    return {std::floor(cell.x + (cell.width - width) / 2 + 0.5),
-            std::floor(cell.y + (cell.height - height) / 2 + 0.5), width, height};
+    const double width = std::round(std::fmin(most.width, most.height * ratio));
+    const double height = std::round(std::fmin(most.height, most.width / ratio));
+    const double spare = cell.height - height;
+    const double top = spare > kMuch ? gap : spare / 2;
+    return {std::round(cell.x + (cell.width - width) / 2), std::round(cell.y + top), width, height};
+}
+
+// Only corner cells get a number. Cells of few pages all look alike; with more, those without a
+// number use all of their height.
+double FootOf(const PrintedPage& page, int column, int row, const Box& cell, const Box& content) {
+    constexpr double kNumberHeight = 14;  // an upper row's stand a little higher
+    constexpr int kFewPages = 6;
+    const bool corner =
+        (column == 0 || column == page.columns - 1) && (row == 0 || row == page.rows - 1);
+    if (!corner && page.columns * page.rows > kFewPages) return 0;
+    return std::fmax(0, content.bottom() - (cell.bottom() - kNumberHeight));
 }
 
 void DrawPrintedPage(cairo_t* to, const Box& area, int index) {
     const PrintedPage& page = kPages[index];
-    if (page.columns * page.rows == 1) {
-        DrawPageContent(to, area, page.document, 0);
-        return;
-    }
+    const bool whole = page.columns * page.rows == 1;
+    // Cells differ by a pixel where the division leaves a rest; their contents must not.
+    const double width = std::floor(area.width / page.columns);
+    const double height = std::floor(area.height / page.rows);
     for (int row = 0; row < page.rows; ++row) {
         for (int column = 0; column < page.columns; ++column) {
-            const double left = std::floor(area.width * column / page.columns);
-            const double top = std::floor(area.height * row / page.rows);
-            const Box cell = {left, top,
-                              std::floor(area.width * (column + 1) / page.columns) - left,
-                              std::floor(area.height * (row + 1) / page.rows) - top};
-            DrawPageContent(to, PageIn(cell, page.document), page.document,
-                            row * page.columns + column);
+            const Box cell = {std::floor(area.width * column / page.columns),
+                              std::floor(area.height * row / page.rows), width, height};
+            const Box content = whole ? cell : PageIn(cell, page.document);
+            DrawPageContent(to, content, page.document, row * page.columns + column,
+                            FootOf(page, column, row, cell, content));
         }
     }
 }

@@ -46,11 +46,11 @@ void DropShadow(cairo_t* to, const Leaf& leaf) {
     constexpr int kSteps = 6;
     cairo_set_line_join(to, CAIRO_LINE_JOIN_ROUND);
     cairo_save(to);
-    cairo_translate(to, 1.2, 1.6);
+    cairo_translate(to, 1, 1.2);
     for (int step = 0; step < kSteps; ++step) {
         LeafPath(to, leaf);
-        cairo_set_source_rgba(to, 0, 0, 0, 0.085);
-        cairo_set_line_width(to, 2 * 2.4 * step / (kSteps - 1));
+        cairo_set_source_rgba(to, 0.03, 0.06, 0.10, 0.075);
+        cairo_set_line_width(to, 2 * 2.8 * step / (kSteps - 1));
         cairo_stroke_preserve(to);
         cairo_fill(to);
     }
