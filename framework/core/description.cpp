@@ -84,6 +84,13 @@ const std::string* Description::FindPrinterValue(std::string_view name) const {
     return nullptr;
 }
 
+const DescribedSection* Description::FindOtherSection(std::string_view name) const {
+    for (const DescribedSection& section : otherSections) {
+        if (kv::EqualsIgnoringCase(section.name, name)) return &section;
+    }
+    return nullptr;
+}
+
 std::shared_ptr<const Description> LoadDescription(const std::string& path) {
     static std::mutex lock;
     static std::map<std::string, Cached> cache;

@@ -57,6 +57,12 @@ struct DescribedResolution {
     LONG y = 0;
 };
 
+// A section that no reader of this file knows: its lines as they are. The profile services search them.
+struct DescribedSection {
+    std::string name;
+    std::vector<std::pair<std::string, std::string>> rows;
+};
+
 struct Description {
     std::string model;
     std::vector<DescribedPaper> papers;
@@ -66,10 +72,12 @@ struct Description {
     std::vector<DescribedResolution> resolutions;
     std::vector<std::pair<std::string, DWORD>> defaults;  // record field name, value
     std::vector<std::pair<std::string, std::string>> printerValues;
+    std::vector<DescribedSection> otherSections;
     std::vector<std::string> problems;  // "file:line: what was expected", in file order
 
     const DescribedPaper* FindPaper(LONG code) const;
     const std::string* FindPrinterValue(std::string_view name) const;
+    const DescribedSection* FindOtherSection(std::string_view name) const;
 };
 
 // Never null: a file that is missing or damaged gives a description without the parts that could

@@ -85,6 +85,7 @@ class Parser {
     void Resolution(std::string_view key, std::string_view value);
     void Default(std::string_view key, std::string_view value);
     void PrinterValue(std::string_view key, std::string_view value);
+    void OtherRow(std::string_view key, std::string_view value);
 
     void OpenSection(std::string_view name);
     DescribedBin Bin(std::string_view value);
@@ -109,13 +110,15 @@ void Parser::Problem(std::string_view expected) {
                                std::string(expected));
 }
 
-// A section that is not listed belongs to somebody else (the model's own section is read by the
-// installer); its lines are left alone.
+// A section that is not listed belongs to somebody else; its lines are kept as they are.
 void Parser::OpenSection(std::string_view name) {
-    handler_ = nullptr;
     for (const Section& section : kSections) {
-        if (kv::EqualsIgnoringCase(section.name, name)) handler_ = section.handler;
+        if (!kv::EqualsIgnoringCase(section.name, name)) continue;
+        handler_ = section.handler;
+        return;
     }
+    result_.otherSections.push_back({std::string(name), {}});
+    handler_ = &Parser::OtherRow;
 }
 
 void Parser::Line(std::string_view line, int number) {
@@ -222,6 +225,10 @@ void Parser::Default(std::string_view key, std::string_view value) {
 void Parser::PrinterValue(std::string_view key, std::string_view value) {
     if (key.empty()) return Problem("the name of a printer value");
     result_.printerValues.emplace_back(key, value);
+}
+
+void Parser::OtherRow(std::string_view key, std::string_view value) {
+    result_.otherSections.back().rows.emplace_back(key, value);
 }
 
 }  // namespace

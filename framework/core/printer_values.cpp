@@ -14,6 +14,19 @@
 namespace kvcore {
 namespace {
 
+// Binary data are 32-bit numbers one after the other; nothing when they are not whole.
+std::optional<std::string> NumberList(const std::string& bytes) {
+    if (bytes.empty() || bytes.size() % sizeof(DWORD) != 0) return std::nullopt;
+    std::string list;
+    for (std::size_t at = 0; at < bytes.size(); at += sizeof(DWORD)) {
+        DWORD number = 0;
+        std::memcpy(&number, bytes.data() + at, sizeof number);
+        if (at > 0) list += ',';
+        list += std::to_string(number);
+    }
+    return list;
+}
+
 // The value as text: numbers of printer data in decimal, texts up to their zero.
 std::optional<std::string> FindValueText(const PrinterBlock& printer, const char* name) {
     if (const auto stored = ReadPrinterData(printer, name)) {
@@ -23,6 +36,7 @@ std::optional<std::string> FindValueText(const PrinterBlock& printer, const char
             return std::to_string(number);
         }
         if (stored->type == REG_SZ) return std::string(stored->bytes.c_str());
+        if (stored->type == REG_BINARY) return NumberList(stored->bytes);
     }
     const std::string* described = DescriptionOf(printer)->FindPrinterValue(name);
     return described ? std::optional(*described) : std::nullopt;
