@@ -69,8 +69,8 @@ ProfileHandle QDMFindProfileSection(PrinterBlock* printer, DWORD section, LPCSTR
     return reinterpret_cast<ProfileHandle>(held->FindOtherSection(name));
 }
 
-int QDMCreateProfileKey(PrinterBlock* printer, DWORD section, LPCSTR fields, LPCVOID record, LPSTR key,
-                        DWORD size) {
+int QDMCreateProfileKey(PrinterBlock* printer, DWORD section, LPCSTR fields, LPCVOID record,
+                        LPSTR key, DWORD size) {
     if (!printer || section != kPrinterValueSection || !fields || !record) return 0;
     std::string text;
     std::string_view list = fields;

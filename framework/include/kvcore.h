@@ -20,7 +20,7 @@ struct PaperArea {
     LONG right;
     LONG bottom;
 };
-// A section of the printer description that holds a table for others, as QDMFindProfileSection gives it.
+// A section of the printer description that holds a table; QDMFindProfileSection gives it.
 struct ProfileSection;
 using ProfileHandle = const ProfileSection*;
 struct ResolutionInfo {
@@ -58,8 +58,9 @@ int QDMGetResolutionList(PrinterBlock* printer, ResolutionInfo* result);
 // Null when there is no such section; the handle stays valid until the next call.
 ProfileHandle QDMFindProfileSection(PrinterBlock* printer, DWORD section, LPCSTR name);
 // The values of the named fields of a settings record, both separated by commas. Non-zero on success.
-int QDMCreateProfileKey(PrinterBlock* printer, DWORD section, LPCSTR fields, LPCVOID record, LPSTR key,
-                        DWORD size);
-// The value of the first row that the key fits; a "*" in a row's key fits any field. Non-zero on success.
+int QDMCreateProfileKey(PrinterBlock* printer, DWORD section, LPCSTR fields, LPCVOID record,
+                        LPSTR key, DWORD size);
+// The value of the first row that the key fits; "*" in a row's key fits any field. Non-zero on
+// success.
 int QDMProfileSearch(ProfileHandle profile, DWORD section, LPCSTR key, LPSTR value, DWORD size);
 }

@@ -59,6 +59,7 @@ enum ControlId : DWORD {
 
     // Quality page.
     kComboResolution = 3003,
+    kComboHalftone = 3005,
     kSldContrast = 3008,
     kSldBrightness = 3011,
     kRadioGrayscale = 3202,

@@ -33,7 +33,7 @@ struct PrivateDevmode {
     LONG Lightness;   // 0x0E8
     LONG Contrast;    // 0x0EC
     LONG Saturation;  // 0x0F0
-    BYTE reserved0F4[4];
+    DWORD DotGainAdjust;    // 0x0F4
     DWORD GCR;              // 0x0F8
     DWORD BlackGeneration;  // 0x0FC
     DWORD Depletion;        // 0x100
@@ -175,6 +175,7 @@ KVUI_AT(ColorMatching, 0xC0);
 KVUI_AT(Lightness, 0xE8);
 KVUI_AT(Contrast, 0xEC);
 KVUI_AT(Saturation, 0xF0);
+KVUI_AT(DotGainAdjust, 0xF4);
 KVUI_AT(GCR, 0xF8);
 KVUI_AT(BlackGeneration, 0xFC);
 KVUI_AT(Depletion, 0x100);

@@ -11,6 +11,8 @@
 #include "device/printer_values.h"
 #include "lists/overlay_store.h"
 #include "settings/control_ids.h"
+#include "settings/halftone.h"
+#include "settings/threshold_tables.h"
 #include "ui/snapshot.h"
 
 namespace kvui {
@@ -194,7 +196,11 @@ void React(SheetContext& context, DWORD id, ReactScope scope) {
                               kRadioScalingAuto, kRadioScalingManual})) {
         DeriveScaling(settings, id);
     }
-    if (whole || id == kComboResolution) DeriveResolution(context);
+    if (whole || id == kComboHalftone) SelectHalftone(context);
+    if (whole || id == kComboResolution) {
+        DeriveResolution(context);
+        PublishThresholdTables(context);
+    }
     if (whole || id == kComboCoverSource) settings.mdmBackPageSource = settings.mdmFirstPageSource;
     if (id == kChkAccessCode && !(settings.mdmSecurity & 0x1)) settings.mdmAccessNumber = 0;
     if (whole || id == kListOverlay) ReadChosenOverlayPath(context);

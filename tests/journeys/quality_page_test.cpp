@@ -1,6 +1,7 @@
-// Journeys over the Quality page: sliders and their value edits, colour, intents, defaults, and the small
-// list dialog behind the export DDMTAB20.
+// Journeys over the Quality page: sliders and their value edits, colour, intents, defaults, and the
+// small list dialog behind the export DDMTAB20.
 #include <commctrl.h>
+#include <winreg.h>
 
 #include "preferences.h"
 
@@ -8,16 +9,31 @@ namespace journey {
 namespace {
 
 enum : int {
-    kContrast = 3008, kContrastEdit = 3009, kBrightness = 3011, kBrightnessEdit = 3012,
-    kSaturation = 3210, kSaturationEdit = 3211, kSharpness = 3215, kSharpnessEdit = 3216,
-    kSaturationSpin = 1070, kResolution = 3003, kGrayscale = 3202, kColor = 3203, kMatchingOff = 3205,
-    kMatchingOn = 3206, kPhoto = 3246, kGraphics = 3247, kText = 3248, kLineArt = 3235,
+    kContrast = 3008,
+    kContrastEdit = 3009,
+    kBrightness = 3011,
+    kBrightnessEdit = 3012,
+    kSaturation = 3210,
+    kSaturationEdit = 3211,
+    kSharpness = 3215,
+    kSharpnessEdit = 3216,
+    kSaturationSpin = 1070,
+    kResolution = 3003,
+    kGrayscale = 3202,
+    kColor = 3203,
+    kMatchingOff = 3205,
+    kMatchingOn = 3206,
+    kPhoto = 3246,
+    kGraphics = 3247,
+    kText = 3248,
+    kLineArt = 3235,
     kDefaults = 12,
 };
 
 // Offsets in the private part.
-constexpr size_t kUnsharpMask = 0xBC, kColorMatching = 0xC0, kLightness = 0xE8, kContrastField = 0xEC,
-                 kSaturationField = 0xF0, kRenderingIntent = 0x15C, kMatchingSetting = 0x1FC;
+constexpr size_t kUnsharpMask = 0xBC, kColorMatching = 0xC0, kLightness = 0xE8,
+                 kContrastField = 0xEC, kSaturationField = 0xF0, kRenderingIntent = 0x15C,
+                 kMatchingSetting = 0x1FC;
 
 struct Slider {
     int slider;
@@ -34,15 +50,17 @@ constexpr Slider kSliders[] = {
 };
 
 class QualityPage : public Preferences {
-   protected:
+ protected:
     HWND On(int id) { return Item(id, kQuality); }
     LONG Stored(const Slider& slider) { return static_cast<LONG>(Private(slider.field)); }
     LRESULT Position(int slider) { return SendMessageA(On(slider), TBM_GETPOS, 0, 0); }
 };
 
 TEST_F(QualityPage, TypedNumbersMoveTheSliderAndAreStoredInRange) {
-    const struct { const char* typed; LONG position; } rows[] = {
-        {"150", 100}, {"30", 30}, {"abc", 0}, {"", 0}, {"7", 7}, {"100", 100}, {"-4", 4}};
+    const struct {
+        const char* typed;
+        LONG position;
+    } rows[] = {{"150", 100}, {"30", 30}, {"abc", 0}, {"", 0}, {"7", 7}, {"100", 100}, {"-4", 4}};
     OpenSheet();
     for (const Slider& slider : kSliders) {
         for (const auto& row : rows) {
@@ -112,6 +130,24 @@ TEST_F(QualityPage, ApplyWaitsForTheThumbToBeReleased) {
     EXPECT_TRUE(IsWindowEnabled(apply));
 }
 
+TEST_F(QualityPage, AResolutionPublishesTheTablesOfItsAspect) {
+    OpenSheet();
+    ChooseValue(kResolution, 1200, kQuality);
+    EXPECT_EQ(Public().dmPrintQuality, 1200);
+    for (const char* name : {"dQDTAC820_D18_A200", "dQDTAC823_D18_A200"}) {
+        HKEY key = nullptr;
+        ASSERT_EQ(RegOpenKeyExA(HKEY_LOCAL_MACHINE, "Software\\VARNELL\\KVRENDER\\ThresholdLUTs", 0,
+                                KEY_READ, &key),
+                  0);
+        BYTE bytes[1024];
+        DWORD type = 0, size = sizeof bytes;
+        EXPECT_EQ(RegQueryValueExA(key, name, nullptr, &type, bytes, &size), 0) << name;
+        EXPECT_EQ(size, 8u + bytes[4] * bytes[6]) << "header, then one byte per pixel";
+        EXPECT_EQ(bytes[4], 2 * bytes[6]) << "twice as many pixels across as down";
+        RegCloseKey(key);
+    }
+}
+
 TEST_F(QualityPage, ColourMatchingReachesTheRenderersField) {
     OpenSheet();
     ASSERT_TRUE(kv::input::Click(On(kMatchingOff)));
@@ -162,7 +198,8 @@ TEST_F(QualityPage, TheListDialogEndsWithOneAndTakesNothingBack) {
     const HWND page = PageWindow(kQuality);
     LPVOID context = nullptr;
     ASSERT_NE(QDMCrackInfo(page, WM_NULL, 0, nullptr, nullptr, nullptr, &context, nullptr, nullptr,
-                           nullptr, nullptr), 0);
+                           nullptr, nullptr),
+              0);
     for (const int button : {IDOK, IDCANCEL}) {
         Public().dmColor = 2;
         kv::Headless().PushAnswer([this, button](HWND dialog) {
@@ -171,8 +208,10 @@ TEST_F(QualityPage, TheListDialogEndsWithOneAndTakesNothingBack) {
             SendMessageA(dialog, WM_COMMAND, MAKEWPARAM(kGrayscale, BN_CLICKED), 0);
             EXPECT_TRUE(kv::input::Click(GetDlgItem(dialog, button)));
         });
-        EXPECT_EQ(DialogBoxParamA(module_->handle(), "_DLGTAB20", page, module_->Procedure("DDMTAB20"),
-                                  reinterpret_cast<LPARAM>(context)), 1);
+        EXPECT_EQ(
+            DialogBoxParamA(module_->handle(), "_DLGTAB20", page, module_->Procedure("DDMTAB20"),
+                            reinterpret_cast<LPARAM>(context)),
+            1);
         EXPECT_EQ(Public().dmColor, 1) << button;
     }
 }

@@ -25,8 +25,11 @@ class Profiles : public PrinterTest {
 
 TEST_F(Profiles, TheFirstRowThatFitsCounts) {
     Describe("[Gain]\n12, 2 = 14\n12,*=18\n*,*=20\n[Gain]\n12,2=99\n[Empty]\n");
-    const struct { const char* key; const char* value; } rows[] = {
-        {"12,2", "14"}, {"12,3", "18"}, {"7,3", "20"}, {"12", "none"}, {"12,2,1", "none"}, {"", "none"}};
+    const struct {
+        const char* key;
+        const char* value;
+    } rows[] = {{"12,2", "14"}, {"12,3", "18"},     {"7,3", "20"},
+                {"12", "none"}, {"12,2,1", "none"}, {"", "none"}};
     for (const auto& row : rows) EXPECT_EQ(Search(row.key), row.value) << row.key;
     EXPECT_EQ(Search("12,2", 2), "none") << "a value is never cut";
     EXPECT_EQ(QDMFindProfileSection(&printer, 2, "Nowhere"), nullptr);
@@ -40,10 +43,11 @@ TEST_F(Profiles, KeysAreMadeOfTheRecordsFields) {
     auto& head = *reinterpret_cast<DEVMODEA*>(record.data());
     head.dmPrintQuality = -4;
     char key[32] = "unset";
-    EXPECT_TRUE(QDMCreateProfileKey(&printer, 2, "Dither, dmprintquality,MediaType", record.data(), key,
-                                    sizeof key));
+    EXPECT_TRUE(QDMCreateProfileKey(&printer, 2, "Dither, dmprintquality,MediaType", record.data(),
+                                    key, sizeof key));
     EXPECT_STREQ(key, "12,-4,1");
-    EXPECT_FALSE(QDMCreateProfileKey(&printer, 2, "Dither,Nothing", record.data(), key, sizeof key));
+    EXPECT_FALSE(
+        QDMCreateProfileKey(&printer, 2, "Dither,Nothing", record.data(), key, sizeof key));
     EXPECT_FALSE(QDMCreateProfileKey(&printer, 2, "Dither", record.data(), key, 2));
     head.dmSize = 0xFFFF;
     EXPECT_TRUE(QDMCreateProfileKey(&printer, 2, "Dither", record.data(), key, sizeof key));
@@ -52,7 +56,8 @@ TEST_F(Profiles, KeysAreMadeOfTheRecordsFields) {
 
 TEST_F(Profiles, BinaryPrinterDataAreNumbers) {
     const DWORD stored[] = {15, 8, 4};
-    ASSERT_EQ(Put("DitherList7", REG_BINARY, std::string(reinterpret_cast<const char*>(stored), 12)), 0u);
+    ASSERT_EQ(
+        Put("DitherList7", REG_BINARY, std::string(reinterpret_cast<const char*>(stored), 12)), 0u);
     DWORD numbers[3] = {};
     EXPECT_TRUE(QDMGetPrinterKeyValue(&printer, 2, "DitherList7", 0, numbers, sizeof numbers));
     EXPECT_THAT(numbers, testing::ElementsAre(15u, 8u, 4u));
