@@ -1,12 +1,144 @@
-// Keeps track of the page that holds the shared view, moves the panel's windows there and repaints
-// them; a sheet without a panel only remembers the page.
+// The preview panel: its dialog, the views of each page kind, the switch between them, and its way
+// from page to page.
 #include "preview/shared_view.h"
 
 #include <initializer_list>
 
-namespace kvui {
+#include "preview/colour_sample.h"
+#include "preview/paper_view.h"
+#include "preview/view_hook.h"
+#include "resources/resource.h"
+#include "resources/string_ids.h"
+#include "ui/message_box.h"
 
-void ShowViewKind(SheetContext& context, ViewKind kind) { context.shared->pageKind = kind; }
+namespace kvui {
+namespace {
+
+// Sent to the panel's window: repaint.
+constexpr UINT kMessageRedraw = WM_USER + 300;
+
+enum ViewType : int { kPrinterFigure = 1, kPaperView, kWatermarkView, kQualityView };
+
+// Nothing but the ground, for views whose content is drawn by nobody yet.
+void PaintGroundOnly(SheetContext& context, HDC dc, SIZE size) { PaintGround(context, dc, size); }
+
+// View type, what draws it.
+constexpr struct {
+    ViewType type;
+    ViewPainter painter;
+} kPainters[] = {
+    {kPrinterFigure, PaintGroundOnly},
+    {kPaperView,     PaintPaperView},
+    {kWatermarkView, PaintGroundOnly},
+    {kQualityView,   PaintColourSample},
+};
+
+// What the strip of state icons shows.
+constexpr ViewPainter kStripPainter = PaintLowerGround;
+
+// Page kind, types of its two views, the switch button's label while each of them shows.
+struct PageViews {
+    ViewKind kind;
+    ViewType types[2];
+    UINT labels[2];
+};
+constexpr PageViews kPageViews[] = {
+    {kViewPage,      {kPaperView,     kPrinterFigure}, {IDS_VIEW_PRINTER, IDS_VIEW_PAPER}},
+    {kViewWatermark, {kWatermarkView, kPrinterFigure}, {IDS_VIEW_PRINTER, IDS_VIEW_WATERMARK}},
+    {kViewQuality,   {kQualityView,   kPrinterFigure}, {IDS_VIEW_PRINTER, IDS_VIEW_QUALITY}},
+    {kViewDevice,    {kPaperView,     kPrinterFigure}, {IDS_VIEW_PRINTER, IDS_VIEW_PAPER}},
+};
+
+const PageViews* ViewsOf(int kind) {
+    for (const PageViews& row : kPageViews) {
+        if (row.kind == kind) return &row;
+    }
+    return nullptr;
+}
+
+ViewPainter PainterOf(ViewType type) {
+    for (const auto& row : kPainters) {
+        if (row.type == type) return row.painter;
+    }
+    return PaintGroundOnly;
+}
+
+// Shows one of the two views of the active page's kind.
+void ShowView(SheetContext& context) {
+    const SharedSheet& shared = *context.shared;
+    const PageViews* views = ViewsOf(shared.pageKind);
+    if (shared.viewPanel == nullptr || views == nullptr) return;
+    const int index = shared.viewIndex;
+    char label[64] = "";
+    LoadStringA(context.strings, views->labels[index], label, sizeof label);
+    SetDlgItemTextA(shared.viewPanel, IDC_BTN_CHANGE_VIEW, label);
+    HookView(GetDlgItem(shared.viewPanel, IDC_PIC_MAIN_VIEW), context,
+             PainterOf(views->types[index]));
+    HookView(GetDlgItem(shared.viewPanel, IDC_PIC_SUB_VIEW), context, kStripPainter);
+}
+
+void RepaintViews(HWND panel) {
+    for (const int id : {IDC_PIC_MAIN_VIEW, IDC_PIC_SUB_VIEW}) {
+        InvalidateRect(GetDlgItem(panel, id), nullptr, FALSE);
+    }
+}
+
+SheetContext* ContextOf(HWND panel) {
+    return reinterpret_cast<SheetContext*>(GetWindowLongPtrA(panel, DWLP_USER));
+}
+
+// The large view gets the size of its ground, the strip the same width.
+void FitViews(HWND panel) {
+    RECT strip{};
+    GetClientRect(GetDlgItem(panel, IDC_PIC_SUB_VIEW), &strip);
+    ResizeView(GetDlgItem(panel, IDC_PIC_SUB_VIEW), kGroundWidth, strip.bottom);
+    ResizeView(GetDlgItem(panel, IDC_PIC_MAIN_VIEW), kGroundWidth, kGroundHeight);
+}
+
+void SwitchView(SheetContext& context) {
+    context.shared->viewIndex = 1 - context.shared->viewIndex;
+    ShowView(context);
+}
+
+INT_PTR CALLBACK PanelProc(HWND panel, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_INITDIALOG:
+            SetWindowLongPtrA(panel, DWLP_USER, lParam);
+            FitViews(panel);
+            return FALSE;  // the focus stays where it is
+        case WM_COMMAND:
+            if (LOWORD(wParam) != IDC_BTN_CHANGE_VIEW || HIWORD(wParam) != BN_CLICKED) return FALSE;
+            SwitchView(*ContextOf(panel));
+            return TRUE;
+        case kMessageRedraw:
+            RepaintViews(panel);
+            return TRUE;
+        default:
+            return FALSE;
+    }
+}
+
+}  // namespace
+
+void CreateSharedView(SheetContext& context) {
+    SharedSheet& shared = *context.shared;
+    if (shared.viewPanel != nullptr) return;
+    shared.viewPanel = CreateDialogParamA(context.resources, "DLGCOMMONVIEW", context.page, PanelProc,
+                                          reinterpret_cast<LPARAM>(&context));
+    if (shared.viewPanel == nullptr) {
+        ShowMessage(context.page, "CommonViewDialog Failed", "CreateDialog Result", MB_OK);
+    }
+}
+
+void ShowViewKind(SheetContext& context, ViewKind kind) {
+    SetStartingView(context, kind == kViewDevice ? 1 : 0);
+    context.shared->pageKind = kind;
+    ShowView(context);
+}
+
+void SetStartingView(SheetContext& context, int index) {
+    context.shared->viewIndex = index != 0 ? 1 : 0;
+}
 
 void AttachSharedView(SheetContext& context) {
     SharedSheet& shared = *context.shared;
@@ -16,13 +148,15 @@ void AttachSharedView(SheetContext& context) {
         if (GetParent(window) != context.page) SetParent(window, context.page);
         ShowWindow(window, SW_SHOW);
     }
-    UpdateSharedView(context);
+    if (shared.viewPanel != nullptr) {
+        SetWindowLongPtrA(shared.viewPanel, DWLP_USER, reinterpret_cast<LONG_PTR>(&context));
+    }
+    if (shared.pageKind == 0) shared.pageKind = kViewPage;
+    ShowView(context);
 }
 
 void UpdateSharedView(SheetContext& context) {
-    if (context.shared->viewPanel != nullptr) {
-        InvalidateRect(context.shared->viewPanel, nullptr, FALSE);
-    }
+    if (context.shared->viewPanel != nullptr) RepaintViews(context.shared->viewPanel);
 }
 
 void DestroySharedView(SharedSheet& shared) {
@@ -38,8 +172,5 @@ void SetSampleMode(SheetContext& context, SampleMode mode) {
     context.shared->sampleMode = mode;
     UpdateSharedView(context);
 }
-
-// The renderer is not there yet: the frame stays as the dialog's template made it.
-void HookPaperView(SheetContext& /*context*/, HWND /*frame*/) {}
 
 }  // namespace kvui

@@ -6,11 +6,23 @@
 
 namespace kvui {
 
-// Which two views a page offers.
-enum ViewKind : int { kViewPage = 1, kViewWatermark = 2, kViewQuality = 3, kViewDevice = 4 };
+// Which two views a page offers. A page of kind 0 leaves the panel where it is; one that keeps the view
+// takes the panel over as the page before left it.
+enum ViewKind : int {
+    kViewKept = -1,
+    kViewPage = 1,
+    kViewWatermark = 2,
+    kViewQuality = 3,
+    kViewDevice = 4
+};
 
-// Switches the shared view to the views of the page's kind.
+// Creates the hidden panel, once per sheet.
+void CreateSharedView(SheetContext& context);
+// Switches the shared view to the views of the page's kind, starting with the printer figure where the
+// page is about the device and with the page's own view elsewhere.
 void ShowViewKind(SheetContext& context, ViewKind kind);
+// Which of the two views (0 or 1) the next page that takes the panel over starts with.
+void SetStartingView(SheetContext& context, int index);
 // The page becomes the panel's parent.
 void AttachSharedView(SheetContext& context);
 // Repaints the panel after a change of a setting.

@@ -19,7 +19,7 @@ const PageTraits kTroubleshootingPage = {
     .dialogName = "DLGTABVERSION", .helpTopic = 5116, .viewKind = {}, .tailSize = 0,
     .snapshotAfterChange = false, .showsNotice = false, .setsCaptions = true, .hasDefaults = false};
 const PageTraits kJobManagementPage = {
-    .dialogName = "DLGTAB4", .helpTopic = 1501, .viewKind = {}, .tailSize = 0,
+    .dialogName = "DLGTAB4", .helpTopic = 1501, .viewKind = kViewKept, .tailSize = 0,
     .snapshotAfterChange = true, .showsNotice = false, .setsCaptions = false, .hasDefaults = false};
 const PageTraits kSparePage5 = {
     .dialogName = "DLGTAB5", .helpTopic = 0, .viewKind = {}, .tailSize = 0,

@@ -52,7 +52,7 @@ void OnInitDialog(const PageTraits& traits, SheetContext& context) {
     if (traits.showsNotice) ShowNotice(context);
     if (traits.onInit != nullptr) traits.onInit(context);
     RunActivationHook(context, context.page, traits.dialogName);
-    if (traits.viewKind != 0) AttachSharedView(context);
+    if (traits.viewKind > 0) AttachSharedView(context);
 }
 
 void Refresh(const PageTraits& traits, SheetContext& context, SettingChanged changed) {
@@ -114,7 +114,7 @@ void OnSetActive(const PageTraits& traits, SheetContext& context, HWND page) {
     InitialisePage(context, page);
     RunActivationHook(context, page, traits.dialogName);
     Refresh(traits, context, SettingChanged::kYes);
-    AttachSharedView(context);
+    if (traits.viewKind != 0) AttachSharedView(context);
     if (traits.onActivate != nullptr) traits.onActivate(context);
 }
 

@@ -12,7 +12,7 @@ constexpr UINT kMessageRefreshAll = WM_USER + 300;
 struct PageTraits {
     const char* dialogName;  // of the page's items in the catalogue
     int helpTopic;
-    ViewKind viewKind;       // 0: the page shows no shared view
+    ViewKind viewKind;       // 0: the page has no place for the panel
     DWORD tailSize;
     bool snapshotAfterChange;
     bool showsNotice;        // shared-printer notice

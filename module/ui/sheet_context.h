@@ -54,6 +54,7 @@ struct SharedSheet {
     HWND viewPage;           // the page that holds the shared view
     int pageKind;            // which views the active page offers (1 page, 2 watermark, 3 quality,
                              // 4 printer figure); 0 before any page asked
+    int viewIndex;           // which of the page kind's two views the panel shows, 0 or 1
     int sampleMode;          // colour sample of the quality view: SampleMode
     ConflictReport report;
     LPVOID subDialogBlock;   // edit block of the sub-dialog that is open

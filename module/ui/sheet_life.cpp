@@ -119,6 +119,7 @@ void LoadSheetRules(SheetContext& context) {
     SharedSheet& shared = *context.shared;
     if (shared.initialised) return;
     ComputeRulesFilePath(context);
+    CreateSharedView(context);
     SetTabCaptions(context);
     shared.initialised = TRUE;
     shared.active = TRUE;

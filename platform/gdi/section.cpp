@@ -70,7 +70,10 @@ void StoreSection(Bitmap& bitmap, const RECT& rect) {
 
 using namespace kv;
 
-extern "C" HBITMAP WINAPI CreateDIBSection(HDC, const BITMAPINFO* info, UINT usage, LPVOID* bits,
+extern "C" // Drawing is never put off here, so a section's bits are always up to date.
+BOOL WINAPI GdiFlush() { return TRUE; }
+
+HBITMAP WINAPI CreateDIBSection(HDC, const BITMAPINFO* info, UINT usage, LPVOID* bits,
                                            HANDLE section, DWORD) {
     if (bits != nullptr) *bits = nullptr;
     DibLayout layout;

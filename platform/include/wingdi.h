@@ -212,6 +212,8 @@ int WINAPI SelectClipRgn(HDC dc, HRGN region);
 int WINAPI IntersectClipRect(HDC dc, int left, int top, int right, int bottom);
 int WINAPI GetClipBox(HDC dc, RECT* rect);
 
+BOOL WINAPI GdiFlush();
+
 COLORREF WINAPI SetTextColor(HDC dc, COLORREF color);
 COLORREF WINAPI SetBkColor(HDC dc, COLORREF color);
 int WINAPI SetBkMode(HDC dc, int mode);
