@@ -55,7 +55,7 @@ COLORREF ColourOf(const WatermarkRecord& record, const DEVMODEA& settings) {
 LONG PrintableHeight(SheetContext& context) {
     const LONG code = context.settings->dmPaperSize;
     PaperSizeInfo paper{};
-    if (!CurrentPaperSize(context, code, paper)) return 0;
+    if (!PaperSizeOfCode(context, code, paper)) return 0;
     const bool turned = context.settings->dmOrientation == kLandscape;
     const PaperArea* area = QDMGetPaperArea(context.printer, code);
     // The user's own papers have no area; their whole size serves.

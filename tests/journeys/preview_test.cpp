@@ -89,6 +89,17 @@ TEST_F(Preview, EachPageStartsWithItsOwnViewAndTheButtonNamesTheOther) {
     }
 }
 
+TEST_F(Preview, SwitchingShowsAnotherPictureAndComesBack) {
+    OpenSheet();
+    const HWND panel = Panel(kBasic);
+    const auto paper = Picture(panel);
+    ASSERT_TRUE(kv::input::Click(GetDlgItem(panel, kSwitch)));
+    const auto printer = Picture(panel);
+    EXPECT_TRUE(printer != paper);
+    ASSERT_TRUE(kv::input::Click(GetDlgItem(panel, kSwitch)));
+    EXPECT_TRUE(Picture(panel) == paper);
+}
+
 TEST_F(Preview, EdgesOfBothViewsAreDark) {
     OpenSheet();
     const HWND panel = Panel(kBasic);
