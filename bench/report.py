@@ -15,6 +15,7 @@ ROWS = [
     ("one key of a cached file", "KeyRead", "stat", "KeyReadStat", "about 1 us"),
     ("sheet of seven pages", "SheetOpen", "170 plain windows", "SheetOpenPlainWindows", "1 ms"),
     ("one user event headless", "UserEvent", None, None, "150 us"),
+    ("a slider drag of 100 steps", "SliderDrag", None, None, "1 ms"),
     ("printer-data write", "PrinterDataWrite", "pwrite + fdatasync", "PrinterDataWriteRaw", "1.5 x"),
     ("kvprefs get as a process", "GetProcess", "true", "GetProcessTrue", "10 ms"),
 ]

@@ -94,6 +94,18 @@ void UserEvent(benchmark::State& state) {
 }
 BENCHMARK(UserEvent)->Unit(benchmark::kMicrosecond);
 
+// The thumb of a slider from end to end in 100 steps, and let go.
+void SliderDrag(benchmark::State& state) {
+    Desk& desk = TheDesk();
+    const HWND sheet = desk.module->CreateSheet(desk.request);
+    const HWND slider = GetDlgItem(desk.Page(sheet, 4), 3008);
+    kv::input::DragTo(slider, 0);
+    int turn = 0;
+    for (auto _ : state) kv::input::DragTo(slider, ++turn & 1 ? 100 : 0, 100);
+    DestroyWindow(sheet);
+}
+BENCHMARK(SliderDrag)->Unit(benchmark::kMicrosecond);
+
 void PrinterDataWrite(benchmark::State& state) {
     TheDesk();
     DWORD value = 0;
