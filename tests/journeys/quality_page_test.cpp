@@ -130,6 +130,34 @@ TEST_F(QualityPage, ApplyWaitsForTheThumbToBeReleased) {
     EXPECT_TRUE(IsWindowEnabled(apply));
 }
 
+int redraws = 0;
+WNDPROC panelProcedure = nullptr;
+LRESULT CALLBACK CountRedraws(HWND panel, UINT message, WPARAM wParam, LPARAM lParam) {
+    redraws += message == WM_USER + 300;
+    return CallWindowProcA(panelProcedure, panel, message, wParam, lParam);
+}
+
+TEST_F(QualityPage, TheSharedViewHearsOfEveryAcceptedChange) {
+    OpenSheet();
+    HWND panel = nullptr;
+    for (HWND child = GetWindow(PageWindow(kQuality), GW_CHILD); child != nullptr;
+         child = GetWindow(child, GW_HWNDNEXT)) {
+        if (GetDlgItem(child, 14002) != nullptr) panel = child;
+    }
+    ASSERT_NE(panel, nullptr);
+    panelProcedure = reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrA(panel, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(CountRedraws)));
+    redraws = 0;
+    ASSERT_TRUE(kv::input::TrackTo(On(kContrast), 80));
+    EXPECT_EQ(redraws, 0) << "nothing is stored yet";
+    ASSERT_TRUE(kv::input::DragTo(On(kContrast), 80));
+    EXPECT_EQ(redraws, 1);
+    ASSERT_TRUE(kv::input::Click(On(kGrayscale)));
+    EXPECT_EQ(redraws, 2);
+    ASSERT_TRUE(kv::input::Click(On(kDefaults)));
+    EXPECT_EQ(redraws, 3);
+}
+
 TEST_F(QualityPage, AResolutionPublishesTheTablesOfItsAspect) {
     OpenSheet();
     ChooseValue(kResolution, 1200, kQuality);
