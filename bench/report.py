@@ -13,6 +13,13 @@ import sys
 ROWS = [
     ("load a rules file of 200 keys", "RulesLoad", "GKeyFile", "RulesLoadGKeyFile", "60 us"),
     ("one key of a cached file", "KeyRead", "stat", "KeyReadStat", "about 1 us"),
+    ("conflict check, 64 rules", "ConflictCheck", "libcups, 64 rules", "CupsConflicts", "1 us"),
+    ("the same with 16 rules", "ConflictCheckQuarter", "64 rules", "ConflictCheck", "0.25 x: linear"),
+    ("first check of a control", "ConflictCheckFirst", "libcups, loading them", "CupsLoad", "-"),
+    ("check at the rules' limits", "ConflictCheckFull", None, None, "-"),
+    ("chain of 16 questions, answered", "ConflictChain", "one dialog, unasked", "ConflictDialog",
+     "16 x"),
+    ("gray-out of 60 controls", "GrayOut", "60 EnableWindow", "GrayOutWindows", "5 us"),
     ("sheet of seven pages", "SheetOpen", "170 plain windows", "SheetOpenPlainWindows", "1 ms"),
     ("one user event headless", "UserEvent", None, None, "150 us"),
     ("a slider drag of 100 steps", "SliderDrag", None, None, "1 ms"),
@@ -20,6 +27,9 @@ ROWS = [
     ("kvprefs get as a process", "GetProcess", "true", "GetProcessTrue", "10 ms"),
 ]
 UNITS = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}
+
+
+PROGRAMS = ("kvbench", "kvrulesbench")
 
 
 def measure(program):
@@ -34,7 +44,9 @@ def main():
     parser.add_argument("--bin", required=True)
     parser.add_argument("--json")
     arguments = parser.parse_args()
-    times = measure(pathlib.Path(arguments.bin) / "kvbench")
+    times = {}
+    for program in PROGRAMS:
+        times.update(measure(pathlib.Path(arguments.bin) / program))
     result = []
     print(f"{'work':32} {'time':>12} {'beside':>22} {'its time':>12} {'ratio':>7}  aim")
     for name, benchmark, beside, peer, aim in ROWS:

@@ -119,7 +119,7 @@ const char* RefusalText(ConflictRefusal refusal) {
         case ConflictRefusal::kCancelled:
             return "it conflicts with another setting";
         case ConflictRefusal::kUnresolvable:
-            return "it conflicts with another setting and that cannot be resolved";
+            return "it conflicts with another setting: Unresolvable situation!";
         case ConflictRefusal::kNoTerminal:
             return "it conflicts with another setting and there is no terminal to ask on; "
                    "use --on-conflict=resolve or --on-conflict=cancel";

@@ -30,7 +30,7 @@ test_packages=(
 bench_packages=(
     "libbenchmark-dev: benchmarks"
     "libglib2.0-dev: peer of the rules file reader"
-
+    "libcups2-dev: peer of the conflict check"
 )
 
 wanted=()

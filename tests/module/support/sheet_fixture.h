@@ -1,8 +1,7 @@
-// A sheet without its windows, for tests of the module's inner parts: a SheetContext over a fresh
-// settings record, a scratch state directory and the rules text that the test gives.
+// A sheet without its windows, for tests and benchmarks of the module's inner parts: a SheetContext
+// over a fresh settings record, a scratch state directory and the rules text that the test gives.
 #pragma once
 
-#include <gtest/gtest.h>
 #include <platform/registry/state_directory.h>
 #include <windows.h>
 
@@ -24,7 +23,7 @@ namespace kvui {
 class ScratchDirectory {
  public:
     ScratchDirectory() {
-        std::string pattern = testing::TempDir() + "kvui-XXXXXX";
+        std::string pattern = std::filesystem::temp_directory_path() / "kvui-XXXXXX";
         path = mkdtemp(pattern.data()) != nullptr ? pattern : "";
     }
     ~ScratchDirectory() {
