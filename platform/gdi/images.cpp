@@ -1,10 +1,13 @@
 // Bitmaps and icons from resources: LoadBitmapA, LoadIconA, LoadImageA.
 #include <platform/gdi/dib.h>
 #include <platform/gdi/raster.h>
+#include <platform/resource/registry_of_files.h>
 
 #include <algorithm>
 #include <cstdlib>
+#include <map>
 #include <tuple>
+#include <utility>
 
 namespace kv {
 namespace {
@@ -80,6 +83,12 @@ HBITMAP LoadPicture(HINSTANCE module, LPCSTR name, int width, int height) {
     return NewHandle<HBITMAP>(std::move(bitmap));
 }
 
+// "#" and a number, or the name.
+std::string ResourceText(LPCSTR name) {
+    if (!IS_INTRESOURCE(name)) return name;
+    return '#' + std::to_string(reinterpret_cast<ULONG_PTR>(name));
+}
+
 HICON LoadIconOfSize(HINSTANCE module, LPCSTR name, int width, int height) {
     const std::span<const BYTE> group =
         ResourceBytes(module, name, MAKEINTRESOURCEA(RT_GROUP_ICON_ID));
@@ -99,13 +108,22 @@ HICON LoadIconOfSize(HINSTANCE module, LPCSTR name, int width, int height) {
         if (!icon) return nullptr;
     }
     icon->module = module;
-    if (IS_INTRESOURCE(name)) {
-        icon->resource = std::to_string(reinterpret_cast<ULONG_PTR>(name));
-        icon->resource.insert(icon->resource.begin(), '#');
-    } else {
-        icon->resource = name;
-    }
+    icon->resource = ResourceText(name);
     return NewHandle<HICON>(std::move(icon));
+}
+
+// LoadIconA answers with one icon per resource, however often it is asked, and nobody destroys it.
+HICON SharedIcon(HINSTANCE module, LPCSTR name) {
+    static std::map<std::pair<HINSTANCE, std::string>, HICON> shared;
+    static unsigned generation = 0;
+    // Another module may stand where an unloaded one stood; handles that are in use stay valid.
+    const unsigned now = RegistryGeneration();
+    if (std::exchange(generation, now) != now) shared.clear();
+    HICON& icon = shared[{module, ResourceText(name)}];
+    if (icon != nullptr) return icon;
+    icon = LoadIconOfSize(module, name, kSystemIconSize, kSystemIconSize);
+    if (icon != nullptr) ObjectOf<Icon>(icon)->permanent = true;
+    return icon;
 }
 
 }  // namespace
@@ -167,7 +185,7 @@ HBITMAP WINAPI LoadBitmapA(HINSTANCE module, LPCSTR name) {
 }
 
 HICON WINAPI LoadIconA(HINSTANCE module, LPCSTR name) {
-    return LoadIconOfSize(module, name, kSystemIconSize, kSystemIconSize);
+    return SharedIcon(module, name);
 }
 
 HANDLE WINAPI LoadImageA(HINSTANCE module, LPCSTR name, UINT type, int width, int height,

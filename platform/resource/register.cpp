@@ -22,6 +22,7 @@ struct Registration {
 struct Registrations {
     std::shared_mutex lock;
     std::vector<Registration> rows;
+    unsigned generation = 0;
 };
 
 // Never destroyed: a library may unregister after this one's static objects are gone.
@@ -42,11 +43,18 @@ void RegisterModuleResources(const void* anchorInModule, const void* begin, std:
     }
     std::unique_lock guard(All().lock);
     All().rows.push_back({module, begin, std::move(file)});
+    ++All().generation;
 }
 
 void UnregisterModuleResources(const void* begin) {
     std::unique_lock guard(All().lock);
     std::erase_if(All().rows, [=](const Registration& row) { return row.begin == begin; });
+    ++All().generation;
+}
+
+unsigned RegistryGeneration() {
+    std::shared_lock guard(All().lock);
+    return All().generation;
 }
 
 ResourceFiles FilesOfModule(HMODULE module) {

@@ -14,6 +14,9 @@ using ResourceFiles = std::vector<std::shared_ptr<const ResourceFile>>;
 // The files of the module (null means the program), in the order of their registration.
 ResourceFiles FilesOfModule(HMODULE module);
 
+// Grows whenever files are registered or unregistered: what was found before may be gone.
+unsigned RegistryGeneration();
+
 // The entry of a number type and number name in the module's files, and what keeps it alive.
 struct HeldEntry {
     std::shared_ptr<const ResourceFile> file;

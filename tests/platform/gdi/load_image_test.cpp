@@ -102,6 +102,18 @@ TEST_F(LoadImage, IconsComeFromTheBestPictureOfTheirGroup) {
     for (const HICON icon : {ordinary, large, reduced}) EXPECT_TRUE(DestroyIcon(icon));
 }
 
+TEST_F(LoadImage, LoadIconSharesOneIconPerResource) {
+    const HICON first = LoadIconA(nullptr, MAKEINTRESOURCEA(600));
+    EXPECT_EQ(LoadIconA(nullptr, MAKEINTRESOURCEA(600)), first);
+    EXPECT_TRUE(DestroyIcon(first));
+    EXPECT_TRUE(ViewOf(first)) << "a shared icon outlives DestroyIcon";
+    const HANDLE own = LoadImageA(nullptr, MAKEINTRESOURCEA(600), IMAGE_ICON, 32, 32, LR_DEFAULTCOLOR);
+    EXPECT_NE(own, first);
+    EXPECT_TRUE(DestroyIcon(static_cast<HICON>(own)));
+    UnregisterModuleResources(resources.bytes.data());
+    EXPECT_EQ(LoadIconA(nullptr, MAKEINTRESOURCEA(600)), nullptr);
+}
+
 TEST_F(LoadImage, MissingAndDamagedPicturesFail) {
     EXPECT_EQ(LoadBitmapA(nullptr, MAKEINTRESOURCEA(499)), nullptr);
     EXPECT_EQ(GetLastError(), ERROR_RESOURCE_NAME_NOT_FOUND);
