@@ -114,12 +114,15 @@ BOOL ReadEditAttribute(const char* controlName, LONG* maxCharacters, LONG* minim
     return TRUE;
 }
 
-LONG RegionalDefaultPaper(PrinterBlock* printer) {
+bool UsesMillimetres(PrinterBlock* printer) {
     const DWORD unit = PrinterNumber(printer, "CustomPaperUnit");
-    if (unit != 0) return unit == kPaperUnitMillimetre ? kPaperA4 : kPaperLetter;
-    const bool metric = GetProfileIntA("intl", "iCountry", 0) != kLetterCountry &&
-                        GetProfileIntA("intl", "iMeasure", 1) == 0;
-    return metric ? kPaperA4 : kPaperLetter;
+    if (unit != 0) return unit == kPaperUnitMillimetre;
+    return GetProfileIntA("intl", "iCountry", 0) != kLetterCountry &&
+           GetProfileIntA("intl", "iMeasure", 1) == 0;
+}
+
+LONG RegionalDefaultPaper(PrinterBlock* printer) {
+    return UsesMillimetres(printer) ? kPaperA4 : kPaperLetter;
 }
 
 }  // namespace kvui

@@ -24,6 +24,7 @@ namespace {
 constexpr size_t kCaptionSize = 128;
 // Entries with pictures of pages need this height.
 constexpr int kPictureEntryHeight = 32;
+constexpr WPARAM kClosedField = static_cast<WPARAM>(-1);  // of CB_SETITEMHEIGHT
 constexpr DWORD kPictureEntryCombos[] = {kComboPoster,    kComboNup,           kComboOrder,
                                          kComboBooklet,   kComboOrderDown,     kComboOrderSideways,
                                          kComboDuplex};
@@ -154,6 +155,7 @@ void FillCombo(SheetContext& context, HWND dialog, const ControlItem& item) {
             std::end(kPictureEntryCombos) &&
         SendMessageA(combo, CB_GETITEMHEIGHT, 0, 0) != kPictureEntryHeight) {
         SendMessageA(combo, CB_SETITEMHEIGHT, 0, kPictureEntryHeight);
+        SendMessageA(combo, CB_SETITEMHEIGHT, kClosedField, kPictureEntryHeight);
     }
     PutEntries(combo, kComboMessages, entries);
     const DWORD value = SelectStoredValue(context, combo, kComboMessages, item, entries);
@@ -274,18 +276,21 @@ DWORD ItemValue(const SheetContext& context, const ControlItem& item) {
     return ReadItemValue(context.settings, item, &value) ? value : 0;
 }
 
-void ShowItemPicture(SheetContext& context, HWND dialog, const ControlItem& item, DWORD value) {
-    const HWND picture = ChildOf(dialog, item.pictureId);
-    if (picture == nullptr) return;
+void ShowPicture(SheetContext& context, HWND picture, DWORD icon) {
     // The icon's id stays with the control, so that it is loaded only when it changes.
     constexpr char kShownIcon[] = "KVShownIcon";
-    const DWORD icon = IconForValue(item, value);
     const HANDLE shown = reinterpret_cast<HANDLE>(static_cast<ULONG_PTR>(icon));
-    if (icon == 0 || GetPropA(picture, kShownIcon) == shown) return;
+    if (picture == nullptr || icon == 0 || GetPropA(picture, kShownIcon) == shown) return;
     const HICON handle = LoadIconA(context.resources, MAKEINTRESOURCEA(icon));
     if (handle == nullptr) return;
     SendMessageA(picture, STM_SETICON, reinterpret_cast<WPARAM>(handle), 0);
     SetPropA(picture, kShownIcon, shown);
+}
+
+void ShowItemPicture(SheetContext& context, HWND dialog, const ControlItem& item, DWORD value) {
+    if (const HWND picture = ChildOf(dialog, item.pictureId)) {
+        ShowPicture(context, picture, IconForValue(item, value));
+    }
 }
 
 void FillControl(SheetContext& context, HWND dialog, const ControlItem& item) {

@@ -21,6 +21,8 @@ void RefreshDialog(SheetContext& context, SettingChanged changed, HWND dialog,
 
 // The item's part of its setting; 0 for items that edit nothing.
 DWORD ItemValue(const SheetContext& context, const ControlItem& item);
+// Shows an icon in a picture control that the refresh walk also serves.
+void ShowPicture(SheetContext& context, HWND picture, DWORD icon);
 // Shows the icon of a value in the item's picture control.
 void ShowItemPicture(SheetContext& context, HWND dialog, const ControlItem& item, DWORD value);
 

@@ -146,6 +146,14 @@ constexpr DWORD kNupOff = 0;
 constexpr DWORD kNupBooklet = 20;
 constexpr DWORD kNupPosterFirst = 100;
 
+// Values of mdmDuplexMode. A booklet keeps its binding edge in the same field.
+constexpr DWORD kDuplexOff = 1;
+constexpr DWORD kDuplexBookletLeft = 4;
+constexpr DWORD kDuplexBookletRight = 5;
+constexpr bool IsBookletBinding(DWORD duplexMode) {
+    return duplexMode == kDuplexBookletLeft || duplexMode == kDuplexBookletRight;
+}
+
 // The module settings of a page begin at this offset of the private part.
 constexpr DWORD kModuleSettingsOffset = 0x184;
 

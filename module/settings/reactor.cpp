@@ -34,9 +34,6 @@ constexpr DWORD kNupModeLandscapeRight = 0x2;
 constexpr DWORD kNupModeDownward = 0x4;
 constexpr DWORD kNupModeScaled = 0x8000;
 
-constexpr DWORD kDuplexOff = 1;
-constexpr DWORD kDuplexBookletLeft = 4;
-constexpr DWORD kDuplexBookletRight = 5;
 constexpr SHORT kPublicDuplexShortEdge = 3;
 constexpr SHORT kLandscape = 2;
 
@@ -47,9 +44,6 @@ bool IsOneOf(DWORD id, std::initializer_list<DWORD> ids) {
 bool IsPoster(const PrivateDevmode& settings) { return settings.mdmNup >= kNupPosterFirst; }
 DWORD PagesPerSheet(const PrivateDevmode& settings) {
     return IsPoster(settings) ? 0 : settings.mdmNup;
-}
-bool IsBookletBinding(DWORD duplexMode) {
-    return duplexMode == kDuplexBookletLeft || duplexMode == kDuplexBookletRight;
 }
 
 // A right-bound booklet is marked by bit 0x1 in portrait and bit 0x2 in landscape.

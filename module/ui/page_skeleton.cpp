@@ -57,14 +57,31 @@ void OnInitDialog(const PageTraits& traits, SheetContext& context) {
 
 void Refresh(const PageTraits& traits, SheetContext& context, SettingChanged changed) {
     RefreshDialog(context, changed, context.page, traits.dialogName);
+    if (traits.afterRefresh != nullptr) traits.afterRefresh(context);
     DisableIfReadOnly(context, context.page);
+}
+
+bool IsDefaults(const PageTraits& traits, DWORD id) {
+    return traits.hasDefaults && id == kBtnDefaults;
+}
+
+// What follows a setting that a command changed, up to the refresh.
+void TakeChange(const PageTraits& traits, SheetContext& context, DWORD id) {
+    React(context, id, ReactScope::kOneControl);
+    TellSheetChanged(context.page);
+    if (IsDefaults(traits, id)) {
+        ApplyDialogDefaults(context.settings, context.printer, traits.dialogName);
+        if (traits.onDefaults != nullptr) traits.onDefaults(context);
+    }
+    if (traits.snapshotAfterChange) TakeSnapshot(context);
+    if (traits.onChanged != nullptr) traits.onChanged(context, id);
 }
 
 void OnCommand(const PageTraits& traits, SheetContext& context, HWND control, WPARAM wParam) {
     const DWORD id = LOWORD(wParam);
     RouteResult result;
-    const bool defaults = traits.hasDefaults && id == kBtnDefaults;
-    if (defaults) {
+    if (traits.beforeCommand != nullptr) traits.beforeCommand(context, id, HIWORD(wParam));
+    if (IsDefaults(traits, id)) {
         if (HIWORD(wParam) != BN_CLICKED) return;
         result = {true, true};
         SetFocus(GetDlgItem(context.page, kBtnDefaults));
@@ -72,16 +89,12 @@ void OnCommand(const PageTraits& traits, SheetContext& context, HWND control, WP
         result = RouteCommand(context, context.page, control, wParam);
     }
     if (traits.onCommand != nullptr) traits.onCommand(context, id, HIWORD(wParam));
-    if (!result.handled || !result.changed) return;
-    React(context, id, ReactScope::kOneControl);
-    TellSheetChanged(context.page);
-    if (defaults) {
-        ApplyDialogDefaults(context.settings, context.printer, traits.dialogName);
-        if (traits.onDefaults != nullptr) traits.onDefaults(context);
-    }
-    if (traits.snapshotAfterChange) TakeSnapshot(context);
-    if (traits.onChanged != nullptr) traits.onChanged(context, id);
-    Refresh(traits, context, SettingChanged::kYes);
+    const auto changed =
+        result.handled && result.changed ? SettingChanged::kYes : SettingChanged::kNo;
+    if (changed == SettingChanged::kYes) TakeChange(traits, context, id);
+    if (traits.afterCommand != nullptr) traits.afterCommand(context, changed);
+    if (changed == SettingChanged::kNo) return;
+    Refresh(traits, context, changed);
     UpdateSharedView(context);
 }
 

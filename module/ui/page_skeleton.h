@@ -2,6 +2,7 @@
 #pragma once
 
 #include "preview/shared_view.h"
+#include "settings/control_fill.h"
 #include "ui/sheet_context.h"
 
 namespace kvui {
@@ -21,10 +22,13 @@ struct PageTraits {
     // Hooks; null where the page adds nothing.
     void (*onInit)(SheetContext&) = nullptr;
     void (*onActivate)(SheetContext&) = nullptr;
+    void (*beforeCommand)(SheetContext&, DWORD id, WORD code) = nullptr;
     void (*onCommand)(SheetContext&, DWORD id, WORD code) = nullptr;   // after routing, changed or not
     void (*onDefaults)(SheetContext&) = nullptr;
     void (*onChanged)(SheetContext&, DWORD id) = nullptr;
     void (*onScroll)(SheetContext&, HWND control, WORD code) = nullptr;  // before it is read back
+    void (*afterCommand)(SheetContext&, SettingChanged) = nullptr;     // all derived, before the refresh
+    void (*afterRefresh)(SheetContext&) = nullptr;
     void (*onApply)(SheetContext&) = nullptr;                          // before the snapshot
     bool (*onPaintStatic)(SheetContext&, HWND control, HDC dc) = nullptr;
     bool (*onMessage)(SheetContext&, UINT message, WPARAM wParam, LPARAM lParam) = nullptr;

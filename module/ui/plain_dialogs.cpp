@@ -24,12 +24,6 @@ INT_PTR CloseOnly(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam,
 
 namespace kvui {
 
-INT_PTR CALLBACK CombinationDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    return CloseOnly(dialog, message, wParam, lParam, 1);
-}
-INT_PTR CALLBACK ImageShiftDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    return CloseOnly(dialog, message, wParam, lParam, 0);
-}
 INT_PTR CALLBACK WatermarkEditorDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     return CloseOnly(dialog, message, wParam, lParam, 2);
 }
@@ -39,9 +33,6 @@ INT_PTR CALLBACK EditOverlayDlgProc(HWND dialog, UINT message, WPARAM wParam, LP
 
 }  // namespace kvui
 
-INT_PTR CALLBACK DDMTAB02(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    return CloseOnly(dialog, message, wParam, lParam, 1);
-}
 INT_PTR CALLBACK DDMEDIT0(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     return CloseOnly(dialog, message, wParam, lParam, 1);
 }

@@ -15,18 +15,25 @@ namespace {
 // The end result is the same for OK and Cancel: what counts is what stands in the record.
 constexpr INT_PTR kSubDialogResult = 1;
 
+void Refresh(const SubDialogTraits& traits, SheetContext& context, HWND dialog) {
+    RefreshDialog(context, SettingChanged::kYes, dialog, traits.dialogName);
+    if (traits.afterRefresh != nullptr) traits.afterRefresh(context, dialog);
+}
+
 void OnInitDialog(const SubDialogTraits& traits, SheetContext& context, HWND dialog) {
     SetSubDialogTitle(context, dialog, traits.templateName);
     RunActivationHook(context, dialog, traits.dialogName);
     TakeSnapshot(context);
     InitialiseInTableOrder(context, dialog, traits.dialogName);
     SetChildCaptions(context, dialog);
-    RefreshDialog(context, SettingChanged::kYes, dialog, traits.dialogName);
+    if (traits.onInit != nullptr) traits.onInit(context, dialog);
+    Refresh(traits, context, dialog);
 }
 
 void OnCommand(const SubDialogTraits& traits, SheetContext& context, HWND dialog, WPARAM wParam) {
     switch (LOWORD(wParam)) {
         case IDOK:
+            if (traits.onOk != nullptr) traits.onOk(context);
             EndDialog(dialog, kSubDialogResult);
             return;
         case IDCANCEL:
@@ -39,12 +46,15 @@ void OnCommand(const SubDialogTraits& traits, SheetContext& context, HWND dialog
         default:
             break;
     }
-    DispatchNotification(context, dialog, LOWORD(wParam), HIWORD(wParam));
+    if (traits.onCommand == nullptr ||
+        !traits.onCommand(context, dialog, LOWORD(wParam), HIWORD(wParam))) {
+        DispatchNotification(context, dialog, LOWORD(wParam), HIWORD(wParam));
+    }
     if (ChangedSinceSnapshot(context)) {
         React(context, LOWORD(wParam), ReactScope::kOneControl);
         TellSheetChanged(dialog);
     }
-    RefreshDialog(context, SettingChanged::kYes, dialog, traits.dialogName);
+    Refresh(traits, context, dialog);
 }
 
 }  // namespace

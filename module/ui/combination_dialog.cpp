@@ -1,0 +1,201 @@
+// Pages/Sheet Details ("_DLGCOMBINATION"): pages per sheet, their order or the booklet's binding,
+// and borders, with a preview. The Layout page opens it.
+#include <cstddef>
+
+#include "preview/shared_view.h"
+#include "settings/control_fill.h"
+#include "settings/control_ids.h"
+#include "settings/notification.h"
+#include "settings/reactor.h"
+#include "ui/entry_drawing.h"
+#include "ui/help.h"
+#include "ui/page_skeleton.h"
+#include "ui/page_table.h"
+#include "ui/snapshot.h"
+#include "ui/sub_dialog_skeleton.h"
+#include "ui/sub_dialogs.h"
+
+namespace kvui {
+namespace {
+
+constexpr char kTemplate[] = "_DLGCOMBINATION";
+constexpr char kDialogName[] = "DLGCOMBINATION";
+constexpr int kHelpTopic = 1102;
+constexpr SHORT kPortrait = 1;
+constexpr char kBindingAtOpening[] = "KVBindingAtOpening";
+
+// One of these is shown, by pages per sheet and orientation.
+constexpr DWORD kOrderCombos[] = {kComboOrder, kComboBooklet, kComboOrderDown, kComboOrderSideways};
+
+// Captions of the entries that have no details: one page per sheet, and posters.
+constexpr UINT kEntriesWithoutDetails[] = {1411, 1424, 1425, 1426, 1427};
+
+LRESULT SelectedData(HWND combo) {
+    const LRESULT index = SendMessageA(combo, CB_GETCURSEL, 0, 0);
+    return index < 0 ? -1 : SendMessageA(combo, CB_GETITEMDATA, static_cast<WPARAM>(index), 0);
+}
+
+DWORD OrderComboOf(const SheetContext& context) {
+    switch (context.privateSettings->mdmNup) {
+        case kNupBooklet:
+            return kComboBooklet;
+        case 2:
+            return context.settings->dmOrientation == kPortrait ? kComboOrderSideways
+                                                                : kComboOrderDown;
+        default:
+            return kComboOrder;
+    }
+}
+
+void ShowOrderCombo(const SheetContext& context, HWND dialog) {
+    const DWORD wanted = OrderComboOf(context);
+    for (const DWORD id : kOrderCombos) {
+        ShowWindow(GetDlgItem(dialog, static_cast<int>(id)), id == wanted ? SW_SHOW : SW_HIDE);
+    }
+}
+
+// The shown list tells what holds from now on.
+void StoreShownOrder(SheetContext& context, HWND dialog) {
+    PrivateDevmode& settings = *context.privateSettings;
+    const DWORD id = OrderComboOf(context);
+    const LRESULT value = SelectedData(GetDlgItem(dialog, static_cast<int>(id)));
+    if (value < 0) return;
+    (id == kComboBooklet ? settings.mdmDuplexMode : settings.mdmNupStyle) =
+        static_cast<DWORD>(value);
+}
+
+// The order lists store over the border's bit of the same word.
+void FollowBorderBox(SheetContext& context, HWND dialog) {
+    DWORD& style = context.privateSettings->mdmNupStyle;
+    const bool border = IsDlgButtonChecked(dialog, kChkNupBorder) == BST_CHECKED;
+    style = border ? style | kNupBorder : style & ~kNupBorder;
+}
+
+void RemoveEntriesWithoutDetails(const SheetContext& context, HWND combo) {
+    const LRESULT chosen = SelectedData(combo);
+    for (const UINT caption : kEntriesWithoutDetails) {
+        char text[128] = "";
+        if (LoadStringA(context.strings, caption, text, sizeof text) == 0) continue;
+        const LRESULT index = SendMessageA(combo, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+                                           reinterpret_cast<LPARAM>(text));
+        if (index >= 0) SendMessageA(combo, CB_DELETESTRING, static_cast<WPARAM>(index), 0);
+    }
+    if (chosen < 0 || SelectedData(combo) == chosen) return;
+    const LRESULT count = SendMessageA(combo, CB_GETCOUNT, 0, 0);
+    LRESULT index = count - 1;
+    while (index >= 0 &&
+           SendMessageA(combo, CB_GETITEMDATA, static_cast<WPARAM>(index), 0) != chosen) {
+        --index;
+    }
+    SendMessageA(combo, CB_SETCURSEL, static_cast<WPARAM>(index), 0);
+}
+
+void RedrawPreview(HWND dialog) {
+    InvalidateRect(GetDlgItem(dialog, kNupPreview), nullptr, FALSE);
+}
+
+void OnInitDialog(SheetContext& context, HWND dialog) {
+    PrivateDevmode& settings = *context.privateSettings;
+    TakeSnapshot(context);
+    // Filling compares whole words, and lists that do not offer the stored value store another:
+    // the border's bit steps aside, and both words are put back afterwards.
+    const DWORD style = settings.mdmNupStyle;
+    const DWORD binding = settings.mdmDuplexMode;
+    SetPropA(dialog, kBindingAtOpening, reinterpret_cast<HANDLE>(static_cast<ULONG_PTR>(binding)));
+    settings.mdmNupStyle &= ~kNupBorder;
+    InitialiseInTableOrder(context, dialog, kDialogName);
+    settings.mdmNupStyle = style;
+    settings.mdmDuplexMode = binding;
+    SetSubDialogTitle(context, dialog, kTemplate);
+    SetChildCaptions(context, dialog);
+    CheckDlgButton(dialog, kChkNupBorder, style & kNupBorder ? BST_CHECKED : BST_UNCHECKED);
+    ShowOrderCombo(context, dialog);
+    HookPaperView(context, GetDlgItem(dialog, kNupPreview));
+    RemoveEntriesWithoutDetails(context, GetDlgItem(dialog, kComboNup));
+}
+
+void OnDefaults(SheetContext& context, HWND dialog) {
+    PrivateDevmode& settings = *context.privateSettings;
+    for (const DWORD id : kOrderCombos) {
+        SendMessageA(GetDlgItem(dialog, static_cast<int>(id)), CB_SETCURSEL, 0, 0);
+    }
+    settings.mdmNupStyle &= ~(kNupOrderMask | kNupBorder);
+    CheckDlgButton(dialog, kChkNupBorder, BST_UNCHECKED);
+    if (settings.mdmDuplexMode >= kDuplexBookletLeft) {
+        const LRESULT first = SendMessageA(GetDlgItem(dialog, kComboBooklet), CB_GETITEMDATA, 0, 0);
+        settings.mdmDuplexMode = first < 0 ? kDuplexBookletLeft : static_cast<DWORD>(first);
+    }
+    RedrawPreview(dialog);
+}
+
+void OnControl(SheetContext& context, HWND dialog, HWND control, WPARAM wParam) {
+    const DWORD id = LOWORD(wParam);
+    const RouteResult result = RouteCommand(context, dialog, control, wParam);
+    // A refused choice refills the list with every entry.
+    if (id == kComboNup) RemoveEntriesWithoutDetails(context, GetDlgItem(dialog, kComboNup));
+    if (!result.handled || !result.changed) return;
+    if (id == kComboNup) {
+        ShowOrderCombo(context, dialog);
+        StoreShownOrder(context, dialog);
+    }
+    FollowBorderBox(context, dialog);
+    React(context, id, ReactScope::kOneControl);
+    RedrawPreview(dialog);
+}
+
+// The reactor may have limited the snapshot's binding meanwhile.
+void OnCancel(SheetContext& context, HWND dialog) {
+    context.snapshot->ModuleWord(offsetof(PrivateDevmode, mdmDuplexMode)) =
+        static_cast<DWORD>(reinterpret_cast<ULONG_PTR>(GetPropA(dialog, kBindingAtOpening)));
+    RestoreSnapshot(context);
+}
+
+void OnCommand(SheetContext& context, HWND dialog, HWND control, WPARAM wParam) {
+    switch (LOWORD(wParam)) {
+        case IDOK:
+            TakeSnapshot(context);
+            React(context, 0, ReactScope::kWholePage);
+            EndDialog(dialog, 1);
+            return;
+        case IDCANCEL:
+            OnCancel(context, dialog);
+            EndDialog(dialog, 1);
+            return;
+        case IDHELP:
+            ShowPageHelp(context, dialog, kHelpTopic);
+            return;
+        case kBtnDefaults:
+            if (HIWORD(wParam) == BN_CLICKED) OnDefaults(context, dialog);
+            return;
+        default:
+            OnControl(context, dialog, control, wParam);
+            return;
+    }
+}
+
+}  // namespace
+
+INT_PTR CALLBACK CombinationDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    SheetContext* context = KeepSheetContext(dialog, message, lParam);
+    if (context == nullptr) return FALSE;
+    switch (message) {
+        case WM_INITDIALOG:
+            OnInitDialog(*context, dialog);
+            return TRUE;
+        case WM_COMMAND:
+            OnCommand(*context, dialog, reinterpret_cast<HWND>(lParam), wParam);
+            return TRUE;
+        case WM_DRAWITEM:
+            return DrawComboEntry(*context, *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
+        case WM_HELP:
+            ShowPopupHelp(*context, dialog, reinterpret_cast<const HELPINFO*>(lParam));
+            return TRUE;
+        case WM_DESTROY:
+            RemovePropA(dialog, kBindingAtOpening);
+            return FALSE;
+        default:
+            return FALSE;
+    }
+}
+
+}  // namespace kvui

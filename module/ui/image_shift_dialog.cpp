@@ -1,0 +1,221 @@
+// Image Shifting ("_LBPIMAGESHIFT"): how far the printed image moves, in inches or millimetres. The
+// Layout page opens it. Its edits hold decimals in a unit of the user's choice, so the dialog reads
+// and fills them itself.
+#include <commctrl.h>
+
+#include <optional>
+#include <string>
+
+#include "rules/rules_file.h"
+#include "settings/control_ids.h"
+#include "ui/help.h"
+#include "ui/page_skeleton.h"
+#include "ui/page_table.h"
+#include "ui/shift_amount.h"
+#include "ui/snapshot.h"
+#include "ui/sub_dialog_skeleton.h"
+#include "ui/sub_dialogs.h"
+
+namespace kvui {
+namespace {
+
+constexpr char kTemplate[] = "_LBPIMAGESHIFT";
+constexpr int kHelpTopic = 5118;
+constexpr int kMaxCharacters = 5;
+constexpr size_t kTextSize = 32;
+
+// The user's unit, remembered for all sheets until a Cancel forgets it; set while the dialog is
+// open.
+std::optional<ShiftUnit> rememberedUnit;
+
+struct AxisRow {
+    ShiftAxis axis;
+    DWORD PrivateDevmode::*word;
+    int edit;
+    int spin;
+    int range;
+    UINT inchRange;
+    UINT millimetreRange;
+};
+// axis, setting, edit, spin, range text, strings of the range in inches and millimetres
+constexpr AxisRow kAxes[] = {
+    {ShiftAxis::kHorizontal, &PrivateDevmode::mdmOffsetX, kEditOffsetX, kSpinOffsetX, kOffsetXRange,
+     9929, 9930},
+    {ShiftAxis::kVertical, &PrivateDevmode::mdmOffsetY, kEditOffsetY, kSpinOffsetY, kOffsetYRange,
+     9931, 9932},
+};
+
+ShiftUnit UnitInForce() {
+    return rememberedUnit.value_or(ShiftUnit::kInch);
+}
+
+ShiftUnit DefaultUnit(const SheetContext& context) {
+    return UsesMillimetres(context.printer) ? ShiftUnit::kMillimetre : ShiftUnit::kInch;
+}
+
+ShiftUnit UnitAtOpening(const SheetContext& context) {
+    const DWORD x = context.privateSettings->mdmOffsetX;
+    const DWORD y = context.privateSettings->mdmOffsetY;
+    if (const auto stored = UnitOfShift(x, y)) return *stored;
+    if (rememberedUnit && IsShiftEmpty(x, y)) return *rememberedUnit;
+    return DefaultUnit(context);
+}
+
+double Typed(HWND dialog, const AxisRow& row) {
+    char text[kTextSize] = "";
+    GetDlgItemTextA(dialog, row.edit, text, sizeof text);
+    return ShiftOfText(text);
+}
+
+void ShowAmount(HWND dialog, const AxisRow& row, double amount) {
+    char shown[kTextSize] = "";
+    GetDlgItemTextA(dialog, row.edit, shown, sizeof shown);
+    const std::string text = ShiftText(amount, UnitInForce());
+    if (text != shown) SetDlgItemTextA(dialog, row.edit, text.c_str());
+}
+
+void ShowUnit(const SheetContext& context, HWND dialog) {
+    const bool inches = UnitInForce() == ShiftUnit::kInch;
+    CheckRadioButton(dialog, kRadioShiftInch, kRadioShiftMillimetre,
+                     inches ? kRadioShiftInch : kRadioShiftMillimetre);
+    for (const AxisRow& row : kAxes) {
+        char range[kTextSize] = "";
+        LoadStringA(context.strings, inches ? row.inchRange : row.millimetreRange, range,
+                    sizeof range);
+        SetDlgItemTextA(dialog, row.range, range);
+    }
+}
+
+void OnInitDialog(SheetContext& context, HWND dialog) {
+    SetSubDialogTitle(context, dialog, kTemplate);
+    SetChildCaptions(context, dialog);
+    TakeSnapshot(context);
+    rememberedUnit = UnitAtOpening(context);
+    ShowUnit(context, dialog);
+    for (const AxisRow& row : kAxes) {
+        SendDlgItemMessageA(dialog, row.edit, EM_LIMITTEXT, kMaxCharacters, 0);
+        ShowAmount(dialog, row, DecodeShift(context.privateSettings->*row.word, UnitInForce()));
+    }
+}
+
+// The first character that cannot stand there goes, with all that follows it.
+void FilterTyped(HWND edit) {
+    if (GetFocus() != edit) return;
+    char text[kTextSize] = "";
+    GetWindowTextA(edit, text, sizeof text);
+    const size_t accepted = AcceptedLength(text, UnitInForce());
+    if (text[accepted] == '\0') return;
+    text[accepted] = '\0';
+    MessageBeep(0xFFFFFFFFu);
+    SetWindowTextA(edit, text);
+    SendMessageA(edit, EM_SETSEL, accepted, static_cast<LPARAM>(accepted));
+}
+
+void ChangeUnit(const SheetContext& context, HWND dialog, ShiftUnit unit) {
+    if (unit == UnitInForce()) return;
+    rememberedUnit = unit;
+    for (const AxisRow& row : kAxes) {
+        ShowAmount(dialog, row, ConvertShift(Typed(dialog, row), unit));
+    }
+    ShowUnit(context, dialog);
+}
+
+void OnDefaults(const SheetContext& context, HWND dialog) {
+    rememberedUnit = DefaultUnit(context);
+    ShowUnit(context, dialog);
+    for (const AxisRow& row : kAxes) ShowAmount(dialog, row, 0);
+}
+
+void OnOk(SheetContext& context, HWND dialog) {
+    constexpr DWORD kUsedBits = 0xFFFF;
+    PrivateDevmode& settings = *context.privateSettings;
+    DWORD words[2];
+    bool changed = false;
+    for (int i = 0; i < 2; ++i) {
+        const AxisRow& row = kAxes[i];
+        words[i] =
+            EncodeShift(ClampShift(Typed(dialog, row), row.axis, UnitInForce()), UnitInForce());
+        changed = changed || words[i] != (settings.*row.word & kUsedBits);
+    }
+    if (changed) {
+        settings.mdmOffsetX = words[0];
+        settings.mdmOffsetY = words[1];
+        TakeSnapshot(context);
+    }
+    EndDialog(dialog, 1);
+}
+
+void OnEdit(HWND dialog, const AxisRow& row, WORD code) {
+    if (code == EN_UPDATE) FilterTyped(GetDlgItem(dialog, row.edit));
+    if (code == EN_KILLFOCUS) {
+        ShowAmount(dialog, row, ClampShift(Typed(dialog, row), row.axis, UnitInForce()));
+    }
+}
+
+void OnCommand(SheetContext& context, HWND dialog, int id, WORD code) {
+    for (const AxisRow& row : kAxes) {
+        if (row.edit == id) return OnEdit(dialog, row, code);
+    }
+    if (code != BN_CLICKED) return;
+    switch (id) {
+        case IDOK:
+            OnOk(context, dialog);
+            return;
+        case IDCANCEL:
+            rememberedUnit.reset();
+            EndDialog(dialog, 0);
+            return;
+        case IDHELP:
+            ShowPageHelp(context, dialog, kHelpTopic);
+            return;
+        case kBtnDefaults:
+            OnDefaults(context, dialog);
+            return;
+        case kRadioShiftInch:
+            ChangeUnit(context, dialog, ShiftUnit::kInch);
+            return;
+        case kRadioShiftMillimetre:
+            ChangeUnit(context, dialog, ShiftUnit::kMillimetre);
+            return;
+        default:
+            return;
+    }
+}
+
+// The arrows hold no number of their own: a step is turned into the edit's text and refused.
+bool OnSpin(HWND dialog, const NMHDR& header) {
+    if (header.code != static_cast<UINT>(UDN_DELTAPOS)) return false;
+    for (const AxisRow& row : kAxes) {
+        if (header.idFrom != static_cast<UINT_PTR>(row.spin)) continue;
+        const int delta = reinterpret_cast<const NMUPDOWN&>(header).iDelta;
+        const double amount = Typed(dialog, row) - delta * ShiftStep(UnitInForce());
+        ShowAmount(dialog, row, ClampShift(amount, row.axis, UnitInForce()));
+        SetWindowLongPtrA(dialog, DWLP_MSGRESULT, TRUE);
+        return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+INT_PTR CALLBACK ImageShiftDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    SheetContext* context = KeepSheetContext(dialog, message, lParam);
+    if (context == nullptr) return FALSE;
+    switch (message) {
+        case WM_INITDIALOG:
+            OnInitDialog(*context, dialog);
+            return TRUE;
+        case WM_COMMAND:
+            OnCommand(*context, dialog, LOWORD(wParam), HIWORD(wParam));
+            return TRUE;
+        case WM_NOTIFY:
+            return OnSpin(dialog, *reinterpret_cast<const NMHDR*>(lParam));
+        case WM_HELP:
+            ShowPopupHelp(*context, dialog, reinterpret_cast<const HELPINFO*>(lParam));
+            return TRUE;
+        default:
+            return FALSE;
+    }
+}
+
+}  // namespace kvui

@@ -1,0 +1,102 @@
+// Pages/Sheet Style ("_DLGTAB02"): the order of the pages on a sheet as four buttons with pictures.
+// No control opens it; whoever calls its export passes a page's SheetContext.
+#include "settings/control_ids.h"
+#include "settings/reactor.h"
+#include "ui/exports.h"
+#include "ui/sub_dialog_skeleton.h"
+
+namespace kvui {
+namespace {
+
+constexpr int kOrders = 4;
+constexpr WORD kFirstBitmap = 1469;
+constexpr char kBitmap[] = "KVOrderPicture";
+constexpr char kPlainProcedure[] = "KVOrderPlain";
+
+void PaintOrder(HWND picture) {
+    PAINTSTRUCT paint{};
+    const HDC dc = BeginPaint(picture, &paint);
+    if (dc == nullptr) return;
+    const auto bitmap = static_cast<HBITMAP>(GetPropA(picture, kBitmap));
+    BITMAP size{};
+    const HDC source = CreateCompatibleDC(dc);
+    if (source != nullptr && GetObjectA(bitmap, sizeof size, &size) != 0) {
+        const HGDIOBJ before = SelectObject(source, bitmap);
+        BitBlt(dc, 0, 0, size.bmWidth, size.bmHeight, source, 0, 0, SRCAND);
+        SelectObject(source, before);
+    }
+    if (source != nullptr) DeleteDC(source);
+    EndPaint(picture, &paint);
+}
+
+LRESULT CALLBACK OrderPictureProc(HWND picture, UINT message, WPARAM wParam, LPARAM lParam) {
+    const auto plain = reinterpret_cast<WNDPROC>(GetPropA(picture, kPlainProcedure));
+    if (message == WM_PAINT) {
+        PaintOrder(picture);
+        return 0;
+    }
+    if (message == WM_DESTROY) {
+        if (const auto bitmap = static_cast<HBITMAP>(RemovePropA(picture, kBitmap))) {
+            DeleteObject(bitmap);
+        }
+        RemovePropA(picture, kPlainProcedure);
+        SetWindowLongPtrA(picture, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(plain));
+    }
+    return CallWindowProcA(plain, picture, message, wParam, lParam);
+}
+
+void OnInit(SheetContext& context, HWND dialog) {
+    for (int i = 0; i < kOrders; ++i) {
+        const HWND picture = GetDlgItem(dialog, static_cast<int>(kNupStylePictureFirst) + i);
+        const HBITMAP bitmap = LoadBitmapA(context.resources, MAKEINTRESOURCEA(kFirstBitmap + i));
+        if (picture == nullptr || bitmap == nullptr) {
+            if (bitmap != nullptr) DeleteObject(bitmap);
+            continue;
+        }
+        SetPropA(picture, kBitmap, bitmap);
+        SetPropA(picture, kPlainProcedure,
+                 reinterpret_cast<HANDLE>(GetWindowLongPtrA(picture, GWLP_WNDPROC)));
+        SetWindowLongPtrA(picture, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(OrderPictureProc));
+    }
+}
+
+bool IsOrderButton(DWORD id) {
+    return id - kNupStyleFirst < static_cast<DWORD>(kOrders);
+}
+
+// The buttons own two bits of a word whose other bit is the border's.
+bool OnCommand(SheetContext& context, HWND /*dialog*/, DWORD id, WORD code) {
+    if (!IsOrderButton(id)) return false;
+    if (code == BN_CLICKED) {
+        DWORD& style = context.privateSettings->mdmNupStyle;
+        style = (style & ~kNupOrderMask) | (id - kNupStyleFirst);
+    }
+    return true;
+}
+
+void AfterRefresh(SheetContext& context, HWND dialog) {
+    const int first = static_cast<int>(kNupStyleFirst);
+    const int order = static_cast<int>(context.privateSettings->mdmNupStyle & kNupOrderMask);
+    CheckRadioButton(dialog, first, first + kOrders - 1, first + order);
+}
+
+void OnOk(SheetContext& context) {
+    React(context, 0, ReactScope::kWholePage);
+}
+
+constexpr SubDialogTraits kNupStyle = {
+    .templateName = "_DLGTAB02",
+    .dialogName = "DLGTAB02",
+    .helpTopic = 1102,
+    .onInit = OnInit,
+    .onCommand = OnCommand,
+    .afterRefresh = AfterRefresh,
+    .onOk = OnOk,
+};
+
+}  // namespace
+}  // namespace kvui
+
+INT_PTR CALLBACK DDMTAB02(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    return kvui::RunSubDialog(kvui::kNupStyle, dialog, message, wParam, lParam);
+}

@@ -1,0 +1,71 @@
+// Output Details ("_DLGTAB01"): staple, punch and fold. The Basic page opens it.
+
+#include "rules/conflicts.h"
+#include "settings/control_fill.h"
+#include "settings/control_ids.h"
+#include "ui/exports.h"
+#include "ui/sub_dialog_skeleton.h"
+
+namespace kvui {
+namespace {
+
+constexpr DWORD kIconNoPunch = 1660;
+
+struct PunchIcon {
+    DWORD edge;      // mdmHolePunch
+    DWORD twoHoles;  // or any other number
+    DWORD threeHoles;
+    DWORD fourHoles;
+};
+constexpr PunchIcon kPunchIcons[] = {
+    {2, 1664, 1665, 1666},
+    {3, 1661, 1662, 1663},
+    {4, 1667, 1668, 1669},
+};
+
+// The edge and the number of holes are two settings but one picture.
+void ShowPunch(SheetContext& context, HWND dialog) {
+    const PrivateDevmode& settings = *context.privateSettings;
+    DWORD icon = kIconNoPunch;
+    for (const PunchIcon& row : kPunchIcons) {
+        if (row.edge != settings.mdmHolePunch) continue;
+        icon = settings.mdmHolePunchNumber == 3   ? row.threeHoles
+               : settings.mdmHolePunchNumber == 4 ? row.fourHoles
+                                                  : row.twoHoles;
+    }
+    ShowPicture(context, GetDlgItem(dialog, kPunchPicture), icon);
+}
+
+// Stored before the dispatch, so that the picture shows the choice while its conflicts are asked.
+bool OnCommand(SheetContext& context, HWND dialog, DWORD id, WORD code) {
+    if (code != CBN_SELENDOK || (id != kComboPunch && id != kComboPunchNumber)) return false;
+    const ControlItem* item = ItemById(id);
+    const HWND combo = GetDlgItem(dialog, static_cast<int>(id));
+    const LRESULT index = SendMessageA(combo, CB_GETCURSEL, 0, 0);
+    if (item == nullptr || index < 0) return false;
+    const auto value =
+        static_cast<DWORD>(SendMessageA(combo, CB_GETITEMDATA, static_cast<WPARAM>(index), 0));
+    DWORD oldWord = 0;
+    if (!WriteItemValue(context.settings, *item, value, &oldWord)) return false;
+    ShowPunch(context, dialog);
+    // The dispatcher finds the value stored and would not ask.
+    if (ResolveConflicts(context, id, dialog) != 1) {
+        RestoreItemField(context.settings, *item, oldWord);
+    }
+    return true;
+}
+
+constexpr SubDialogTraits kOutputDetails = {
+    .templateName = "_DLGTAB01",
+    .dialogName = "DLGTAB01",
+    .helpTopic = 1105,
+    .onCommand = OnCommand,
+    .afterRefresh = ShowPunch,
+};
+
+}  // namespace
+}  // namespace kvui
+
+INT_PTR CALLBACK DDMTAB01(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    return kvui::RunSubDialog(kvui::kOutputDetails, dialog, message, wParam, lParam);
+}

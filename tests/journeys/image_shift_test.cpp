@@ -1,0 +1,205 @@
+// Journeys through the image shift dialog: units, limits, typing and the stored words.
+#include <winspool.h>
+
+#include "preferences.h"
+
+namespace journey {
+namespace {
+
+enum : int {
+    kAcross = 1902, kAcrossSpin = 1903, kAcrossRange = 1905, kDown = 1907, kDownSpin = 1908,
+    kDownRange = 1910, kInch = 9933, kMillimetre = 9934, kOpener = 1912,
+};
+constexpr size_t kOffsetX = 0x264, kOffsetY = 0x268;
+constexpr DWORD kShiftOn = 0x400, kTenths = 0x8000, kNegative = 0x4000;
+
+class ImageShift : public Preferences {
+ protected:
+    void SetUp() override {
+        Preferences::SetUp();
+        UseUnit(4);  // inches
+        SetPrivate(kOtherSettings, Private(kOtherSettings) | kShiftOn);
+    }
+    void UseUnit(DWORD unit) {
+        HANDLE printer{};
+        char name[] = "Office";
+        PRINTER_DEFAULTSA access{nullptr, nullptr, PRINTER_ALL_ACCESS};
+        ASSERT_TRUE(OpenPrinterA(name, &printer, &access));
+        char value[] = "CustomPaperUnit";
+        EXPECT_EQ(SetPrinterDataA(printer, value, REG_DWORD, reinterpret_cast<BYTE*>(&unit),
+                                  sizeof unit), 0u);
+        ClosePrinter(printer);
+    }
+    void Store(DWORD x, DWORD y) {
+        SetPrivate(kOffsetX, x);
+        SetPrivate(kOffsetY, y);
+    }
+    void Open(int closer, const std::function<void(HWND)>& act) {
+        if (sheet_ == nullptr) OpenSheet();
+        kv::Headless().PushAnswer([&](HWND dialog) {
+            act(dialog);
+            kv::input::Click(GetDlgItem(dialog, closer));
+        });
+        ASSERT_TRUE(kv::input::Click(Item(kOpener, kLayout)));
+    }
+    static std::string Shown(HWND dialog, int id) { return Text(GetDlgItem(dialog, id)); }
+    static void TypeIn(HWND dialog, int id, const std::string& text) {
+        const HWND edit = GetDlgItem(dialog, id);
+        ASSERT_TRUE(kv::input::Focus(edit));
+        SendMessageA(edit, EM_SETSEL, 0, -1);
+        kv::input::Key(VK_DELETE);
+        ASSERT_TRUE(kv::input::Type(text));
+    }
+    static bool Checked(HWND dialog, int id) {
+        return SendMessageA(GetDlgItem(dialog, id), BM_GETCHECK, 0, 0) == BST_CHECKED;
+    }
+};
+
+TEST_F(ImageShift, LeavingAnEditShowsTheLimitInTheUnitsFormat) {
+    const struct { int unit; int edit; const char* typed; double shown; const char* format; } rows[] = {
+        {kInch, kAcross, "0.7", 0.625, "%3.2lf"},         {kInch, kAcross, "-9", -0.625, "%3.2lf"},
+        {kInch, kDown, "0.3", 5.0 / 18, "%3.2lf"},        {kInch, kAcross, "", 0, "%3.2lf"},
+        {kInch, kAcross, "-", 0, "%3.2lf"},               {kInch, kDown, ".25", 0.25, "%3.2lf"},
+        {kMillimetre, kAcross, "-20", -15.875, "%3.1lf"}, {kMillimetre, kDown, "8", 7.0556, "%3.1lf"},
+        {kMillimetre, kAcross, "15.8", 15.8, "%3.1lf"},
+    };
+    Open(IDOK, [&](HWND dialog) {
+        for (const auto& row : rows) {
+            ASSERT_TRUE(kv::input::Click(GetDlgItem(dialog, row.unit)));
+            TypeIn(dialog, row.edit, row.typed);
+            ASSERT_TRUE(kv::input::Focus(GetDlgItem(dialog, IDOK)));
+            char expected[16];
+            std::snprintf(expected, sizeof expected, row.format, row.shown);
+            EXPECT_EQ(Shown(dialog, row.edit), expected) << row.typed;
+        }
+    });
+    EXPECT_EQ(Private(kOffsetX), kTenths | 158);
+    EXPECT_EQ(Private(kOffsetY), kTenths | 70);
+}
+
+TEST_F(ImageShift, WordsCarryMagnitudeSignAndUnit) {
+    const struct { int unit; const char* across; const char* down; DWORD x; DWORD y; } rows[] = {
+        {kInch, "0.5", "-0.25", 50, kNegative | 25},
+        {kInch, "0.29", "0.28", 29, 27},
+        {kMillimetre, "-5.7", "0", kTenths | kNegative | 57, kTenths},
+        {kMillimetre, "15.9", "7.1", kTenths | 158, kTenths | 70},
+        {kInch, "0", "0", 0, 0},
+    };
+    for (const auto& row : rows) {
+        Open(IDOK, [&](HWND dialog) {
+            ASSERT_TRUE(kv::input::Click(GetDlgItem(dialog, row.unit)));
+            TypeIn(dialog, kAcross, row.across);
+            TypeIn(dialog, kDown, row.down);
+            ASSERT_TRUE(kv::input::Key(VK_RETURN));
+        });
+        EXPECT_EQ(Private(kOffsetX), row.x) << row.across;
+        EXPECT_EQ(Private(kOffsetY), row.y) << row.down;
+    }
+}
+
+TEST_F(ImageShift, TheUnitComesFromTheWordsElseFromThePrinterElseFromTheRegion) {
+    const struct {
+        DWORD x, y, printerUnit;
+        const char* locale;
+        bool inches;
+        const char* across;
+        const char* down;
+    } rows[] = {
+        {50, kNegative | 20, 2, "C", true, "0.50", "-0.20"},
+        {kTenths | kNegative | 57, kTenths, 4, "C", false, "-5.7", "0.0"},
+        {kTenths | 50, kNegative | 20, 4, "C", true, "0.50", "-0.20"},
+        {kTenths | 50, kNegative | 20, 2, "C", false, "5.0", "-2.0"},
+        {0, 0, 0, "en_US.UTF-8", true, "0.00", "0.00"},
+        {0, 0, 0, "de_DE.UTF-8", false, "0.0", "0.0"},
+        {0, 0, 0, "en_CA.UTF-8", true, "0.00", "0.00"},
+    };
+    for (const auto& row : rows) {
+        setenv("LC_ALL", row.locale, 1);
+        UseUnit(row.printerUnit);
+        Store(row.x, row.y);
+        Open(IDCANCEL, [&](HWND dialog) {
+            EXPECT_EQ(Text(dialog), "Image Shifting");
+            EXPECT_EQ(Checked(dialog, kInch), row.inches) << row.locale << row.x;
+            EXPECT_EQ(Checked(dialog, kMillimetre), !row.inches);
+            EXPECT_EQ(Shown(dialog, kAcross), row.across);
+            EXPECT_EQ(Shown(dialog, kDown), row.down);
+            EXPECT_EQ(Shown(dialog, kAcrossRange), row.inches ? "[-0.63 - 0.63]" : "[-15.9 - 15.9]");
+            EXPECT_EQ(Shown(dialog, kDownRange), row.inches ? "[-0.28 - 0.28]" : "[-7.1 - 7.1]");
+        });
+        EXPECT_EQ(Private(kOffsetX), row.x);
+        EXPECT_EQ(Private(kOffsetY), row.y);
+    }
+    unsetenv("LC_ALL");
+}
+
+TEST_F(ImageShift, TheUnitIsRememberedUntilACancelForgetsIt) {
+    UseUnit(2);
+    Open(IDOK, [&](HWND dialog) { kv::input::Click(GetDlgItem(dialog, kInch)); });
+    EXPECT_EQ(Private(kOffsetX) | Private(kOffsetY), 0u) << "no inch is no shift";
+    Open(IDCANCEL, [&](HWND dialog) { EXPECT_TRUE(Checked(dialog, kInch)); });
+    Open(IDCANCEL, [&](HWND dialog) { EXPECT_TRUE(Checked(dialog, kMillimetre)); });
+}
+
+TEST_F(ImageShift, TypingStopsAtWhatCannotStandThere) {
+    const struct { int unit; const char* typed; const char* kept; int beeps; } rows[] = {
+        {kInch, "0.123", "0.12", 1},       {kInch, "0-1", "01", 1},    {kInch, "1..5", "1.5", 1},
+        {kInch, "-.5x", "-.5", 1},         {kInch, "a", "", 1},        {kInch, "-0.25", "-0.25", 0},
+        {kMillimetre, "1.25", "1.2", 1},   {kMillimetre, "-3.5", "-3.5", 0},
+    };
+    Open(IDCANCEL, [&](HWND dialog) {
+        for (const auto& row : rows) {
+            ASSERT_TRUE(kv::input::Click(GetDlgItem(dialog, row.unit)));
+            TypeIn(dialog, kAcross, "");
+            const int before = kv::Headless().beeps;
+            ASSERT_TRUE(kv::input::Type(row.typed));
+            EXPECT_EQ(Shown(dialog, kAcross), row.kept) << row.typed;
+            EXPECT_EQ(kv::Headless().beeps, before + row.beeps) << row.typed;
+        }
+        const HWND edit = GetDlgItem(dialog, kAcross);
+        ASSERT_TRUE(kv::input::SetEditText(edit, "1x2.3", 1, 1));
+        EXPECT_EQ(Text(edit), "1");
+        EXPECT_EQ(LOWORD(SendMessageA(edit, EM_GETSEL, 0, 0)), 1) << "the caret stands at the end";
+    });
+}
+
+TEST_F(ImageShift, ArrowsMoveByOneStepWithinTheLimits) {
+    Open(IDCANCEL, [&](HWND dialog) {
+        const HWND across = GetDlgItem(dialog, kAcrossSpin);
+        ASSERT_TRUE(kv::input::Step(across, 3));
+        EXPECT_EQ(Shown(dialog, kAcross), "0.03");
+        ASSERT_TRUE(kv::input::Step(across, -4));
+        EXPECT_EQ(Shown(dialog, kAcross), "-0.01");
+        ASSERT_TRUE(kv::input::Step(across, 1));
+        EXPECT_EQ(Shown(dialog, kAcross), "0.00");
+        ASSERT_TRUE(kv::input::Click(GetDlgItem(dialog, kMillimetre)));
+        ASSERT_TRUE(kv::input::Step(GetDlgItem(dialog, kDownSpin), 80));
+        EXPECT_EQ(Shown(dialog, kDown), "7.1");
+        ASSERT_TRUE(kv::input::Key(VK_DOWN));
+        EXPECT_EQ(Shown(dialog, kDown), "7.0");
+    });
+}
+
+TEST_F(ImageShift, ChangingTheUnitConvertsAndDefaultsReset) {
+    UseUnit(2);
+    Store(kTenths | 100, kTenths | kNegative | 10);
+    Open(IDOK, [&](HWND dialog) {
+        ASSERT_TRUE(kv::input::Click(GetDlgItem(dialog, kInch)));
+        EXPECT_EQ(Shown(dialog, kAcross), "0.39");
+        EXPECT_EQ(Shown(dialog, kDown), "-0.04");
+        EXPECT_EQ(Shown(dialog, kAcrossRange), "[-0.63 - 0.63]");
+        ASSERT_TRUE(kv::input::Click(GetDlgItem(dialog, kInch)));
+        EXPECT_EQ(Shown(dialog, kAcross), "0.39") << "the same unit converts nothing";
+        ASSERT_TRUE(kv::input::Click(GetDlgItem(dialog, kMillimetre)));
+        EXPECT_EQ(Shown(dialog, kAcross), "9.9");
+        ASSERT_TRUE(kv::input::Click(GetDlgItem(dialog, kInch)));
+        ASSERT_TRUE(kv::input::Click(GetDlgItem(dialog, 12)));
+        EXPECT_TRUE(Checked(dialog, kMillimetre));
+        EXPECT_EQ(Shown(dialog, kAcross), "0.0");
+        EXPECT_EQ(Shown(dialog, kDownRange), "[-7.1 - 7.1]");
+    });
+    EXPECT_EQ(Private(kOffsetX), kTenths);
+    EXPECT_EQ(Private(kOffsetY), kTenths);
+}
+
+}  // namespace
+}  // namespace journey

@@ -1,0 +1,225 @@
+// Journeys over the Layout page and its pages-per-sheet details.
+#include <platform/window/paint.h>
+
+#include "preferences.h"
+
+namespace journey {
+namespace {
+
+enum : int {
+    kNupBox = 1410, kNupDetails = 1430, kDuplexBox = 1510, kRotateBox = 2032, kDefaultsButton = 12,
+    kCornerOrder = 1418, kBinding = 1419, kBorderBox = 1420, kTopToBottom = 1421, kSideways = 1422,
+};
+constexpr size_t kNupStyle = 0x1B0, kFlagWord = 0x154, kOffsetX = 0x264;
+
+class LayoutPage : public Preferences {
+ protected:
+    HWND Duplex() { return Item(kDuplexBox, kLayout); }
+    static std::string EntryText(HWND combo, int index) {
+        char text[128] = "";
+        SendMessageA(combo, CB_GETLBTEXT, index, reinterpret_cast<LPARAM>(text));
+        return text;
+    }
+    static DWORD EntryData(HWND combo, int index) {
+        return static_cast<DWORD>(SendMessageA(combo, CB_GETITEMDATA, index, 0));
+    }
+    static void ChooseIn(HWND dialog, int id, DWORD value) {
+        const HWND combo = GetDlgItem(dialog, id);
+        ASSERT_TRUE(kv::input::Choose(combo, IndexOf(combo, value))) << id << " " << value;
+    }
+    void InDetails(int closer, const std::function<void(HWND)>& act) {
+        kv::Headless().PushAnswer([&](HWND dialog) {
+            act(dialog);
+            kv::input::Click(GetDlgItem(dialog, closer));
+        });
+        ASSERT_TRUE(kv::input::Click(Item(kNupDetails, kLayout)));
+    }
+    void StartWith(DWORD nup, DWORD style, DWORD duplex = 1) {
+        SetPrivate(kNup, nup);
+        SetPrivate(kNUpField, nup);
+        SetPrivate(kNupStyle, style);
+        SetPrivate(kDuplexMode, duplex);
+        OpenSheet();
+    }
+};
+
+TEST_F(LayoutPage, ChoosingBookletTurnsLeftBindingOn) {
+    OpenSheet();
+    ChooseValue(kNupBox, 20, kLayout);
+    EXPECT_EQ(Private(kNup), 20u);
+    EXPECT_EQ(Private(kDuplexMode), 4u);
+    EXPECT_EQ(Private(kNUpField), 2u);
+    EXPECT_EQ(Private(kFlagWord) & 2, 2u);
+    EXPECT_EQ(Public().dmDuplex, 3);
+    EXPECT_EQ(Selected(Duplex()), "On");
+    EXPECT_EQ(EntryData(Duplex(), 0), 1u);
+    ASSERT_TRUE(PressOk());
+    EXPECT_EQ(Private(kDuplexMode), 4u);
+    EXPECT_EQ(Private(kNUpField), 2u);
+    EXPECT_EQ(Public().dmDuplex, 3);
+}
+
+TEST_F(LayoutPage, ABookletStaysBoundWhateverTheDuplexListIsAskedFor) {
+    OpenSheet();
+    ChooseValue(kNupBox, 20, kLayout);
+    for (const int entry : {0, 2, 1}) {
+        ASSERT_TRUE(kv::input::Choose(Duplex(), entry));
+        EXPECT_EQ(Private(kDuplexMode), 4u) << entry;
+        EXPECT_EQ(Private(kNUpField), 2u) << entry;
+        EXPECT_EQ(Public().dmDuplex, 3) << entry;
+        EXPECT_EQ(Selected(Duplex()), "On") << entry;
+    }
+    ChooseValue(kNupBox, 4, kLayout);
+    EXPECT_EQ(Private(kDuplexMode), 1u);
+    EXPECT_EQ(Private(kNUpField), 4u);
+    EXPECT_EQ(Public().dmDuplex, 1);
+    EXPECT_EQ(Selected(Duplex()), "Off");
+}
+
+TEST_F(LayoutPage, RightBindingOutlivesPagesAppliesAndRefusals) {
+    UseRules("[ConflictConditions]\r\nComboDuplexBooklet0=(2),0,0,(ComboNup,0,0,(20),0)\r\n");
+    StartWith(20, 0, 5);
+    ASSERT_NE(PageWindow(kLayout), nullptr);
+    EXPECT_EQ(Private(kDuplexMode), 5u) << "opened";
+    ASSERT_NE(PageWindow(kQuality), nullptr);
+    ASSERT_NE(PageWindow(kLayout), nullptr);
+    ASSERT_TRUE(kv::input::Click(Item(kRotateBox, kLayout)));
+    EXPECT_EQ(Private(kDuplexMode), 5u) << "another setting";
+    SendMessageA(PageWindow(kLayout), WM_USER + 300, 0, 0);
+    EXPECT_EQ(Private(kDuplexMode), 5u) << "refreshed from elsewhere";
+    kv::Headless().PushAnswer([](HWND dialog) { kv::input::Click(GetDlgItem(dialog, IDCANCEL)); });
+    ASSERT_TRUE(kv::input::Choose(Duplex(), 2));
+    EXPECT_EQ(Private(kDuplexMode), 5u) << "refused";
+    EXPECT_EQ(Selected(Duplex()), "On");
+    SendMessageA(sheet_, PSM_APPLY, 0, 0);
+    EXPECT_EQ(Private(kDuplexMode), 5u) << "applied";
+    EXPECT_EQ(Private(kNupMode) & 3, 1u);
+}
+
+TEST_F(LayoutPage, PaintingTheBookletEntryNamesTheFirstDuplexEntry) {
+    OpenSheet();
+    ChooseValue(kDuplexBox, 2, kLayout);
+    const HWND duplex = Duplex();
+    SendMessageA(duplex, CB_DELETESTRING, 0, 0);
+    SendMessageA(duplex, CB_INSERTSTRING, 0, reinterpret_cast<LPARAM>("On"));
+    SendMessageA(duplex, CB_SETITEMDATA, 0, 1);
+    SendMessageA(duplex, CB_SETCURSEL, 2, 0);
+    const HWND nup = Item(kNupBox, kLayout);
+    EXPECT_EQ(SendMessageA(nup, CB_GETITEMHEIGHT, 0, 0), 32);
+    const HDC dc = CreateCompatibleDC(nullptr);
+    const RECT row{0, 0, 150, 32};
+    ASSERT_TRUE(kv::PaintItem(nup, IndexOf(nup, 16), dc, row, 0));
+    EXPECT_EQ(EntryText(duplex, 0), "On") << "only the booklet entry does it";
+    ASSERT_TRUE(kv::PaintItem(nup, IndexOf(nup, 20), dc, row, 0));
+    DeleteDC(dc);
+    EXPECT_EQ(EntryText(duplex, 0), "Off");
+    EXPECT_EQ(EntryData(duplex, 0), 1u);
+    EXPECT_EQ(SendMessageA(duplex, CB_GETCURSEL, 0, 0), 2);
+    EXPECT_EQ(Private(kDuplexMode), 2u);
+}
+
+TEST_F(LayoutPage, ABorderIsDroppedOnlyWhenThereWereNoPagesToBorder) {
+    const struct { DWORD nup; DWORD kept; } rows[] = {{0, 0}, {103, 0}, {2, 4}, {16, 4}};
+    for (const auto& row : rows) {
+        StartWith(row.nup, 4 | 1);
+        ChooseValue(kNupBox, 9, kLayout);
+        EXPECT_EQ(Private(kNupStyle), row.kept | 1) << row.nup;
+        CloseSheet();
+    }
+}
+
+TEST_F(LayoutPage, DefaultsReachTheImageShiftAndTheSnapshot) {
+    SetPrivate(kOffsetX, 0x4020);
+    StartWith(20, 7, 5);
+    const HWND page = PageWindow(kLayout);
+    ASSERT_TRUE(kv::input::Click(Item(kDefaultsButton, kLayout)));
+    EXPECT_EQ(Private(kNup), 0u);
+    EXPECT_EQ(Private(kDuplexMode), 1u);
+    EXPECT_EQ(Private(kNupStyle), 0u);
+    EXPECT_EQ(Private(kOffsetX), 0u);
+    PSHNOTIFY reset{{sheet_, 0, PSN_RESET}, 0};
+    SendMessageA(page, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&reset));
+    EXPECT_EQ(Private(kNup), 20u);
+    EXPECT_EQ(Private(kDuplexMode), 4u);
+}
+
+TEST_F(LayoutPage, DetailsOfferTheOrdersOfTheLayout) {
+    const struct { DWORD nup; SHORT orientation; int shown; std::vector<DWORD> offered; } rows[] = {
+        {20, 1, kBinding, {4, 5}},           {2, 1, kSideways, {0, 1}},
+        {2, 2, kTopToBottom, {2}},           {4, 1, kCornerOrder, {0, 2, 1, 3}},
+        {9, 2, kCornerOrder, {0, 2, 1, 3}},
+    };
+    for (const auto& row : rows) {
+        Public().dmOrientation = row.orientation;
+        StartWith(row.nup, 0, row.nup == 20 ? 4 : 1);
+        InDetails(IDCANCEL, [&](HWND dialog) {
+            EXPECT_EQ(Text(dialog), "Pages/Sheet Details");
+            for (const int id : {kCornerOrder, kBinding, kTopToBottom, kSideways}) {
+                EXPECT_EQ(IsWindowVisible(GetDlgItem(dialog, id)) != FALSE, id == row.shown)
+                    << row.nup << " " << id;
+            }
+            const HWND order = GetDlgItem(dialog, row.shown);
+            ASSERT_EQ(SendMessageA(order, CB_GETCOUNT, 0, 0),
+                      static_cast<LRESULT>(row.offered.size()));
+            for (size_t i = 0; i < row.offered.size(); ++i) {
+                EXPECT_EQ(EntryData(order, static_cast<int>(i)), row.offered[i]);
+            }
+            const HWND nup = GetDlgItem(dialog, kNupBox);
+            EXPECT_EQ(SendMessageA(nup, CB_GETCOUNT, 0, 0), 6);
+            EXPECT_EQ(EntryData(nup, static_cast<int>(SendMessageA(nup, CB_GETCURSEL, 0, 0))),
+                      row.nup);
+            for (const DWORD removed : {0u, 102u, 103u, 104u, 105u}) {
+                EXPECT_EQ(IndexOf(nup, removed), -1);
+            }
+        });
+        CloseSheet();
+    }
+}
+
+TEST_F(LayoutPage, DetailsStoreTheShownOrderAndKeepTheBorder) {
+    StartWith(4, 4);
+    InDetails(IDOK, [&](HWND dialog) {
+        EXPECT_EQ(SendMessageA(GetDlgItem(dialog, kBorderBox), BM_GETCHECK, 0, 0),
+                  static_cast<LRESULT>(BST_CHECKED));
+        EXPECT_EQ(Private(kNupStyle), 4u) << "opening changes nothing";
+        ChooseIn(dialog, kCornerOrder, 3);
+        EXPECT_EQ(Private(kNupStyle), 7u);
+        ChooseIn(dialog, kNupBox, 2);
+        EXPECT_TRUE(IsWindowVisible(GetDlgItem(dialog, kSideways)));
+        EXPECT_EQ(Private(kNupStyle), 4u) << "what the list shows holds";
+        ChooseIn(dialog, kSideways, 1);
+        EXPECT_EQ(Private(kNupStyle), 5u);
+    });
+    EXPECT_EQ(Private(kNUpField), 2u);
+    EXPECT_EQ(Private(kNupMode) & 7, 1u);
+    InDetails(IDOK, [&](HWND dialog) {
+        ChooseIn(dialog, kNupBox, 20);
+        EXPECT_EQ(Private(kDuplexMode), 4u);
+        ChooseIn(dialog, kBinding, 5);
+    });
+    EXPECT_EQ(Private(kDuplexMode), 5u);
+    EXPECT_EQ(Private(kNupMode) & 3, 1u);
+    EXPECT_EQ(Public().dmDuplex, 3);
+    EXPECT_EQ(Selected(Duplex()), "On");
+}
+
+TEST_F(LayoutPage, DetailsDefaultsAndCancel) {
+    StartWith(20, 7, 5);
+    InDetails(IDCANCEL, [&](HWND dialog) {
+        ASSERT_TRUE(kv::input::Click(GetDlgItem(dialog, kDefaultsButton)));
+        EXPECT_EQ(Private(kNupStyle), 0u);
+        EXPECT_EQ(Private(kDuplexMode), 4u);
+        EXPECT_EQ(SendMessageA(GetDlgItem(dialog, kBinding), CB_GETCURSEL, 0, 0), 0);
+        EXPECT_EQ(SendMessageA(GetDlgItem(dialog, kBorderBox), BM_GETCHECK, 0, 0),
+                  static_cast<LRESULT>(BST_UNCHECKED));
+        ChooseIn(dialog, kNupBox, 2);
+        ChooseIn(dialog, kNupBox, 20);
+    });
+    EXPECT_EQ(Private(kNupStyle), 7u);
+    EXPECT_EQ(Private(kDuplexMode), 5u);
+    EXPECT_EQ(Private(kNup), 20u);
+    EXPECT_EQ(Private(kNupMode) & 3, 1u);
+}
+
+}  // namespace
+}  // namespace journey

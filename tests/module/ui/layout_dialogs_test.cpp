@@ -1,0 +1,141 @@
+// The dialogs that no control of the pages opens: output details and pages-per-sheet style, run through
+// their exports over a scratch sheet.
+#include <platform/display/headless.h>
+#include <platform/window/input.h>
+#include <platform/window/paint.h>
+
+#include <functional>
+
+#include "../support/sheet_fixture.h"
+#include "ui/exports.h"
+#include "ui/snapshot.h"
+
+namespace kvui {
+namespace {
+
+class LayoutDialogs : public testing::Test {
+ protected:
+    LayoutDialogs() { sheet.context.snapshot = &snapshot; }
+
+    INT_PTR Run(const char* name, DLGPROC procedure, int closer,
+                const std::function<void(HWND)>& act) {
+        kv::Headless().PushAnswer([&](HWND dialog) {
+            act(dialog);
+            kv::input::Click(GetDlgItem(dialog, closer));
+        });
+        return DialogBoxParamA(sheet.context.resources, name, nullptr, procedure,
+                               reinterpret_cast<LPARAM>(&sheet.context));
+    }
+    void ChooseIn(HWND dialog, int id, DWORD value) {
+        const HWND combo = GetDlgItem(dialog, id);
+        const LRESULT count = SendMessageA(combo, CB_GETCOUNT, 0, 0);
+        int index = -1;
+        for (LRESULT i = 0; i < count; ++i) {
+            if (static_cast<DWORD>(SendMessageA(combo, CB_GETITEMDATA, i, 0)) == value) {
+                index = static_cast<int>(i);
+            }
+        }
+        ASSERT_TRUE(kv::input::Choose(combo, index)) << id << " " << value;
+    }
+    LRESULT Icon(int id) {
+        return reinterpret_cast<LRESULT>(LoadIconA(sheet.context.resources, MAKEINTRESOURCEA(id)));
+    }
+
+    ScratchSheet sheet;
+    SettingsSnapshot snapshot{};
+};
+
+constexpr int kPunchPictureId = 1305, kPunchBox = 1306, kHolesBox = 1308;
+
+TEST_F(LayoutDialogs, ThePunchPictureFollowsEdgeAndHoles) {
+    const struct { DWORD edge; DWORD holes; int icon; } rows[] = {
+        {3, 2, 1661}, {3, 3, 1662}, {3, 4, 1663}, {2, 4, 1666}, {2, 3, 1665}, {2, 2, 1664}, {0, 3, 1660},
+    };
+    sheet.Set("mdmHolePunchNumber", 2);
+    const INT_PTR result = Run("_DLGTAB01", DDMTAB01, IDOK, [&](HWND dialog) {
+        char title[64] = "";
+        GetWindowTextA(dialog, title, sizeof title);
+        EXPECT_STREQ(title, "Detail Of Output Setting");
+        const HWND picture = GetDlgItem(dialog, kPunchPictureId);
+        EXPECT_EQ(SendMessageA(picture, STM_GETICON, 0, 0), Icon(1660));
+        for (const auto& row : rows) {
+            ChooseIn(dialog, kPunchBox, row.edge);
+            ChooseIn(dialog, kHolesBox, row.holes);
+            EXPECT_EQ(sheet.Get("mdmHolePunch"), row.edge);
+            EXPECT_EQ(sheet.Get("mdmHolePunchNumber"), row.holes);
+            EXPECT_EQ(SendMessageA(picture, STM_GETICON, 0, 0), Icon(row.icon)) << row.icon;
+        }
+    });
+    EXPECT_EQ(result, 1);
+    EXPECT_EQ(sheet.Get("mdmHolePunchNumber"), 3u);
+    EXPECT_EQ(Run("_DLGTAB01", DDMTAB01, IDCANCEL, [&](HWND dialog) {
+        ChooseIn(dialog, kPunchBox, 2);
+        EXPECT_EQ(sheet.Get("mdmHolePunch"), 2u);
+    }), 1);
+    EXPECT_EQ(sheet.Get("mdmHolePunch"), 0u);
+}
+
+TEST_F(LayoutDialogs, ARefusedPunchLeavesSettingAndPicture) {
+    sheet.UseRules("[ConflictConditions]\r\nComboPunch0=(2),0,0,(ComboFolding,0,0,(1-5),0)\r\n");
+    sheet.Set("mdmHolePunch", 3);
+    sheet.Set("mdmHolePunchNumber", 4);
+    sheet.Set("mdmFolding", 3);
+    kv::Headless().PushAnswer([&](HWND dialog) {
+        kv::Headless().PushAnswer([](HWND box) { kv::input::Key(VK_ESCAPE), (void)box; });
+        ChooseIn(dialog, kPunchBox, 2);
+        EXPECT_EQ(sheet.Get("mdmHolePunch"), 3u);
+        EXPECT_EQ(SendMessageA(GetDlgItem(dialog, kPunchPictureId), STM_GETICON, 0, 0), Icon(1663));
+        kv::input::Click(GetDlgItem(dialog, IDOK));
+    });
+    DialogBoxParamA(sheet.context.resources, "_DLGTAB01", nullptr, DDMTAB01,
+                    reinterpret_cast<LPARAM>(&sheet.context));
+    EXPECT_EQ(sheet.Get("mdmFolding"), 3u);
+}
+
+TEST_F(LayoutDialogs, StyleButtonsOwnTheOrderBitsOnly) {
+    for (const DWORD order : {1u, 3u, 2u, 0u}) {
+        sheet.Set("mdmNupStyle", 4 | 3);
+        sheet.Set("mdmNup", 4);
+        sheet.Set("mdmDuplexMode", 1);
+        EXPECT_EQ(Run("_DLGTAB02", DDMTAB02, IDOK, [&](HWND dialog) {
+            EXPECT_EQ(SendMessageA(GetDlgItem(dialog, 1464), BM_GETCHECK, 0, 0), BST_CHECKED);
+            ASSERT_TRUE(kv::input::Click(GetDlgItem(dialog, static_cast<int>(1461 + order))));
+            EXPECT_EQ(IsDlgButtonChecked(dialog, static_cast<int>(1461 + order)), 1u);
+        }), 1);
+        EXPECT_EQ(sheet.Get("mdmNupStyle"), 4 | order);
+        EXPECT_EQ(sheet.context.privateSettings->nUpMode & 7, (order & 1) | (order & 2) << 1);
+    }
+    Run("_DLGTAB02", DDMTAB02, IDCANCEL,
+        [&](HWND dialog) { kv::input::Click(GetDlgItem(dialog, 1463)); });
+    EXPECT_EQ(sheet.Get("mdmNupStyle"), 4u);
+}
+
+TEST_F(LayoutDialogs, StylePicturesDarkenWhatLiesUnderThem) {
+    Run("_DLGTAB02", DDMTAB02, IDCANCEL, [&](HWND dialog) {
+        const HDC dc = CreateCompatibleDC(nullptr);
+        const HBITMAP surface = CreateCompatibleBitmap(dc, 40, 40);
+        const HGDIOBJ before = SelectObject(dc, surface);
+        const RECT all{0, 0, 40, 40};
+        for (int id = 1465; id <= 1468; ++id) {
+            const HBRUSH ground = CreateSolidBrush(RGB(0xF0, 0xE0, 0x70));
+            FillRect(dc, &all, ground);
+            DeleteObject(ground);
+            ASSERT_EQ(kv::PaintWindow(GetDlgItem(dialog, id), dc), kv::Painting::kSelf);
+            int darker = 0;
+            for (int y = 0; y < 32; ++y) {
+                for (int x = 0; x < 32; ++x) {
+                    const COLORREF pixel = GetPixel(dc, x, y);
+                    EXPECT_EQ(pixel & ~RGB(0xF0, 0xE0, 0x70), 0u);
+                    darker += pixel != RGB(0xF0, 0xE0, 0x70);
+                }
+            }
+            EXPECT_GT(darker, 20) << id;
+        }
+        SelectObject(dc, before);
+        DeleteObject(surface);
+        DeleteDC(dc);
+    });
+}
+
+}  // namespace
+}  // namespace kvui
