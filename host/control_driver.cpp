@@ -36,6 +36,8 @@ struct OpenerRow {
 };
 constexpr OpenerRow kOpeners[] = {
     {"_LBPFIRSTPAGE", "Chk1stPageSource"},
+    {"DLGCOMBINATION", "DetailOfNup"},
+    {"_LBPIMAGESHIFT", "BtnImageShifting"},
 };
 
 std::optional<long> NumberOf(const std::string& text) {
@@ -112,6 +114,19 @@ std::string ListText(HWND window, UINT lengthMessage, UINT textMessage, int inde
 }
 
 bool IsListBox(HWND window) { return kv::KindOf(window) == "list"; }
+
+// Several controls of a dialog may share a name when only one of them is shown at a time.
+const Control& ShownAlternative(const Control& control, HWND dialog) {
+    for (unsigned i = 0; i < kControlCount; ++i) {
+        const Control& other = kControls[i];
+        if (std::strcmp(other.name, control.name) != 0 ||
+            std::strcmp(other.dialog, control.dialog) != 0) {
+            continue;
+        }
+        if (IsWindowVisible(GetDlgItem(dialog, static_cast<int>(other.id)))) return other;
+    }
+    return control;
+}
 
 // Leaves an edit, so that it is read back.
 void LeaveEdit(HWND window) {
@@ -235,6 +250,16 @@ SetOutcome ControlDriver::Set(const Control& control, const std::string& value) 
     return outcome;
 }
 
+// A page may ignore a choice that others forbid, without asking. The field may hold more than the
+// entry's bits.
+bool ControlDriver::IsTaken(const Control& control, HWND combo, int index, const ChoiceText& wanted,
+                            const std::string& value) {
+    if (control.setting[0] == '\0' || conflicts_.refusal() != ConflictRefusal::kNone) return true;
+    if (SendMessageA(combo, CB_GETCURSEL, 0, 0) != index) return false;
+    const DWORD stored = ReadControlValue(session_.record().data(), control);
+    return CaptionMatches(wanted.text, value) || (stored & wanted.value) == wanted.value;
+}
+
 SetOutcome ControlDriver::SetOnPage(const Control& control, const std::string& value, HWND window) {
     const std::string name = control.name;
     const std::string_view kind = control.kind;
@@ -296,6 +321,10 @@ SetOutcome ControlDriver::SetOnPage(const Control& control, const std::string& v
         return {};
     }
     if (!kv::input::Choose(window, index)) return unreachable(window);
+    if (kind == "combo" && !IsTaken(control, window, index, offered[static_cast<size_t>(index)], value)) {
+        return Refuse(kRefused, name + "=" + value + ": refused, the page keeps " +
+                                    Quoted(ShownText(control, window)));
+    }
     return {};
 }
 
@@ -313,7 +342,11 @@ SetOutcome ControlDriver::SetInSubDialog(const Control& control, const std::stri
     pending_ = &control;
     pendingValue_ = value;
     pendingOutcome_ = Refuse(kRefused, std::string(control.name) + ": its dialog did not open");
-    if (window != nullptr) {
+    if (window != nullptr && !kv::input::CanReach(window)) {
+        pendingOutcome_.error =
+            std::string(control.name) + ": its dialog does not open, " + button->name +
+            (IsWindowVisible(window) ? " is disabled now" : " is not shown");
+    } else if (window != nullptr) {
         // A check box opens its dialog when it is turned on.
         const bool isCheck = std::string_view(button->kind) == "check";
         if (isCheck && SendMessageA(window, BM_GETCHECK, 0, 0) == BST_CHECKED) {
@@ -331,9 +364,8 @@ void ControlDriver::AnswerDialog(HWND dialog) {
     constexpr int kMessageText = 0xFFFF;
     const HWND message = GetDlgItem(dialog, kMessageText);
     if (pending_ != nullptr && message == nullptr) {
-        const HWND window = GetDlgItem(dialog, static_cast<int>(pending_->id));
-        if (window != nullptr) {
-            const Control& control = *std::exchange(pending_, nullptr);
+        const Control& control = ShownAlternative(*std::exchange(pending_, nullptr), dialog);
+        if (const HWND window = GetDlgItem(dialog, static_cast<int>(control.id))) {
             pendingOutcome_ = SetOnPage(control, pendingValue_, window);
         }
         kv::input::Click(

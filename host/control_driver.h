@@ -44,6 +44,9 @@ class ControlDriver {
    private:
     void AnswerDialog(HWND dialog);
     SetOutcome SetOnPage(const Control& control, const std::string& value, HWND window);
+    // Whether the page took the entry that was chosen for a value.
+    bool IsTaken(const Control& control, HWND combo, int index, const ChoiceText& wanted,
+                 const std::string& value);
     SetOutcome SetInSubDialog(const Control& control, const std::string& value);
 
     Session& session_;

@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include "preview/page_grid.h"
+#include "settings/private_devmode.h"
 
 namespace kvui {
 
@@ -14,12 +15,6 @@ enum class Shape { kPortrait, kLandscape };
 // Layouts in which a portrait document is printed on a portrait-shaped sheet are wide; in narrow ones
 // the sheet is turned.
 enum class LayoutKind { kWide, kNarrow };
-
-constexpr DWORD kDuplexOff = 1;
-constexpr DWORD kDuplexLongEdge = 2;
-constexpr DWORD kDuplexShortEdge = 3;
-constexpr DWORD kDuplexBookletLeft = 4;
-constexpr DWORD kDuplexBookletRight = 5;
 
 // A picture, and the mask that cuts it out of its surroundings (0: it is combined by AND).
 struct PictureId {

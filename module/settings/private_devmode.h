@@ -148,6 +148,8 @@ constexpr DWORD kNupPosterFirst = 100;
 
 // Values of mdmDuplexMode. A booklet keeps its binding edge in the same field.
 constexpr DWORD kDuplexOff = 1;
+constexpr DWORD kDuplexLongEdge = 2;
+constexpr DWORD kDuplexShortEdge = 3;
 constexpr DWORD kDuplexBookletLeft = 4;
 constexpr DWORD kDuplexBookletRight = 5;
 constexpr bool IsBookletBinding(DWORD duplexMode) {

@@ -111,6 +111,27 @@ TEST_F(CommandLine, SlidersTakeWhatTheirSettingStores) {
               "Contrast=-20\nUnsharpMask=30\nSaturation=50\n");
 }
 
+TEST_F(CommandLine, LayoutDialogsAreReachedThroughTheirPage) {
+    EXPECT_EQ(Run("set ComboNup=Booklet").status, 0);
+    EXPECT_EQ(Run("get mdmNup mdmDuplexMode nUp dmDuplex").output,
+              "mdmNup=20\nmdmDuplexMode=4\nnUp=2\ndmDuplex=3\n");
+    const Ran ignored = Run("set ComboDuplexBooklet=1");
+    EXPECT_EQ(ignored.status, 1);
+    EXPECT_NE(ignored.output.find("the page keeps \"On\""), std::string::npos) << ignored.output;
+    EXPECT_EQ(Run("set \"ComboBooklet=Right Binding\"").status, 0);
+    EXPECT_EQ(Run("get mdmDuplexMode nUpMode").output, "mdmDuplexMode=5\nnUpMode=1\n");
+    // The list of orders for two pages is another control of the same name.
+    EXPECT_EQ(Run("set ComboNup=2 ComboOrder=Right-to-Left ChkNupBorder=on").status, 0);
+    EXPECT_EQ(Run("get mdmNupStyle").output, "mdmNupStyle=5\n");
+    const Ran shift = Run("set ChkImageShifting=on EditOffsetX=-20 EditOffsetY=0.5");
+    EXPECT_EQ(shift.status, 0) << shift.output;
+    EXPECT_NE(shift.output.find("EditOffsetX=-20: stored as -15.9"), std::string::npos);
+    EXPECT_EQ(Run("get mdmOffsetX mdmOffsetY").output, "mdmOffsetX=49310\nmdmOffsetY=32773\n");
+    const Ran off = Run("set ChkImageShifting=off EditOffsetX=1");
+    EXPECT_EQ(off.status, 1);
+    EXPECT_NE(off.output.find("BtnImageShifting is disabled"), std::string::npos) << off.output;
+}
+
 TEST_F(CommandLine, SeveralPairsAreAllOrNothing) {
     ASSERT_EQ(Run("set EditCopies=3").status, 0);
     const std::string before = Bytes(RecordFile());

@@ -1,5 +1,6 @@
 // The dialogs that no control of the pages opens: output details and pages-per-sheet style, run through
 // their exports over a scratch sheet.
+#include <gtest/gtest.h>
 #include <platform/display/headless.h>
 #include <platform/window/input.h>
 #include <platform/window/paint.h>
