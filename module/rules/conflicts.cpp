@@ -139,10 +139,6 @@ class RecordValues final : public ConflictValues {
     }
 
  private:
-    static constexpr DWORD kNupBooklet = 20;
-    static constexpr DWORD kDuplexOff = 1;
-    static constexpr DWORD kDuplexBookletLeft = 4;
-
     SheetContext& context_;
 };
 
