@@ -19,6 +19,7 @@ struct Arguments {
     std::vector<std::string> names;
     std::vector<std::string> pairs;
     std::string page;
+    std::string view;
     std::string folder;
     std::string file;
     std::string other;
@@ -47,7 +48,8 @@ ExitStatus Run(CLI::App& app, Arguments& args, int argc, char** argv) {
     if (chosen("list")) return RunList(args.options, args.page);
     if (chosen("defaults")) return RunDefaults(args.options, args.page);
     if (chosen("shot")) {
-        return RunShot(args.options, args.folder, args.page, args.scale, args.rightToLeft);
+        return RunShot(args.options, args.folder, args.page, args.view, args.scale,
+                       args.rightToLeft);
     }
     if (chosen("record")) {
         CLI::App* record = app.get_subcommand("record");
@@ -93,6 +95,8 @@ int main(int argc, char** argv) {
     auto* shot = app.add_subcommand("shot", "Draw every page and dialog to PNG files");
     shot->add_option("dir", args.folder, "Folder for the pictures")->required();
     shot->add_option("--page", args.page, "Only this page or dialog");
+    shot->add_option("--view", args.view, "View of the preview: paper, printer, quality or watermark")
+        ->check(CLI::IsMember({"paper", "printer", "quality", "watermark"}, CLI::ignore_case));
     shot->add_option("--scale", args.scale, "Size of a pixel, 1 to 4")->check(CLI::Range(1.0, 4.0));
     shot->add_flag("--rtl", args.rightToLeft, "Mirrored, for right-to-left languages");
     auto* record = app.add_subcommand("record", "Export, import or compare settings records");

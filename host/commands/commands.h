@@ -16,7 +16,7 @@ ExitStatus RunSet(const Options& options, const std::vector<std::string>& pairs,
 ExitStatus RunDefaults(const Options& options, const std::string& page);
 ExitStatus RunList(const Options& options, const std::string& page);
 ExitStatus RunShot(const Options& options, const std::string& folder, const std::string& page,
-                   double scale, bool rightToLeft);
+                   const std::string& view, double scale, bool rightToLeft);
 ExitStatus RunRecordExport(const Options& options, const std::string& file);
 ExitStatus RunRecordImport(const Options& options, const std::string& file);
 ExitStatus RunRecordDiff(const std::string& left, const std::string& right);

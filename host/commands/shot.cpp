@@ -109,6 +109,24 @@ bool ChooseValue(HWND combo, DWORD value) {
     return false;
 }
 
+bool BeginsWith(const std::string& text, const std::string& start) {
+    return strncasecmp(text.c_str(), start.c_str(), start.size()) == 0;
+}
+
+// The preview's button names the view that is not shown. Presses it until the wanted view shows; false
+// when the page offers no such view, and then it shows what it showed before.
+bool ShowView(HWND sheet, HWND page, const std::string& view) {
+    constexpr int kSwitchButton = 14003;
+    const HWND button = FindOnSheet(sheet, page, kSwitchButton);
+    if (button == nullptr) return false;
+    for (int press = 0; press < 2; ++press) {
+        const bool wanted = BeginsWith(WindowText(button), view);
+        kv::input::Click(button);
+        if (wanted) return true;
+    }
+    return false;
+}
+
 bool IsCheckBox(HWND control) {
     const DWORD type = static_cast<DWORD>(GetWindowLongA(control, GWL_STYLE)) & BS_TYPEMASK;
     return kv::KindOf(control) == "button" && (type == BS_AUTOCHECKBOX || type == BS_CHECKBOX);
@@ -116,18 +134,28 @@ bool IsCheckBox(HWND control) {
 
 class Photographer {
    public:
-    Photographer(HWND sheet, std::string folder, PictureOptions options, bool json)
-        : sheet_(sheet), folder_(std::move(folder)), options_(options), json_(json) {
+    Photographer(HWND sheet, std::string folder, PictureOptions options, std::string view, bool json)
+        : sheet_(sheet),
+          folder_(std::move(folder)),
+          options_(options),
+          view_(std::move(view)),
+          json_(json) {
         kv::Headless().SetPolicy([this](HWND dialog) { Answer(dialog); });
     }
     ~Photographer() { kv::Headless().SetPolicy(nullptr); }
     Photographer(const Photographer&) = delete;
     Photographer& operator=(const Photographer&) = delete;
 
+    enum class View { kWhereOffered, kRequired };
+
     // False after an error was printed.
-    bool TakePage(int index) {
+    bool TakePage(int index, View view) {
         const HWND page = Open(index);
         if (page == nullptr) return false;
+        if (!view_.empty() && !ShowView(sheet_, page, view_) && view == View::kRequired) {
+            PrintError("the page " + TabCaption(sheet_, index) + " has no " + view_ + " view");
+            return false;
+        }
         char number[16];
         std::snprintf(number, sizeof number, "%02d-", index + 1);
         return Take(sheet_, number + FileStem(TabCaption(sheet_, index)));
@@ -207,6 +235,7 @@ class Photographer {
     HWND sheet_;
     std::string folder_;
     PictureOptions options_;
+    std::string view_;  // of the preview; empty for the page's own
     bool json_;
     bool failed_ = false;
     std::string next_;  // name of the dialog that is about to open
@@ -273,7 +302,7 @@ bool MakeFolder(const std::string& folder) {
 
 ExitStatus TakeAll(Photographer& photographer) {
     for (int i = 0; i < kSheetPages; ++i) {
-        if (!photographer.TakePage(i)) return kRefused;
+        if (!photographer.TakePage(i, Photographer::View::kWhereOffered)) return kRefused;
     }
     for (const DialogRow& row : kDialogs) {
         if (!photographer.TakeDialog(row)) return kRefused;
@@ -282,7 +311,9 @@ ExitStatus TakeAll(Photographer& photographer) {
 }
 
 ExitStatus TakeOne(Photographer& photographer, int page, const DialogRow* dialog) {
-    if (page >= 0) return photographer.TakePage(page) ? kDone : kRefused;
+    if (page >= 0) {
+        return photographer.TakePage(page, Photographer::View::kRequired) ? kDone : kRefused;
+    }
     if (!photographer.TakeDialog(*dialog)) return kRefused;
     if (photographer.Has(dialog->name)) return kDone;
     PrintError(std::string(dialog->name) + " does not open with these settings");
@@ -292,7 +323,7 @@ ExitStatus TakeOne(Photographer& photographer, int page, const DialogRow* dialog
 }  // namespace
 
 ExitStatus RunShot(const Options& options, const std::string& folder, const std::string& page,
-                   double scale, bool rightToLeft) {
+                   const std::string& view, double scale, bool rightToLeft) {
     const int index = page.empty() ? -1 : PageIndexOfName(page);
     const DialogRow* dialog = DialogOfName(page);
     if (!page.empty() && index < 0 && dialog == nullptr) {
@@ -311,7 +342,7 @@ ExitStatus RunShot(const Options& options, const std::string& folder, const std:
     {
         const PictureOptions look = {
             scale, rightToLeft ? Reading::kRightToLeft : Reading::kLeftToRight};
-        Photographer photographer(session.sheet(), folder, look, options.json);
+        Photographer photographer(session.sheet(), folder, look, view, options.json);
         status = page.empty() ? TakeAll(photographer) : TakeOne(photographer, index, dialog);
         if (status == kDone) photographer.Report();
     }

@@ -12,8 +12,7 @@ namespace kvui {
 namespace {
 
 constexpr WORD kSamplePicture = 13201;
-constexpr int kPaperBorder = 5;  // white paper around the photograph
-constexpr int kShadow = 3;
+constexpr int kShadow = 3;  // of the print on the ground
 
 // Fixed point: 256 is one.
 constexpr int kOne = 256;
@@ -126,9 +125,8 @@ class Photograph {
     SIZE size_{};
 };
 
-void FillBox(HDC dc, int left, int top, int right, int bottom, COLORREF colour) {
+void FillBox(HDC dc, const RECT& box, COLORREF colour) {
     const OwnedObject<HBRUSH> brush(CreateSolidBrush(colour));
-    const RECT box{left, top, right, bottom};
     if (brush) FillRect(dc, &box, brush.get());
 }
 
@@ -140,7 +138,7 @@ void AdjustImage(const ImageAdjustment& adjustment, DWORD* pixels, int width, in
 }
 
 void PaintColourSample(SheetContext& context, HDC dc, SIZE size) {
-    constexpr COLORREF kShadowColour = RGB(60, 72, 88);
+    constexpr COLORREF kShadowColour = RGB(30, 42, 58);
     PaintGround(context, dc, size);
     const Photograph photograph(context.resources, dc);
     if (!photograph) return;
@@ -151,10 +149,8 @@ void PaintColourSample(SheetContext& context, HDC dc, SIZE size) {
                 photograph.pixels(), picture.cx, picture.cy);
     const int x = (size.cx - picture.cx) / 2;
     const int y = (size.cy - picture.cy) / 2;
-    const int left = x - kPaperBorder, top = y - kPaperBorder;
-    const int right = x + picture.cx + kPaperBorder, bottom = y + picture.cy + kPaperBorder;
-    FillBox(dc, left + kShadow, top + kShadow, right + kShadow, bottom + kShadow, kShadowColour);
-    FillBox(dc, left, top, right, bottom, RGB(255, 255, 255));
+    FillBox(dc, {x + kShadow, y + kShadow, x + picture.cx + kShadow, y + picture.cy + kShadow},
+            kShadowColour);
     const MemoryDc source(dc);
     const Selection selection(source.get(), photograph.bitmap());
     BitBlt(dc, x, y, picture.cx, picture.cy, source.get(), 0, 0, SRCCOPY);

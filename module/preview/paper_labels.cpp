@@ -1,6 +1,7 @@
 // Labels of the Paper View.
 #include "preview/paper_labels.h"
 
+#include <algorithm>
 #include <cctype>
 #include <cstring>
 
@@ -16,6 +17,7 @@ constexpr int kTop = 3;            // of the first band
 constexpr int kBandMargin = 6;     // a band ends this much below the height of its text
 constexpr int kLeft = 5;
 constexpr int kRight = 3;          // dimensions end this far from the right edge
+constexpr int kMostPitch = 12;     // between lines: the four of them end where the sheet begins
 constexpr int kLeftmost = 30;      // dimensions that would begin farther left are not shown
 constexpr int kArrowGap = 4;       // between the arrow and the name beside it
 constexpr COLORREF kWhite = RGB(255, 255, 255);
@@ -44,9 +46,15 @@ PaperLabel LabelOf(SheetContext& context, DWORD paperCode) {
     return SplitPaperName(name);
 }
 
+struct LineMetrics {
+    int textHeight;
+    int pitch;
+};
+
 // A name in its band and the dimensions on the line below.
-void DrawLabel(HDC dc, const PaperLabel& label, int left, int top, int textHeight, int viewWidth) {
-    RECT band{left, top, viewWidth, top - kTop + textHeight + kBandMargin};
+void DrawLabel(HDC dc, const PaperLabel& label, int left, int top, LineMetrics line,
+               int viewWidth) {
+    RECT band{left, top, viewWidth, top - kTop + line.textHeight + kBandMargin};
     constexpr UINT kFormat = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX;
     DrawTextA(dc, label.name, -1, &band, kFormat | DT_LEFT);
     SIZE extent{};
@@ -54,7 +62,7 @@ void DrawLabel(HDC dc, const PaperLabel& label, int left, int top, int textHeigh
     GetTextExtentPoint32A(dc, label.dimensions, length, &extent);
     const int start = viewWidth - kRight - extent.cx;
     if (length == 0 || start <= kLeftmost) return;
-    band = {start, band.top + textHeight, viewWidth - kRight, band.bottom + textHeight};
+    band = {start, band.top + line.pitch, viewWidth - kRight, band.bottom + line.pitch};
     DrawTextA(dc, label.dimensions, length, &band, kFormat | DT_RIGHT);
 }
 
@@ -72,8 +80,6 @@ PaperLabel SplitPaperName(const char* paperName) {
     return label;
 }
 
-// Every line of text is as high as the font; the two labels with their second lines end where the
-// sheet begins.
 void DrawPaperLabels(SheetContext& context, HDC dc, SIZE view, PictureSet& pictures) {
     const DcState state(dc);
     const LOGFONTA description = LabelFont(dc);
@@ -84,18 +90,18 @@ void DrawPaperLabels(SheetContext& context, HDC dc, SIZE view, PictureSet& pictu
     SetBkMode(dc, TRANSPARENT);
     TEXTMETRICA metrics{};
     GetTextMetricsA(dc, &metrics);
-    const int lineHeight = metrics.tmHeight;
+    const LineMetrics line{metrics.tmHeight, std::min<int>(metrics.tmHeight, kMostPitch)};
     const PaperLabel paper = LabelOf(context, static_cast<WORD>(context.settings->dmPaperSize));
-    DrawLabel(dc, paper, kLeft, kTop, lineHeight, view.cx);
+    DrawLabel(dc, paper, kLeft, kTop, line, view.cx);
 
     SIZE arrow{};
     if (!pictures.SizeOf(kOutputSizeArrow, arrow)) return;
-    const int second = kTop + 2 * lineHeight;
-    const int middle = second + (lineHeight + kBandMargin - kTop) / 2;
+    const int second = kTop + 2 * line.pitch;
+    const int middle = second + (line.textHeight + kBandMargin - kTop) / 2;
     pictures.Draw(dc, kOutputSizeArrow, kLeft, middle - arrow.cy / 2);
     const DWORD output = context.privateSettings->mdmOutputPaper;
     DrawLabel(dc, output != 0 ? LabelOf(context, output) : paper, kLeft + arrow.cx + kArrowGap,
-              second, lineHeight, view.cx);
+              second, line, view.cx);
 }
 
 }  // namespace kvui

@@ -149,6 +149,9 @@ void AttachSharedView(SheetContext& context) {
         ShowWindow(window, SW_SHOW);
     }
     if (shared.viewPanel != nullptr) {
+        // Last in the tab order: a page's first control gets the focus when the page comes up.
+        SetWindowPos(shared.viewPanel, HWND_BOTTOM, 0, 0, 0, 0,
+                     SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
         SetWindowLongPtrA(shared.viewPanel, DWLP_USER, reinterpret_cast<LONG_PTR>(&context));
     }
     if (shared.pageKind == 0) shared.pageKind = kViewPage;

@@ -457,6 +457,9 @@ constexpr int DWLP_MSGRESULT = 0;
 constexpr int DWLP_DLGPROC = 8;
 constexpr int DWLP_USER = 16;
 
+#define HWND_TOP (static_cast<HWND>(nullptr))
+#define HWND_BOTTOM (reinterpret_cast<HWND>(1))
+
 constexpr int SW_HIDE = 0;
 constexpr int SW_SHOWNORMAL = 1;
 constexpr int SW_SHOW = 5;
