@@ -304,6 +304,21 @@ TEST_F(Shot, PagesAndDialogsAreAskedForByName) {
     EXPECT_NE(output_.find("Basic, Layout, Overlay"), std::string::npos) << output_;
 }
 
+TEST_F(Shot, TheViewOfThePreviewIsChosenWhereThePageOffersIt) {
+    const auto size = [this](const std::string& arguments) -> std::uintmax_t {
+        if (Run(Pictures() + " --page " + arguments) != 0) return 0;
+        return fs::file_size(output_.substr(0, output_.find('\n')));
+    };
+    const auto paper = size("Basic");
+    ASSERT_GT(paper, 0u) << output_;
+    EXPECT_EQ(size("Basic --view paper"), paper);
+    EXPECT_LT(size("Basic --view printer"), paper) << output_;
+    EXPECT_GT(size("Quality --view Quality"), size("Quality --view printer")) << output_;
+    EXPECT_EQ(Run(Pictures() + " --page Basic --view quality"), 1);
+    EXPECT_NE(output_.find("quality"), std::string::npos) << output_;
+    EXPECT_EQ(Run(Pictures() + " --view sheet"), 2);
+}
+
 TEST_F(Shot, AFolderThatCannotBeIsNamed) {
     FILE* file = std::fopen(Pictures().c_str(), "w");
     std::fclose(file);
