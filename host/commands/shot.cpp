@@ -119,12 +119,14 @@ bool ShowView(HWND sheet, HWND page, const std::string& view) {
     constexpr int kSwitchButton = 14003;
     const HWND button = FindOnSheet(sheet, page, kSwitchButton);
     if (button == nullptr) return false;
-    for (int press = 0; press < 2; ++press) {
-        const bool wanted = BeginsWith(WindowText(button), view);
+    const HWND focus = GetFocus();
+    bool shown = false;
+    for (int press = 0; press < 2 && !shown; ++press) {
+        shown = BeginsWith(WindowText(button), view);
         kv::input::Click(button);
-        if (wanted) return true;
     }
-    return false;
+    if (focus != nullptr) kv::input::Focus(focus);
+    return shown;
 }
 
 bool IsCheckBox(HWND control) {
