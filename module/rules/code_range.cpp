@@ -72,6 +72,11 @@ std::vector<LONG> PresentCodes(const char* section, LONG lowest, LONG highest) {
 
 }  // namespace
 
+bool HasCodeRange(const char* section) {
+    LONG lowest = 0;
+    return ReadBound(section, "MinCode", lowest);
+}
+
 int ReadCodeRange(const char* section, CodeRecord* records) {
     LONG lowest = 0;
     LONG highest = 0;

@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include <memory>
+
 #include "ui/sheet_context.h"
 
 namespace kvui {
@@ -33,6 +35,24 @@ constexpr int kMaxCodeRecords = 64;
 // Reads the records of a section between its MinCode and MaxCode; answers how many (at most
 // kMaxCodeRecords; `records` has room for that many).
 int ReadCodeRange(const char* section, CodeRecord* records);
+bool HasCodeRange(const char* section);
+
+// The records of a control's list name, to walk once; none without a name. Room for the records is
+// left as it comes: most controls have no list, most lists a few records.
+class CodeRecords {
+ public:
+    explicit CodeRecords(const char* section) {
+        if (*section == '\0' || !HasCodeRange(section)) return;
+        records_ = std::make_unique_for_overwrite<CodeRecord[]>(kMaxCodeRecords);
+        count_ = ReadCodeRange(section, records_.get());
+    }
+    const CodeRecord* begin() const { return records_.get(); }
+    const CodeRecord* end() const { return records_.get() + count_; }
+
+ private:
+    std::unique_ptr<CodeRecord[]> records_;
+    int count_ = 0;
+};
 
 // A comma number list: each field followed by a comma counts, the last only when non-zero.
 int ReadCommaNumbers(const char* text, LONG* numbers, int capacity);

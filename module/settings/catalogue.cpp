@@ -1,7 +1,10 @@
 // Lookups on the item catalogue. Every one of them walks the rows from the top, because names and
 // ids that occur twice must find their first row; the tables themselves are in catalogue_*.cpp and
 // help_table.cpp.
+#include <algorithm>
+#include <cstdint>
 #include <cstring>
+#include <vector>
 
 #include "settings/item_catalogue.h"
 #include "settings/setting_field.h"
@@ -27,16 +30,58 @@ DWORD ControlIdByName(const char* controlName) {
     return item != nullptr ? item->controlId : 0;
 }
 
-const ControlItem* NextItemOfDialog(std::size_t start, const char* dialogName, ItemType type,
-                                    std::size_t* next) {
+namespace {
+
+// The rows of each dialog name, gathered once: a page is walked nine times at every activation, and
+// comparing the names of all rows would cost more than the filling.
+struct DialogRows {
+    const char* dialogName;
+    std::vector<std::uint8_t> rows;
+};
+
+const DialogRows* RowsOfDialog(const char* dialogName) {
+    static const auto* dialogs = [] {
+        auto* made = new std::vector<DialogRows>;
+        for (std::size_t row = 0; row < kCatalogueSize; ++row) {
+            const char* name = kCatalogue[row].dialogName;
+            auto place = std::find_if(made->begin(), made->end(), [name](const DialogRows& known) {
+                return std::strcmp(known.dialogName, name) == 0;
+            });
+            if (place == made->end()) place = made->insert(place, DialogRows{name, {}});
+            place->rows.push_back(static_cast<std::uint8_t>(row));
+        }
+        return made;
+    }();
+    for (const DialogRows& dialog : *dialogs) {
+        if (std::strcmp(dialog.dialogName, dialogName) == 0) return &dialog;
+    }
+    return nullptr;
+}
+static_assert(kCatalogueSize <= 256);
+
+const ControlItem* NextOfAnyDialog(std::size_t start, ItemType type, std::size_t* next) {
     for (std::size_t row = start; row < kCatalogueSize; ++row) {
-        const ControlItem& item = kCatalogue[row];
-        if (*dialogName != '\0' && std::strcmp(item.dialogName, dialogName) != 0) continue;
-        if (type != kItemAnyType && item.type != type) continue;
+        if (type != kItemAnyType && kCatalogue[row].type != type) continue;
         *next = row + 1;
-        return &item;
+        return &kCatalogue[row];
     }
     *next = kCatalogueSize;
+    return nullptr;
+}
+
+}  // namespace
+
+const ControlItem* NextItemOfDialog(std::size_t start, const char* dialogName, ItemType type,
+                                    std::size_t* next) {
+    if (*dialogName == '\0') return NextOfAnyDialog(start, type, next);
+    *next = kCatalogueSize;
+    const DialogRows* dialog = RowsOfDialog(dialogName);
+    if (dialog == nullptr) return nullptr;
+    for (const std::size_t row : dialog->rows) {
+        if (row < start || (type != kItemAnyType && kCatalogue[row].type != type)) continue;
+        *next = row + 1;
+        return &kCatalogue[row];
+    }
     return nullptr;
 }
 

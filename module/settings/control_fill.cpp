@@ -99,13 +99,9 @@ std::vector<ListEntry> EntriesOf(SheetContext& context, const ControlItem& item)
             entries.push_back({caption, entry.value});
         }
     }
-    if (item.listName[0] != '\0') {
-        std::vector<CodeRecord> records(kMaxCodeRecords);
-        const int count = ReadCodeRange(item.listName, records.data());
-        for (int i = 0; i < count; ++i) {
-            if (IsShownByOptions(context, records[i].thirdText) == 1) {
-                entries.push_back({records[i].name, static_cast<DWORD>(records[i].code)});
-            }
+    for (const CodeRecord& record : CodeRecords(item.listName)) {
+        if (IsShownByOptions(context, record.thirdText) == 1) {
+            entries.push_back({record.name, static_cast<DWORD>(record.code)});
         }
     }
     AddRunTimeEntries(context, item.controlId, entries);

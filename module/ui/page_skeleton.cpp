@@ -28,10 +28,19 @@ void DisableIfReadOnly(SheetContext& context, HWND page) {
     if (context.flags & kSheetReadOnly) DisableChildren(page);
 }
 
+bool IsNetworkPrinter(SheetContext& context) {
+    SheetAnswer& answer = context.shared->networkPrinter;
+    if (answer == kAnswerUnknown) {
+        const bool network = (PrinterAttributes(context) & PRINTER_ATTRIBUTE_NETWORK) != 0;
+        answer = network ? kAnswerYes : kAnswerNo;
+    }
+    return answer == kAnswerYes;
+}
+
 void ShowNotice(SheetContext& context) {
     const HWND icon = GetDlgItem(context.page, kNoticeIcon);
     const HWND text = GetDlgItem(context.page, kNoticeText);
-    const bool shared = (PrinterAttributes(context) & PRINTER_ATTRIBUTE_NETWORK) != 0;
+    const bool shared = IsNetworkPrinter(context);
     if (shared) {
         char notice[kNoticeTextSize] = "";
         LoadStringA(context.strings, kStringSharedPrinter, notice, sizeof notice);

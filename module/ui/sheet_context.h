@@ -42,6 +42,7 @@ enum SheetAnswer : int { kAnswerUnknown, kAnswerNo, kAnswerYes };
 struct SharedSheet {
     int pageCount;           // pages alive; the last one frees this block
     SheetAnswer dataWritable;
+    SheetAnswer networkPrinter;  // PRINTER_ATTRIBUTE_NETWORK
     BOOL initialised;        // LoadSheetRules has run
     BOOL active;             // companion flag: the sheet end has work to do
     HGLOBAL rulesCache;      // RulesCache

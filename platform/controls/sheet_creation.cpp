@@ -4,6 +4,7 @@
 #include <platform/controls/control_support.h>
 #include <platform/controls/sheet_state.h>
 #include <platform/dialog/create_dialog.h>
+#include <platform/shell/file_changes.h>
 
 #include <algorithm>
 #include <cstring>
@@ -163,6 +164,7 @@ HWND CreateSheetWindow(const PROPSHEETHEADERA& header) {
 }
 
 HWND CreateSheet(const PROPSHEETHEADERA& header) {
+    const FileTrust trust;
     HWND handle = CreateSheetWindow(header);
     SheetState* sheet = SheetOf(handle);
     if (!sheet) return nullptr;

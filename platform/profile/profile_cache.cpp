@@ -16,6 +16,7 @@
 #include <mutex>
 
 #include <platform/shell/errors.h>
+#include <platform/shell/file_changes.h>
 #include <platform/shell/paths.h>
 
 namespace kv {
@@ -40,6 +41,7 @@ struct CachedProfile {
     std::string path;
     Identity identity;
     bool fresh = false;  // read too soon after its change for the stamp to be trusted
+    unsigned long long trusted = 0;  // TrustNumber() at the last check
     std::shared_ptr<const ProfileDocument> document;
 };
 
@@ -178,6 +180,14 @@ std::shared_ptr<const ProfileDocument> LoadProfile(LPCSTR fileName, DWORD& error
     const PathBuffer path(fileName);
     struct stat info;
     error = ERROR_SUCCESS;
+    const unsigned long long trust = TrustNumber();
+    if (trust != 0) {
+        std::lock_guard guard(TheCache().lock);
+        const auto checked = FindCached(path.View());
+        if (checked != TheCache().profiles.end() && checked->trusted == trust) {
+            return checked->document;
+        }
+    }
     if (path.View().empty() || stat(path.Text(), &info) != 0) {
         error =
             path.View().empty() ? DWORD{ERROR_FILE_NOT_FOUND} : ErrorFromErrno(errno, path.Text());
@@ -186,7 +196,10 @@ std::shared_ptr<const ProfileDocument> LoadProfile(LPCSTR fileName, DWORD& error
     std::lock_guard guard(TheCache().lock);
     auto cached = FindCached(path.View());
     const bool known = cached != TheCache().profiles.end() && cached->identity == IdentityOf(info);
-    if (known && !cached->fresh) return cached->document;
+    if (known && !cached->fresh) {
+        cached->trusted = trust;
+        return cached->document;
+    }
     std::string text;
     // Opening a pipe or a device could have effects; only plain files are opened at all.
     if (!S_ISREG(info.st_mode)) error = ERROR_ACCESS_DENIED;
@@ -200,6 +213,7 @@ std::shared_ptr<const ProfileDocument> LoadProfile(LPCSTR fileName, DWORD& error
     }
     cached->identity = IdentityOf(info);
     cached->fresh = IsFresh(cached->identity);
+    cached->trusted = trust;
     if (!cached->document || cached->document->Text() != text) {
         cached->document = std::make_shared<ProfileDocument>(std::move(text));
     }

@@ -18,6 +18,7 @@
 #include <platform/profile/profile_edit.h>
 #include <platform/registry/state_directory.h>
 #include <platform/shell/errors.h>
+#include <platform/shell/file_changes.h>
 #include <platform/shell/paths.h>
 
 namespace kv {
@@ -105,6 +106,7 @@ DWORD ReplaceFile(const std::string& path, const std::string& text, const struct
         unlink(temporary.c_str());
         return ErrorFromErrno(failure, path);
     }
+    NoteFileChange();
     SyncFolder(folder);
     return ERROR_SUCCESS;
 }

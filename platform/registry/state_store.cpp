@@ -2,6 +2,7 @@
 #include <platform/registry/store_internal.h>
 
 #include <platform/shell/errors.h>
+#include <platform/shell/file_changes.h>
 
 namespace kv {
 
@@ -85,6 +86,7 @@ StateStore& StateStore::Get() {
 
 void StateStore::Close() {
     std::lock_guard guard(inside_->lock);
+    inside_->printerTrust = 0;
     inside_->database.Close();
     inside_->depth = 0;
 }
@@ -115,6 +117,7 @@ StoreTransaction::~StoreTransaction() {
     StateStore::Inside& inside = *store_.inside_;
     if (open_ && inside.depth > 0) {
         inside.failed = true;
+        inside.printerTrust = 0;
         if (--inside.depth == 0) inside.database.Rollback();
     }
     inside.lock.unlock();
@@ -142,6 +145,11 @@ DWORD StateStore::ListPrinters(std::vector<PrinterRecord>& printers) {
 
 DWORD StateStore::GetPrinter(const std::string& name, PrinterRecord& printer) {
     std::lock_guard guard(inside_->lock);
+    const unsigned long long trust = TrustNumber();
+    if (trust != 0 && inside_->printerTrust == trust && inside_->printer.name == name) {
+        printer = inside_->printer;
+        return ERROR_SUCCESS;
+    }
     const DWORD error = inside_->Prepare(StoreAccess::kRead);
     if (error != ERROR_SUCCESS) return error;
     if (!inside_->database.IsOpen()) return ERROR_INVALID_PRINTER_NAME;
@@ -149,6 +157,8 @@ DWORD StateStore::GetPrinter(const std::string& name, PrinterRecord& printer) {
     query.Text(1, name);
     if (query.NextRow()) {
         printer = PrinterOf(query);
+        inside_->printer = printer;
+        inside_->printerTrust = trust;
         return ERROR_SUCCESS;
     }
     const DWORD failed = inside_->database.Fail(query.Result());
@@ -211,15 +221,21 @@ DWORD StateStore::SetPrinterData(const std::string& printer, const std::string& 
     std::lock_guard guard(inside_->lock);
     if (size > kLargestValue || (size > 0 && !data)) return ERROR_INVALID_PARAMETER;
     if (const DWORD error = inside_->Prepare(StoreAccess::kWrite)) return error;
-    // A single statement is a transaction of its own: one synchronisation of the disk.
+    // A single statement is a transaction of its own: one synchronisation of the disk, and none when
+    // the value stands there already.
     Statement upsert = inside_->database.Use(
         "INSERT INTO printer_data (printer, name, type, data)"
         " SELECT id, ?2, ?3, ?4 FROM printer WHERE name = ?1"
-        " ON CONFLICT (printer, name) DO UPDATE SET type = excluded.type, data = excluded.data");
+        " ON CONFLICT (printer, name) DO UPDATE SET type = excluded.type, data = excluded.data"
+        " WHERE type IS NOT excluded.type OR data IS NOT excluded.data");
     const int changed =
         upsert.Text(1, printer).Text(2, name).Number(3, type).Blob(4, data, size).Run();
     const DWORD failed = inside_->database.Fail(upsert.Result());
-    return failed || changed ? failed : DWORD{ERROR_INVALID_PRINTER_NAME};
+    if (failed || changed) return failed;
+    Statement query = inside_->database.Use("SELECT 1 FROM printer WHERE name = ?1");
+    const bool exists = query.Text(1, printer).NextRow();
+    const DWORD unknown = inside_->database.Fail(query.Result());
+    return unknown || exists ? unknown : DWORD{ERROR_INVALID_PRINTER_NAME};
 }
 
 DWORD StateStore::DeletePrinterData(const std::string& printer, const std::string& name) {

@@ -10,6 +10,7 @@
 #include <cstdio>
 
 #include <platform/shell/errors.h>
+#include <platform/shell/file_changes.h>
 #include <platform/shell/kernel_objects.h>
 #include <platform/shell/paths.h>
 
@@ -145,6 +146,7 @@ BOOL WriteFile(HANDLE handle, LPCVOID buffer, DWORD bytes, LPDWORD bytesWritten,
     if (!file) return FALSE;
     if (!(file->access & GENERIC_WRITE)) return kv::Fail(ERROR_ACCESS_DENIED);
     if (bytes > 0 && !buffer) return kv::Fail(kv::kErrorNoAccess);
+    kv::NoteFileChange();
     DWORD done = 0;
     while (done < bytes) {
         const ssize_t put = write(file->fd, static_cast<const char*>(buffer) + done, bytes - done);
@@ -184,6 +186,7 @@ BOOL CopyFileA(LPCSTR existing, LPCSTR created, BOOL failIfExists) {
     const kv::Descriptor file(open(from.c_str(), O_RDONLY | O_CLOEXEC));
     if (file.Get() < 0) return kv::Fail(kv::ErrorFromErrno(errno, from));
     const DWORD error = kv::CopyWhole(file.Get(), source.st_mode, to, !failIfExists);
+    kv::NoteFileChange();
     return error == ERROR_SUCCESS ? TRUE : kv::Fail(error);
 }
 
@@ -194,6 +197,7 @@ BOOL DeleteFileA(LPCSTR fileName) {
     const bool writable = S_ISLNK(info.st_mode) || (info.st_mode & 0222) != 0;
     if (S_ISDIR(info.st_mode) || !writable) return kv::Fail(ERROR_ACCESS_DENIED);
     if (unlink(path.c_str()) != 0) return kv::Fail(kv::ErrorFromErrno(errno, path));
+    kv::NoteFileChange();
     return TRUE;
 }
 

@@ -12,6 +12,7 @@
 #include <cstring>
 #include <map>
 #include <mutex>
+#include <unordered_map>
 #include <vector>
 
 #include <platform/shell/errors.h>
@@ -54,8 +55,20 @@ std::string FullPath(const std::string& path) {
     return realpath(path.c_str(), resolved) ? resolved : path;
 }
 
-std::string ProgramPath() {
-    return FullPath("/proc/self/exe");
+const std::string& ProgramPath() {
+    static const auto* path = new std::string(FullPath("/proc/self/exe"));
+    return *path;
+}
+
+// The full path of a mapped object. The loader's name for it stays the same as long as it is mapped,
+// and every look at a module handle asks; the file system is asked once.
+std::string ObjectPath(const char* loaderName) {
+    static auto* known = new std::unordered_map<std::string, std::string>;
+    static auto* lock = new std::mutex;
+    std::lock_guard guard(*lock);
+    const auto [place, added] = known->try_emplace(loaderName ? loaderName : "");
+    if (added) place->second = FullPath(place->first);
+    return place->second;
 }
 
 bool FindObject(const void* address, const void*& base, std::string& path) {
@@ -65,7 +78,7 @@ bool FindObject(const void* address, const void*& base, std::string& path) {
     Dl_info program;
     const bool isProgram =
         dladdr(ProgramAddress(), &program) != 0 && program.dli_fbase == info.dli_fbase;
-    path = isProgram ? ProgramPath() : FullPath(info.dli_fname ? info.dli_fname : "");
+    path = isProgram ? ProgramPath() : ObjectPath(info.dli_fname);
     return true;
 }
 

@@ -1,6 +1,8 @@
-// The modifier keys held during one action of the input layer. Used by the two files that implement
-// it.
+// One action of the input layer: the modifier keys held during it, and that files are checked
+// once in it. Used by the two files that implement the layer.
 #pragma once
+
+#include <platform/shell/file_changes.h>
 
 namespace kv::input {
 
@@ -13,6 +15,7 @@ class ActionScope {
 
  private:
     unsigned previous_;
+    FileTrust trust_;
 };
 
 }  // namespace kv::input

@@ -1,6 +1,7 @@
 // What the reading profile functions answer: one table of files and look-ups, and the counts and
 // terminators at every buffer size.
 #include <platform/shell/errors.h>
+#include <platform/shell/file_changes.h>
 
 #include <algorithm>
 
@@ -183,6 +184,25 @@ TEST_F(ProfileRead, AChangedFileIsReadAnew) {
     EXPECT_EQ(GetLastError(), ERROR_FILE_NOT_FOUND);
     Use("[A]\nk=3\n");
     EXPECT_EQ(Value("A", "k"), "3");
+}
+
+TEST_F(ProfileRead, AFileIsCheckedOnceInATrustUnlessThisProcessChangesIt) {
+    Use("[A]\nk=first\n");
+    ASSERT_EQ(Value("A", "k"), "first");
+    const FileTrust action;
+    EXPECT_EQ(Value("A", "k"), "first");
+    Use("[A]\nk=from elsewhere\n");
+    EXPECT_EQ(Value("A", "k"), "first") << "an action sees one state of the file";
+    {
+        const FileTrust inner;
+        EXPECT_EQ(Value("A", "k"), "from elsewhere");
+    }
+    WritePrivateProfileStringA("A", "k", "written", Name());
+    EXPECT_EQ(Value("A", "k"), "written");
+    ASSERT_TRUE(CopyFileA(Write("other.ini", "[A]\nk=copied\n").c_str(), Name(), FALSE));
+    EXPECT_EQ(Value("A", "k"), "copied");
+    ASSERT_TRUE(DeleteFileA(Name()));
+    EXPECT_EQ(Value("A", "k"), "NON");
 }
 
 TEST_F(ProfileRead, BackslashesSeparateFoldersAndBareNamesLieInTheWindowsDirectory) {
