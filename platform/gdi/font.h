@@ -1,6 +1,6 @@
-// Fonts as drawn: a description matched to an installed face, with metrics, advances and rendered
-// glyphs. FreeType and fontconfig are not touched before the first font is realized. When no font
-// is installed, metrics are plausible and glyphs are empty.
+// Fonts as drawn: a description with metrics, advances and rendered glyphs. The faces come from the
+// font library (platform/fonts), which is loaded when the first font is realized. When there is none
+// or no font is installed, metrics are plausible and glyphs are empty.
 #pragma once
 
 #include <platform/gdi/objects.h>
@@ -29,7 +29,7 @@ class RealizedFont {
     // The font for a description; kept for the next ones alike.
     static std::shared_ptr<RealizedFont> For(const LOGFONTA& description);
 
-    ~RealizedFont();
+    virtual ~RealizedFont();
     RealizedFont(const RealizedFont&) = delete;
     RealizedFont& operator=(const RealizedFont&) = delete;
 
@@ -49,37 +49,30 @@ class RealizedFont {
     // The glyph at a position in quarters of a pixel (0..3 each way); valid until the next call.
     const Glyph& GlyphAt(unsigned char character, unsigned quarterX, unsigned quarterY);
 
- private:
-    struct Face;
+ protected:
     explicit RealizedFont(const LOGFONTA& description);
-    void MeasureFace();
-    void MeasureWithoutFace();
-    Glyph Render(unsigned char character, unsigned quarterX, unsigned quarterY) const;
+    virtual Glyph Render(unsigned char character, unsigned quarterX, unsigned quarterY) const;
 
     LOGFONTA description_;
-    std::unique_ptr<Face> face_;  // null when no font is installed
     TEXTMETRICA metrics_{};
     std::array<int, 256> advances_{};
     double directionX_ = 1.0;
     double directionY_ = 0.0;
     int underlineTop_ = 1;
     int underlineThickness_ = 1;
+
+ private:
+    void MeasureWithoutFace();
+
     std::unordered_map<unsigned, Glyph> glyphs_;
     std::size_t glyphBytes_ = 0;
 };
 
+// Pixels that a description asks for: positive for the cell, negative for the em.
+LONG WantedHeight(const LOGFONTA& description);
+
 // The font selected into a DC, realized. Null for an invalid DC.
 RealizedFont* FontOf(const Dc& dc);
-
-// A file with a face, as found by fontconfig for a description.
-struct FaceFile {
-    std::string path;
-    int index = 0;
-    bool isBold = false;
-    bool isItalic = false;
-};
-// Empty path: no font is installed.
-FaceFile MatchFace(const LOGFONTA& description);
 
 // Unicode of a character of the driver's code page (Windows-1252).
 char32_t UnicodeOf(unsigned char character);

@@ -1,6 +1,5 @@
-// Finding faces with fontconfig: the best file for a description, and the list of families. Also
-// the code page that names and texts are in.
-#include <platform/gdi/font.h>
+// Finding faces with fontconfig: the best file for a description, and the list of fonts.
+#include <platform/fonts/font_match.h>
 
 #include <fontconfig/fontconfig.h>
 
@@ -41,13 +40,6 @@ const char* GenericFamily(BYTE pitchAndFamily) {
     if (family == kModern || (pitchAndFamily & 3) == 1) return "monospace";
     return family == kRoman ? "serif" : "sans-serif";
 }
-
-// 0x80..0x9F; the rest of the code page equals Unicode. 0: not assigned.
-constexpr char16_t kHighCharacters[32] = {
-    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178,
-};
 
 // A family name in the code page; empty when it has other characters or is too long for a
 // description.
@@ -97,12 +89,6 @@ std::string StringOf(FcPattern* pattern, const char* object) {
 
 }  // namespace
 
-char32_t UnicodeOf(unsigned char character) {
-    if (character < 0x80 || character > 0x9F) return character;
-    const char16_t code = kHighCharacters[character - 0x80];
-    return code != 0 ? code : character;
-}
-
 FaceFile MatchFace(const LOGFONTA& description) {
     FaceFile file;
     FcPattern* pattern = FcInit() == FcTrue ? FcPatternCreate() : nullptr;
@@ -140,22 +126,17 @@ FaceFile MatchFace(const LOGFONTA& description) {
 
 namespace {
 
-struct ListedFont {
-    std::string family;
-    int weight = FW_NORMAL;
-    bool italic = false;
-    bool scalable = true;
-
-    bool operator<(const ListedFont& other) const {
-        return std::tie(family, italic, weight) <
-               std::tie(other.family, other.italic, other.weight);
+struct InOrder {
+    bool operator()(const ListedFont& a, const ListedFont& b) const {
+        return std::tie(a.family, a.italic, a.weight) < std::tie(b.family, b.italic, b.weight);
     }
 };
 
-// Every installed font, or those of one family.
-std::set<ListedFont> ListFonts(const char* family) {
-    std::set<ListedFont> fonts;
-    if (FcInit() != FcTrue) return fonts;
+}  // namespace
+
+std::vector<ListedFont> ListFonts(const char* family) {
+    std::set<ListedFont, InOrder> fonts;
+    if (FcInit() != FcTrue) return {};
     FcPattern* pattern = FcPatternCreate();
     if (family[0] != 0) AddFamily(pattern, Utf8Name(family).c_str());
     FcObjectSet* objects = FcObjectSetBuild(FC_FAMILY, FC_WEIGHT, FC_SLANT, FC_SCALABLE, nullptr);
@@ -175,64 +156,7 @@ std::set<ListedFont> ListFonts(const char* family) {
     if (list != nullptr) FcFontSetDestroy(list);
     FcObjectSetDestroy(objects);
     FcPatternDestroy(pattern);
-    return fonts;
+    return {fonts.begin(), fonts.end()};
 }
 
-// One font per family, the most ordinary one.
-std::vector<ListedFont> OnePerFamily(const std::set<ListedFont>& fonts) {
-    const auto oddity = [](const ListedFont& font) {
-        return std::abs(font.weight - FW_NORMAL) + (font.italic ? 1000 : 0);
-    };
-    std::vector<ListedFont> families;
-    for (const ListedFont& font : fonts) {
-        if (families.empty() || families.back().family != font.family) {
-            families.push_back(font);
-        } else if (oddity(font) < oddity(families.back())) {
-            families.back() = font;
-        }
-    }
-    return families;
-}
-
-}  // namespace
 }  // namespace kv
-
-using namespace kv;
-
-extern "C" int WINAPI EnumFontFamiliesExA(HDC dc, LOGFONTA* wanted, FONTENUMPROCA callback,
-                                          LPARAM param, DWORD) {
-    if (ObjectOf<Dc>(dc) == nullptr || wanted == nullptr || callback == nullptr) {
-        if (wanted == nullptr || callback == nullptr) SetLastError(ERROR_INVALID_PARAMETER);
-        return 0;
-    }
-    char family[LF_FACESIZE] = {};
-    std::copy_n(wanted->lfFaceName, LF_FACESIZE - 1, family);
-    const std::set<ListedFont> all = ListFonts(family);
-    // Without a name every family comes once; with one, every font of that family.
-    const std::vector<ListedFont> fonts =
-        family[0] == 0 ? OnePerFamily(all) : std::vector<ListedFont>(all.begin(), all.end());
-    int answer = 1;
-    for (const ListedFont& font : fonts) {
-        constexpr LONG kEm = 16, kAscent = 14, kDescent = 4;  // of the example size described
-        LOGFONTA description{};
-        description.lfHeight = kAscent + kDescent;
-        description.lfWeight = font.weight;
-        description.lfItalic = font.italic ? 1 : 0;
-        description.lfCharSet = ANSI_CHARSET;
-        std::copy_n(font.family.c_str(), font.family.size(), description.lfFaceName);
-        TEXTMETRICA metrics{};
-        metrics.tmHeight = kAscent + kDescent;
-        metrics.tmAscent = kAscent;
-        metrics.tmDescent = kDescent;
-        metrics.tmInternalLeading = kAscent + kDescent - kEm;
-        metrics.tmAveCharWidth = kEm / 2;
-        metrics.tmMaxCharWidth = kEm * 2;
-        metrics.tmWeight = font.weight;
-        metrics.tmItalic = description.lfItalic;
-        answer = callback(&description, &metrics,
-                          static_cast<DWORD>(font.scalable ? TRUETYPE_FONTTYPE : RASTER_FONTTYPE),
-                          param);
-        if (answer == 0) break;
-    }
-    return answer;
-}
