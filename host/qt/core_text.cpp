@@ -1,4 +1,4 @@
-// Texts between the driver's code page and Unicode, and the names of controls; see core_text.h.
+// Texts between the driver's code page and Unicode, see core_text.h.
 #include <host/qt/core_text.h>
 #include <platform/gdi/font.h>
 #include <platform/window/window.h>
@@ -35,12 +35,6 @@ const std::unordered_map<char16_t, char>& AnsiTable() {
     return table;
 }
 
-bool IsLabel(const kv::Window& window) {
-    if (kv::KindOf(window.handle) != "static" || !window.IsVisibleStyle()) return false;
-    const DWORD type = window.style & SS_TYPEMASK;
-    return type == SS_LEFT || type == SS_CENTER || type == SS_RIGHT || type == SS_LEFTNOWORDWRAP;
-}
-
 }  // namespace
 
 QString FromAnsi(std::string_view text) {
@@ -73,36 +67,6 @@ QString WindowTextOf(HWND window) {
 
 DWORD StyleOf(HWND window) {
     return static_cast<DWORD>(GetWindowLongA(window, GWL_STYLE));
-}
-
-QString WithoutMnemonic(const QString& text) {
-    QString plain;
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        if (text[i] == u'&' && i + 1 < text.size()) ++i;
-        plain += text[i];
-    }
-    return plain.trimmed();
-}
-
-QString NameFromLabel(HWND control) {
-    const kv::Window* window = kv::WindowFromHandle(control);
-    const kv::Window* parent = window ? kv::WindowFromHandle(window->parent) : nullptr;
-    if (!parent) return {};
-    const auto& siblings = parent->children;
-    auto at = std::find(siblings.begin(), siblings.end(), control);
-    while (at != siblings.begin()) {
-        const kv::Window* before = kv::WindowFromHandle(*--at);
-        if (!before || !before->IsVisibleStyle()) continue;
-        if (IsLabel(*before)) {
-            const QString name = WithoutMnemonic(WindowTextOf(*at));
-            if (!name.isEmpty()) return name.endsWith(u':') ? name.chopped(1) : name;
-            continue;
-        }
-        // An edit with its arrows, or a slider with its edit, share one label.
-        const auto kind = kv::KindOf(*at);
-        if (kind != "edit" && kind != "trackbar" && kind != "updown") break;
-    }
-    return {};
 }
 
 }  // namespace kvqt

@@ -21,9 +21,4 @@ inline DWORD TypeOf(HWND window, DWORD mask) {
     return StyleOf(window) & mask;
 }
 
-// "&Apply..." as a screen reader says it.
-QString WithoutMnemonic(const QString& text);
-// What a control without a caption of its own is called: the label before it in the dialog's order.
-QString NameFromLabel(HWND control);
-
 }  // namespace kvqt

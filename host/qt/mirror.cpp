@@ -1,8 +1,11 @@
 // What all mirrors do alike: place, font, enabled state, name for screen readers; and the choice of
 // the mirror for a window. See mirror.h.
+#include <host/qt/accessible.h>
 #include <host/qt/mirror.h>
+#include <host/qt/names.h>
 
 #include <QFontMetrics>
+#include <QLabel>
 
 #include <array>
 #include <string_view>
@@ -70,7 +73,9 @@ void Mirror::SetWidget(QWidget* widget) {
 }
 
 void Mirror::Repaint() {
-    if (widget_) widget_->update();
+    if (!widget_) return;
+    widget_->update();
+    TellPictureChanged(widget_);
 }
 
 void Mirror::Show(bool visible) {
@@ -84,8 +89,7 @@ void Mirror::Sync(unsigned changes) {
     if ((changes & kv::kChangedEnabled) != 0) SyncEnabled();
     SyncState(changes);
     if ((changes & kv::kChangedText) != 0) {
-        const QString name = AccessibleName();
-        if (widget_->accessibleName() != name) widget_->setAccessibleName(name);
+        SyncName();
     }
 }
 
@@ -107,8 +111,22 @@ void Mirror::SyncEnabled() {
     if (widget_->testAttribute(Qt::WA_ForceDisabled) == enabled) widget_->setEnabled(enabled);
 }
 
+void Mirror::SyncName() {
+    const QString name = AccessibleName();
+    if (widget_->accessibleName() != name) widget_->setAccessibleName(name);
+    const QString description = DescriptionOf(window_);
+    if (widget_->accessibleDescription() != description) {
+        widget_->setAccessibleDescription(description);
+    }
+    // The nearest control to a label is the one that it belongs to.
+    const HWND label = LabelOf(window_);
+    const Mirror* before = label ? display_.MirrorOf(label) : nullptr;
+    auto* text = before ? qobject_cast<QLabel*>(before->widget()) : nullptr;
+    if (text && !text->buddy()) text->setBuddy(widget_);
+}
+
 QString Mirror::AccessibleName() const {
-    return WithoutMnemonic(WindowTextOf(window_));
+    return NameOf(window_);
 }
 
 // A control with a font of its own differs from the desktop's font as that one differs from the

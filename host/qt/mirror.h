@@ -51,6 +51,7 @@ class Mirror {
 
  private:
     void SyncFont();
+    void SyncName();
 
     QtDisplay& display_;
     HWND window_;

@@ -4,6 +4,7 @@
 #include <host/qt/picture.h>
 #include <platform/window/input.h>
 
+#include <QButtonGroup>
 #include <QCheckBox>
 #include <QGuiApplication>
 #include <QGroupBox>
@@ -20,9 +21,10 @@ constexpr int kPushMargin = 2;
 constexpr int kIndicator = 4;
 
 // An owner-drawn button: the parent's picture, the desktop's behaviour.
-class PaintedButton : public QAbstractButton {
+class PaintedButton : public QPushButton {
  public:
-    PaintedButton(HWND window, QWidget* parent) : QAbstractButton(parent), window_(window) {
+    PaintedButton(HWND window, QWidget* parent) : QPushButton(parent), window_(window) {
+        setAutoDefault(false);
         setMouseTracking(true);
     }
 
@@ -111,8 +113,11 @@ QAbstractButton* MakeButton(HWND window, QWidget* parent) {
         case BS_RADIOBUTTON:
         case BS_AUTORADIOBUTTON: {
             auto* radio = new QRadioButton(parent);
-            // The core knows which buttons form a group.
-            radio->setAutoExclusive(false);
+            // The core knows which buttons form a group; in a group of one none takes another's
+            // check away, and the button still counts as a radio button for screen readers.
+            auto* alone = new QButtonGroup(radio);
+            alone->setExclusive(false);
+            alone->addButton(radio);
             return radio;
         }
         case BS_OWNERDRAW:

@@ -89,6 +89,7 @@ class ComboWidget : public QComboBox {
         if (dropped) {
             const int needed = view()->sizeHintForColumn(0) +
                                style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+            view()->setAccessibleName(accessibleName());
             view()->setMinimumWidth(std::max(needed, width()));
             QComboBox::showPopup();
         } else {
@@ -162,8 +163,6 @@ class ComboMirror : public Mirror {
         }
         if ((changes & kv::kChangedDropped) != 0) combo_->SyncPopup();
     }
-
-    QString AccessibleName() const override { return NameFromLabel(window()); }
 
  private:
     QStringList Entries() const {

@@ -70,8 +70,6 @@ class LineMirror : public Mirror {
         }
     }
 
-    QString AccessibleName() const override { return NameFromLabel(window()); }
-
  private:
     static constexpr int kMostCharacters = 32767;
 
@@ -155,8 +153,6 @@ class TextMirror : public Mirror {
             std::clamp<int>(caret - static_cast<int>(breaks), 0, static_cast<int>(text.size())));
         area_->setTextCursor(cursor);
     }
-
-    QString AccessibleName() const override { return NameFromLabel(window()); }
 
  private:
     void Report() {

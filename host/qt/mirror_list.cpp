@@ -176,8 +176,6 @@ class ListMirror : public Mirror {
         if ((changes & (kv::kChangedItems | kv::kChangedSelection)) != 0) SyncSelection();
     }
 
-    QString AccessibleName() const override { return NameFromLabel(window()); }
-
  private:
     bool IsMulti() const { return (Style() & (LBS_MULTIPLESEL | LBS_EXTENDEDSEL)) != 0; }
 

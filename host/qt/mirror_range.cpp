@@ -1,10 +1,12 @@
 // Track bars and up-down arrows.
 #include <host/qt/mirror.h>
+#include <host/qt/names.h>
 #include <platform/controls/control_input.h>
 #include <platform/window/input.h>
 
 #include <commctrl.h>
 
+#include <QAbstractSpinBox>
 #include <QMouseEvent>
 #include <QSlider>
 #include <QToolButton>
@@ -67,8 +69,6 @@ class TrackBarMirror : public Mirror {
         }
     }
 
-    QString AccessibleName() const override { return NameFromLabel(window()); }
-
  private:
     // While the thumb is held the core only follows; letting go settles the position.
     void Report(int position) {
@@ -127,7 +127,9 @@ class ArrowsWidget : public QWidget {
         button->setArrowType(arrow);
         button->setAutoRepeat(true);
         button->setFocusPolicy(Qt::NoFocus);
-        button->setAccessibleName(notches > 0 ? QStringLiteral("+") : QStringLiteral("-"));
+        const auto name = notches > 0 ? QAbstractSpinBox::tr("&Step up")
+                                      : QAbstractSpinBox::tr("Step &down");
+        button->setAccessibleName(WithoutMnemonic(name));
         QObject::connect(button, &QToolButton::clicked, button, [&display, window, notches] {
             display.Act(window, [window, notches] { kv::input::Step(window, notches); });
         });
@@ -147,7 +149,6 @@ class UpDownMirror : public Mirror {
 
  protected:
     void SyncState(unsigned) override {}
-    QString AccessibleName() const override { return NameFromLabel(window()); }
 };
 
 }  // namespace

@@ -195,9 +195,10 @@ class StaticMirror : public Mirror {
     }
 
  private:
-    // The control behind a label is called after it.
+    // The controls behind a label are called after it.
     void RenameNext() {
-        if (const HWND next = GetWindow(window(), GW_HWNDNEXT)) {
+        HWND next = GetWindow(window(), GW_HWNDNEXT);
+        for (; next && kv::KindOf(next) != "static"; next = GetWindow(next, GW_HWNDNEXT)) {
             if (display().MirrorOf(next)) display().Queue(next, kv::kChangedText);
         }
     }

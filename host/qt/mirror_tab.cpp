@@ -39,7 +39,7 @@ class TabMirror : public Mirror {
         }
     }
 
-    QString AccessibleName() const override { return {}; }
+    QString AccessibleName() const override { return WindowTextOf(GetParent(window())); }
 
  private:
     QString CaptionOf(int index) const {
@@ -62,6 +62,7 @@ class TabMirror : public Mirror {
             } else if (tabs_->tabText(i) != caption) {
                 tabs_->setTabText(i, caption);
             }
+            tabs_->widget(i)->setAccessibleName(caption);
         }
     }
 

@@ -90,6 +90,10 @@ QImage PictureOfWindow(HWND window, const QColor& ground) {
     return canvas.Take(size);
 }
 
+bool DrawsItself(HWND window) {
+    return !PictureOfWindow(window, Qt::white).isNull();
+}
+
 QImage PictureOfItem(HWND control, int item, SIZE size, UINT itemState, const QColor& ground) {
     Canvas& canvas = Canvas::Instance();
     const HDC dc = canvas.Prepare(size, ground);

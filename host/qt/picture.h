@@ -13,6 +13,8 @@ namespace kvqt {
 // What the window draws of itself, in core pixels; null when the display has to draw it. Places
 // that nothing is drawn on have the colour of the ground.
 QImage PictureOfWindow(HWND window, const QColor& ground);
+// Whether a window draws itself, or has its parent draw it.
+bool DrawsItself(HWND window);
 // One entry of an owner-drawn list or combo box, `item` -1 for the closed box.
 QImage PictureOfItem(HWND control, int item, SIZE size, UINT itemState, const QColor& ground);
 

@@ -1,5 +1,6 @@
 // Gathering changes and bringing mirrors up to date; see qt_display.h. What the user does to
 // several widgets alike (focus, keys, tooltips, mouse moves) is caught here by one event filter.
+#include <host/qt/accessible.h>
 #include <host/qt/keys.h>
 #include <host/qt/mirror.h>
 #include <host/qt/qt_display.h>
@@ -35,10 +36,12 @@ bool IsDialog(HWND window) {
 QtDisplay::QtDisplay() : scale_(Scale::ForFont(QApplication::font())) {
     timer_.setSingleShot(true);
     qApp->installEventFilter(this);
+    DescribeDisplay(this);
 }
 
 QtDisplay::~QtDisplay() {
     qApp->removeEventFilter(this);
+    DescribeDisplay(nullptr);
     const SyncScope scope(*this);
     entries_.clear();
 }

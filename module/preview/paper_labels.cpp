@@ -34,18 +34,6 @@ LOGFONTA LabelFont(HDC dc) {
     return font;
 }
 
-// Empty when the list has no such paper.
-PaperLabel LabelOf(SheetContext& context, DWORD paperCode) {
-    CustomPaperRecord record{};
-    const ListHandle list = context.shared->lists[kListPaper];
-    if (list == nullptr || !QDMMLTGetPaperWithID(list, context.printer, &record, paperCode)) {
-        return {};
-    }
-    char name[sizeof record.displayName + 1] = "";
-    std::memcpy(name, record.displayName, sizeof record.displayName);
-    return SplitPaperName(name);
-}
-
 struct LineMetrics {
     int textHeight;
     int pitch;
@@ -67,6 +55,17 @@ void DrawLabel(HDC dc, const PaperLabel& label, int left, int top, LineMetrics l
 }
 
 }  // namespace
+
+PaperLabel PaperLabelOf(const SheetContext& context, DWORD paperCode) {
+    CustomPaperRecord record{};
+    const ListHandle list = context.shared->lists[kListPaper];
+    if (list == nullptr || !QDMMLTGetPaperWithID(list, context.printer, &record, paperCode)) {
+        return {};
+    }
+    char name[sizeof record.displayName + 1] = "";
+    std::memcpy(name, record.displayName, sizeof record.displayName);
+    return SplitPaperName(name);
+}
 
 PaperLabel SplitPaperName(const char* paperName) {
     PaperLabel label{};
@@ -91,7 +90,7 @@ void DrawPaperLabels(SheetContext& context, HDC dc, SIZE view, PictureSet& pictu
     TEXTMETRICA metrics{};
     GetTextMetricsA(dc, &metrics);
     const LineMetrics line{metrics.tmHeight, std::min<int>(metrics.tmHeight, kMostPitch)};
-    const PaperLabel paper = LabelOf(context, static_cast<WORD>(context.settings->dmPaperSize));
+    const PaperLabel paper = PaperLabelOf(context, static_cast<WORD>(context.settings->dmPaperSize));
     DrawLabel(dc, paper, kLeft, kTop, line, view.cx);
 
     SIZE arrow{};
@@ -100,7 +99,7 @@ void DrawPaperLabels(SheetContext& context, HDC dc, SIZE view, PictureSet& pictu
     const int middle = second + (line.textHeight + kBandMargin - kTop) / 2;
     pictures.Draw(dc, kOutputSizeArrow, kLeft, middle - arrow.cy / 2);
     const DWORD output = context.privateSettings->mdmOutputPaper;
-    DrawLabel(dc, output != 0 ? LabelOf(context, output) : paper, kLeft + arrow.cx + kArrowGap,
+    DrawLabel(dc, output != 0 ? PaperLabelOf(context, output) : paper, kLeft + arrow.cx + kArrowGap,
               second, line, view.cx);
 }
 

@@ -15,6 +15,9 @@ struct PaperLabel {
 // "A4 (210 x 297 mm)" is the name "A4 " and the dimensions "210 x 297 mm".
 PaperLabel SplitPaperName(const char* paperName);
 
+// Of the paper with a code; empty when the list has no such paper.
+PaperLabel PaperLabelOf(const SheetContext& context, DWORD paperCode);
+
 // Draws the labels in the font of the dialog that holds the view.
 void DrawPaperLabels(SheetContext& context, HDC dc, SIZE view, PictureSet& pictures);
 

@@ -7,6 +7,7 @@
 #include "preview/picture_set.h"
 #include "preview/shared_view.h"
 #include "preview/view_hook.h"
+#include "preview/view_words.h"
 #include "preview/watermark_text.h"
 
 namespace kvui {
@@ -48,7 +49,7 @@ void PaintPaperView(SheetContext& context, HDC dc, SIZE size) {
 void HookPaperView(SheetContext& context, HWND frame) {
     if (frame == nullptr) return;
     ResizeView(frame, kGroundWidth, kGroundHeight);
-    HookView(frame, context, PaintPaperView);
+    HookView(frame, context, {PaintPaperView, DescribePaper});
 }
 
 }  // namespace kvui

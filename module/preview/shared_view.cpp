@@ -7,6 +7,7 @@
 #include "preview/colour_sample.h"
 #include "preview/paper_view.h"
 #include "preview/view_hook.h"
+#include "preview/view_words.h"
 #include "resources/resource.h"
 #include "resources/string_ids.h"
 #include "ui/message_box.h"
@@ -22,19 +23,19 @@ enum ViewType : int { kPrinterFigure = 1, kPaperView, kWatermarkView, kQualityVi
 // Nothing but the ground, for views whose content is drawn by nobody yet.
 void PaintGroundOnly(SheetContext& context, HDC dc, SIZE size) { PaintGround(context, dc, size); }
 
-// View type, what draws it.
+// View type, what draws it and what says in words what it shows.
 constexpr struct {
     ViewType type;
-    ViewPainter painter;
-} kPainters[] = {
-    {kPrinterFigure, PaintGroundOnly},
-    {kPaperView,     PaintPaperView},
-    {kWatermarkView, PaintGroundOnly},
-    {kQualityView,   PaintColourSample},
+    View view;
+} kViews[] = {
+    {kPrinterFigure, {PaintGroundOnly,   DescribePrinter}},
+    {kPaperView,     {PaintPaperView,    DescribePaper}},
+    {kWatermarkView, {PaintGroundOnly,   DescribeWatermark}},
+    {kQualityView,   {PaintColourSample, DescribeColourSample}},
 };
 
-// What the strip of state icons shows.
-constexpr ViewPainter kStripPainter = PaintLowerGround;
+// The strip of state icons.
+constexpr View kStrip = {PaintLowerGround, DescribePrinter};
 
 // Page kind, types of its two views, the switch button's label while each of them shows.
 struct PageViews {
@@ -56,11 +57,11 @@ const PageViews* ViewsOf(int kind) {
     return nullptr;
 }
 
-ViewPainter PainterOf(ViewType type) {
-    for (const auto& row : kPainters) {
-        if (row.type == type) return row.painter;
+const View& ViewOf(ViewType type) {
+    for (const auto& row : kViews) {
+        if (row.type == type) return row.view;
     }
-    return PaintGroundOnly;
+    return kViews[0].view;
 }
 
 // Shows one of the two views of the active page's kind.
@@ -73,8 +74,8 @@ void ShowView(SheetContext& context) {
     LoadStringA(context.strings, views->labels[index], label, sizeof label);
     SetDlgItemTextA(shared.viewPanel, IDC_BTN_CHANGE_VIEW, label);
     HookView(GetDlgItem(shared.viewPanel, IDC_PIC_MAIN_VIEW), context,
-             PainterOf(views->types[index]));
-    HookView(GetDlgItem(shared.viewPanel, IDC_PIC_SUB_VIEW), context, kStripPainter);
+             ViewOf(views->types[index]));
+    HookView(GetDlgItem(shared.viewPanel, IDC_PIC_SUB_VIEW), context, kStrip);
 }
 
 void RepaintViews(HWND panel) {

@@ -1,8 +1,11 @@
 // Subclassing of view frames and their double-buffered painting.
 #include "preview/view_hook.h"
 
+#include <cstring>
+
 #include "preview/gdi_scope.h"
 #include "resources/picture_ids.h"
+#include "ui/fixed_text.h"
 
 namespace kvui {
 namespace {
@@ -12,7 +15,7 @@ constexpr char kHookProperty[] = "KvuiView";
 struct ViewHook {
     WNDPROC previous;
     SheetContext* context;
-    ViewPainter painter;
+    View view;
 };
 
 ViewHook* HookOf(HWND frame) { return static_cast<ViewHook*>(GetPropA(frame, kHookProperty)); }
@@ -36,7 +39,7 @@ void PaintBuffered(HWND frame, const ViewHook& hook, HDC screen, SIZE size) {
     const Selection dialogFont(memory.get(), font != nullptr ? font : GetStockObject(SYSTEM_FONT));
     FillBox(memory.get(), {0, 0, size.cx, size.cy},
             static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
-    hook.painter(*hook.context, memory.get(), size);
+    hook.view.painter(*hook.context, memory.get(), size);
     PaintEdges(memory.get(), size);
     BitBlt(screen, 0, 0, size.cx, size.cy, memory.get(), 0, 0, SRCCOPY);
 }
@@ -53,6 +56,20 @@ void OnPaint(HWND frame, const ViewHook& hook) {
     EndPaint(frame, &paint);
 }
 
+// The words are found when they are asked for, so that a change of a setting costs nothing.
+struct Words {
+    explicit Words(const ViewHook& hook) { hook.view.words(*hook.context, text, sizeof text); }
+    char text[512] = "";
+};
+
+LRESULT CopyWords(const ViewHook& hook, WPARAM size, LPARAM target) {
+    if (size == 0) return 0;
+    const Words words(hook);
+    auto* text = reinterpret_cast<char*>(target);
+    CopyText(text, size, words.text);
+    return static_cast<LRESULT>(std::strlen(text));
+}
+
 LRESULT CALLBACK ViewProc(HWND frame, UINT message, WPARAM wParam, LPARAM lParam) {
     ViewHook* hook = HookOf(frame);
     if (hook == nullptr) return DefWindowProcA(frame, message, wParam, lParam);
@@ -60,6 +77,10 @@ LRESULT CALLBACK ViewProc(HWND frame, UINT message, WPARAM wParam, LPARAM lParam
     if (message == WM_PAINT) {
         OnPaint(frame, *hook);
         return 0;
+    }
+    if (message == WM_GETTEXT) return CopyWords(*hook, wParam, lParam);
+    if (message == WM_GETTEXTLENGTH) {
+        return static_cast<LRESULT>(std::strlen(Words(*hook).text));
     }
     if (message == WM_DESTROY) {
         SetWindowLongPtrA(frame, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(previous));
@@ -71,13 +92,13 @@ LRESULT CALLBACK ViewProc(HWND frame, UINT message, WPARAM wParam, LPARAM lParam
 
 }  // namespace
 
-void HookView(HWND frame, SheetContext& context, ViewPainter painter) {
+void HookView(HWND frame, SheetContext& context, const View& view) {
     if (frame == nullptr) return;
     if (ViewHook* hook = HookOf(frame)) {
         hook->context = &context;
-        hook->painter = painter;
+        hook->view = view;
     } else {
-        hook = new ViewHook{nullptr, &context, painter};
+        hook = new ViewHook{nullptr, &context, view};
         if (!SetPropA(frame, kHookProperty, hook)) {
             delete hook;
             return;

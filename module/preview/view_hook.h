@@ -2,6 +2,8 @@
 // the preview panel for its two views and by dialogs that show one of them.
 #pragma once
 
+#include <cstddef>
+
 #include "ui/sheet_context.h"
 
 namespace kvui {
@@ -9,9 +11,17 @@ namespace kvui {
 // Draws the whole view on a white ground, with the dialog's font selected; `size` is never empty.
 using ViewPainter = void (*)(SheetContext& context, HDC dc, SIZE size);
 
-// Puts the painter on the frame, in place of the one it had, until the frame is destroyed. The
-// context must live as long.
-void HookView(HWND frame, SheetContext& context, ViewPainter painter);
+// Says what the view shows, for people who do not see it: the text of the frame's window.
+using ViewWords = void (*)(const SheetContext& context, char* text, std::size_t size);
+
+struct View {
+    ViewPainter painter;
+    ViewWords words;
+};
+
+// Puts the view on the frame, in place of the one it had, until the frame is destroyed. The context
+// must live as long.
+void HookView(HWND frame, SheetContext& context, const View& view);
 
 // The ground picture; dialog units cannot express its size.
 constexpr int kGroundWidth = 160;

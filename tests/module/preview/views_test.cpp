@@ -1,4 +1,5 @@
 // The colour sample's adjustments, the window hook of the views, and a panel that cannot be made.
+#include <cstdio>
 #include <gtest/gtest.h>
 #include <platform/display/headless.h>
 #include <platform/window/input.h>
@@ -88,14 +89,22 @@ void PaintBlue(SheetContext&, HDC dc, SIZE size) {
     DeleteObject(brush);
 }
 void PaintNothing(SheetContext&, HDC, SIZE) {}
+void SayBlue(const SheetContext&, char* text, std::size_t size) {
+    std::snprintf(text, size, "Blue");
+}
+void SayNothing(const SheetContext&, char*, std::size_t) {}
 
 TEST(ViewHook, PaintsTheLastPainterAndGivesTheProcedureBack) {
     ScratchSheet sheet;
     const HWND frame = CreateWindowExA(0, "STATIC", "", WS_POPUP, 0, 0, 8, 6, nullptr, nullptr,
                                        nullptr, nullptr);
     SetWindowLongPtrA(frame, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(InnerProc));
-    HookView(frame, sheet.context, PaintNothing);
-    HookView(frame, sheet.context, PaintBlue);
+    HookView(frame, sheet.context, {PaintNothing, SayNothing});
+    HookView(frame, sheet.context, {PaintBlue, SayBlue});
+    char words[4] = "";
+    EXPECT_EQ(GetWindowTextLengthA(frame), 4);
+    EXPECT_EQ(GetWindowTextA(frame, words, sizeof words), 3);
+    EXPECT_STREQ(words, "Blu");
     const HDC dc = CreateCompatibleDC(nullptr);
     const HBITMAP bitmap = CreateCompatibleBitmap(dc, 8, 6);
     const HGDIOBJ before = SelectObject(dc, bitmap);

@@ -1,0 +1,132 @@
+// Joins the words of a view from the string table, in the order in which a person would name them.
+#include "preview/view_words.h"
+
+#include <cstdio>
+#include <cstring>
+
+#include "preview/paper_labels.h"
+#include "preview/paper_view.h"
+#include "preview/shared_view.h"
+#include "resources/string_ids.h"
+#include "ui/fixed_text.h"
+
+namespace kvui {
+namespace {
+
+// Words separated as the language does it; what has no room is left out.
+class Sentence {
+ public:
+    Sentence(const SheetContext& context, char* text, std::size_t size)
+        : context_(context), text_(text), size_(size) {
+        CopyText(text_, size_, "");
+    }
+
+    void Add(const char* words) {
+        if (words[0] == '\0') return;
+        if (text_[0] != '\0') Append(Load(IDS_WORDS_SEPARATOR).text);
+        Append(words);
+    }
+    void Add(UINT id) { Add(Load(id).text); }
+    // `id` is a text with one %s.
+    void Add(UINT id, const char* value) {
+        char words[kMost] = "";
+        std::snprintf(words, sizeof words, Load(id).text, value);
+        Add(words);
+    }
+
+ private:
+    static constexpr std::size_t kMost = 128;
+    struct Loaded {
+        char text[kMost] = "";
+    };
+
+    Loaded Load(UINT id) const {
+        Loaded loaded;
+        if (LoadStringA(context_.strings, id, loaded.text, sizeof loaded.text) == 0) {
+            loaded.text[0] = '\0';
+        }
+        return loaded;
+    }
+    void Append(const char* words) {
+        const std::size_t used = std::strlen(text_);
+        CopyText(text_ + used, size_ - used, words);
+    }
+
+    const SheetContext& context_;
+    char* text_;
+    const std::size_t size_;
+};
+
+void AddPaperName(Sentence& sentence, const SheetContext& context, DWORD code, UINT frame) {
+    PaperLabel paper = PaperLabelOf(context, code);
+    for (std::size_t end = std::strlen(paper.name); end > 0 && paper.name[end - 1] == ' '; --end) {
+        paper.name[end - 1] = '\0';
+    }
+    if (paper.name[0] == '\0') return;
+    if (frame == 0) {
+        sentence.Add(paper.name);
+    } else {
+        sentence.Add(frame, paper.name);
+    }
+}
+
+// The bar along the binding edge shows which side of the sheet it is.
+UINT BindingSide(const PaperSettings& settings) {
+    constexpr WORD kUprightBars[] = {13506, 13516};
+    constexpr DWORD kBookletLeft = 4;
+    constexpr DWORD kBookletRight = 5;
+    if (settings.duplexMode == kBookletLeft) return IDS_WORDS_BOUND_LEFT;
+    if (settings.duplexMode == kBookletRight) return IDS_WORDS_BOUND_RIGHT;
+    const LayoutKind kind = LayoutOf(settings.nup).kind;
+    const BindingRow* row = BindingOf(settings.duplexMode, kind, settings.document);
+    if (row == nullptr) return 0;
+    for (const WORD bar : kUprightBars) {
+        if (row->bar == bar) return IDS_WORDS_BOUND_LEFT;
+    }
+    return IDS_WORDS_BOUND_TOP;
+}
+
+}  // namespace
+
+void DescribePaper(const SheetContext& context, char* text, std::size_t size) {
+    constexpr DWORD kBooklet = 20;
+    const PaperSettings settings = PaperSettingsOf(context);
+    Sentence sentence(context, text, size);
+    AddPaperName(sentence, context, static_cast<WORD>(context.settings->dmPaperSize), 0);
+    const DWORD output = context.privateSettings->mdmOutputPaper;
+    if (output != 0) AddPaperName(sentence, context, output, IDS_WORDS_PRINTED_ON);
+    if (settings.nup == kBooklet) {
+        sentence.Add(IDS_WORDS_BOOKLET);
+    } else if (LayoutOf(settings.nup).nup == settings.nup && settings.nup > 1) {
+        char pages[16];
+        std::snprintf(pages, sizeof pages, "%u", static_cast<unsigned>(settings.nup));
+        sentence.Add(IDS_WORDS_PAGES, pages);
+    }
+    sentence.Add(settings.document == Shape::kLandscape ? IDS_WORDS_LANDSCAPE : IDS_WORDS_PORTRAIT);
+    if (const UINT side = BindingSide(settings)) {
+        if (settings.nup != kBooklet) sentence.Add(IDS_WORDS_TWO_SIDED);
+        sentence.Add(side);
+    }
+    if ((settings.nupStyle & kNupBorder) != 0) sentence.Add(IDS_WORDS_BORDERS);
+    if (settings.overlay != 0) sentence.Add(IDS_WORDS_OVERLAY);
+    if (settings.watermark != 0) sentence.Add(IDS_WORDS_WATERMARK);
+    sentence.Add(settings.colour ? IDS_WORDS_COLOUR : IDS_WORDS_GRAYSCALE);
+}
+
+void DescribeColourSample(const SheetContext& context, char* text, std::size_t size) {
+    const bool grey = context.shared->sampleMode == kSampleMonochrome;
+    Sentence sentence(context, text, size);
+    sentence.Add(IDS_WORDS_SAMPLE);
+    sentence.Add(grey ? IDS_WORDS_GRAYSCALE : IDS_WORDS_COLOUR);
+}
+
+void DescribeWatermark(const SheetContext& context, char* text, std::size_t size) {
+    const bool chosen = context.privateSettings->mdmWatermark != 0;
+    Sentence(context, text, size).Add(chosen ? IDS_WORDS_WATERMARK : IDS_WORDS_NO_WATERMARK);
+}
+
+void DescribePrinter(const SheetContext& context, char* text, std::size_t size) {
+    Sentence(context, text, size).Add(IDS_WORDS_PRINTER);
+}
+
+}  // namespace kvui

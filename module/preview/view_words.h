@@ -1,0 +1,16 @@
+// The views in words, for people who do not see them: "A4, 2 pages per sheet, landscape". The frame
+// of a view answers them as its window's text.
+#pragma once
+
+#include <cstddef>
+
+#include "ui/sheet_context.h"
+
+namespace kvui {
+
+void DescribePaper(const SheetContext& context, char* text, std::size_t size);
+void DescribeColourSample(const SheetContext& context, char* text, std::size_t size);
+void DescribeWatermark(const SheetContext& context, char* text, std::size_t size);
+void DescribePrinter(const SheetContext& context, char* text, std::size_t size);
+
+}  // namespace kvui
