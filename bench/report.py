@@ -20,6 +20,9 @@ ROWS = [
     ("chain of 16 questions, answered", "ConflictChain", "one dialog, unasked", "ConflictDialog",
      "16 x"),
     ("gray-out of 60 controls", "GrayOut", "60 EnableWindow", "GrayOutWindows", "5 us"),
+    ("Paper View paint, 12 layers", "PaperViewPaint", "pixman, decoded layers", "PaperViewPixman",
+     "120 us, 1 x"),
+    ("the same", "PaperViewPaint", "memcpy of the layers", "PaperViewCopy", "-"),
     ("sheet of seven pages", "SheetOpen", "170 plain windows", "SheetOpenPlainWindows", "1 ms"),
     ("one user event headless", "UserEvent", None, None, "150 us"),
     ("a slider drag of 100 steps", "SliderDrag", None, None, "1 ms"),
@@ -33,7 +36,7 @@ UNITS = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}
 
 
 # Programs of benchmarks; the last is there only where the Qt display is built.
-PROGRAMS = ("kvbench", "kvrulesbench", "kvwindowbench")
+PROGRAMS = ("kvbench", "kvrulesbench", "kvviewbench", "kvwindowbench")
 
 
 def show_once(program, what):

@@ -31,6 +31,7 @@ bench_packages=(
     "libbenchmark-dev: benchmarks"
     "libglib2.0-dev: peer of the rules file reader"
     "libcups2-dev: peer of the conflict check"
+    "libpixman-1-dev: peer of the Paper View"
 )
 
 wanted=()
