@@ -5,6 +5,9 @@
 #include <framework/core/install_printer.h>
 #include <kvcore.h>
 
+#include <cstdio>
+#include <cstdlib>
+#include <string>
 #include <vector>
 
 #include "preview/view_hook.h"
@@ -26,10 +29,12 @@ class PaintedSheet : public ScratchSheet {
     PaintedSheet() {
         setenv("FONTCONFIG_FILE", KV_SOURCE_DIR "/tests/support/fonts.conf", 1);
         std::string error;
-        EXPECT_TRUE(kvcore::InstallPrinter("Office", "USB001", KV_SOURCE_DIR "/models", error))
-            << error;
-        EXPECT_TRUE(kvcore::MakePrinterBlock("Office", printer, error)) << error;
-        EXPECT_NE(QDMGetStdDefaults(&printer, context.settings, nullptr), 0);
+        if (!kvcore::InstallPrinter("Office", "USB001", KV_SOURCE_DIR "/models", error) ||
+            !kvcore::MakePrinterBlock("Office", printer, error) ||
+            !QDMGetStdDefaults(&printer, context.settings, nullptr)) {
+            std::fprintf(stderr, "no printer to paint with: %s\n", error.c_str());
+            std::abort();
+        }
         shared.lists[kListPaper] = QDMMLTReadPaper(&printer);
         shared.lists[kListWatermark] = QDMMLTReadWatermark(&printer);
     }
