@@ -2,6 +2,8 @@
 #include <platform/gdi/dib.h>
 
 #include <algorithm>
+#include <bit>
+#include <cstdint>
 #include <cstring>
 
 namespace kv {
@@ -38,6 +40,24 @@ void ExpandIndexed(std::uint32_t* target, const BYTE* row, int width,
     for (int i = 0; x < width; ++x, ++i) {
         target[x] = palette[*row >> (8 - Bits * (i + 1)) & kIndexMask];
     }
+}
+
+// Pictures have long runs of one colour, which need no look at the palette for every pixel.
+void ExpandBytes(std::uint32_t* __restrict target, const BYTE* __restrict row, int width,
+                 const std::uint32_t* __restrict palette) {
+    constexpr int kBlock = sizeof(std::uint64_t);
+    int x = 0;
+    for (; x + kBlock <= width; x += kBlock) {
+        std::uint64_t block;
+        std::memcpy(&block, row + x, sizeof block);
+        const bool oneColour = block == std::rotl(block, 8);
+        if (oneColour) {
+            std::fill_n(target + x, kBlock, palette[row[x]]);
+        } else {
+            for (int i = 0; i < kBlock; ++i) target[x + i] = palette[row[x + i]];
+        }
+    }
+    for (; x < width; ++x) target[x] = palette[row[x]];
 }
 
 bool IsBlackAndWhite(const DibLayout& layout) {
@@ -93,7 +113,7 @@ void ExpandDibRow(std::uint32_t* target, const BYTE* row, int width, int bitsPer
             ExpandIndexed<4>(target, row, width, palette);
             break;
         case 8:
-            ExpandIndexed<8>(target, row, width, palette);
+            ExpandBytes(target, row, width, palette);
             break;
         case 24:
             for (int x = 0; x < width; ++x, row += 3) {
@@ -115,7 +135,7 @@ std::unique_ptr<Bitmap> DecodeDib(std::span<const BYTE> bytes) {
         Refuse();
         return nullptr;
     }
-    auto bitmap = MakeBitmap(layout.width, layout.height);
+    auto bitmap = MakeBitmap(layout.width, layout.height, NewPixels::kAnything);
     if (!bitmap) return nullptr;
     bitmap->monochrome = IsBlackAndWhite(layout);
     for (int y = 0; y < layout.height; ++y) {

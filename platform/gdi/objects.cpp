@@ -11,18 +11,20 @@ void FreePixels::operator()(std::uint32_t* pixels) const {
     std::free(pixels);
 }
 
-PixelMemory AllocatePixels(int width, int height) {
+PixelMemory AllocatePixels(int width, int height, NewPixels content) {
     const std::size_t count = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
-    return PixelMemory(static_cast<std::uint32_t*>(std::calloc(count, sizeof(std::uint32_t))));
+    void* memory = content == NewPixels::kBlack ? std::calloc(count, sizeof(std::uint32_t))
+                                                : std::malloc(count * sizeof(std::uint32_t));
+    return PixelMemory(static_cast<std::uint32_t*>(memory));
 }
 
-std::unique_ptr<Bitmap> MakeBitmap(int width, int height) {
+std::unique_ptr<Bitmap> MakeBitmap(int width, int height, NewPixels content) {
     if (width <= 0 || height <= 0 || width > kMaxSide || height > kMaxSide) {
         SetLastError(ERROR_INVALID_PARAMETER);
         return nullptr;
     }
     auto bitmap = std::make_unique<Bitmap>();
-    bitmap->memory = AllocatePixels(width, height);
+    bitmap->memory = AllocatePixels(width, height, content);
     if (!bitmap->memory) {
         SetLastError(ERROR_NOT_ENOUGH_MEMORY);
         return nullptr;
@@ -219,7 +221,7 @@ HBRUSH WINAPI CreatePatternBrush(HBITMAP handle) {
     const SurfaceView from = ViewOf(handle);
     if (!from) return nullptr;
     // A copy, because the bitmap may be changed or deleted while the brush lives.
-    auto pattern = MakeBitmap(from.width, from.height);
+    auto pattern = MakeBitmap(from.width, from.height, NewPixels::kAnything);
     if (!pattern) return nullptr;
     for (int y = 0; y < from.height; ++y) {
         std::copy_n(from.Row(y), from.width, pattern->view.Row(y));

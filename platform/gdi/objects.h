@@ -28,12 +28,14 @@ constexpr std::uint32_t kColorBits = 0x00FFFFFF;
 // Larger bitmaps than this in either direction are refused.
 constexpr int kMaxSide = 32767;
 
-// Zeroed pixels, released by free.
+// Pixels, released by free.
 struct FreePixels {
     void operator()(std::uint32_t* pixels) const;
 };
 using PixelMemory = std::unique_ptr<std::uint32_t[], FreePixels>;
-PixelMemory AllocatePixels(int width, int height);
+// What new pixels hold; callers that write every pixel need not have them cleared.
+enum class NewPixels { kBlack, kAnything };
+PixelMemory AllocatePixels(int width, int height, NewPixels content = NewPixels::kBlack);
 
 // The caller's bits of a section that is not 32 bits deep: the surface is brought up to date from
 // them before each use and written back after each drawing.
@@ -125,7 +127,7 @@ struct Dc : GdiObject {
 };
 
 // A fresh bitmap, or null with ERROR_INVALID_PARAMETER or ERROR_NOT_ENOUGH_MEMORY.
-std::unique_ptr<Bitmap> MakeBitmap(int width, int height);
+std::unique_ptr<Bitmap> MakeBitmap(int width, int height, NewPixels content = NewPixels::kBlack);
 // Brings a section's surface up to date from its bits, and its bits from the surface.
 void LoadSection(Bitmap& bitmap);
 void StoreSection(Bitmap& bitmap, const RECT& rect);
