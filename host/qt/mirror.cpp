@@ -6,6 +6,9 @@
 
 #include <QFontMetrics>
 #include <QLabel>
+#include <QPainter>
+#include <QStyle>
+#include <QStyleOptionFocusRect>
 
 #include <array>
 #include <string_view>
@@ -46,6 +49,16 @@ unsigned ModifiersOf(Qt::KeyboardModifiers modifiers) {
     return ((modifiers & Qt::ShiftModifier) != 0 ? 1u : 0u) |
            ((modifiers & Qt::ControlModifier) != 0 ? 2u : 0u) |
            ((modifiers & Qt::AltModifier) != 0 ? 4u : 0u);
+}
+
+void DrawFocus(QPaintDevice& device, const QWidget& owner, const QRect& place) {
+    if (!owner.hasFocus() || !owner.window()->testAttribute(Qt::WA_KeyboardFocusChange)) return;
+    QStyleOptionFocusRect option;
+    option.initFrom(&owner);
+    option.rect = place;
+    option.backgroundColor = owner.palette().color(QPalette::Window);
+    QPainter painter(&device);
+    owner.style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, &owner);
 }
 
 QFont FontThatFits(const QFont& font, const QString& text, int width) {

@@ -79,6 +79,10 @@ MirrorPointer MakeTabMirror(QtDisplay& display, HWND window, QWidget* parent);
 // The modifier keys of a mouse or key event as kv::input::Modifier flags.
 unsigned ModifiersOf(Qt::KeyboardModifiers modifiers);
 
+// The frame of the focus in `place` of a device, as long as the keyboard is in use and `owner` has
+// the focus.
+void DrawFocus(QPaintDevice& device, const QWidget& owner, const QRect& place);
+
 // The font with its letters narrowed, as far as needed and bearable, so that the text fits.
 QFont FontThatFits(const QFont& font, const QString& text, int width);
 

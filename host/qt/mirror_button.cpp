@@ -11,7 +11,7 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QStyleOptionFocusRect>
+#include <QStyleOptionButton>
 
 namespace kvqt {
 namespace {
@@ -19,6 +19,21 @@ namespace {
 // Room that frames and indicators take from a caption, in widths of the letter x.
 constexpr int kPushMargin = 2;
 constexpr int kIndicator = 4;
+
+// A push button whose focus shows also where the style marks default buttons the same way.
+class PushButton : public QPushButton {
+ public:
+    explicit PushButton(QWidget* parent) : QPushButton(parent) { setAutoDefault(false); }
+
+ protected:
+    void paintEvent(QPaintEvent* event) override {
+        QPushButton::paintEvent(event);
+        QStyleOptionButton button;
+        initStyleOption(&button);
+        const QRect inside = style()->subElementRect(QStyle::SE_PushButtonFocusRect, &button, this);
+        DrawFocus(*this, *this, inside);
+    }
+};
 
 // An owner-drawn button: the parent's picture, the desktop's behaviour.
 class PaintedButton : public QPushButton {
@@ -32,6 +47,7 @@ class PaintedButton : public QPushButton {
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         DrawPicture(painter, rect(), PictureOfWindow(window_, palette().color(QPalette::Window)));
+        DrawFocus(*this, *this, rect());
     }
 
  private:
@@ -122,11 +138,8 @@ QAbstractButton* MakeButton(HWND window, QWidget* parent) {
         }
         case BS_OWNERDRAW:
             return new PaintedButton(window, parent);
-        default: {
-            auto* push = new QPushButton(parent);
-            push->setAutoDefault(false);
-            return push;
-        }
+        default:
+            return new PushButton(parent);
     }
 }
 

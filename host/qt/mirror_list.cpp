@@ -112,6 +112,19 @@ class ListView : public QListWidget {
         : QListWidget(parent), display_(display), window_(window) {}
 
  protected:
+    // An entry shows the focus, if there is one.
+    void paintEvent(QPaintEvent* event) override {
+        QListWidget::paintEvent(event);
+        if (!currentItem()) DrawFocus(*viewport(), *this, viewport()->rect());
+    }
+    void focusInEvent(QFocusEvent* event) override {
+        QListWidget::focusInEvent(event);
+        viewport()->update();
+    }
+    void focusOutEvent(QFocusEvent* event) override {
+        QListWidget::focusOutEvent(event);
+        viewport()->update();
+    }
     void mousePressEvent(QMouseEvent* event) override {
         if (event->button() == Qt::LeftButton) Choose(*event, ModifiersOf(event->modifiers()));
     }

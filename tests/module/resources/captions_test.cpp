@@ -1,5 +1,6 @@
 // The string table against the dialogs: captions fit their controls, none lands in a field that is
 // filled from a setting, mnemonics are unique; and the pictures that the ids promise exist.
+#include <commctrl.h>
 #include <gtest/gtest.h>
 #include <strings.h>
 
@@ -116,16 +117,66 @@ TEST(Captions, EveryVisibleButtonAndGroupHasOne) {
     }
 }
 
+// Lower case; 0 when a caption has none.
+int MnemonicOf(const std::string& caption) {
+    const std::size_t mark = caption.find('&');
+    return mark == std::string::npos ? 0 : std::tolower(static_cast<BYTE>(caption.at(mark + 1)));
+}
+
 TEST(Captions, MnemonicsAreUniqueInEachDialog) {
     for (const char* name : kDialogs) {
-        std::map<int, UINT> used;
-        for (const kv::DialogItem& control : LoadTemplate(name).controls) {
+        const Template dialog = LoadTemplate(name);
+        std::map<int, std::string> used;
+        const auto add = [&](const std::string& caption) {
+            if (const int letter = MnemonicOf(caption)) {
+                const auto [first, isNew] = used.emplace(letter, caption);
+                EXPECT_TRUE(isNew) << name << ": " << first->second << " and " << caption;
+            }
+        };
+        for (const kv::DialogItem& control : dialog.controls) add(CaptionOf(control));
+        if ((dialog.header.style & WS_CHILD) == 0) continue;
+        // Around a page are the saved settings, the preview's button and the sheet's buttons.
+        if (dialog.name != "DLGEASYSET") {
+            for (const kv::DialogItem& control : LoadTemplate("DLGEASYSET").controls) {
+                add(CaptionOf(control));
+            }
+        }
+        add(StringOf(IDS_VIEW_PRINTER));
+        add("&Apply");
+    }
+}
+
+TEST(Captions, TheViewsButtonKeepsItsMnemonic) {
+    const int letter = MnemonicOf(StringOf(IDS_VIEW_PRINTER));
+    EXPECT_NE(letter, 0);
+    for (const UINT label : {IDS_VIEW_PAPER, IDS_VIEW_WATERMARK, IDS_VIEW_QUALITY}) {
+        EXPECT_EQ(MnemonicOf(StringOf(label)), letter) << label;
+    }
+}
+
+// What a person can change, as against texts and lists to read.
+bool IsField(const kv::DialogItem& control) {
+    if (Is(control, "Edit")) return (control.style & ES_READONLY) == 0;
+    if (Is(control, "ListBox")) return (control.style & LBS_NOSEL) == 0;
+    return Is(control, "ComboBox") || Is(control, TRACKBAR_CLASSA);
+}
+
+TEST(Captions, EveryLabelledControlHasAMnemonic) {
+    // Enter, Escape and F1 press these.
+    const std::set<UINT> buttons = {IDOK, IDCANCEL, IDHELP};
+    for (const char* name : kDialogs) {
+        const std::vector<kv::DialogItem> controls = LoadTemplate(name).controls;
+        for (std::size_t i = 0; i < controls.size(); ++i) {
+            const kv::DialogItem& control = controls[i];
+            const DWORD type = control.style & BS_TYPEMASK;
+            const bool button = Is(control, "Button") && type != BS_GROUPBOX &&
+                                type != BS_OWNERDRAW && type != BS_DEFPUSHBUTTON &&
+                                buttons.count(control.id) == 0;
+            const bool label = Is(control, "Static") && i + 1 < controls.size() &&
+                               IsField(controls[i + 1]);
             const std::string caption = CaptionOf(control);
-            const std::size_t mark = caption.find('&');
-            if (mark == std::string::npos || !IsVisible(control)) continue;
-            const int letter = std::tolower(static_cast<unsigned char>(caption.at(mark + 1)));
-            const auto [first, isNew] = used.emplace(letter, control.id);
-            EXPECT_TRUE(isNew) << name << ": " << first->second << " and " << control.id;
+            if ((!button && !label) || !IsVisible(control) || caption.empty()) continue;
+            EXPECT_NE(MnemonicOf(caption), 0) << name << " " << control.id << " " << caption;
         }
     }
 }
