@@ -89,7 +89,7 @@ bool CopyDriverFiles(const fs::path& models, const Description& description, std
     if (!failed && !fs::exists(rules)) CopyFileWhole(models / kvspool::kRulesFile, rules, failed);
     const std::string help = HelpFolder(description);
     if (!failed && !help.empty()) CopyHelp(models / kHelpSource, folder / help, failed);
-    if (failed) error = models.string() + " to " + folder.string() + ": " + failed.message();
+    if (failed) error = folder.string() + ": " + failed.message();
     return !failed;
 }
 
@@ -142,8 +142,14 @@ bool InstallPrinter(const std::string& name, const std::string& port, const std:
     }
     kv::StateStore& store = kv::StateStore::Get();
     kv::PrinterRecord existing;
-    if (store.GetPrinter(name, existing) == ERROR_SUCCESS) {
+    const DWORD found = store.GetPrinter(name, existing);
+    if (found == ERROR_SUCCESS) {
         error = "printer \"" + existing.name + "\" exists already";
+        return false;
+    }
+    // A store that cannot be read, of a newer version for one, belongs to files that are not ours.
+    if (found != ERROR_INVALID_PRINTER_NAME) {
+        error = StoreProblem("printer \"" + name + "\"", found);
         return false;
     }
     if (!CopyDriverFiles(models, *description, error)) return false;
