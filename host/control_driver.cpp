@@ -197,7 +197,7 @@ std::vector<ChoiceText> ControlDriver::ChoicesOf(const Control& control, HWND wi
             choice.buttonId != 0 ? GetDlgItem(GetParent(window), static_cast<int>(choice.buttonId))
                                  : nullptr;
         if (choice.buttonId != 0 && button == nullptr) continue;
-        choices.push_back({choice.value, button != nullptr ? WindowText(button) : choice.name});
+        choices.push_back({choice.value, button != nullptr ? WithoutMnemonic(WindowText(button)) : choice.name});
     }
     return choices;
 }

@@ -6,8 +6,6 @@
 
 namespace kvhost {
 
-const char* const kSourceModels = KV_SOURCE_MODELS;
-
 std::string ProgramDirectory() {
     char path[PATH_MAX];
     const ssize_t size = readlink("/proc/self/exe", path, sizeof path);
@@ -16,8 +14,13 @@ std::string ProgramDirectory() {
     return program.substr(0, program.find_last_of('/'));
 }
 
+std::string DataPath(const char* name) {
+    const std::string program = ProgramDirectory();
+    return program.substr(0, program.find_last_of('/')) + "/share/kvprefs/" + name;
+}
+
 std::string QtDisplayPath() {
-    for (const char* folder : {"", "/../lib/kvprefs", "/../lib"}) {
+    for (const char* folder : {"", "/../lib/kvprefs"}) {
         const std::string path = ProgramDirectory() + folder + "/libkvdisplay-qt.so";
         if (access(path.c_str(), R_OK) == 0) return path;
     }

@@ -88,7 +88,7 @@ bool WriteWholeFile(const std::string& path, const void* bytes, size_t size, std
     const std::string temporary = path + ".new" + std::to_string(getpid());
     const int file = open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
     if (file < 0) {
-        error = SystemMessage(temporary);
+        error = SystemMessage(path);
         return false;
     }
     size_t written = 0;
@@ -100,7 +100,7 @@ bool WriteWholeFile(const std::string& path, const void* bytes, size_t size, std
         if (good) written += static_cast<size_t>(put);
     }
     good = good && fsync(file) == 0;
-    if (!good) error = SystemMessage(temporary);
+    if (!good) error = SystemMessage(path);
     close(file);
     if (good && rename(temporary.c_str(), path.c_str()) != 0) {
         error = SystemMessage(path);
@@ -148,30 +148,34 @@ std::string CheckRecord(const BYTE* bytes, size_t size) {
 RecordStore::RecordStore(const std::string& printerName)
     : path_(kv::StateDirectory() + "/records/" + EscapedName(printerName) + ".record") {}
 
+RecordStore::Found RecordStore::Read(Record& record, std::string& problem) const {
+    if (access(path_.c_str(), F_OK) != 0) return Found::kNothing;
+    std::string bytes;
+    if (!ReadWholeFile(path_, kRecordBytes, bytes, problem)) return Found::kBad;
+    problem = CheckRecord(reinterpret_cast<const BYTE*>(bytes.data()), bytes.size());
+    if (!problem.empty()) return Found::kBad;
+    std::memcpy(record.data(), bytes.data(), kRecordBytes);
+    return Found::kGood;
+}
+
+bool RecordStore::ReadDefaults(PrinterBlock& printer, Record& record, std::string& error) {
+    if (QDMGetStdDefaults(&printer, record.data(), nullptr) != 0) return true;
+    error = std::string("no default settings for printer \"") + printer.printerName + "\"";
+    return false;
+}
+
 bool RecordStore::Load(PrinterBlock& printer, Record& record, std::string& warning,
                        std::string& error) {
-    std::string bytes, readError;
-    if (access(path_.c_str(), F_OK) == 0) {
-        std::string problem;
-        if (!ReadWholeFile(path_, kRecordBytes, bytes, readError)) {
-            problem = readError;
-        } else {
-            problem = CheckRecord(reinterpret_cast<const BYTE*>(bytes.data()), bytes.size());
-        }
-        if (problem.empty()) {
-            std::memcpy(record.data(), bytes.data(), kRecordBytes);
-            return true;
-        }
+    std::string problem;
+    const Found found = Read(record, problem);
+    if (found == Found::kGood) return true;
+    if (found == Found::kBad) {
         const std::string aside = FreeAsideName(path_);
         const bool moved = rename(path_.c_str(), aside.c_str()) == 0;
         warning = "stored settings refused (" + problem + "); the printer's defaults are used" +
                   (moved ? ", the old file is kept as " + aside : std::string());
     }
-    if (QDMGetStdDefaults(&printer, record.data(), nullptr) == 0) {
-        error = std::string("no default settings for printer \"") + printer.printerName + "\"";
-        return false;
-    }
-    return true;
+    return ReadDefaults(printer, record, error);
 }
 
 bool RecordStore::Store(const Record& record, std::string& error) {

@@ -21,6 +21,10 @@ class RecordStore {
     explicit RecordStore(const std::string& printerName);
     const std::string& path() const { return path_; }
 
+    enum class Found { kNothing, kGood, kBad };
+    // Reads the file and leaves it alone; `problem` says what is wrong with a bad one.
+    Found Read(Record& record, std::string& problem) const;
+    static bool ReadDefaults(PrinterBlock& printer, Record& record, std::string& error);
     // The stored record, else the printer's defaults. `warning` tells of a record that was put
     // aside. False with an error when there are no defaults either.
     bool Load(PrinterBlock& printer, Record& record, std::string& warning, std::string& error);

@@ -5,7 +5,6 @@
 #include <host/host_paths.h>
 #include <platform/registry/state_directory.h>
 #include <platform/registry/state_store.h>
-#include <unistd.h>
 #include <windows.h>
 
 #include <cstdio>
@@ -15,15 +14,6 @@ namespace kvhost {
 void PrintError(const std::string& text) { std::fprintf(stderr, "kvprefs: %s\n", text.c_str()); }
 void PrintWarning(const std::string& text) {
     std::fprintf(stderr, "kvprefs: warning: %s\n", text.c_str());
-}
-
-std::string ModelsDirectory() {
-    const std::string program = ProgramDirectory();
-    for (const std::string& candidate :
-         {program + "/models", program + "/../share/kvprefs/models", std::string(kSourceModels)}) {
-        if (access((candidate + "/KVUIMOD.ini").c_str(), R_OK) == 0) return candidate;
-    }
-    return {};
 }
 
 bool Session::Open(const Options& options) {
@@ -40,7 +30,7 @@ bool Session::Open(const Options& options) {
     }
     std::string error;
     if (printers.empty() && name.empty()) {
-        if (!kvcore::InstallPrinter(kvcore::kDriverName, "USB001", ModelsDirectory(), error)) {
+        if (!kvcore::InstallPrinter(kvcore::kDriverName, "USB001", DataPath("models"), error)) {
             PrintError(error);
             return false;
         }
@@ -57,6 +47,20 @@ bool Session::Open(const Options& options) {
     if (!warning.empty()) PrintWarning(warning);
     if (!loaded) PrintError(error);
     return loaded;
+}
+
+bool Session::Look(const Options& options) {
+    std::vector<kv::PrinterRecord> printers;
+    std::string error;
+    if (kv::StateDirectory().empty() ||
+        kv::StateStore::Get().ListPrinters(printers) != ERROR_SUCCESS || printers.empty()) {
+        return false;
+    }
+    const std::string name = options.printer.empty() ? printers.front().name : options.printer;
+    if (!kvcore::MakePrinterBlock(name, printer_, error)) return false;
+    store_ = std::make_unique<RecordStore>(printer_.printerName);
+    return store_->Read(record_, error) == RecordStore::Found::kGood ||
+           store_->ReadDefaults(printer_, record_, error);
 }
 
 bool Session::LoadModule() {

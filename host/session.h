@@ -22,6 +22,8 @@ class Session {
    public:
     // Makes the first printer when there is none yet. False after printing why.
     bool Open(const Options& options);
+    // Reads what is stored and no more: makes no printer, moves no damaged record aside, says nothing.
+    bool Look(const Options& options);
     // Loads the module; only commands that need pages do.
     bool LoadModule();
     // Opens the sheet without a screen. Job Management is there too.
@@ -48,8 +50,4 @@ class Session {
 // One line on standard error, "kvprefs: ..." before it.
 void PrintError(const std::string& text);
 void PrintWarning(const std::string& text);
-// Folder with the model's data, beside the program, in the share directory of an installation or in
-// the source tree of a build.
-std::string ModelsDirectory();
-
 }  // namespace kvhost

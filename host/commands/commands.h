@@ -26,6 +26,9 @@ ExitStatus RunPrinterRemove(const std::string& name);
 
 // "NAME=VALUE" lines of the fields that differ, in table order.
 std::vector<std::string> ChangedFields(const Record& before, const Record& after);
+// Names of the pages, one for each, and of the dialogs that `shot` draws.
+std::vector<std::string> PageNames();
+std::vector<std::string> PictureDialogNames();
 // Index of the page that a dialog, template or caption names; -1 when none does.
 int PageIndexOfName(const std::string& name);
 

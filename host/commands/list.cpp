@@ -10,6 +10,24 @@
 namespace kvhost {
 namespace {
 
+struct Alias {
+    const char* caption;
+    const char* dialogName;
+};
+// What pages are called on the command line, the usual name first.
+constexpr Alias kAliases[] = {
+    {"Basic",                  "DLGTAB0"},
+    {"Layout",                 "DLGTAB1"},
+    {"Overlay",                "DLGTABOVER"},
+    {"Watermark",              "DLGTABWM"},
+    {"Quality",                "DLGTAB2"},
+    {"Device",                 "DLGTAB3"},
+    {"Device Options Setting", "DLGTAB3"},
+    {"Troubleshooting",        "DLGTABVERSION"},
+    {"Job",                    "DLGTAB4"},
+    {"Job Management",         "DLGTAB4"},
+};
+
 nlohmann::ordered_json Describe(Session& session, ControlDriver& driver, const Control& control) {
     const HWND window = driver.WindowOf(control);
     nlohmann::ordered_json row = {
@@ -51,17 +69,17 @@ void PrintRow(const nlohmann::ordered_json& row) {
 
 }  // namespace
 
+std::vector<std::string> PageNames() {
+    std::vector<std::string> names;
+    const char* last = "";
+    for (const Alias& alias : kAliases) {
+        if (std::strcmp(alias.dialogName, last) != 0) names.push_back(alias.caption);
+        last = alias.dialogName;
+    }
+    return names;
+}
+
 int PageIndexOfName(const std::string& name) {
-    struct Alias {
-        const char* caption;
-        const char* dialogName;
-    };
-    constexpr Alias kAliases[] = {
-        {"Basic", "DLGTAB0"},      {"Layout", "DLGTAB1"},   {"Overlay", "DLGTABOVER"},
-        {"Watermark", "DLGTABWM"}, {"Quality", "DLGTAB2"},  {"Device", "DLGTAB3"},
-        {"Device Options Setting", "DLGTAB3"},              {"Troubleshooting", "DLGTABVERSION"},
-        {"Job Management", "DLGTAB4"},                      {"Job", "DLGTAB4"},
-    };
     for (const Alias& alias : kAliases) {
         if (strcasecmp(alias.caption, name.c_str()) == 0) return PageIndexOfDialog(alias.dialogName);
     }

@@ -38,8 +38,8 @@ ExitStatus RunOpen(const Options& options, int argc, char** argv) {
                              : nullptr;
     if (create == nullptr || destroy == nullptr) {
         const char* why = plugin == nullptr && !path.empty() ? dlerror() : nullptr;
-        PrintError(std::string("the window needs the Qt display plugin (libkvdisplay-qt.so), which "
-                               "could not be loaded") +
+        PrintError(std::string("the window needs the Qt display plugin (libkvdisplay-qt.so, in the "
+                               "package kvprefs-gui), which could not be loaded") +
                    (why != nullptr ? std::string(": ") + why : std::string()));
         return kRefused;
     }

@@ -1,6 +1,7 @@
 // kvprefs record and kvprefs printer.
 #include <framework/core/install_printer.h>
 #include <host/commands/commands.h>
+#include <host/host_paths.h>
 #include <platform/registry/state_store.h>
 #include <platform/security/access.h>
 #include <windows.h>
@@ -89,7 +90,7 @@ ExitStatus RunPrinterAdd(const std::string& name, const std::string& port) {
         return kRefused;
     }
     std::string error;
-    if (kvcore::InstallPrinter(name, port, ModelsDirectory(), error)) return kDone;
+    if (kvcore::InstallPrinter(name, port, DataPath("models"), error)) return kDone;
     PrintError(error);
     return kBadInput;
 }

@@ -284,10 +284,7 @@ const DialogRow* DialogOfName(const std::string& name) {
 
 void PrintUnknownPage(const std::string& page) {
     std::string known;
-    for (const char* caption : {"Basic", "Layout", "Overlay", "Watermark", "Quality", "Device",
-                                "Troubleshooting", "Job"}) {
-        known += known.empty() ? caption : std::string(", ") + caption;
-    }
+    for (const std::string& name : PageNames()) known += known.empty() ? name : ", " + name;
     for (const DialogRow& row : kDialogs) known += std::string(", ") + row.name;
     PrintError("unknown page \"" + page + "\"; expected one of " + known);
 }
@@ -323,6 +320,12 @@ ExitStatus TakeOne(Photographer& photographer, int page, const DialogRow* dialog
 }
 
 }  // namespace
+
+std::vector<std::string> PictureDialogNames() {
+    std::vector<std::string> names;
+    for (const DialogRow& row : kDialogs) names.push_back(row.name);
+    return names;
+}
 
 ExitStatus RunShot(const Options& options, const std::string& folder, const std::string& page,
                    const std::string& view, double scale, bool rightToLeft) {

@@ -1,5 +1,4 @@
-// Finding the font configuration: beside an installed program in its share directory, else in the
-// source tree of the build.
+// Finding the font configuration of pictures among the program's data.
 #include <host/host_paths.h>
 #include <host/picture/picture_fonts.h>
 #include <unistd.h>
@@ -30,12 +29,8 @@ bool HasFonts() {
 bool UsePictureFonts(std::string& error) {
     const char* named = std::getenv("FONTCONFIG_FILE");
     if (named == nullptr || named[0] == '\0') {
-        for (const std::string& file : {ProgramDirectory() + "/../share/kvprefs/fonts.conf",
-                                        std::string(KV_SOURCE_FONTS)}) {
-            if (access(file.c_str(), R_OK) != 0) continue;
-            setenv("FONTCONFIG_FILE", file.c_str(), 1);
-            break;
-        }
+        const std::string file = DataPath("fonts.conf");
+        if (access(file.c_str(), R_OK) == 0) setenv("FONTCONFIG_FILE", file.c_str(), 1);
     }
     if (HasFonts()) return true;
     error = "no fonts to draw texts with; install the Liberation fonts (fonts-liberation) or set "

@@ -3,6 +3,7 @@
 #include <host/qt/qt_display.h>
 
 #include <QApplication>
+#include <QIcon>
 
 #include <cstdio>
 #include <cstdlib>
@@ -48,6 +49,9 @@ extern "C" KV_EXPORT kv::Display* KvCreateQtDisplay(int* argc, char** argv, cons
     plugin.application = std::make_unique<QApplication>(*argc, argv);
     qInstallMessageHandler(previous);
     QApplication::setQuitOnLastWindowClosed(false);
+    // By these a desktop finds the name and the icon of an installed program.
+    QApplication::setDesktopFileName(QStringLiteral("kvprefs"));
+    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("kvprefs")));
     plugin.display = std::make_unique<kvqt::QtDisplay>();
     return plugin.display.get();
 }

@@ -1,0 +1,44 @@
+# Debian packages, made by `cpack` in the build folder: kvprefs for servers and scripts, kvprefs-gui
+# for desktops. What they depend on is read from the libraries that they link.
+set(KV_MAINTAINER "kvprefs developers <root@localhost>" CACHE STRING "Maintainer of the packages")
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME kvprefs)
+set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
+set(CPACK_PACKAGE_VENDOR kvprefs)
+set(CPACK_PACKAGE_CONTACT ${KV_MAINTAINER})
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS ${CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS})
+set(CPACK_STRIP_FILES ON)
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_COMPONENTS_ALL program)
+if(KV_QT)
+    list(APPEND CPACK_COMPONENTS_ALL gui)
+endif()
+
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# The packages' own libraries are found there; they are no other package's.
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_LIBRARY_OUTPUT_DIRECTORY})
+
+set(CPACK_DEBIAN_PROGRAM_PACKAGE_NAME kvprefs)
+set(CPACK_DEBIAN_PROGRAM_PACKAGE_SECTION utils)
+set(CPACK_DEBIAN_PROGRAM_DESCRIPTION
+    "printing preferences of the Varnell Tessora 7720MF, command line
+Shows and changes the settings of a colour laser multifunction printer:
+paper, duplex, pages per sheet, booklets, overlays, watermarks, quality
+and finishing. The window is in the package kvprefs-gui.")
+set(CPACK_DEBIAN_PROGRAM_PACKAGE_RECOMMENDS fonts-liberation)
+set(CPACK_DEBIAN_PROGRAM_PACKAGE_SUGGESTS kvprefs-gui)
+
+set(CPACK_DEBIAN_GUI_PACKAGE_NAME kvprefs-gui)
+set(CPACK_DEBIAN_GUI_PACKAGE_SECTION utils)
+set(CPACK_DEBIAN_GUI_DESCRIPTION
+    "printing preferences of the Varnell Tessora 7720MF, window
+Opens the printing preferences of a colour laser multifunction printer in
+a window, with a preview of the sheet.")
+set(CPACK_DEBIAN_GUI_PACKAGE_DEPENDS "kvprefs (= ${PROJECT_VERSION})")
+
+include(CPack)
