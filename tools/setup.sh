@@ -26,6 +26,12 @@ test_packages=(
     "python3: lint"
     "xvfb: tests of the window"
     "xauth: tests of the window"
+    "desktop-file-utils: checks the desktop entry"
+    "appstream: checks the software catalogue's entry"
+    "dpkg-dev: dependencies of the Debian packages"
+    "file: finds the programs in the Debian packages"
+    "zsh: tests of completion"
+    "fish: tests of completion"
 )
 bench_packages=(
     "libbenchmark-dev: benchmarks"

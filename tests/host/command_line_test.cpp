@@ -9,7 +9,9 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -29,11 +31,13 @@ class CommandLine : public testing::Test {
     }
     void TearDown() override { fs::remove_all(state_); }
 
-    Ran Run(const std::string& arguments) {
-        const std::string command = std::string("env -u DISPLAY -u WAYLAND_DISPLAY "
-                                                "-u QT_QPA_PLATFORM ") +
-                                    KV_BIN_DIR "/kvprefs --state " + state_.string() + " " +
-                                    arguments + " 2>&1 </dev/null";
+    // `environment` stands before the program: what env(1) takes, or a program that runs it.
+    Ran Run(const std::string& arguments, const std::string& environment = "") {
+        const std::string state = "--state " + state_.string() + " ";
+        const std::string command = "env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM " +
+                                    environment + " " KV_BIN_DIR "/kvprefs " +
+                                    (state_.empty() ? "" : state) + arguments +
+                                    " 2>&1 </dev/null";
         Ran ran{};
         FILE* pipe = popen(command.c_str(), "r");
         std::array<char, 4096> part{};
@@ -77,6 +81,14 @@ class CommandLine : public testing::Test {
             if (entry.path().filename() == "KVUIMOD.ini") return entry.path();
         }
         return {};
+    }
+    // Every file below the state directory with its bytes.
+    std::map<std::string, std::string> AllFiles() {
+        std::map<std::string, std::string> files;
+        for (const auto& entry : fs::recursive_directory_iterator(state_)) {
+            files[entry.path().string()] = entry.is_regular_file() ? Bytes(entry.path()) : "";
+        }
+        return files;
     }
     static std::string Bytes(const fs::path& path) {
         std::ifstream file(path, std::ios::binary);
@@ -258,6 +270,70 @@ TEST_F(CommandLine, WithoutADisplayOpenSaysHowToGoOn) {
     const Ran open = Run("open");
     EXPECT_EQ(open.status, 1);
     EXPECT_NE(open.output.find("kvprefs shot"), std::string::npos) << open.output;
+}
+
+TEST_F(CommandLine, AReadOnlyStateIsReadAndNeverHalfWritten) {
+    // Even root obeys the modes of files without these.
+    const std::string obeying = "setpriv --bounding-set=-dac_override,-dac_read_search,-fowner";
+    ASSERT_EQ(Run("set EditCopies=3").status, 0);
+    if (Run("get", obeying).status != 0) GTEST_SKIP() << "capabilities cannot be given up here";
+    const auto writable = [&](fs::perm_options how) {
+        for (const auto& [path, bytes] : AllFiles()) fs::permissions(path, fs::perms::owner_write, how);
+        fs::permissions(state_, fs::perms::owner_write, how);
+    };
+    const auto before = AllFiles();
+    writable(fs::perm_options::remove);
+    EXPECT_EQ(Run("get dmCopies", obeying).output, "dmCopies=3\n");
+    EXPECT_EQ(Run("list Basic", obeying).status, 0);
+    for (const char* arguments : {"set EditCopies=4", "defaults", "--as-admin printer remove X",
+                                  "--as-admin printer add X --port Y"}) {
+        const Ran ran = Run(arguments, obeying);
+        EXPECT_NE(ran.status, 0) << arguments;
+        EXPECT_NE(ran.output.find(state_.string()), std::string::npos) << ran.output;
+        EXPECT_EQ(ran.output.find(".new"), std::string::npos) << ran.output;
+    }
+    EXPECT_EQ(AllFiles(), before);
+    writable(fs::perm_options::add);
+}
+
+TEST_F(CommandLine, AStateOfANewerVersionIsRefusedUntouched) {
+    ASSERT_EQ(Run("set EditCopies=3").status, 0);
+    std::fstream store(state_ / "store.sqlite", std::ios::in | std::ios::out | std::ios::binary);
+    store.seekp(60);  // the format number, high byte first
+    store.write("\0\0\0\2", 4);
+    store.close();
+    std::ofstream(RulesFile().parent_path() / "tessora7720mf.ini", std::ios::app) << "; newer\n";
+    const auto before = AllFiles();
+    for (const char* arguments : {"get", "list", "set EditCopies=4", "defaults", "printer list",
+                                  "--as-admin printer add X --port Y", "--as-admin printer remove X"}) {
+        const Ran ran = Run(arguments);
+        EXPECT_EQ(ran.status, 2) << arguments;
+        EXPECT_NE(ran.output.find("written by a newer version"), std::string::npos) << ran.output;
+    }
+    EXPECT_EQ(Run("open", "QT_QPA_PLATFORM=offscreen").status, 2);
+    EXPECT_EQ(AllFiles(), before);
+}
+
+TEST_F(CommandLine, WithoutAHomeItSaysWhatToSet) {
+    const std::string nowhere = "-u HOME -u XDG_DATA_HOME -u KVPREFS_STATE";
+    EXPECT_EQ(Run("get dmCopies", nowhere).output, "dmCopies=1\n");
+    const fs::path state = std::exchange(state_, fs::path());
+    for (const char* arguments : {"get", "set EditCopies=4", "printer list"}) {
+        const Ran ran = Run(arguments, nowhere);
+        EXPECT_EQ(ran.status, 2) << arguments;
+        EXPECT_NE(ran.output.find("set HOME, XDG_DATA_HOME or KVPREFS_STATE"), std::string::npos)
+            << ran.output;
+    }
+    state_ = state;
+}
+
+TEST_F(CommandLine, UnknownLocalesAndMissingFontsAreHarmless) {
+    const std::string bare = "LC_ALL=xx_YY.nonsense FONTCONFIG_FILE=" + (state_ / "fonts").string();
+    std::ofstream(state_ / "fonts") << "<?xml version=\"1.0\"?><fontconfig></fontconfig>";
+    EXPECT_EQ(Run("set ComboNup=2", bare).output, "nUp=2\nmdmNup=2\n");
+    const Ran shot = Run("shot " + (state_ / "pictures").string(), bare);
+    EXPECT_EQ(shot.status, 1);
+    EXPECT_NE(shot.output.find("no fonts to draw texts with"), std::string::npos) << shot.output;
 }
 
 TEST_F(CommandLine, BadRulesFilesAreHarmless) {
