@@ -175,8 +175,9 @@ class Installed(unittest.TestCase):
 class Packed(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
-        done = run("cpack", "--config", BUILD / "CPackConfig.cmake", "-B", ROOT / "packages",
-                   PATH=os.environ["PATH"])
+        # Modes must not come from who packs.
+        done = run("sh", "-c", 'umask 077 && exec cpack --config "$1" -B "$2"', "sh",
+                   BUILD / "CPackConfig.cmake", ROOT / "packages", PATH=os.environ["PATH"])
         assert done.returncode == 0, done.stdout + done.stderr
         cls.packages = {path.name.split("_")[0]: path for path in (ROOT / "packages").glob("*.deb")}
 
