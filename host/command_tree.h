@@ -2,8 +2,8 @@
 // parsed; completion reads the same tree, so that it offers nothing the parser does not take.
 #pragma once
 
-#include <host/session.h>
 #include <host/conflict_answers.h>
+#include <host/session.h>
 
 #include <CLI/CLI.hpp>
 #include <string>

@@ -120,7 +120,7 @@ void Completion::Pass(const std::string& word) {
     }
     if (word.rfind("--", 0) == 0) {
         const size_t at = word.find('=');
-        const CLI::Option* option = FindOption(word.substr(2, at == std::string::npos ? at : at - 2));
+        const CLI::Option* option = FindOption(word.substr(0, at).substr(2));
         if (option == nullptr || option->get_expected_max() == 0) return;
         if (at == std::string::npos) {
             awaited_ = option;
@@ -232,7 +232,7 @@ void Completion::OfferControls() const {
     }
 }
 
-// What the control's page offers with the stored settings; without a page, what the catalogue names.
+// What the control's page offers with the stored settings, else what the catalogue names.
 void Completion::OfferValues(const std::string& name) {
     const Control* control = FindControl(name);
     if (control == nullptr) return;

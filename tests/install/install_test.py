@@ -111,7 +111,8 @@ class Installed(unittest.TestCase):
         manual = manual.replace("\\-", "-")
         commands = [[name] for name in self.candidates("")]
         self.assertIn(["set"], commands)
-        commands += [[name, sub] for name in ("record", "printer") for sub in self.candidates(name, "")]
+        commands += [[name, sub] for name in ("record", "printer")
+                     for sub in self.candidates(name, "")]
         for command in [[], *commands]:
             lines = self.kvprefs(*command, "--help").rstrip().splitlines()
             self.assertEqual(lines[-2], "Example:", command)
@@ -124,7 +125,8 @@ class Installed(unittest.TestCase):
         script = ('source "$1"; shift; COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); '
                   '_kvprefs; [ ${#COMPREPLY[@]} -eq 0 ] || printf "%s\\n" "${COMPREPLY[@]}"')
         done = run("bash", "--norc", "-c", script, "bash",
-                   self.share / "bash-completion/completions/kvprefs", self.program, *words, **variables)
+                   self.share / "bash-completion/completions/kvprefs", self.program, *words,
+                   **variables)
         self.assertEqual((done.returncode, done.stderr), (0, ""))
         return done.stdout.split("\n")[:-1]
 
@@ -137,7 +139,8 @@ class Installed(unittest.TestCase):
         self.assertIn("ComboNup=", self.bash("set", "Combo"))
         # Bash parts words at "=" and replaces what follows it.
         self.assertEqual(self.bash("set", "ComboNup", "="), self.captions("ComboNup"))
-        self.assertEqual(self.bash("set", "EditCopies", "=", "2", "ComboNup", "=", "Boo"), ["Booklet"])
+        self.assertEqual(self.bash("set", "EditCopies", "=", "2", "ComboNup", "=", "Boo"),
+                         ["Booklet"])
         self.assertEqual(self.bash("set", "ComboBooklet", "=", "R"), ["Right\\ Binding"])
         self.assertEqual(self.bash("set", "ComboBooklet", "=", '"R'), ["Right Binding"])
         self.assertEqual(self.bash("set", "--on-conflict", "=", "re"), ["resolve"])
