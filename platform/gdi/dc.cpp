@@ -228,6 +228,11 @@ UINT WINAPI SetTextAlign(HDC dc, UINT align) {
     return Exchange(dc, &DcState::textAlign, align, static_cast<UINT>(GDI_ERROR));
 }
 
+UINT WINAPI GetTextAlign(HDC handle) {
+    const Dc* dc = ObjectOf<Dc>(handle);
+    return dc != nullptr ? dc->state.textAlign : static_cast<UINT>(GDI_ERROR);
+}
+
 int WINAPI SetStretchBltMode(HDC dc, int mode) {
     if (mode < BLACKONWHITE || mode > HALFTONE) {
         SetLastError(ERROR_INVALID_PARAMETER);
