@@ -39,6 +39,7 @@ bool DrawOwnerField(Painter& painter, const ControlView& control, const Box& roo
     painter.canvas.CopyUnder(room, surface.view());
     const UINT state = control.enabled ? 0 : ODS_DISABLED;
     const RECT all = {0, 0, surface.view().width, surface.view().height};
+    if (painter.canvas.isMirrored()) SetTextAlign(surface.dc(), TA_RTLREADING);
     if (!kv::PaintItem(control.window, -1, surface.dc(), all, state)) return false;
     painter.canvas.DrawPicture(room, surface.view());
     return true;
@@ -91,7 +92,9 @@ void DrawEdit(Painter& painter, const ControlView& control) {
 
 void DrawComboBox(Painter& painter, const ControlView& control) {
     const bool typed = (control.style & CBS_DROPDOWNLIST) != CBS_DROPDOWNLIST;
-    painter.Field(control, typed ? theme::kFieldFace : theme::kButtonFace);
+    // An entry that the page draws has the colour of windows behind it.
+    const bool owned = (control.style & (CBS_OWNERDRAWFIXED | CBS_OWNERDRAWVARIABLE)) != 0;
+    painter.Field(control, typed || owned ? theme::kFieldFace : theme::kButtonFace);
     const Box& box = control.box;
     const double arrow = box.right - theme::kComboArrow;
     DrawArrow(painter, control, arrow + theme::kComboArrow / 2 - 1, (box.top + box.bottom) / 2,

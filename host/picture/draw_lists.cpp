@@ -80,6 +80,7 @@ void DrawEntry(Painter& painter, const ControlView& control, const Box& row, int
         painter.canvas.CopyUnder(row, surface.view());
         const RECT all = {0, 0, surface.view().width, surface.view().height};
         const UINT state = (selected ? ODS_SELECTED : 0) | (control.enabled ? 0 : ODS_DISABLED);
+        if (painter.canvas.isMirrored()) SetTextAlign(surface.dc(), TA_RTLREADING);
         if (kv::PaintItem(control.window, index, surface.dc(), all, state)) {
             painter.canvas.DrawPicture(row, surface.view());
             return;

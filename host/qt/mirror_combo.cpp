@@ -44,7 +44,7 @@ class EntryDelegate : public QStyledItemDelegate {
         if ((option.state & QStyle::State_Enabled) == 0) state |= ODS_DISABLED;
         const QImage picture =
             PictureOfItem(combo_, index.row(), CoreSize(option.rect.size(), display_.scale()),
-                          state, option.palette.color(QPalette::Base));
+                          {state, option.palette.color(QPalette::Base), option.direction});
         if (picture.isNull()) return QStyledItemDelegate::paint(painter, option, index);
         DrawPicture(*painter, option.rect, picture);
     }
@@ -115,8 +115,8 @@ class ComboWidget : public QComboBox {
         }
         const UINT state = (isEnabled() ? 0 : ODS_DISABLED) | (hasFocus() ? ODS_FOCUS : 0);
         const QImage picture =
-            PictureOfItem(window_, kFieldItem, CoreSize(field.size(), display_.scale()), state,
-                          palette().color(QPalette::Button));
+            PictureOfItem(window_, kFieldItem, CoreSize(field.size(), display_.scale()),
+                          {state, palette().color(QPalette::Button), layoutDirection()});
         DrawPicture(painter, field, picture);
     }
 

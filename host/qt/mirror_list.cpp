@@ -60,8 +60,9 @@ class ListDelegate : public QStyledItemDelegate {
             display_.scale().ToCore(QPoint(option.rect.width(), option.rect.height()));
         const bool selected = (option.state & QStyle::State_Selected) != 0;
         const QImage picture =
-            PictureOfItem(list_, row, {corner.x, corner.y}, selected ? ODS_SELECTED : 0,
-                          option.palette.color(QPalette::Base));
+            PictureOfItem(list_, row, {corner.x, corner.y},
+                          {selected ? ODS_SELECTED : 0u, option.palette.color(QPalette::Base),
+                           option.direction});
         DrawPicture(painter, option.rect, picture);
         return !picture.isNull();
     }

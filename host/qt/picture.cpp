@@ -72,6 +72,16 @@ class Canvas {
     kv::SurfaceView view_;
 };
 
+QImage WithoutGround(const QImage& picture, const QColor& ground) {
+    QImage result = picture.convertToFormat(QImage::Format_ARGB32);
+    const std::uint32_t unpainted = ground.rgb();
+    for (int y = 0; y < result.height(); ++y) {
+        auto* row = reinterpret_cast<std::uint32_t*>(result.scanLine(y));
+        std::replace(row, row + result.width(), unpainted, std::uint32_t{0});
+    }
+    return result;
+}
+
 QImage InSize(const QImage& picture, const QSize& size) {
     const bool larger = size.width() >= picture.width() && size.height() >= picture.height();
     return larger ? Enlarge(picture, size)
@@ -86,20 +96,26 @@ QImage PictureOfWindow(HWND window, const QColor& ground) {
     const SIZE size{client.right, client.bottom};
     Canvas& canvas = Canvas::Instance();
     const HDC dc = canvas.Prepare(size, ground);
-    if (!dc || kv::PaintWindow(window, dc) == kv::Painting::kPlain) return {};
-    return canvas.Take(size);
+    const kv::Painting painting = dc ? kv::PaintWindow(window, dc) : kv::Painting::kPlain;
+    if (painting == kv::Painting::kPlain) return {};
+    const QImage picture = canvas.Take(size);
+    // What a page draws on its own ground lies on whatever the style puts under the page.
+    return painting == kv::Painting::kByParent ? WithoutGround(picture, ground) : picture;
 }
 
 bool DrawsItself(HWND window) {
     return !PictureOfWindow(window, Qt::white).isNull();
 }
 
-QImage PictureOfItem(HWND control, int item, SIZE size, UINT itemState, const QColor& ground) {
+QImage PictureOfItem(HWND control, int item, SIZE size, const ItemLook& look) {
     Canvas& canvas = Canvas::Instance();
-    const HDC dc = canvas.Prepare(size, ground);
+    const HDC dc = canvas.Prepare(size, look.ground);
+    if (!dc) return {};
     const RECT rect{0, 0, size.cx, size.cy};
-    if (!dc || !kv::PaintItem(control, item, dc, rect, itemState)) return {};
-    return canvas.Take(size);
+    SetTextAlign(dc, look.reading == Qt::RightToLeft ? TA_RTLREADING : TA_LEFT);
+    const bool painted = kv::PaintItem(control, item, dc, rect, look.state);
+    SetTextAlign(dc, TA_LEFT);
+    return painted ? canvas.Take(size) : QImage();
 }
 
 QImage PictureOf(HBITMAP bitmap) {

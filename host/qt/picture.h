@@ -11,12 +11,19 @@
 namespace kvqt {
 
 // What the window draws of itself, in core pixels; null when the display has to draw it. Places
-// that nothing is drawn on have the colour of the ground.
+// that nothing is drawn on have the colour of the ground, or let it through in what a page draws for
+// a control.
 QImage PictureOfWindow(HWND window, const QColor& ground);
 // Whether a window draws itself, or has its parent draw it.
 bool DrawsItself(HWND window);
+
+struct ItemLook {
+    UINT state;  // ODS_...
+    QColor ground;
+    Qt::LayoutDirection reading;
+};
 // One entry of an owner-drawn list or combo box, `item` -1 for the closed box.
-QImage PictureOfItem(HWND control, int item, SIZE size, UINT itemState, const QColor& ground);
+QImage PictureOfItem(HWND control, int item, SIZE size, const ItemLook& look);
 
 QImage PictureOf(HBITMAP bitmap);
 QImage PictureOf(HICON icon);

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QIcon>
+#include <QLocale>
 
 #include <cstdio>
 #include <cstdlib>
@@ -20,6 +21,15 @@ Plugin plugin;
 bool IsSet(const char* name) {
     const char* value = std::getenv(name);
     return value && *value;
+}
+
+// Qt mirrors windows only where it has translations of its own; a desktop in a right-to-left language
+// is reason enough, whatever is installed.
+void FollowDesktopDirection() {
+    const QString language = QLocale::system().uiLanguages().value(0);
+    if (QLocale(language).textDirection() == Qt::RightToLeft) {
+        QApplication::setLayoutDirection(Qt::RightToLeft);
+    }
 }
 
 // Qt ends the process with a core dump when it cannot reach the desktop; a person gets one clear
@@ -52,6 +62,7 @@ extern "C" KV_EXPORT kv::Display* KvCreateQtDisplay(int* argc, char** argv, cons
     // By these a desktop finds the name and the icon of an installed program.
     QApplication::setDesktopFileName(QStringLiteral("kvprefs"));
     QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("kvprefs")));
+    FollowDesktopDirection();
     plugin.display = std::make_unique<kvqt::QtDisplay>();
     return plugin.display.get();
 }

@@ -7,6 +7,22 @@ namespace kvui {
 namespace {
 constexpr int kTextMargin = 6;
 constexpr int kEntryTextSize = 128;
+
+// Takes a piece with a margin before it off the side where reading starts.
+RECT TakeFromStart(RECT& place, LONG width, UINT align) {
+    RECT piece = place;
+    if ((align & TA_RTLREADING) != 0) {
+        piece.right -= kTextMargin;
+        piece.left = piece.right - width;
+        place.right = piece.left;
+    } else {
+        piece.left += kTextMargin;
+        piece.right = piece.left + width;
+        place.left = piece.right;
+    }
+    return piece;
+}
+
 }  // namespace
 
 bool DrawComboEntry(const SheetContext& context, const DRAWITEMSTRUCT& draw) {
@@ -17,15 +33,17 @@ bool DrawComboEntry(const SheetContext& context, const DRAWITEMSTRUCT& draw) {
     FillRect(draw.hDC, &draw.rcItem, GetSysColorBrush(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
     if (draw.itemID == static_cast<UINT>(-1)) return true;
     RECT place = draw.rcItem;
-    place.left += kTextMargin;
+    const UINT align = GetTextAlign(draw.hDC);
     const DWORD icon = IconForValue(*item, static_cast<DWORD>(draw.itemData));
     const HICON picture =
         icon != 0 ? LoadIconA(context.resources, MAKEINTRESOURCEA(icon)) : nullptr;
     const LONG side = place.bottom - place.top;
     if (picture != nullptr && side > 0) {
-        DrawIconEx(draw.hDC, place.left, place.top, picture, side, side, 0, nullptr, DI_NORMAL);
-        place.left += side + kTextMargin;
+        // The picture of a sheet stays as it is: its left is the sheet's left.
+        const RECT spot = TakeFromStart(place, side, align);
+        DrawIconEx(draw.hDC, spot.left, spot.top, picture, side, side, 0, nullptr, DI_NORMAL);
     }
+    TakeFromStart(place, 0, align);
     char text[kEntryTextSize] = "";
     if (SendMessageA(draw.hwndItem, CB_GETLBTEXTLEN, draw.itemID, 0) <
         static_cast<LRESULT>(sizeof text)) {
@@ -37,7 +55,8 @@ bool DrawComboEntry(const SheetContext& context, const DRAWITEMSTRUCT& draw) {
     SetTextColor(draw.hDC, GetSysColor(disabled   ? COLOR_GRAYTEXT
                                        : selected ? COLOR_HIGHLIGHTTEXT
                                                   : COLOR_WINDOWTEXT));
-    DrawTextA(draw.hDC, text, -1, &place, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
+    const UINT reading = (align & TA_RTLREADING) != 0 ? DT_RIGHT | DT_RTLREADING : DT_LEFT;
+    DrawTextA(draw.hDC, text, -1, &place, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | reading);
     if (before != nullptr) SelectObject(draw.hDC, before);
     return true;
 }

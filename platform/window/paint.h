@@ -20,7 +20,8 @@ enum class Painting {
 Painting PaintWindow(HWND window, HDC dc);
 
 // Draws one entry of an owner-drawn combo box or list box through WM_DRAWITEM; item -1 is a combo
-// box's empty field. False when the control is not owner-drawn.
+// box's empty field. A DC whose text alignment holds TA_RTLREADING asks for an entry that is read from
+// the right. False when the control is not owner-drawn.
 bool PaintItem(HWND control, int item, HDC dc, const RECT& rect, UINT itemState);
 
 }  // namespace kv
