@@ -41,6 +41,12 @@ class DriverModule {
     // outlive the sheet.
     HWND CreateSheet(const SheetRequest& request);
 
+    // Runs an exported dialog procedure modally over a page of an open sheet, for the dialogs that
+    // no control opens: they get the page's state block as every dialog of that page does. Answers
+    // what the dialog ended with; -1 when the page has no state, or when the template or the export
+    // is missing.
+    INT_PTR RunDialog(HWND page, const char* dialogTemplate, const char* procedure);
+
    private:
     HMODULE handle_{};
 };

@@ -162,6 +162,17 @@ HWND DriverModule::CreateSheet(const SheetRequest& request) {
     return window;
 }
 
+INT_PTR DriverModule::RunDialog(HWND page, const char* dialogTemplate, const char* procedure) {
+    const DLGPROC function = Procedure(procedure);
+    const LPVOID state = PageOfWindow(page) != nullptr ? BlockOf(page) : nullptr;
+    if (function == nullptr || state == nullptr) {
+        SetLastError(function == nullptr ? ERROR_PROC_NOT_FOUND : ERROR_INVALID_PARAMETER);
+        return -1;
+    }
+    return DialogBoxParamA(handle_, dialogTemplate, page, function,
+                           reinterpret_cast<LPARAM>(state));
+}
+
 std::string DefaultModulePath() {
     char program[PATH_MAX];
     const ssize_t length = readlink("/proc/self/exe", program, sizeof program - 1);

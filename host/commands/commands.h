@@ -31,5 +31,7 @@ std::vector<std::string> PageNames();
 std::vector<std::string> PictureDialogNames();
 // Index of the page that a dialog, template or caption names; -1 when none does.
 int PageIndexOfName(const std::string& name);
+// Says that a name is no page, which names are, and what else would do here.
+void PrintUnknownPage(const std::string& page, const std::vector<std::string>& others = {});
 
 }  // namespace kvhost

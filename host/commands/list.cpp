@@ -89,6 +89,13 @@ int PageIndexOfName(const std::string& name) {
     return PageIndexOfDialog(name);
 }
 
+void PrintUnknownPage(const std::string& page, const std::vector<std::string>& others) {
+    std::string known;
+    for (const std::string& name : PageNames()) known += known.empty() ? name : ", " + name;
+    for (const std::string& other : others) known += ", " + other;
+    PrintError("unknown page \"" + page + "\"; expected one of " + known);
+}
+
 ExitStatus RunList(const Options& options, const std::string& page) {
     std::string dialog = page;
     if (!page.empty()) {
@@ -103,7 +110,7 @@ ExitStatus RunList(const Options& options, const std::string& page) {
             }
         }
         if (!known) {
-            PrintError("unknown page \"" + page + "\"");
+            PrintUnknownPage(page);
             return kBadInput;
         }
     }

@@ -85,7 +85,7 @@ ExitStatus RunSet(const Options& options, const std::vector<std::string>& pairs,
 ExitStatus RunDefaults(const Options& options, const std::string& page) {
     const int only = page.empty() ? -1 : PageIndexOfName(page);
     if (!page.empty() && only < 0) {
-        PrintError("unknown page \"" + page + "\"");
+        PrintUnknownPage(page);
         return kBadInput;
     }
     Session session;

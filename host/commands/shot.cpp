@@ -22,9 +22,10 @@ namespace {
 enum class Opening {
     kClick,   // a button, or a check box that is off
     kChoose,  // a combo box entry with this value meets a rule, when the entry before was chosen
+    kExport,  // no control opens it: the module's export, on the page's state
 };
 
-// A dialog that opens from a page (its index in the sheet) by a control of it.
+// A dialog over a page (its index in the sheet).
 struct DialogRow {
     const char* name;
     int page;
@@ -33,24 +34,28 @@ struct DialogRow {
     DWORD value;
     int controlBefore;
     DWORD valueBefore;
+    const char* dialogTemplate;
+    const char* procedure;
 };
 
-// name, page, opening, control, value, control and value to choose before
+// name, page, opening, control, value, control and value to choose before, template, export
 constexpr DialogRow kDialogs[] = {
-    {"first-page",           0, Opening::kClick,  1170,  0, 0,    0},
-    {"paper-source-details", 0, Opening::kClick,  1172,  0, 0,    0},
-    {"output-details",       0, Opening::kClick,  1240,  0, 0,    0},
-    {"custom-papers",        0, Opening::kClick,  2003,  0, 0,    0},
-    {"save-settings",        0, Opening::kClick,  15002, 0, 0,    0},
-    {"edit-settings",        0, Opening::kClick,  15003, 0, 0,    0},
-    {"pages-per-sheet",      1, Opening::kClick,  1430,  0, 1410, 4},
-    {"image-shift",          1, Opening::kClick,  1912,  0, 0,    0},
-    {"overlay-editor",       2, Opening::kClick,  1892,  0, 0,    0},
-    {"watermark-editor",     3, Opening::kClick,  8006,  0, 0,    0},
-    {"mailboxes",            5, Opening::kClick,  4008,  0, 0,    0},
-    {"about",                5, Opening::kClick,  4011,  0, 0,    0},
+    {"first-page",            0, Opening::kClick,  1170,  0, 0,    0, nullptr,     nullptr},
+    {"paper-source-details",  0, Opening::kExport, 0,     0, 0,    0, "_DLGTAB00", "DDMTAB00"},
+    {"custom-papers",         0, Opening::kClick,  2003,  0, 0,    0, nullptr,     nullptr},
+    {"save-settings",         0, Opening::kClick,  15002, 0, 0,    0, nullptr,     nullptr},
+    {"edit-settings",         0, Opening::kClick,  15003, 0, 0,    0, nullptr,     nullptr},
+    {"pages-per-sheet",       1, Opening::kClick,  1430,  0, 1410, 4, nullptr,     nullptr},
+    {"pages-per-sheet-style", 1, Opening::kExport, 0,     0, 0,    0, "_DLGTAB02", "DDMTAB02"},
+    {"output-details",        1, Opening::kExport, 0,     0, 0,    0, "_DLGTAB01", "DDMTAB01"},
+    {"image-shift",           1, Opening::kClick,  1912,  0, 1901, 1, nullptr,     nullptr},
+    {"overlay-editor",        2, Opening::kClick,  1892,  0, 0,    0, nullptr,     nullptr},
+    {"watermark-editor",      3, Opening::kClick,  8006,  0, 0,    0, nullptr,     nullptr},
+    {"quality-list",          4, Opening::kExport, 0,     0, 0,    0, "_DLGTAB20", "DDMTAB20"},
+    {"mailboxes",             5, Opening::kClick,  4008,  0, 0,    0, nullptr,     nullptr},
+    {"about",                 5, Opening::kClick,  4011,  0, 0,    0, nullptr,     nullptr},
     // A transparency cannot come from the first tray.
-    {"conflict",             0, Opening::kChoose, 1141,  2, 1111, 1},
+    {"conflict",              0, Opening::kChoose, 1141,  2, 1111, 1, nullptr,     nullptr},
 };
 
 // "Job Management" becomes "job-management".
@@ -134,10 +139,21 @@ bool IsCheckBox(HWND control) {
     return kv::KindOf(control) == "button" && (type == BS_AUTOCHECKBOX || type == BS_CHECKBOX);
 }
 
+// Chooses an entry, or checks (1) or clears (0) a check box.
+void Prepare(HWND control, DWORD value) {
+    if (!IsCheckBox(control)) {
+        ChooseValue(control, value);
+    } else if (SendMessageA(control, BM_GETCHECK, 0, 0) != static_cast<LRESULT>(value)) {
+        kv::input::Click(control);
+    }
+}
+
 class Photographer {
    public:
-    Photographer(HWND sheet, std::string folder, PictureOptions options, std::string view, bool json)
-        : sheet_(sheet),
+    Photographer(Session& session, std::string folder, PictureOptions options, std::string view,
+                 bool json)
+        : session_(session),
+          sheet_(session.sheet()),
           folder_(std::move(folder)),
           options_(options),
           view_(std::move(view)),
@@ -168,19 +184,10 @@ class Photographer {
         const HWND page = Open(row.page);
         if (page == nullptr) return false;
         if (row.controlBefore != 0) {
-            ChooseValue(FindOnSheet(sheet_, page, row.controlBefore), row.valueBefore);
+            Prepare(FindOnSheet(sheet_, page, row.controlBefore), row.valueBefore);
         }
-        const HWND control = FindOnSheet(sheet_, page, row.control);
         next_ = row.name;
-        if (row.opening == Opening::kChoose) {
-            ChooseValue(control, row.value);
-        } else {
-            // A check box opens its dialog when it is turned on.
-            if (IsCheckBox(control) && SendMessageA(control, BM_GETCHECK, 0, 0) == BST_CHECKED) {
-                kv::input::Click(control);
-            }
-            kv::input::Click(control);
-        }
+        OpenDialog(row, page);
         next_.clear();
         return !failed_;
     }
@@ -200,6 +207,21 @@ class Photographer {
             return nullptr;
         }
         return page;
+    }
+
+    void OpenDialog(const DialogRow& row, HWND page) {
+        if (row.opening == Opening::kExport) {
+            session_.module().RunDialog(page, row.dialogTemplate, row.procedure);
+            return;
+        }
+        const HWND control = FindOnSheet(sheet_, page, row.control);
+        if (row.opening == Opening::kChoose) {
+            ChooseValue(control, row.value);
+            return;
+        }
+        // A check box opens its dialog when it is turned on.
+        if (IsCheckBox(control)) Prepare(control, BST_UNCHECKED);
+        kv::input::Click(control);
     }
 
     void Answer(HWND dialog) {
@@ -234,6 +256,7 @@ class Photographer {
         return true;
     }
 
+    Session& session_;
     HWND sheet_;
     std::string folder_;
     PictureOptions options_;
@@ -282,13 +305,6 @@ const DialogRow* DialogOfName(const std::string& name) {
     return nullptr;
 }
 
-void PrintUnknownPage(const std::string& page) {
-    std::string known;
-    for (const std::string& name : PageNames()) known += known.empty() ? name : ", " + name;
-    for (const DialogRow& row : kDialogs) known += std::string(", ") + row.name;
-    PrintError("unknown page \"" + page + "\"; expected one of " + known);
-}
-
 bool MakeFolder(const std::string& folder) {
     std::error_code error;
     std::filesystem::create_directories(folder, error);
@@ -332,7 +348,7 @@ ExitStatus RunShot(const Options& options, const std::string& folder, const std:
     const int index = page.empty() ? -1 : PageIndexOfName(page);
     const DialogRow* dialog = DialogOfName(page);
     if (!page.empty() && index < 0 && dialog == nullptr) {
-        PrintUnknownPage(page);
+        PrintUnknownPage(page, PictureDialogNames());
         return kBadInput;
     }
     if (!MakeFolder(folder)) return kBadInput;
@@ -347,7 +363,7 @@ ExitStatus RunShot(const Options& options, const std::string& folder, const std:
     {
         const PictureOptions look = {
             scale, rightToLeft ? Reading::kRightToLeft : Reading::kLeftToRight};
-        Photographer photographer(session.sheet(), folder, look, view, options.json);
+        Photographer photographer(session, folder, look, view, options.json);
         status = page.empty() ? TakeAll(photographer) : TakeOne(photographer, index, dialog);
         if (status == kDone) photographer.Report();
     }

@@ -1,6 +1,9 @@
 // Journeys over the Layout page and its pages-per-sheet details.
 #include <platform/window/paint.h>
 
+#include <algorithm>
+#include <utility>
+
 #include "preferences.h"
 
 namespace journey {
@@ -219,6 +222,54 @@ TEST_F(LayoutPage, DetailsDefaultsAndCancel) {
     EXPECT_EQ(Private(kDuplexMode), 5u);
     EXPECT_EQ(Private(kNup), 20u);
     EXPECT_EQ(Private(kNupMode) & 3, 1u);
+}
+
+// The entry of four pages, read from one side: which columns are not white.
+std::pair<LONG, LONG> InkOf(HWND combo, int entry, UINT align) {
+    constexpr LONG kWidth = 200, kHeight = 32;
+    const HDC dc = CreateCompatibleDC(nullptr);
+    const HBITMAP bitmap = CreateCompatibleBitmap(dc, kWidth, kHeight);
+    const HGDIOBJ first = SelectObject(dc, bitmap);
+    SetTextAlign(dc, align);
+    EXPECT_TRUE(kv::PaintItem(combo, entry, dc, {0, 0, kWidth, kHeight}, 0));
+    std::pair<LONG, LONG> ink{kWidth, 0};
+    for (LONG x = 0; x < kWidth; ++x) {
+        for (LONG y = 0; y < kHeight; ++y) {
+            if (GetPixel(dc, x, y) == RGB(255, 255, 255)) continue;
+            ink = {std::min(ink.first, x), std::max(ink.second, x + 1)};
+        }
+    }
+    SelectObject(dc, first);
+    DeleteObject(bitmap);
+    DeleteDC(dc);
+    return ink;
+}
+
+TEST_F(LayoutPage, EntriesStartAtTheSideWhereReadingStarts) {
+    OpenSheet();
+    const HWND nup = Item(kNupBox, kLayout);
+    const auto fromLeft = InkOf(nup, IndexOf(nup, 4), TA_LEFT);
+    const auto fromRight = InkOf(nup, IndexOf(nup, 4), TA_RTLREADING);
+    EXPECT_LT(fromLeft.second, 100);
+    EXPECT_GT(fromRight.first, 100);
+    // Picture and text take as much room; the icon's own margins differ by a few pixels.
+    EXPECT_NEAR(fromRight.first, 200 - fromLeft.second, 8);
+    EXPECT_NEAR(fromRight.second, 200 - fromLeft.first, 8);
+}
+
+TEST_F(LayoutPage, DialogsWithoutAControlRunThroughTheirExportsOnThePagesState) {
+    StartWith(4, 0);
+    const HWND page = PageWindow(kLayout);
+    kv::Headless().PushAnswer([](HWND dialog) {
+        ASSERT_TRUE(kv::input::Click(GetDlgItem(dialog, 1463)));
+        kv::input::Click(GetDlgItem(dialog, IDOK));
+    });
+    EXPECT_EQ(module_->RunDialog(page, "_DLGTAB02", "DDMTAB02"), 1);
+    EXPECT_EQ(Private(kNupStyle) & 3, 2u);
+    EXPECT_EQ(module_->RunDialog(page, "_DLGTAB02", "NoSuchExport"), -1);
+    EXPECT_EQ(module_->RunDialog(page, "_NOSUCHDIALOG", "DDMTAB02"), -1);
+    EXPECT_EQ(module_->RunDialog(sheet_, "_DLGTAB02", "DDMTAB02"), -1) << "no page, no state";
+    EXPECT_EQ(module_->RunDialog(nullptr, "_DLGTAB02", "DDMTAB02"), -1);
 }
 
 }  // namespace
