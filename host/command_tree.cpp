@@ -1,7 +1,6 @@
 // Commands and options for the parser; every command's help ends with an example.
 #include <host/command_tree.h>
 
-#include <map>
 
 namespace kvhost {
 
@@ -55,7 +54,7 @@ void AddGlobalOptions(CLI::App& app, Arguments& args) {
 
 void AddShot(CLI::App& app, Arguments& args) {
     auto* shot = app.add_subcommand("shot", "Draw every page and dialog to PNG files");
-    shot->add_option("dir", args.folder, "Folder for the pictures")->required();
+    shot->add_option("folder", args.folder, "Folder for the pictures")->required();
     shot->add_option("--page", args.page, "Only this page or dialog");
     shot->add_option("--view", args.view, "View of the preview: paper, printer, quality or watermark")
         ->check(CLI::IsMember(std::vector<std::string>(std::begin(kViewNames), std::end(kViewNames)),
@@ -70,14 +69,12 @@ void AddSettings(CLI::App& app, Arguments& args) {
     auto* get = app.add_subcommand("get", "Print fields of the stored settings");
     get->add_option("field", args.names, "Field names; none for all");
     auto* set = app.add_subcommand("set", "Change settings: all of them or none");
-    set->add_option("pair", args.pairs, "CONTROL=VALUE; an entry's caption, name or number")
+    set->add_option("assignment", args.pairs, "CONTROL=VALUE; an entry's caption, name or number")
         ->required();
-    const std::map<std::string, ConflictPolicy> policies = {
-        {kPolicyNames[0], ConflictPolicy::kAsk},
-        {kPolicyNames[1], ConflictPolicy::kResolve},
-        {kPolicyNames[2], ConflictPolicy::kCancel}};
     set->add_option("--on-conflict", args.policy, "ask, resolve or cancel")
-        ->transform(CLI::CheckedTransformer(policies));
+        ->check(CLI::IsMember(
+            std::vector<std::string>(std::begin(kPolicyNames), std::end(kPolicyNames)),
+            CLI::ignore_case));
     auto* defaults = app.add_subcommand("defaults", "Press Defaults on one page or on every page");
     defaults->add_option("page", args.page, "Page");
 }
@@ -115,6 +112,29 @@ void DescribeCommands(CLI::App& app, Arguments& args) {
     AddRecord(app, args);
     AddPrinter(app, args);
     FinishCommand(app, app.get_name());
+}
+
+ConflictPolicy PolicyOfName(const std::string& name) {
+    const std::string lower = CLI::detail::to_lower(name);
+    if (lower == kPolicyNames[1]) return ConflictPolicy::kResolve;
+    return lower == kPolicyNames[2] ? ConflictPolicy::kCancel : ConflictPolicy::kAsk;
+}
+
+std::string ProblemOf(const CLI::ParseError& error, const CLI::App& app) {
+    std::string problem = error.what();
+    if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ExtrasError)) {
+        problem.clear();
+        for (const std::string& word : app.remaining(true)) {
+            problem += (problem.empty() ? "unknown command or option \"" : "\", \"") + word;
+        }
+        problem += '"';
+    }
+    std::string command;
+    for (const CLI::App* at = &app; !at->get_subcommands().empty();) {
+        at = at->get_subcommands().front();
+        command += " " + at->get_name();
+    }
+    return problem + "; `kvprefs" + command + " --help` tells what it takes";
 }
 
 }  // namespace kvhost

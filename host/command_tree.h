@@ -25,7 +25,7 @@ struct Arguments {
     std::string other;
     std::string name;
     std::string port = "USB001";
-    ConflictPolicy policy = ConflictPolicy::kAsk;
+    std::string policy = "ask";  // one of kPolicyNames
     double scale = 1;
     bool rightToLeft = false;
 };
@@ -33,6 +33,10 @@ struct Arguments {
 // What --on-conflict and --view take.
 extern const char* const kPolicyNames[3];
 extern const char* const kViewNames[4];
+
+// What the parser found wrong, in one line that names the help to look at.
+std::string ProblemOf(const CLI::ParseError& error, const CLI::App& app);
+ConflictPolicy PolicyOfName(const std::string& name);
 
 // Adds all commands and options; what is parsed goes to `args`, which must live as long as `app`.
 void DescribeCommands(CLI::App& app, Arguments& args);

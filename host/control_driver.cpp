@@ -277,6 +277,12 @@ SetOutcome ControlDriver::SetOnPage(const Control& control, const std::string& v
         if (!kv::input::Focus(window)) return unreachable(window);
         kv::input::SetEditText(window, value, static_cast<int>(value.size()),
                                static_cast<int>(value.size()));
+        // An edit that takes digits only leaves other characters out.
+        const std::string taken = WindowText(window);
+        if (value.compare(0, taken.size(), taken) != 0 || (taken.empty() && !value.empty())) {
+            return Refuse(kBadInput, name + ": " + Quoted(value) + " cannot be typed there" +
+                                         (taken.empty() ? "" : ", only " + Quoted(taken)));
+        }
         LeaveEdit(window);
         SetOutcome outcome;
         const std::string shown = WindowText(window);
@@ -294,7 +300,9 @@ SetOutcome ControlDriver::SetOnPage(const Control& control, const std::string& v
         SetOutcome outcome;
         if (position != wanted) {
             outcome.notes.push_back(name + "=" + value + ": stored as " +
-                                    std::to_string(position + control.sliderBase));
+                                    std::to_string(position + control.sliderBase) +
+                                    ", it goes from " + std::to_string(low + control.sliderBase) +
+                                    " to " + std::to_string(high + control.sliderBase));
         }
         return outcome;
     }

@@ -18,7 +18,7 @@ ExitStatus Run(CLI::App& app, Arguments& args, int argc, char** argv) {
     if (args.asAdministrator) kv::SetActingAsAdministrator(true);
     const auto chosen = [&](const char* name) { return app.got_subcommand(name); };
     if (chosen("get")) return RunGet(args.options, args.names);
-    if (chosen("set")) return RunSet(args.options, args.pairs, args.policy);
+    if (chosen("set")) return RunSet(args.options, args.pairs, PolicyOfName(args.policy));
     if (chosen("list")) return RunList(args.options, args.page);
     if (chosen("defaults")) return RunDefaults(args.options, args.page);
     if (chosen("shot")) {
@@ -56,7 +56,9 @@ int main(int argc, char** argv) {
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? kDone : kBadInput;
+        if (error.get_exit_code() == 0) return app.exit(error) == 0 ? kDone : kBadInput;  // --help
+        PrintError(ProblemOf(error, app));
+        return kBadInput;
     }
     return Run(app, args, argc, argv);
 }

@@ -223,6 +223,34 @@ TEST_F(CommandLine, UnknownNamesAreRefusedWithStatus2) {
     EXPECT_NE(Run("set EditCopies=" + std::string(100000, '9')).status, 128);
 }
 
+TEST_F(CommandLine, MistakesAreNamedTogetherWithWhatWouldDo) {
+    struct Mistake {
+        const char* arguments;
+        const char* named;
+        const char* expected;
+    };
+    const Mistake kMistakes[] = {
+        {"frobnicate",                         "\"frobnicate\"", "--help"},
+        {"get dmCopies --fast",                "\"--fast\"",     "kvprefs get --help"},
+        {"set ComboNup=2 --on-conflict=maybe", "maybe",          "ask,resolve,cancel"},
+        {"list Nowhere",                       "\"Nowhere\"",    "Basic, Layout"},
+        {"defaults Nowhere",                   "\"Nowhere\"",    "Basic, Layout"},
+        {"set EditCopies=many",                "\"many\"",       "nothing was stored"},
+        {"set EditCopies=-4",                  "\"-4\"",         "only \"4\""},
+    };
+    for (const Mistake& mistake : kMistakes) {
+        const Ran ran = Run(mistake.arguments);
+        EXPECT_EQ(ran.status, 2) << mistake.arguments;
+        for (const char* text : {"kvprefs: ", mistake.named, mistake.expected}) {
+            EXPECT_NE(ran.output.find(text), std::string::npos) << text << ": " << ran.output;
+        }
+    }
+    const Ran high = Run("set SldContrast=150");
+    EXPECT_EQ(high.status, 0) << high.output;
+    EXPECT_NE(high.output.find("Contrast=50"), std::string::npos) << high.output;
+    EXPECT_NE(high.output.find("from -50 to 50"), std::string::npos) << high.output;
+}
+
 TEST_F(CommandLine, ADamagedRecordIsKeptAsideAndDefaultsAreUsed) {
     ASSERT_EQ(Run("set EditCopies=3").status, 0);
     const fs::path record = RecordFile();
