@@ -17,8 +17,11 @@ bool HasDisplay() {
     return false;
 }
 
-using CreateDisplay = kv::Display* (*)(int*, char**, const char**);
-using DestroyDisplay = void (*)(kv::Display*);
+// Null without the plugin, or when it lacks the function.
+template <typename Function>
+Function FunctionOf(void* plugin, const char* name) {
+    return plugin != nullptr ? reinterpret_cast<Function>(dlsym(plugin, name)) : nullptr;
+}
 
 }  // namespace
 
@@ -30,16 +33,12 @@ ExitStatus RunOpen(const Options& options, int argc, char** argv) {
     }
     const std::string path = QtDisplayPath();
     void* plugin = path.empty() ? nullptr : dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
-    const auto create = plugin != nullptr
-                            ? reinterpret_cast<CreateDisplay>(dlsym(plugin, "KvCreateQtDisplay"))
-                            : nullptr;
-    const auto destroy = plugin != nullptr
-                             ? reinterpret_cast<DestroyDisplay>(dlsym(plugin, "KvDestroyQtDisplay"))
-                             : nullptr;
+    const auto create = FunctionOf<KvCreateQtDisplayFunction>(plugin, kCreateQtDisplay);
+    const auto destroy = FunctionOf<KvDestroyQtDisplayFunction>(plugin, kDestroyQtDisplay);
     if (create == nullptr || destroy == nullptr) {
         const char* why = plugin == nullptr && !path.empty() ? dlerror() : nullptr;
-        PrintError(std::string("the window needs the Qt display plugin (libkvdisplay-qt.so, in the "
-                               "package kvprefs-gui), which could not be loaded") +
+        PrintError(std::string("the window needs the Qt display plugin (") + kQtDisplayLibrary +
+                   ", in the package kvprefs-gui), which could not be loaded" +
                    (why != nullptr ? std::string(": ") + why : std::string()));
         return kRefused;
     }
