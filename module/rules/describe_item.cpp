@@ -9,6 +9,7 @@
 #include "lists/overlay_store.h"
 #include "rules/conflicts.h"
 #include "rules/rules_file.h"
+#include "settings/control_ids.h"
 #include "settings/list_builders.h"
 #include "ui/fixed_text.h"
 
@@ -18,8 +19,6 @@ namespace {
 constexpr UINT kStringOn = 9001;
 constexpr UINT kStringOff = 9002;
 constexpr UINT kStringSameAsOriginal = 1193;
-constexpr DWORD kComboPaperSize = 2002;
-constexpr DWORD kComboOutPaper = 2006;
 
 void LoadText(const SheetContext& context, UINT id, char* text) {
     if (id == 0 || LoadStringA(context.strings, id, text, kReportTextSize) == 0) text[0] = '\0';
@@ -74,19 +73,12 @@ constexpr struct {
 } kRunTimeControls[] = {
     {kComboPaperSize, DescribePaper},
     {kComboOutPaper, DescribePaper},
-    {1111, DescribeBin},
-    {1173, DescribeBin},
-    {1187, DescribeBin},
-    {1192, DescribeBin},
-    {1891, DescribeOverlay},
+    {kComboPaperSource, DescribeBin},
+    {kComboFirstPageSource, DescribeBin},
+    {kComboCoverSource, DescribeBin},
+    {kComboInterleaveSource, DescribeBin},
+    {kListOverlay, DescribeOverlay},
 };
-
-std::vector<CodeRecord> CodeRecordsOf(const ControlItem& item) {
-    if (item.listName[0] == '\0') return {};
-    std::vector<CodeRecord> records(kMaxCodeRecords);
-    records.resize(static_cast<size_t>(ReadCodeRange(item.listName, records.data())));
-    return records;
-}
 
 void DescribeListEntry(SheetContext& context, const ControlItem& item, LONG value, char* text) {
     for (const auto& special : kRunTimeControls) {
@@ -99,7 +91,7 @@ void DescribeListEntry(SheetContext& context, const ControlItem& item, LONG valu
         LoadText(context, entry.stringId, text);
         return;
     }
-    for (const CodeRecord& record : CodeRecordsOf(item)) {
+    for (const CodeRecord& record : CodeRecords(item.listName)) {
         if (record.code != value) continue;
         CopyField(text, record.name);
         return;
@@ -126,7 +118,7 @@ void DescribeBits(SheetContext& context, const ControlItem& item, LONG bits, cha
         LoadText(context, entry.stringId, name);
         AppendName(text, name);
     }
-    for (const CodeRecord& record : CodeRecordsOf(item)) {
+    for (const CodeRecord& record : CodeRecords(item.listName)) {
         if ((record.code & bits) != 0) AppendName(text, record.name);
     }
 }
