@@ -1,5 +1,6 @@
-// Ids of the controls of every dialog. Read by the resource compiler (plain macros) and by module
-// code; an id is also the id of the control's caption in the string table unless strings/ says else.
+// Ids of the controls of every dialog, the one place that names them. Read by the resource compiler
+// (plain macros) and by module code; an id is also the id of the control's caption in the string
+// table unless strings/ says else.
 #pragma once
 
 // Every page and dialog.
@@ -470,3 +471,10 @@
 #define IDC_EDIT_KEEP_NAME 9302
 #define IDC_ST_DATA_NAME   9201
 #define IDC_EDIT_DATA_NAME 9202
+
+// Settings whose control no dialog of this model shows; code and other models' dialogs know them.
+#define IDC_COMBO_OUTPUT_SETTING 1210
+#define IDC_LIST_OUTPUT_SETTING 1220
+#define IDC_COMBO_SORTING 2023
+#define IDC_COMBO_HALFTONE 3005
+#define IDC_COMBO_COMPRESS_METHOD 3208

@@ -15,9 +15,6 @@
 namespace kvui {
 namespace {
 
-constexpr DWORD kInstallableOptionsList = 4003;
-constexpr DWORD kInstalledOptionsList = 4007;
-
 // Without its first "&", the mark of an access key; a second one belongs to the name.
 struct PlainName {
     char text[kReportTextSize];
@@ -59,7 +56,7 @@ void SetTitle(const SheetContext& context, HWND dialog, UINT titleId) {
 
 // The installed-options lists hold several entries of one word; what the user chose is the entry.
 LONG ShownTriggerValue(HWND page, DWORD triggerId, LONG value) {
-    if (triggerId != kInstallableOptionsList && triggerId != kInstalledOptionsList) return value;
+    if (triggerId != IDC_LIST_INSTALLABLE && triggerId != IDC_LIST_INSTALLED) return value;
     const int list = static_cast<int>(triggerId);
     const LRESULT selection = SendDlgItemMessageA(page, list, LB_GETCURSEL, 0, 0);
     if (GetDlgItem(page, list) == nullptr || selection < 0) return value;

@@ -7,18 +7,15 @@
 #include <vector>
 
 #include "lists/overlay_store.h"
+#include "resources/resource.h"
+#include "resources/string_ids.h"
 #include "rules/conflicts.h"
 #include "rules/rules_file.h"
-#include "settings/control_ids.h"
 #include "settings/list_builders.h"
 #include "ui/fixed_text.h"
 
 namespace kvui {
 namespace {
-
-constexpr UINT kStringOn = 9001;
-constexpr UINT kStringOff = 9002;
-constexpr UINT kStringSameAsOriginal = 1193;
 
 void LoadText(const SheetContext& context, UINT id, char* text) {
     if (id == 0 || LoadStringA(context.strings, id, text, kReportTextSize) == 0) text[0] = '\0';
@@ -31,8 +28,8 @@ void CopyField(char* text, const char (&field)[Size]) {
 }
 
 void DescribePaper(SheetContext& context, DWORD controlId, LONG code, char* text) {
-    if (controlId == kComboOutPaper && code == 0) {
-        LoadText(context, kStringSameAsOriginal, text);
+    if (controlId == IDC_COMBO_OUT_PAPER && code == 0) {
+        LoadText(context, IDS_SAME_AS_ORIGINAL, text);
         return;
     }
     for (const CustomPaperRecord& paper : VisiblePapers(context)) {
@@ -71,13 +68,10 @@ constexpr struct {
     DWORD controlId;
     Describer describe;
 } kRunTimeControls[] = {
-    {kComboPaperSize, DescribePaper},
-    {kComboOutPaper, DescribePaper},
-    {kComboPaperSource, DescribeBin},
-    {kComboFirstPageSource, DescribeBin},
-    {kComboCoverSource, DescribeBin},
-    {kComboInterleaveSource, DescribeBin},
-    {kListOverlay, DescribeOverlay},
+    {IDC_COMBO_PAPER_SIZE, DescribePaper}, {IDC_COMBO_OUT_PAPER, DescribePaper},
+    {IDC_COMBO_PAPER_SOURCE, DescribeBin}, {IDC_COMBO_FIRST_PAGE_SOURCE, DescribeBin},
+    {IDC_COMBO_COVER_SOURCE, DescribeBin}, {IDC_COMBO_INTERLEAVE_SOURCE, DescribeBin},
+    {IDC_LIST_OVERLAY, DescribeOverlay},
 };
 
 void DescribeListEntry(SheetContext& context, const ControlItem& item, LONG value, char* text) {
@@ -145,7 +139,7 @@ void DescribeItemValue(SheetContext& context, DWORD controlId, LONG value, LONG 
         case kItemCheck: {
             const bool on =
                 item->check != nullptr && item->check->checkedValue == static_cast<DWORD>(value);
-            LoadText(context, on ? kStringOn : kStringOff, text);
+            LoadText(context, on ? IDS_ON : IDS_OFF, text);
             break;
         }
         case kItemMaskList:

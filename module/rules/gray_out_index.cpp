@@ -4,6 +4,7 @@
 #include <cstring>
 #include <functional>
 
+#include "resources/resource.h"
 #include "rules/conflicts.h"
 #include "rules/gray_out.h"
 #include "rules/locked_block.h"
@@ -12,9 +13,6 @@
 
 namespace kvui {
 namespace {
-
-constexpr DWORD kComboDensity = 5012;
-constexpr DWORD kPassword = 5007;
 
 // Row number of a catalogue row; the catalogue's size for a record that is none of its rows.
 size_t RowOf(const ControlItem& item) {
@@ -50,9 +48,10 @@ void ForceSetting(SheetContext& context, const ItemField& target, LONG value) {
     if (target.item == nullptr) return;
     WriteItemValue(context.settings, *target.item, static_cast<DWORD>(value), nullptr);
     const DWORD id = target.item->controlId;
-    if (id == kComboDensity) NormaliseDistribution(*context.privateSettings);
-    if (id == kPassword) NormaliseJobPassword(*context.privateSettings);
-    if (id == kComboDensity || id == kPassword) React(context, id, ReactScope::kOneControl);
+    if (id == IDC_COMBO_DENSITY) NormaliseDistribution(*context.privateSettings);
+    if (id == IDC_EDIT_PASSWORD) NormaliseJobPassword(*context.privateSettings);
+    if (id == IDC_COMBO_DENSITY || id == IDC_EDIT_PASSWORD)
+        React(context, id, ReactScope::kOneControl);
 }
 
 void EnableControl(HWND dialog, DWORD controlId, BOOL enable) {

@@ -7,8 +7,8 @@
 #include <iterator>
 
 #include "lists/watermark_angle.h"
+#include "resources/resource.h"
 #include "settings/control_fill.h"
-#include "settings/control_ids.h"
 #include "settings/defaults.h"
 #include "settings/notification.h"
 
@@ -77,7 +77,7 @@ RouteResult PaperBox(const Command& command) {
 
 RouteResult AllPaperSizes(const Command& command) {
     const bool changed = Dispatch(command);
-    for (const DWORD id : {kComboPaperSize, kComboOutPaper}) {
+    for (const DWORD id : {IDC_COMBO_PAPER_SIZE, IDC_COMBO_OUT_PAPER}) {
         if (const ControlItem* item = ItemById(id)) FillControl(command.context, command.page, *item);
     }
     return {true, changed};
@@ -103,7 +103,7 @@ RouteResult TrackedEdit(const Command& command) {
     }
     if (command.code == EN_KILLFOCUS) {
         flags &= ~kSheetTyping;
-        const bool read = command.id != kEditScaling || TypedNumberDiffers(command);
+        const bool read = command.id != IDC_EDIT_SCALING || TypedNumberDiffers(command);
         return {true, read && Dispatch(command)};
     }
     return {false, false};
@@ -112,7 +112,7 @@ RouteResult TrackedEdit(const Command& command) {
 RouteResult ColourMode(const Command& command) {
     const bool changed = Dispatch(command);
     DWORD& other = command.context.privateSettings->mdmOtherSettings;
-    other = command.id == kRadioColor ? other | kOtherColor : other & ~kOtherColor;
+    other = command.id == IDC_RADIO_COLOR ? other | kOtherColor : other & ~kOtherColor;
     return {true, changed};
 }
 
@@ -132,9 +132,9 @@ RouteResult DispatchWithoutChange(const Command& command) {
 
 RouteResult OptionList(const Command& command) {
     if (command.code == LBN_SELCHANGE) {
-        const bool installable = command.id == kListInstallable;
-        EnableWindow(Control(command, kBtnAdd), installable);
-        EnableWindow(Control(command, kBtnRemove), !installable);
+        const bool installable = command.id == IDC_LIST_INSTALLABLE;
+        EnableWindow(Control(command, IDC_BTN_ADD), installable);
+        EnableWindow(Control(command, IDC_BTN_REMOVE), !installable);
     }
     return {true, false};
 }
@@ -142,8 +142,8 @@ RouteResult OptionList(const Command& command) {
 RouteResult AutoConfigure(const Command& command) {
     const bool changed = Dispatch(command);
     const bool on = command.context.privateSettings->mdmOtherSettings & kOtherAutoConfig;
-    const HWND state = Control(command, kComboInstalledState);
-    const HWND options = Control(command, kListOptions);
+    const HWND state = Control(command, IDC_COMBO_INSTALLED_STATE);
+    const HWND options = Control(command, IDC_LIST_OPTIONS);
     EnableWindow(state, !on);
     EnableWindow(options, !on);
     if (on) {
@@ -158,8 +158,8 @@ RouteResult AutoConfigure(const Command& command) {
 RouteResult JobCheck(const Command& command) {
     const bool changed = Dispatch(command);
     if (changed && IsDlgButtonChecked(command.page, static_cast<int>(command.id)) == BST_CHECKED) {
-        SetFocus(Control(command,
-                         command.id == kChkAccessCode ? kEditAccessNumber : kEditPassword));
+        SetFocus(Control(command, command.id == IDC_CHK_ACCESS_CODE ? IDC_EDIT_ACCESS_NUMBER
+                                                                    : IDC_EDIT_PASSWORD));
     }
     return {true, changed};
 }
@@ -183,80 +183,87 @@ RouteResult WatermarkChoice(const Command& command) {
     return {true, true};
 }
 
+// One control, or all ids from the first to the last.
 struct Route {
     DWORD first;
     DWORD last;
     Action action;
+    constexpr Route(DWORD id, Action taken) : Route(id, id, taken) {}
+    constexpr Route(DWORD from, DWORD to, Action taken) : first(from), last(to), action(taken) {}
 };
 
-// first id, last id, action; in ascending order
+// id or ids, action; the ids ascend
 constexpr Route kRoutes[] = {
-    {12, 12, ResetRecord},
-    {1111, 1111, DispatchOnly},
-    {1141, 1141, DispatchOnly},
-    {1170, 1170, FirstPageSource},
-    {1172, 1173, DispatchOnly},
-    {1176, 1176, DispatchOnly},
-    {1210, 1210, DispatchOnly},
-    {1220, 1220, DispatchOnly},
-    {1230, 1230, DispatchOnly},
-    {1240, 1240, DispatchOnly},
-    {1405, 1405, DispatchOnly},
-    {1410, 1410, DispatchOnly},
-    {1418, 1422, DispatchOnly},
-    {1430, 1430, DispatchOnly},
-    {1510, 1510, DuplexBooklet},
-    {1521, 1521, DispatchOnly},
-    {1787, 1788, DispatchAndTurnWatermark},
-    {1880, 1881, DispatchOnly},
-    {1891, 1893, DispatchOnly},
-    {1894, 1894, ChangedOnly},
-    {1901, 1901, DispatchOnly},
-    {1902, 1902, TrackedEdit},
-    {1907, 1907, TrackedEdit},
-    {1912, 1912, DispatchOnly},
-    {2002, 2002, PaperBox},
-    {2003, 2003, DispatchOnly},
-    {2005, 2005, DispatchAndTurnWatermark},
-    {2006, 2006, PaperBox},
-    {2007, 2007, DispatchAndTurnWatermark},
-    {2009, 2009, TrackedEdit},
-    {2014, 2014, TrackedEdit},
-    {2023, 2023, DispatchOnly},
-    {2026, 2027, DispatchAndTurnWatermark},
-    {2029, 2030, DispatchOnly},
-    {2031, 2031, AllPaperSizes},
-    {2032, 2032, DispatchAndTurnWatermark},
-    {2034, 2034, DispatchOnly},
-    {3003, 3003, DispatchOnly},
-    {3202, 3203, ColourMode},
-    {3205, 3206, ColourMatching},
-    {3208, 3208, DispatchOnly},
-    {3210, 3210, NotAChange},
-    {3215, 3215, NotAChange},
-    {3227, 3229, DispatchOnly},
-    {3235, 3235, DispatchOnly},
-    {3246, 3248, DispatchOnly},
-    {4003, 4003, OptionList},
-    {4004, 4005, NotAChange},
-    {4007, 4007, OptionList},
-    {4008, 4008, DispatchOnly},
-    {4010, 4010, TrackedEdit},
-    {4011, 4011, DispatchWithoutChange},
-    {4012, 4012, AutoConfigure},
-    {4014, 4015, NotAChange},
-    {5002, 5002, JobCheck},
-    {5004, 5004, JobEdit},
-    {5005, 5005, JobCheck},
-    {5007, 5007, JobEdit},
-    {5009, 5010, DispatchOnly},
-    {5012, 5012, DispatchOnly},
-    {5014, 5014, JobEdit},
-    {8002, 8002, WatermarkChoice},
-    {8003, 8006, DispatchOnly},
-    {8007, 8007, ChangedOnly},
-    {20062, 20062, DispatchOnly},
+    {IDC_DEFAULTS, ResetRecord},
+    {IDC_COMBO_PAPER_SOURCE, DispatchOnly},
+    {IDC_COMBO_MEDIA_TYPE, DispatchOnly},
+    {IDC_CHK_FIRST_PAGE_SOURCE, FirstPageSource},
+    {IDC_BTN_FIRST_PAGE, IDC_COMBO_FIRST_PAGE_SOURCE, DispatchOnly},
+    {IDC_COMBO_FIRST_PAGE_MEDIA, DispatchOnly},
+    {IDC_COMBO_OUTPUT_SETTING, DispatchOnly},
+    {IDC_LIST_OUTPUT_SETTING, DispatchOnly},
+    {1230, DispatchOnly},
+    {IDC_BTN_OUTPUT_SETTING, DispatchOnly},
+    {IDC_COMBO_POSTER, DispatchOnly},
+    {IDC_COMBO_NUP, DispatchOnly},
+    {IDC_COMBO_ORDER, IDC_COMBO_ORDER_ACROSS, DispatchOnly},
+    {IDC_BTN_NUP_DETAILS, DispatchOnly},
+    {IDC_COMBO_DUPLEX, DuplexBooklet},
+    {IDC_CHK_GUIDE_PAPER, DispatchOnly},
+    {IDC_RADIO_SCALING_AUTO, IDC_RADIO_SCALING_MANUAL, DispatchAndTurnWatermark},
+    {IDC_CHK_OVERLAY_FIRST_PAGE, IDC_COMBO_OVERLAY_PAGES, DispatchOnly},
+    {IDC_LIST_OVERLAY, IDC_BTN_OVERLAY_ADD, DispatchOnly},
+    {IDC_BTN_OVERLAY_DELETE, ChangedOnly},
+    {IDC_CHK_IMAGE_SHIFT, DispatchOnly},
+    {IDC_EDIT_OFFSET_X, TrackedEdit},
+    {IDC_EDIT_OFFSET_Y, TrackedEdit},
+    {IDC_BTN_IMAGE_SHIFT, DispatchOnly},
+    {IDC_COMBO_PAPER_SIZE, PaperBox},
+    {IDC_BTN_CUSTOM_PAPER, DispatchOnly},
+    {IDC_CHK_OUT_PAPER, DispatchAndTurnWatermark},
+    {IDC_COMBO_OUT_PAPER, PaperBox},
+    {IDC_CHK_FIT_TO_PAPER, DispatchAndTurnWatermark},
+    {IDC_EDIT_SCALING, TrackedEdit},
+    {IDC_EDIT_COPIES, TrackedEdit},
+    {IDC_COMBO_SORTING, DispatchOnly},
+    {IDC_RADIO_PORTRAIT, IDC_RADIO_LANDSCAPE, DispatchAndTurnWatermark},
+    {IDC_CHK_PROOF_PRINT, IDC_CHK_TRANSMIT_ONCE, DispatchOnly},
+    {IDC_CHK_ALL_PAPER_SIZE, AllPaperSizes},
+    {IDC_CHK_ROTATE, DispatchAndTurnWatermark},
+    {IDC_CHK_COLLATE, DispatchOnly},
+    {IDC_COMBO_RESOLUTION, DispatchOnly},
+    {IDC_RADIO_GRAYSCALE, IDC_RADIO_COLOR, ColourMode},
+    {IDC_RADIO_MATCHING_OFF, IDC_RADIO_MATCHING_ON, ColourMatching},
+    {IDC_COMBO_COMPRESS_METHOD, DispatchOnly},
+    {IDC_SLD_SATURATION, NotAChange},
+    {IDC_SLD_SHARPNESS, NotAChange},
+    {IDC_CHK_GLOSSY_TEXT, IDC_CHK_GLOSSY_PHOTO, DispatchOnly},
+    {IDC_CHK_LINE_ART, DispatchOnly},
+    {IDC_COMBO_MATCH_PHOTO, IDC_COMBO_MATCH_TEXT, DispatchOnly},
+    {IDC_LIST_INSTALLABLE, OptionList},
+    {IDC_BTN_ADD, IDC_BTN_REMOVE, NotAChange},
+    {IDC_LIST_INSTALLED, OptionList},
+    {IDC_BTN_MAILBOX, DispatchOnly},
+    {IDC_EDIT_USER_NAME, TrackedEdit},
+    {IDC_BTN_ABOUT, DispatchWithoutChange},
+    {IDC_CHK_AUTO_CONFIG, AutoConfigure},
+    {IDC_COMBO_INSTALLED_STATE, IDC_LIST_OPTIONS, NotAChange},
+    {IDC_CHK_ACCESS_CODE, JobCheck},
+    {IDC_EDIT_ACCESS_NUMBER, JobEdit},
+    {IDC_CHK_LOCK_JOB, JobCheck},
+    {IDC_EDIT_PASSWORD, JobEdit},
+    {IDC_CHK_DISTRIBUTION, IDC_CHK_DISTRIBUTION_FIRST, DispatchOnly},
+    {IDC_COMBO_DENSITY, DispatchOnly},
+    {IDC_EDIT_DISTRIBUTION_START, JobEdit},
+    {IDC_LIST_WATERMARK, WatermarkChoice},
+    {IDC_CHK_WATERMARK_FIRST_PAGE, IDC_BTN_WATERMARK_ADD, DispatchOnly},
+    {IDC_BTN_WATERMARK_DELETE, ChangedOnly},
+    {IDC_CHK_WATERMARK_REPEAT, DispatchOnly},
 };
+static_assert(std::is_sorted(std::begin(kRoutes), std::end(kRoutes),
+                             [](const Route& left, const Route& right) {
+                                 return left.last < right.first;
+                             }));
 
 }  // namespace
 

@@ -12,9 +12,9 @@
 #include <vector>
 
 #include "device/printer_values.h"
+#include "resources/resource.h"
 #include "rules/gray_out.h"
 #include "rules/rules_file.h"
-#include "settings/control_ids.h"
 #include "settings/edit_binding.h"
 #include "settings/list_builders.h"
 
@@ -25,9 +25,9 @@ constexpr size_t kCaptionSize = 128;
 // Entries with pictures of pages need this height.
 constexpr int kPictureEntryHeight = 32;
 constexpr WPARAM kClosedField = static_cast<WPARAM>(-1);  // of CB_SETITEMHEIGHT
-constexpr DWORD kPictureEntryCombos[] = {kComboPoster,    kComboNup,           kComboOrder,
-                                         kComboBooklet,   kComboOrderDown,     kComboOrderSideways,
-                                         kComboDuplex};
+constexpr DWORD kPictureEntryCombos[] = {
+    IDC_COMBO_POSTER,     IDC_COMBO_NUP,          IDC_COMBO_ORDER, IDC_COMBO_BOOKLET,
+    IDC_COMBO_ORDER_DOWN, IDC_COMBO_ORDER_ACROSS, IDC_COMBO_DUPLEX};
 
 HWND ChildOf(HWND dialog, DWORD id) {
     return id != 0 ? GetDlgItem(dialog, static_cast<int>(id)) : nullptr;
@@ -115,7 +115,7 @@ int IndexOfValue(const std::vector<ListEntry>& entries, DWORD value) {
 }
 
 bool IsPaperBox(const ControlItem& item) {
-    return item.controlId == kComboPaperSize || item.controlId == kComboOutPaper;
+    return item.controlId == IDC_COMBO_PAPER_SIZE || item.controlId == IDC_COMBO_OUT_PAPER;
 }
 
 // Selects the stored value; a value that is no longer offered falls back and is written.
@@ -168,7 +168,7 @@ void FillList(SheetContext& context, HWND dialog, const ControlItem& item) {
     PutEntries(box, messages, entries);
     // The installed-options lists own a mask that stands for many entries at once.
     const bool isOptionList =
-        item.controlId == kListInstallable || item.controlId == kListInstalled;
+        item.controlId == IDC_LIST_INSTALLABLE || item.controlId == IDC_LIST_INSTALLED;
     if (!isOptionList) SelectStoredValue(context, box, messages, item, entries);
     EnableWindow(box, IsShownByOptions(context, item.optionKey) == 1);
 }
@@ -197,8 +197,9 @@ void FillRadio(SheetContext& context, HWND dialog, const ControlItem& item) {
 void FillCheck(SheetContext& context, HWND dialog, const ControlItem& item) {
     const HWND box = ChildOf(dialog, item.controlId);
     SetCaption(context, box, item.captionId);
-    if (item.controlId != kChkWatermarkFirstPage && item.controlId != kChkWatermarkBackground &&
-        item.controlId != kChkWatermarkRepeat) {
+    if (item.controlId != IDC_CHK_WATERMARK_FIRST_PAGE &&
+        item.controlId != IDC_CHK_WATERMARK_BACKGROUND &&
+        item.controlId != IDC_CHK_WATERMARK_REPEAT) {
         EnableWindow(box, IsShownByOptions(context, item.optionKey) == 1);
     }
     if (item.check == nullptr) return;
@@ -241,7 +242,7 @@ void FillSlider(SheetContext& context, HWND dialog, const ControlItem& item) {
     const HWND edit = ChildOf(dialog, slider.valueEditId);
     EnableWindow(edit, enable);
     LONG position = static_cast<LONG>(ItemValue(context, item));
-    if (item.controlId != kSldSharpness) {
+    if (item.controlId != IDC_SLD_SHARPNESS) {
         position = (maximum - minimum) * (std::clamp<LONG>(position, -50, 50) + 50) / 100 + minimum;
     }
     if (SendMessageA(bar, TBM_GETPOS, 0, 0) != position) {

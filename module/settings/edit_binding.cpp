@@ -10,17 +10,17 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "resources/resource.h"
+#include "resources/string_ids.h"
 #include "rules/gray_out.h"
 #include "rules/rules_file.h"
 #include "settings/control_fill.h"
-#include "settings/control_ids.h"
 #include "ui/fixed_text.h"
 #include "ui/message_box.h"
 
 namespace kvui {
 namespace {
 
-constexpr UINT kCaptionJobManagement = 5000;
 constexpr DWORD kNoPassword = 0xFFFFFFFFu;
 
 // Edits of job numbers: what an empty one means while its check box is on.
@@ -33,8 +33,8 @@ struct JobEdit {
 };
 // edit, bit of mdmSecurity, title string, text string, stored for "empty"
 constexpr JobEdit kJobEdits[] = {
-    {kEditAccessNumber, 0x1, 5110, 5111, 0},
-    {kEditPassword, 0x2, 5112, 5113, kNoPassword},
+    {IDC_EDIT_ACCESS_NUMBER, 0x1, IDS_ACCESS_NUMBER_TITLE, IDS_ACCESS_NUMBER_TEXT, 0},
+    {IDC_EDIT_PASSWORD, 0x2, IDS_PASSWORD_TITLE, IDS_PASSWORD_TEXT, kNoPassword},
 };
 
 const JobEdit* JobEditOf(DWORD editId) {
@@ -54,7 +54,7 @@ void SetTextIfDifferent(HWND window, const char* text) {
 
 void ShowJobManagementPage(SheetContext& context) {
     char caption[64] = "";
-    LoadStringA(context.strings, kCaptionJobManagement, caption, sizeof caption);
+    LoadStringA(context.strings, IDS_PAGE_JOB_MANAGEMENT, caption, sizeof caption);
     const HWND sheet = GetParent(context.page);
     const HWND tabs = reinterpret_cast<HWND>(SendMessageA(sheet, PSM_GETTABCONTROL, 0, 0));
     const int count = static_cast<int>(SendMessageA(tabs, TCM_GETITEMCOUNT, 0, 0));

@@ -8,12 +8,12 @@
 #include <cstring>
 #include <memory>
 
+#include "resources/string_ids.h"
 #include "settings/threshold_tables.h"
 
 namespace kvui {
 namespace {
 
-constexpr UINT kFirstModuleString = 3500;
 constexpr UINT kFirstTableLibraryString = 700;
 constexpr char kUiHost[] = "KVUIHOST";
 constexpr char kTableLibrary[] = "KVTABRES.DLL";
@@ -87,7 +87,7 @@ HalftoneList::HalftoneList(const SheetContext& context)
               context.privateSettings->CellSize},
       dotGainAdjust(context.privateSettings->DotGainAdjust),
       depletion(context.privateSettings->Depletion) {
-    AddStrings(context.resources, kFirstModuleString);
+    AddStrings(context.resources, IDS_HALFTONE_FINE);
     // Without the UI host there would be only this program's own strings to look at.
     if (uiHost != nullptr && UsesTableLibrary(context))
         AddStrings(uiHost, kFirstTableLibraryString);

@@ -6,13 +6,12 @@
 #include <iterator>
 
 #include "device/administrator.h"
+#include "resources/resource.h"
+#include "resources/string_ids.h"
 #include "rules/gray_out.h"
-#include "settings/control_ids.h"
 
 namespace kvui {
 namespace {
-
-constexpr UINT kStringSameAsOriginal = 1193;
 
 template <size_t N>
 std::string BoundedText(const char (&text)[N]) {
@@ -27,7 +26,7 @@ void AddPapers(SheetContext& context, std::vector<ListEntry>& entries) {
 
 void AddOutputPapers(SheetContext& context, std::vector<ListEntry>& entries) {
     char text[128] = "";
-    if (LoadStringA(context.strings, kStringSameAsOriginal, text, sizeof text) != 0) {
+    if (LoadStringA(context.strings, IDS_SAME_AS_ORIGINAL, text, sizeof text) != 0) {
         entries.push_back({text, 0});
     }
     AddPapers(context, entries);
@@ -85,14 +84,10 @@ struct RunTimeList {
 
 // control, builder
 constexpr RunTimeList kRunTimeLists[] = {
-    {kComboPaperSize, AddPapers},
-    {kComboOutPaper, AddOutputPapers},
-    {kComboPaperSource, AddSources},
-    {kComboFirstPageSource, AddOtherSources},
-    {kComboCoverSource, AddOtherSources},
-    {kComboInterleaveSource, AddOtherSources},
-    {kBoxWatermark, AddWatermarks},
-    {kListMailBins, AddMailBins},
+    {IDC_COMBO_PAPER_SIZE, AddPapers},         {IDC_COMBO_OUT_PAPER, AddOutputPapers},
+    {IDC_COMBO_PAPER_SOURCE, AddSources},      {IDC_COMBO_FIRST_PAGE_SOURCE, AddOtherSources},
+    {IDC_COMBO_COVER_SOURCE, AddOtherSources}, {IDC_COMBO_INTERLEAVE_SOURCE, AddOtherSources},
+    {IDC_LIST_WATERMARK, AddWatermarks},       {IDC_LIST_OUTPUT_SETTING, AddMailBins},
 };
 
 }  // namespace

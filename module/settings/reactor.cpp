@@ -10,7 +10,7 @@
 #include "device/administrator.h"
 #include "device/printer_values.h"
 #include "lists/overlay_store.h"
-#include "settings/control_ids.h"
+#include "resources/resource.h"
 #include "settings/halftone.h"
 #include "settings/threshold_tables.h"
 #include "ui/snapshot.h"
@@ -55,11 +55,12 @@ void SetBookletBindingBit(SheetContext& context, bool right) {
 }
 
 void ReactToOptions(PrivateDevmode& settings, DWORD id) {
-    if (IsOneOf(id, {kBtnAdd, kBtnRemove}) && !(settings.mdmInstalledOptions & kOptionMailBin)) {
+    if (IsOneOf(id, {IDC_BTN_ADD, IDC_BTN_REMOVE}) &&
+        !(settings.mdmInstalledOptions & kOptionMailBin)) {
         settings.mdmMailBinAssign = 0;
         settings.mdmSorting = 0;
     }
-    if (IsOneOf(id, {kListInstallable, kListInstalled, kBtnAdd, kBtnRemove})) {
+    if (IsOneOf(id, {IDC_LIST_INSTALLABLE, IDC_LIST_INSTALLED, IDC_BTN_ADD, IDC_BTN_REMOVE})) {
         settings.mdmOtherSettings &= ~kOtherAutoConfig;
     }
 }
@@ -112,12 +113,12 @@ void DeriveScaling(PrivateDevmode& settings, DWORD id) {
     if (settings.mdmOutputPaper != 0) {
         settings.nUpMode |= kNupModeScaled;
         settings.dmDriverPaper = settings.mdmOutputPaper;
-    } else if (id == kRadioScalingAuto) {
+    } else if (id == IDC_RADIO_SCALING_AUTO) {
         settings.mdmScaleSize = 100;
     } else {
         settings.Scale = settings.mdmScaleSize;
     }
-    if (id == kEditScaling) settings.nUp = PagesPerSheet(settings);
+    if (id == IDC_EDIT_SCALING) settings.nUp = PagesPerSheet(settings);
     if (settings.mdmNup != kNupOff) settings.mdmScaleSize = 100;
     if (settings.mdmScaleSize != 0 && settings.mdmScaleSize != 100) {
         settings.nUpMode |= kNupModeScaled;
@@ -173,31 +174,33 @@ void NormaliseJobPassword(PrivateDevmode& settings) {
 void React(SheetContext& context, DWORD id, ReactScope scope) {
     PrivateDevmode& settings = *context.privateSettings;
     const bool whole = scope == ReactScope::kWholePage;
-    if (whole || id == kComboDensity) NormaliseDistribution(settings);
-    if (whole || IsOneOf(id, {kChkLockJob, kEditPassword})) NormaliseJobPassword(settings);
+    if (whole || id == IDC_COMBO_DENSITY) NormaliseDistribution(settings);
+    if (whole || IsOneOf(id, {IDC_CHK_LOCK_JOB, IDC_EDIT_PASSWORD})) NormaliseJobPassword(settings);
     ReactToOptions(settings, id);
     // A poster chosen alone leaves pages per sheet, binding and scaling as they are.
-    if (!whole && id == kComboNup && IsPoster(settings)) {
+    if (!whole && id == IDC_COMBO_NUP && IsPoster(settings)) {
         DerivePoster(settings);
         return;
     }
-    if (whole ||
-        IsOneOf(id, {kComboNup, kBtnNupDetails, kRadioLandscape, kRadioCollateFirst})) {
+    if (whole || IsOneOf(id, {IDC_COMBO_NUP, IDC_BTN_NUP_DETAILS, IDC_RADIO_LANDSCAPE,
+                              IDC_RADIO_COLLATE_ON})) {
         DerivePagesPerSheet(context);
     }
-    if (whole || id == kComboDuplex) DeriveDuplex(context);
-    if (whole || IsOneOf(id, {kChkOutPaper, kComboOutPaper, kChkFitToPaper, kEditScaling,
-                              kRadioScalingAuto, kRadioScalingManual})) {
+    if (whole || id == IDC_COMBO_DUPLEX) DeriveDuplex(context);
+    if (whole ||
+        IsOneOf(id, {IDC_CHK_OUT_PAPER, IDC_COMBO_OUT_PAPER, IDC_CHK_FIT_TO_PAPER, IDC_EDIT_SCALING,
+                     IDC_RADIO_SCALING_AUTO, IDC_RADIO_SCALING_MANUAL})) {
         DeriveScaling(settings, id);
     }
-    if (whole || id == kComboHalftone) SelectHalftone(context);
-    if (whole || id == kComboResolution) {
+    if (whole || id == IDC_COMBO_HALFTONE) SelectHalftone(context);
+    if (whole || id == IDC_COMBO_RESOLUTION) {
         DeriveResolution(context);
         PublishThresholdTables(context);
     }
-    if (whole || id == kComboCoverSource) settings.mdmBackPageSource = settings.mdmFirstPageSource;
-    if (id == kChkAccessCode && !(settings.mdmSecurity & 0x1)) settings.mdmAccessNumber = 0;
-    if (whole || id == kListOverlay) ReadChosenOverlayPath(context);
+    if (whole || id == IDC_COMBO_COVER_SOURCE)
+        settings.mdmBackPageSource = settings.mdmFirstPageSource;
+    if (id == IDC_CHK_ACCESS_CODE && !(settings.mdmSecurity & 0x1)) settings.mdmAccessNumber = 0;
+    if (whole || id == IDC_LIST_OVERLAY) ReadChosenOverlayPath(context);
     if (whole) DerivePoster(settings);
 }
 

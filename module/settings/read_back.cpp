@@ -4,9 +4,9 @@
 
 #include <cstring>
 
+#include "resources/resource.h"
 #include "rules/conflicts.h"
 #include "settings/control_fill.h"
-#include "settings/control_ids.h"
 #include "settings/defaults.h"
 #include "settings/edit_binding.h"
 #include "settings/notification.h"
@@ -41,7 +41,7 @@ Reading ReadSlider(HWND bar, const ControlItem& item) {
     const LONG minimum = static_cast<LONG>(item.slider->minimum);
     const LONG maximum = static_cast<LONG>(item.slider->maximum);
     LONG value = static_cast<LONG>(SendMessageA(bar, TBM_GETPOS, 0, 0));
-    if (item.controlId != kSldSharpness && maximum > minimum) {
+    if (item.controlId != IDC_SLD_SHARPNESS && maximum > minimum) {
         value = (value - minimum) * 100 / (maximum - minimum) - 50;
     }
     return {true, static_cast<DWORD>(value)};
@@ -189,10 +189,10 @@ bool DispatchNotification(SheetContext& context, HWND page, DWORD controlId, WOR
     if (item == nullptr || !PassesFilter(*item, code)) return false;
     if (item->type == kItemEdit && code == EN_UPDATE) {
         FilterTyping(GetDlgItem(page, static_cast<int>(controlId)), *item);
-        return item->controlId == kEditUserName &&
+        return item->controlId == IDC_EDIT_USER_NAME &&
                ReadUserName(context, GetDlgItem(page, static_cast<int>(controlId)));
     }
-    if (item->controlId == kEditUserName) {
+    if (item->controlId == IDC_EDIT_USER_NAME) {
         return ReadUserName(context, GetDlgItem(page, static_cast<int>(controlId)));
     }
     return ReadBack(context, page, *item, controlId);

@@ -6,8 +6,9 @@
 
 #include "device/printer_port.h"
 #include "device/printer_values.h"
+#include "resources/picture_ids.h"
+#include "resources/resource.h"
 #include "settings/control_fill.h"
-#include "settings/control_ids.h"
 #include "settings/notification.h"
 #include "settings/reactor.h"
 #include "ui/exports.h"
@@ -23,8 +24,6 @@ namespace {
 
 constexpr UINT kMessageFirstActivation = WM_USER + 2;
 constexpr DWORD kBasicTailSize = 16;
-constexpr UINT kPaperMarkerBitmap = 13853;
-constexpr UINT kPaperMarkerMask = 13854;
 constexpr DWORD kMediaPlain = 1;
 constexpr int kHelpFirstPage = 5119;
 
@@ -33,10 +32,10 @@ bool firstActivationArmed = false;
 
 void OnInit(SheetContext& context) {
     context.privateSettings->mdmOtherSettings |= kOtherAllPaperSize;
-    ShowWindow(GetDlgItem(context.page, kChkAllPaperSize), SW_HIDE);
+    ShowWindow(GetDlgItem(context.page, IDC_CHK_ALL_PAPER_SIZE), SW_HIDE);
     if ((context.flags & kSheetDataNotWritable) ||
         !CanOpenPrinter(context, PRINTER_ACCESS_ADMINISTER | PRINTER_ACCESS_USE)) {
-        ShowWindow(GetDlgItem(context.page, kBtnCustomPaper), SW_HIDE);
+        ShowWindow(GetDlgItem(context.page, IDC_BTN_CUSTOM_PAPER), SW_HIDE);
     }
     firstActivationArmed = true;
 }
@@ -49,13 +48,13 @@ void OnActivate(SheetContext& context) {
 
 // Sending once makes sense only for collated copies; the box follows the digits as they are typed.
 void OnCommand(SheetContext& context, DWORD id, WORD code) {
-    const bool tracked = id == kEditCopies || id == kEditScaling || id == kEditOffsetX ||
-                         id == kEditOffsetY;
+    const bool tracked = id == IDC_EDIT_COPIES || id == IDC_EDIT_SCALING ||
+                         id == IDC_EDIT_OFFSET_X || id == IDC_EDIT_OFFSET_Y;
     if (!tracked || code != EN_UPDATE || !(context.flags & kSheetTyping)) return;
     char text[16] = "";
-    GetDlgItemTextA(context.page, kEditCopies, text, sizeof text);
+    GetDlgItemTextA(context.page, IDC_EDIT_COPIES, text, sizeof text);
     if (text[0] == '\0' || !(context.privateSettings->mdmCollate & 1)) return;
-    EnableWindow(GetDlgItem(context.page, kChkTransmitOnce), std::atol(text) > 1);
+    EnableWindow(GetDlgItem(context.page, IDC_CHK_TRANSMIT_ONCE), std::atol(text) > 1);
 }
 
 void OnDefaults(SheetContext& context) {
@@ -64,7 +63,7 @@ void OnDefaults(SheetContext& context) {
 
 void OnChanged(SheetContext& context, DWORD /*id*/) {
     if (context.privateSettings->mdmNup != kNupOff) return;
-    const HWND combo = GetDlgItem(context.shared->viewPage, kComboNup);
+    const HWND combo = GetDlgItem(context.shared->viewPage, IDC_COMBO_NUP);
     if (combo != nullptr) SendMessageA(combo, CB_SETCURSEL, 0, 0);
 }
 
@@ -78,14 +77,14 @@ void FinishEdit(SheetContext& context, DWORD id, DWORD stored) {
 
 // OK may be pressed while an edit still has the focus.
 void OnApply(SheetContext& context) {
-    FinishEdit(context, kEditCopies, static_cast<DWORD>(context.settings->dmCopies));
-    FinishEdit(context, kEditScaling, context.privateSettings->mdmScaleSize);
+    FinishEdit(context, IDC_EDIT_COPIES, static_cast<DWORD>(context.settings->dmCopies));
+    FinishEdit(context, IDC_EDIT_SCALING, context.privateSettings->mdmScaleSize);
     React(context, 0, ReactScope::kWholePage);
 }
 
 void DrawPaperMarker(const SheetContext& context, HWND control, HDC dc) {
-    const HBITMAP picture = LoadBitmapA(context.resources, MAKEINTRESOURCEA(kPaperMarkerBitmap));
-    const HBITMAP mask = LoadBitmapA(context.resources, MAKEINTRESOURCEA(kPaperMarkerMask));
+    const HBITMAP picture = LoadBitmapA(context.resources, MAKEINTRESOURCEA(IDB_PAPER_MARKER));
+    const HBITMAP mask = LoadBitmapA(context.resources, MAKEINTRESOURCEA(IDB_PAPER_MARKER_MASK));
     BITMAP size{};
     if (picture != nullptr && mask != nullptr && GetObjectA(picture, sizeof size, &size) != 0) {
         SetWindowPos(control, nullptr, 0, 0, size.bmWidth, size.bmHeight,
@@ -103,7 +102,7 @@ void DrawPaperMarker(const SheetContext& context, HWND control, HDC dc) {
 }
 
 bool OnPaintStatic(SheetContext& context, HWND control, HDC dc) {
-    if (GetDlgCtrlID(control) != kPaperMarker) return false;
+    if (GetDlgCtrlID(control) != IDC_PAPER_MARKER) return false;
     DrawPaperMarker(context, control, dc);
     return true;
 }

@@ -3,8 +3,9 @@
 #include <cstddef>
 
 #include "preview/shared_view.h"
+#include "resources/resource.h"
+#include "resources/string_ids.h"
 #include "settings/control_fill.h"
-#include "settings/control_ids.h"
 #include "settings/notification.h"
 #include "settings/reactor.h"
 #include "ui/entry_drawing.h"
@@ -25,10 +26,12 @@ constexpr SHORT kPortrait = 1;
 constexpr char kBindingAtOpening[] = "KVBindingAtOpening";
 
 // One of these is shown, by pages per sheet and orientation.
-constexpr DWORD kOrderCombos[] = {kComboOrder, kComboBooklet, kComboOrderDown, kComboOrderSideways};
+constexpr DWORD kOrderCombos[] = {IDC_COMBO_ORDER, IDC_COMBO_BOOKLET, IDC_COMBO_ORDER_DOWN,
+                                  IDC_COMBO_ORDER_ACROSS};
 
 // Captions of the entries that have no details: one page per sheet, and posters.
-constexpr UINT kEntriesWithoutDetails[] = {1411, 1424, 1425, 1426, 1427};
+constexpr UINT kEntriesWithoutDetails[] = {IDS_NUP_1, IDS_POSTER_2X2, IDS_POSTER_3X3,
+                                           IDS_POSTER_4X4, IDS_POSTER_5X5};
 
 LRESULT SelectedData(HWND combo) {
     const LRESULT index = SendMessageA(combo, CB_GETCURSEL, 0, 0);
@@ -38,12 +41,12 @@ LRESULT SelectedData(HWND combo) {
 DWORD OrderComboOf(const SheetContext& context) {
     switch (context.privateSettings->mdmNup) {
         case kNupBooklet:
-            return kComboBooklet;
+            return IDC_COMBO_BOOKLET;
         case 2:
-            return context.settings->dmOrientation == kPortrait ? kComboOrderSideways
-                                                                : kComboOrderDown;
+            return context.settings->dmOrientation == kPortrait ? IDC_COMBO_ORDER_ACROSS
+                                                                : IDC_COMBO_ORDER_DOWN;
         default:
-            return kComboOrder;
+            return IDC_COMBO_ORDER;
     }
 }
 
@@ -60,14 +63,14 @@ void StoreShownOrder(SheetContext& context, HWND dialog) {
     const DWORD id = OrderComboOf(context);
     const LRESULT value = SelectedData(GetDlgItem(dialog, static_cast<int>(id)));
     if (value < 0) return;
-    (id == kComboBooklet ? settings.mdmDuplexMode : settings.mdmNupStyle) =
+    (id == IDC_COMBO_BOOKLET ? settings.mdmDuplexMode : settings.mdmNupStyle) =
         static_cast<DWORD>(value);
 }
 
 // The order lists store over the border's bit of the same word.
 void FollowBorderBox(SheetContext& context, HWND dialog) {
     DWORD& style = context.privateSettings->mdmNupStyle;
-    const bool border = IsDlgButtonChecked(dialog, kChkNupBorder) == BST_CHECKED;
+    const bool border = IsDlgButtonChecked(dialog, IDC_CHK_NUP_BORDER) == BST_CHECKED;
     style = border ? style | kNupBorder : style & ~kNupBorder;
 }
 
@@ -91,7 +94,7 @@ void RemoveEntriesWithoutDetails(const SheetContext& context, HWND combo) {
 }
 
 void RedrawPreview(HWND dialog) {
-    InvalidateRect(GetDlgItem(dialog, kNupPreview), nullptr, FALSE);
+    InvalidateRect(GetDlgItem(dialog, IDC_PIC_MAIN_VIEW), nullptr, FALSE);
 }
 
 void OnInitDialog(SheetContext& context, HWND dialog) {
@@ -108,10 +111,10 @@ void OnInitDialog(SheetContext& context, HWND dialog) {
     settings.mdmDuplexMode = binding;
     SetSubDialogTitle(context, dialog, kTemplate);
     SetChildCaptions(context, dialog);
-    CheckDlgButton(dialog, kChkNupBorder, style & kNupBorder ? BST_CHECKED : BST_UNCHECKED);
+    CheckDlgButton(dialog, IDC_CHK_NUP_BORDER, style & kNupBorder ? BST_CHECKED : BST_UNCHECKED);
     ShowOrderCombo(context, dialog);
-    HookPaperView(context, GetDlgItem(dialog, kNupPreview));
-    RemoveEntriesWithoutDetails(context, GetDlgItem(dialog, kComboNup));
+    HookPaperView(context, GetDlgItem(dialog, IDC_PIC_MAIN_VIEW));
+    RemoveEntriesWithoutDetails(context, GetDlgItem(dialog, IDC_COMBO_NUP));
 }
 
 void OnDefaults(SheetContext& context, HWND dialog) {
@@ -120,9 +123,10 @@ void OnDefaults(SheetContext& context, HWND dialog) {
         SendMessageA(GetDlgItem(dialog, static_cast<int>(id)), CB_SETCURSEL, 0, 0);
     }
     settings.mdmNupStyle &= ~(kNupOrderMask | kNupBorder);
-    CheckDlgButton(dialog, kChkNupBorder, BST_UNCHECKED);
+    CheckDlgButton(dialog, IDC_CHK_NUP_BORDER, BST_UNCHECKED);
     if (settings.mdmDuplexMode >= kDuplexBookletLeft) {
-        const LRESULT first = SendMessageA(GetDlgItem(dialog, kComboBooklet), CB_GETITEMDATA, 0, 0);
+        const LRESULT first =
+            SendMessageA(GetDlgItem(dialog, IDC_COMBO_BOOKLET), CB_GETITEMDATA, 0, 0);
         settings.mdmDuplexMode = first < 0 ? kDuplexBookletLeft : static_cast<DWORD>(first);
     }
     RedrawPreview(dialog);
@@ -132,9 +136,11 @@ void OnControl(SheetContext& context, HWND dialog, HWND control, WPARAM wParam) 
     const DWORD id = LOWORD(wParam);
     const RouteResult result = RouteCommand(context, dialog, control, wParam);
     // A refused choice refills the list with every entry.
-    if (id == kComboNup) RemoveEntriesWithoutDetails(context, GetDlgItem(dialog, kComboNup));
+    if (id == IDC_COMBO_NUP) {
+        RemoveEntriesWithoutDetails(context, GetDlgItem(dialog, IDC_COMBO_NUP));
+    }
     if (!result.handled || !result.changed) return;
-    if (id == kComboNup) {
+    if (id == IDC_COMBO_NUP) {
         ShowOrderCombo(context, dialog);
         StoreShownOrder(context, dialog);
     }
@@ -164,7 +170,7 @@ void OnCommand(SheetContext& context, HWND dialog, HWND control, WPARAM wParam) 
         case IDHELP:
             ShowPageHelp(context, dialog, kHelpTopic);
             return;
-        case kBtnDefaults:
+        case IDC_DEFAULTS:
             if (HIWORD(wParam) == BN_CLICKED) OnDefaults(context, dialog);
             return;
         default:

@@ -6,8 +6,9 @@
 #include <optional>
 #include <string>
 
+#include "resources/resource.h"
+#include "resources/string_ids.h"
 #include "rules/rules_file.h"
-#include "settings/control_ids.h"
 #include "ui/help.h"
 #include "ui/page_skeleton.h"
 #include "ui/page_table.h"
@@ -39,10 +40,10 @@ struct AxisRow {
 };
 // axis, setting, edit, spin, range text, strings of the range in inches and millimetres
 constexpr AxisRow kAxes[] = {
-    {ShiftAxis::kHorizontal, &PrivateDevmode::mdmOffsetX, kEditOffsetX, kSpinOffsetX, kOffsetXRange,
-     9929, 9930},
-    {ShiftAxis::kVertical, &PrivateDevmode::mdmOffsetY, kEditOffsetY, kSpinOffsetY, kOffsetYRange,
-     9931, 9932},
+    {ShiftAxis::kHorizontal, &PrivateDevmode::mdmOffsetX, IDC_EDIT_OFFSET_X, IDC_SPIN_OFFSET_X,
+     IDC_ST_OFFSET_X_RANGE, IDS_SHIFT_X_RANGE_INCH, IDS_SHIFT_X_RANGE_MM},
+    {ShiftAxis::kVertical, &PrivateDevmode::mdmOffsetY, IDC_EDIT_OFFSET_Y, IDC_SPIN_OFFSET_Y,
+     IDC_ST_OFFSET_Y_RANGE, IDS_SHIFT_Y_RANGE_INCH, IDS_SHIFT_Y_RANGE_MM},
 };
 
 ShiftUnit UnitInForce() {
@@ -76,8 +77,8 @@ void ShowAmount(HWND dialog, const AxisRow& row, double amount) {
 
 void ShowUnit(const SheetContext& context, HWND dialog) {
     const bool inches = UnitInForce() == ShiftUnit::kInch;
-    CheckRadioButton(dialog, kRadioShiftInch, kRadioShiftMillimetre,
-                     inches ? kRadioShiftInch : kRadioShiftMillimetre);
+    CheckRadioButton(dialog, IDC_RADIO_SHIFT_INCH, IDC_RADIO_SHIFT_MM,
+                     inches ? IDC_RADIO_SHIFT_INCH : IDC_RADIO_SHIFT_MM);
     for (const AxisRow& row : kAxes) {
         char range[kTextSize] = "";
         LoadStringA(context.strings, inches ? row.inchRange : row.millimetreRange, range,
@@ -168,13 +169,13 @@ void OnCommand(SheetContext& context, HWND dialog, int id, WORD code) {
         case IDHELP:
             ShowPageHelp(context, dialog, kHelpTopic);
             return;
-        case kBtnDefaults:
+        case IDC_DEFAULTS:
             OnDefaults(context, dialog);
             return;
-        case kRadioShiftInch:
+        case IDC_RADIO_SHIFT_INCH:
             ChangeUnit(context, dialog, ShiftUnit::kInch);
             return;
-        case kRadioShiftMillimetre:
+        case IDC_RADIO_SHIFT_MM:
             ChangeUnit(context, dialog, ShiftUnit::kMillimetre);
             return;
         default:

@@ -3,8 +3,9 @@
 #include <cstddef>
 #include <cstring>
 
+#include "resources/resource.h"
+#include "resources/string_ids.h"
 #include "settings/control_fill.h"
-#include "settings/control_ids.h"
 #include "settings/defaults.h"
 #include "settings/reactor.h"
 #include "ui/exports.h"
@@ -14,8 +15,6 @@
 namespace kvui {
 namespace {
 
-constexpr UINT kStringDuplexOff = 1501;
-constexpr UINT kStringDuplexOn = 1506;
 constexpr size_t kEntryTextSize = 128;
 constexpr char kDialogName[] = "DLGTAB1";
 constexpr char kImageShiftName[] = "_LBPIMAGESHIFT";
@@ -31,7 +30,7 @@ bool IsBooklet(const SheetContext& context) {
 // A border drawn round nothing must not come back with the next choice.
 void BeforeCommand(SheetContext& context, DWORD id, WORD code) {
     PrivateDevmode& settings = *context.privateSettings;
-    if (id != kComboNup || code != CBN_SELENDOK) return;
+    if (id != IDC_COMBO_NUP || code != CBN_SELENDOK) return;
     if (settings.mdmNup == kNupOff || settings.mdmNup >= kNupPosterFirst) {
         settings.mdmNupStyle &= ~kNupBorder;
     }
@@ -48,14 +47,14 @@ void BindBooklet(SheetContext& context, SettingChanged changed) {
     }
     settings.mdmDuplexMode = kDuplexBookletLeft;
     // Another entry of the duplex list may have been derived meanwhile.
-    React(context, kComboDuplex, ReactScope::kOneControl);
+    React(context, IDC_COMBO_DUPLEX, ReactScope::kOneControl);
     TakeSnapshot(context);
 }
 
 // Tells that the sheet is printed on both sides, whatever the list's first entry stands for.
 void NameFirstDuplexEntry(const SheetContext& context, HWND combo) {
     char wanted[kEntryTextSize] = "";
-    LoadStringA(context.strings, IsBooklet(context) ? kStringDuplexOn : kStringDuplexOff, wanted,
+    LoadStringA(context.strings, IsBooklet(context) ? IDS_DUPLEX_ON : IDS_DUPLEX_OFF, wanted,
                 sizeof wanted);
     const LRESULT length = SendMessageA(combo, CB_GETLBTEXTLEN, 0, 0);
     if (length < 0 || length >= static_cast<LRESULT>(kEntryTextSize)) return;
@@ -79,12 +78,14 @@ void NameFirstDuplexEntry(const SheetContext& context, HWND combo) {
 void KeepBinding(SheetContext& context) {
     if (!IsBooklet(context)) return;
     context.privateSettings->mdmDuplexMode = SavedDuplexMode(context);
-    NameFirstDuplexEntry(context, GetDlgItem(context.page, kComboDuplex));
+    NameFirstDuplexEntry(context, GetDlgItem(context.page, IDC_COMBO_DUPLEX));
 }
 
 void AfterCommand(SheetContext& context, SettingChanged changed) {
     BindBooklet(context, changed);
-    if (IsBooklet(context)) NameFirstDuplexEntry(context, GetDlgItem(context.page, kComboDuplex));
+    if (IsBooklet(context)) {
+        NameFirstDuplexEntry(context, GetDlgItem(context.page, IDC_COMBO_DUPLEX));
+    }
 }
 
 void OnDefaults(SheetContext& context) {
@@ -108,8 +109,8 @@ bool OnMessage(SheetContext& context, UINT message, WPARAM, LPARAM lParam) {
     }
     if (message == WM_DRAWITEM) {
         const auto& draw = *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam);
-        if (draw.CtlID == kComboNup && static_cast<DWORD>(draw.itemData) == kNupBooklet) {
-            NameFirstDuplexEntry(context, GetDlgItem(context.page, kComboDuplex));
+        if (draw.CtlID == IDC_COMBO_NUP && static_cast<DWORD>(draw.itemData) == kNupBooklet) {
+            NameFirstDuplexEntry(context, GetDlgItem(context.page, IDC_COMBO_DUPLEX));
         }
     }
     return false;

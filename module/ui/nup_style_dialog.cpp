@@ -1,6 +1,7 @@
 // Pages/Sheet Style ("_DLGTAB02"): the order of the pages on a sheet as four buttons with pictures.
 // No control opens it; whoever calls its export passes a page's SheetContext.
-#include "settings/control_ids.h"
+#include "resources/picture_ids.h"
+#include "resources/resource.h"
 #include "settings/reactor.h"
 #include "ui/exports.h"
 #include "ui/sub_dialog_skeleton.h"
@@ -9,7 +10,6 @@ namespace kvui {
 namespace {
 
 constexpr int kOrders = 4;
-constexpr WORD kFirstBitmap = 1469;
 constexpr char kBitmap[] = "KVOrderPicture";
 constexpr char kPlainProcedure[] = "KVOrderPlain";
 
@@ -47,8 +47,9 @@ LRESULT CALLBACK OrderPictureProc(HWND picture, UINT message, WPARAM wParam, LPA
 
 void OnInit(SheetContext& context, HWND dialog) {
     for (int i = 0; i < kOrders; ++i) {
-        const HWND picture = GetDlgItem(dialog, static_cast<int>(kNupStylePictureFirst) + i);
-        const HBITMAP bitmap = LoadBitmapA(context.resources, MAKEINTRESOURCEA(kFirstBitmap + i));
+        const HWND picture = GetDlgItem(dialog, IDC_PIC_STYLE_1 + i);
+        const HBITMAP bitmap =
+            LoadBitmapA(context.resources, MAKEINTRESOURCEA(IDB_STYLE_ACROSS_LEFT + i));
         if (picture == nullptr || bitmap == nullptr) {
             if (bitmap != nullptr) DeleteObject(bitmap);
             continue;
@@ -61,7 +62,7 @@ void OnInit(SheetContext& context, HWND dialog) {
 }
 
 bool IsOrderButton(DWORD id) {
-    return id - kNupStyleFirst < static_cast<DWORD>(kOrders);
+    return id - IDC_RADIO_STYLE_1 < static_cast<DWORD>(kOrders);
 }
 
 // The buttons own two bits of a word whose other bit is the border's.
@@ -69,13 +70,13 @@ bool OnCommand(SheetContext& context, HWND /*dialog*/, DWORD id, WORD code) {
     if (!IsOrderButton(id)) return false;
     if (code == BN_CLICKED) {
         DWORD& style = context.privateSettings->mdmNupStyle;
-        style = (style & ~kNupOrderMask) | (id - kNupStyleFirst);
+        style = (style & ~kNupOrderMask) | (id - IDC_RADIO_STYLE_1);
     }
     return true;
 }
 
 void AfterRefresh(SheetContext& context, HWND dialog) {
-    const int first = static_cast<int>(kNupStyleFirst);
+    const int first = IDC_RADIO_STYLE_1;
     const int order = static_cast<int>(context.privateSettings->mdmNupStyle & kNupOrderMask);
     CheckRadioButton(dialog, first, first + kOrders - 1, first + order);
 }

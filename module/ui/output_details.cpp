@@ -1,15 +1,14 @@
 // Output Details ("_DLGTAB01"): staple, punch and fold. The Basic page opens it.
 
+#include "resources/picture_ids.h"
 #include "rules/conflicts.h"
+#include "resources/resource.h"
 #include "settings/control_fill.h"
-#include "settings/control_ids.h"
 #include "ui/exports.h"
 #include "ui/sub_dialog_skeleton.h"
 
 namespace kvui {
 namespace {
-
-constexpr DWORD kIconNoPunch = 1660;
 
 struct PunchIcon {
     DWORD edge;      // mdmHolePunch
@@ -18,27 +17,27 @@ struct PunchIcon {
     DWORD fourHoles;
 };
 constexpr PunchIcon kPunchIcons[] = {
-    {2, 1664, 1665, 1666},
-    {3, 1661, 1662, 1663},
-    {4, 1667, 1668, 1669},
+    {2, IDI_PUNCH_SHORT_2, IDI_PUNCH_SHORT_3, IDI_PUNCH_SHORT_4},
+    {3, IDI_PUNCH_LONG_2, IDI_PUNCH_LONG_3, IDI_PUNCH_LONG_4},
+    {4, IDI_PUNCH_RIGHT_2, IDI_PUNCH_RIGHT_3, IDI_PUNCH_RIGHT_4},
 };
 
 // The edge and the number of holes are two settings but one picture.
 void ShowPunch(SheetContext& context, HWND dialog) {
     const PrivateDevmode& settings = *context.privateSettings;
-    DWORD icon = kIconNoPunch;
+    DWORD icon = IDI_PUNCH_OFF;
     for (const PunchIcon& row : kPunchIcons) {
         if (row.edge != settings.mdmHolePunch) continue;
         icon = settings.mdmHolePunchNumber == 3   ? row.threeHoles
                : settings.mdmHolePunchNumber == 4 ? row.fourHoles
                                                   : row.twoHoles;
     }
-    ShowPicture(context, GetDlgItem(dialog, kPunchPicture), icon);
+    ShowPicture(context, GetDlgItem(dialog, IDC_PIC_PUNCH), icon);
 }
 
 // Stored before the dispatch, so that the picture shows the choice while its conflicts are asked.
 bool OnCommand(SheetContext& context, HWND dialog, DWORD id, WORD code) {
-    if (code != CBN_SELENDOK || (id != kComboPunch && id != kComboPunchNumber)) return false;
+    if (code != CBN_SELENDOK || (id != IDC_COMBO_PUNCH && id != IDC_COMBO_PUNCH_NUM)) return false;
     const ControlItem* item = ItemById(id);
     const HWND combo = GetDlgItem(dialog, static_cast<int>(id));
     const LRESULT index = SendMessageA(combo, CB_GETCURSEL, 0, 0);

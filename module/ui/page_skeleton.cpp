@@ -7,8 +7,10 @@
 #include <cstring>
 
 #include "device/printer_values.h"
+#include "resources/picture_ids.h"
+#include "resources/resource.h"
+#include "resources/string_ids.h"
 #include "settings/control_fill.h"
-#include "settings/control_ids.h"
 #include "settings/defaults.h"
 #include "settings/notification.h"
 #include "settings/reactor.h"
@@ -21,7 +23,6 @@
 namespace kvui {
 namespace {
 
-constexpr UINT kStringSharedPrinter = 16010;
 constexpr int kNoticeTextSize = 1024;
 
 void DisableIfReadOnly(SheetContext& context, HWND page) {
@@ -38,14 +39,14 @@ bool IsNetworkPrinter(SheetContext& context) {
 }
 
 void ShowNotice(SheetContext& context) {
-    const HWND icon = GetDlgItem(context.page, kNoticeIcon);
-    const HWND text = GetDlgItem(context.page, kNoticeText);
+    const HWND icon = GetDlgItem(context.page, IDC_NOTICE_ICON);
+    const HWND text = GetDlgItem(context.page, IDC_NOTICE_TEXT);
     const bool shared = IsNetworkPrinter(context);
     if (shared) {
         char notice[kNoticeTextSize] = "";
-        LoadStringA(context.strings, kStringSharedPrinter, notice, sizeof notice);
+        LoadStringA(context.strings, IDS_NETWORK_NOTICE, notice, sizeof notice);
         SetWindowTextA(text, notice);
-        const HICON picture = LoadIconA(context.resources, MAKEINTRESOURCEA(kNoticeIcon));
+        const HICON picture = LoadIconA(context.resources, MAKEINTRESOURCEA(IDI_NOTICE));
         SendMessageA(icon, STM_SETICON, reinterpret_cast<WPARAM>(picture), 0);
     }
     ShowWindow(icon, shared ? SW_SHOW : SW_HIDE);
@@ -71,7 +72,7 @@ void Refresh(const PageTraits& traits, SheetContext& context, SettingChanged cha
 }
 
 bool IsDefaults(const PageTraits& traits, DWORD id) {
-    return traits.hasDefaults && id == kBtnDefaults;
+    return traits.hasDefaults && id == IDC_DEFAULTS;
 }
 
 // What follows a setting that a command changed, up to the refresh.
@@ -93,7 +94,7 @@ void OnCommand(const PageTraits& traits, SheetContext& context, HWND control, WP
     if (IsDefaults(traits, id)) {
         if (HIWORD(wParam) != BN_CLICKED) return;
         result = {true, true};
-        SetFocus(GetDlgItem(context.page, kBtnDefaults));
+        SetFocus(GetDlgItem(context.page, IDC_DEFAULTS));
     } else {
         result = RouteCommand(context, context.page, control, wParam);
     }
@@ -209,7 +210,7 @@ void RunActivationHook(SheetContext& context, HWND dialog, const char* dialogNam
         if (std::strcmp(view.dialogName, dialogName) == 0) ShowViewKind(context, view.kind);
     }
     if (std::strcmp(dialogName, "DLGTAB3") == 0) {
-        const HWND edit = GetDlgItem(dialog, kEditUserName);
+        const HWND edit = GetDlgItem(dialog, IDC_EDIT_USER_NAME);
         char shown[kUserNameSize] = "";
         GetWindowTextA(edit, shown, sizeof shown);
         if (std::strncmp(shown, context.privateSettings->userName, kUserNameSize) != 0) {
@@ -220,8 +221,8 @@ void RunActivationHook(SheetContext& context, HWND dialog, const char* dialogNam
         }
     }
     if (std::strcmp(dialogName, "DLGTAB1") == 0 && (context.flags & kSheetDataNotWritable)) {
-        ShowWindow(GetDlgItem(dialog, kBtnCustomPaper), SW_HIDE);
-        ShowWindow(GetDlgItem(dialog, kBtnOverlayEdit), SW_HIDE);
+        ShowWindow(GetDlgItem(dialog, IDC_BTN_CUSTOM_PAPER), SW_HIDE);
+        ShowWindow(GetDlgItem(dialog, IDC_BTN_OVERLAY_EDIT), SW_HIDE);
     }
 }
 

@@ -6,6 +6,8 @@
 
 #include <cstring>
 
+#include "resources/resource.h"
+#include "resources/string_ids.h"
 #include "ui/exports.h"
 
 namespace kvui {
@@ -24,24 +26,30 @@ const PageEntry kPageTable[] = {
 
 // template, caption string, handler family
 const PageCaption kPageCaptions[kPageCount] = {
-    {"TAB0R", 1000, kFamilyBasic},
-    {"TAB1R", 2000, kFamilyLayout},
-    {"TABWM", 8000, kFamilyWatermark},
-    {"TABOVERLAY", 7000, kFamilyOverlay},
-    {"TAB2R", 3000, kFamilyQuality},
-    {"TAB3", 4000, kFamilyDeviceOptions},
-    {"TAB4", 5000, kFamilyJobManagement},
-    {"TABVERSION", 6000, kFamilyTroubleshooting},
+    {"TAB0R", IDS_PAGE_BASIC, kFamilyBasic},
+    {"TAB1R", IDS_PAGE_LAYOUT, kFamilyLayout},
+    {"TABWM", IDS_PAGE_WATERMARK, kFamilyWatermark},
+    {"TABOVERLAY", IDS_PAGE_OVERLAY, kFamilyOverlay},
+    {"TAB2R", IDS_PAGE_QUALITY, kFamilyQuality},
+    {"TAB3", IDS_PAGE_DEVICE_OPTIONS, kFamilyDeviceOptions},
+    {"TAB4", IDS_PAGE_JOB_MANAGEMENT, kFamilyJobManagement},
+    {"TABVERSION", IDS_PAGE_TROUBLESHOOTING, kFamilyTroubleshooting},
 };
 
 namespace {
 
 // template, caption string
 const SubDialogCaption kSubDialogCaptions[] = {
-    {"_DLGEDIT0", 1640},     {"_DLGTAB00", 1180},       {"_DLGTAB01", 1300},
-    {"_DLGTAB02", 1450},     {"_ABOUTKVI", 4100},       {"_MAILBOX", 4200},
-    {"_CONFLICTS", 9400},    {"_LBPIMAGESHIFT", 1900},  {"_DLGCOMBINATION", 1480},
-    {"_LBPFIRSTPAGE", 1177},
+    {"_DLGEDIT0", IDS_TITLE_EDIT_WATERMARK},
+    {"_DLGTAB00", IDS_TITLE_PAPER_SOURCE},
+    {"_DLGTAB01", IDS_TITLE_OUTPUT_SETTING},
+    {"_DLGTAB02", IDS_TITLE_NUP_STYLE},
+    {"_ABOUTKVI", IDS_TITLE_ABOUT},
+    {"_MAILBOX", IDS_TITLE_MAILBOX},
+    {"_CONFLICTS", IDS_TITLE_CONFLICTS},
+    {"_LBPIMAGESHIFT", IDC_GRP_IMAGE_SHIFT},
+    {"_DLGCOMBINATION", IDS_TITLE_NUP_DETAILS},
+    {"_LBPFIRSTPAGE", IDS_TITLE_FIRST_PAGE},
 };
 
 // By family.

@@ -7,8 +7,8 @@
 #include <cstdio>
 #include <cstring>
 
+#include "resources/resource.h"
 #include "settings/control_fill.h"
-#include "settings/control_ids.h"
 #include "settings/item_catalogue.h"
 #include "settings/notification.h"
 #include "ui/exports.h"
@@ -118,7 +118,7 @@ void OnDefaults(SheetContext& context) {
 }
 
 void OnChanged(SheetContext& context, DWORD id) {
-    if (id == kRadioGrayscale || id == kRadioColor) UpdateSample(context);
+    if (id == IDC_RADIO_GRAYSCALE || id == IDC_RADIO_COLOR) UpdateSample(context);
     const HWND view = context.shared->viewPanel;
     if (view != nullptr) SendMessageA(view, kMessageRefreshAll, 0, 0);
 }

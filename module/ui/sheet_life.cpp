@@ -8,6 +8,7 @@
 #include "device/administrator.h"
 #include "device/printer_values.h"
 #include "preview/shared_view.h"
+#include "resources/string_ids.h"
 #include "rules/rules_cache.h"
 #include "rules/rules_file.h"
 #include "settings/reactor.h"
@@ -17,9 +18,6 @@
 
 namespace kvui {
 namespace {
-
-constexpr UINT kMessageListsMissing = 9420;
-constexpr UINT kCaptionWarning = 9642;
 
 // The page's block: the context, then the snapshot, then the page's own tail.
 constexpr DWORD kSnapshotOffset = (sizeof(SheetContext) + 15) / 16 * 16;
@@ -131,7 +129,7 @@ void LoadSheetRules(SheetContext& context) {
         complete = complete && shared.lists[i] != nullptr;
     }
     if (!complete) {
-        ShowMessageString(context.page, context.strings, kMessageListsMissing, kCaptionWarning,
+        ShowMessageString(context.page, context.strings, IDS_LISTS_MISSING, IDS_WARNING,
                           MB_ICONEXCLAMATION);
     }
     context.flags |= kSheetListsLoaded;

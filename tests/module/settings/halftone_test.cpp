@@ -1,4 +1,5 @@
 // Which halftone a pattern means, and which threshold tables reach the registry for it.
+#include "resources/resource.h"
 #include "settings/halftone.h"
 
 #include <gmock/gmock.h>
@@ -8,7 +9,6 @@
 
 #include <memory>
 
-#include "settings/control_ids.h"
 #include "settings/reactor.h"
 #include "settings/threshold_tables.h"
 #include "tests/module/support/sheet_fixture.h"
@@ -46,7 +46,7 @@ class Halftone : public testing::Test {
     }
     std::vector<DWORD> Choose(DWORD pattern) {
         settings.mdmDitherPattern = pattern;
-        React(sheet.context, kComboHalftone, ReactScope::kOneControl);
+        React(sheet.context, IDC_COMBO_HALFTONE, ReactScope::kOneControl);
         return {settings.Dither, settings.nGrayBits, settings.CellSize};
     }
     static std::string Bytes(const char* name) {
