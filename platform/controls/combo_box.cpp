@@ -4,7 +4,7 @@
 #include <platform/controls/control_input.h>
 #include <platform/controls/control_support.h>
 #include <platform/controls/edit_field.h>
-#include <platform/controls/entry_list.h>
+#include <platform/controls/entry_messages.h>
 #include <platform/display/tell.h>
 
 #include <algorithm>
@@ -84,33 +84,35 @@ void SelectQuietly(Window& window, int index) {
     state.TellSelection(window);
 }
 
-LRESULT SetCurrent(Window& window, WPARAM wParam) {
-    SelectQuietly(window, IndexOf(wParam));
-    return StateFor(window).selection;
+LRESULT GetCurrent(const EntryCall& call) {
+    return call.state.selection;
 }
 
-LRESULT SelectString(Window& window, WPARAM after, LPARAM text) {
-    const LRESULT found =
-        FindEntry(StateFor(window), after, text, Match::kPrefix, HoldsWhat(window));
-    if (found >= 0) SelectQuietly(window, static_cast<int>(found));
+LRESULT SetCurrent(const EntryCall& call) {
+    SelectQuietly(call.window, IndexOf(call.wParam));
+    return call.state.selection;
+}
+
+LRESULT SelectString(const EntryCall& call) {
+    const LRESULT found = FindEntry(call);
+    if (found >= 0) SelectQuietly(call.window, static_cast<int>(found));
     return found;
 }
 
-LRESULT Reset(Window& window) {
-    ComboState& state = StateFor(window);
+LRESULT Reset(const EntryCall& call) {
+    EntryState& state = call.state;
     const bool empty = state.entries.Count() == 0;
-    state.WillClear(window);
+    state.WillClear(call.window);
     state.entries.Clear();
-    SelectQuietly(window, -1);
-    if (!empty) state.TellItems(window);
+    SelectQuietly(call.window, -1);
+    if (!empty) state.TellItems(call.window);
     return 0;
 }
 
-LRESULT Delete(Window& window, WPARAM index) {
-    ComboState& state = StateFor(window);
-    const bool wasSelected = state.selection == IndexOf(index);
-    const LRESULT count = DeleteEntry(window, state, index);
-    if (wasSelected && count >= 0 && !HasField(window)) SetFieldText(window, "");
+LRESULT Delete(const EntryCall& call) {
+    const bool wasSelected = call.state.selection == IndexOf(call.wParam);
+    const LRESULT count = DeleteEntry(call);
+    if (wasSelected && count >= 0 && !HasField(call.window)) SetFieldText(call.window, "");
     return count;
 }
 
@@ -276,14 +278,23 @@ LRESULT SetText(Window& window, WPARAM wParam, LPARAM lParam) {
     return result;
 }
 
-LRESULT SetHeight(Window& window, WPARAM item, LPARAM height) {
-    if (height <= 0 || height > 255) return CB_ERR;
-    ComboState& state = StateFor(window);
-    int& target = IndexOf(item) == kFieldItem ? state.fieldHeight : state.itemHeight;
-    if (target == static_cast<int>(height)) return 0;
-    target = static_cast<int>(height);
-    TellChanged(window.handle, kChangedItems);
-    FitHeight(window);
+// Of the closed box or of an entry.
+int& HeightOf(const EntryCall& call) {
+    ComboState& state = StateFor(call.window);
+    return IndexOf(call.wParam) == kFieldItem ? state.fieldHeight : state.itemHeight;
+}
+
+LRESULT GetHeight(const EntryCall& call) {
+    return HeightOf(call);
+}
+
+LRESULT SetHeight(const EntryCall& call) {
+    if (call.lParam <= 0 || call.lParam > 255) return CB_ERR;
+    const int height = static_cast<int>(call.lParam);
+    if (HeightOf(call) == height) return 0;
+    HeightOf(call) = height;
+    TellChanged(call.window.handle, kChangedItems);
+    FitHeight(call.window);
     return 0;
 }
 
@@ -301,16 +312,6 @@ LRESULT OnCreate(HWND handle) {
         state->itemHeight = static_cast<int>(item);
     }
     FitHeight(*WindowFromHandle(handle));
-    return 0;
-}
-
-LRESULT OnRedraw(HWND handle, WPARAM on, LPARAM lParam) {
-    const bool was = WindowFromHandle(handle)->redraw;
-    if (was && !on) StateFor(handle)->BeginQuiet();
-    DefWindowProcA(handle, WM_SETREDRAW, on, lParam);
-    ComboState* state = StateFor(handle);
-    if (!state || was || !on) return 0;
-    if (const unsigned changes = state->EndQuiet()) TellChanged(handle, changes);
     return 0;
 }
 
@@ -369,48 +370,29 @@ LRESULT OnShowList(HWND handle, bool show) {
     return 1;
 }
 
-// The messages about entries; false for another message.
-bool EntryMessage(Window& window, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
-    ComboState& state = StateFor(window);
-    const Holds holds = HoldsWhat(window);
+// message, what answers it
+constexpr EntryMessage kEntryMessages[] = {
+    {CB_ADDSTRING, AddEntry},
+    {CB_INSERTSTRING, InsertEntry},
+    {CB_DELETESTRING, Delete},
+    {CB_RESETCONTENT, Reset},
+    {CB_GETCOUNT, CountEntries},
+    {CB_GETLBTEXT, CopyEntry},
+    {CB_GETLBTEXTLEN, EntryLength},
+    {CB_GETITEMDATA, EntryData},
+    {CB_SETITEMDATA, SetEntryData},
+    {CB_FINDSTRING, FindEntry},
+    {CB_FINDSTRINGEXACT, FindWholeEntry},
+    {CB_SELECTSTRING, SelectString},
+    {CB_GETCURSEL, GetCurrent},
+    {CB_SETCURSEL, SetCurrent},
+    {CB_SETITEMHEIGHT, SetHeight},
+    {CB_GETITEMHEIGHT, GetHeight},
+};
+
+EntryCall CallOn(Window& window, WPARAM wParam, LPARAM lParam) {
     const Order order = (window.style & CBS_SORT) != 0 ? Order::kSorted : Order::kAsGiven;
-    switch (message) {
-        case CB_ADDSTRING:
-            return result = AddEntry(window, state, lParam, holds, order), true;
-        case CB_INSERTSTRING:
-            return result = InsertEntry(window, state, wParam, lParam, holds), true;
-        case CB_DELETESTRING:
-            return result = Delete(window, wParam), true;
-        case CB_RESETCONTENT:
-            return result = Reset(window), true;
-        case CB_GETCOUNT:
-            return result = state.entries.Count(), true;
-        case CB_GETLBTEXT:
-            return result = CopyEntry(state, wParam, lParam, holds), true;
-        case CB_GETLBTEXTLEN:
-            return result = EntryLength(state, wParam), true;
-        case CB_GETITEMDATA:
-            return result = EntryData(state, wParam), true;
-        case CB_SETITEMDATA:
-            return result = SetEntryData(window, state, wParam, lParam), true;
-        case CB_FINDSTRING:
-            return result = FindEntry(state, wParam, lParam, Match::kPrefix, holds), true;
-        case CB_FINDSTRINGEXACT:
-            return result = FindEntry(state, wParam, lParam, Match::kWhole, holds), true;
-        case CB_SELECTSTRING:
-            return result = SelectString(window, wParam, lParam), true;
-        case CB_GETCURSEL:
-            return result = state.selection, true;
-        case CB_SETCURSEL:
-            return result = SetCurrent(window, wParam), true;
-        case CB_SETITEMHEIGHT:
-            return result = SetHeight(window, wParam, lParam), true;
-        case CB_GETITEMHEIGHT:
-            result = IndexOf(wParam) == kFieldItem ? state.fieldHeight : state.itemHeight;
-            return true;
-        default:
-            return false;
-    }
+    return {window, StateFor(window), HoldsWhat(window), order, wParam, lParam};
 }
 
 }  // namespace
@@ -419,8 +401,9 @@ LRESULT ComboBoxProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lPara
     Window* window = WindowFromHandle(handle);
     if (!window) return 0;
     if (AsksForHelp(message, wParam)) return DefWindowProcA(handle, message, wParam, lParam);
-    LRESULT result = 0;
-    if (EntryMessage(*window, message, wParam, lParam, result)) return result;
+    if (const EntryAnswer answer = AnswerTo(kEntryMessages, message)) {
+        return answer(CallOn(*window, wParam, lParam));
+    }
     switch (message) {
         case WM_CREATE:
             return OnCreate(handle);
@@ -429,7 +412,7 @@ LRESULT ComboBoxProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lPara
         case WM_GETDLGCODE:
             return DialogCode(*window, lParam);
         case WM_SETREDRAW:
-            return OnRedraw(handle, wParam, lParam);
+            return SetEntriesRedraw(*window, StateFor(*window), wParam, lParam);
         case WM_SETTEXT:
             return SetText(*window, wParam, lParam);
         case WM_SETFOCUS:

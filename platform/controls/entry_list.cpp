@@ -4,7 +4,6 @@
 #include <platform/display/tell.h>
 
 #include <algorithm>
-#include <cstring>
 
 namespace kv {
 
@@ -97,84 +96,6 @@ unsigned EntryState::EndQuiet() {
     pending = Pending::kNothing;
     if (changed) return kChangedItems | kChangedSelection;
     return selection != shownSelection ? static_cast<unsigned>(kChangedSelection) : 0u;
-}
-
-LRESULT AddEntry(Window& window, EntryState& state, LPARAM item, Holds holds, Order order) {
-    if (order == Order::kAsGiven || holds == Holds::kValues) {
-        return InsertEntry(window, state, static_cast<WPARAM>(-1), item, holds);
-    }
-    const int place = state.entries.SortedPlace(TextOf(item));
-    return InsertEntry(window, state, static_cast<WPARAM>(place), item, holds);
-}
-
-LRESULT InsertEntry(Window& window, EntryState& state, WPARAM index, LPARAM item, Holds holds) {
-    state.WillChange(window);
-    const bool texts = holds == Holds::kTexts;
-    const int at =
-        state.entries.Insert(IndexOf(index), texts ? TextOf(item) : "", texts ? 0 : item);
-    if (at < 0) return -1;
-    if (state.selection >= at) ++state.selection;
-    state.TellItems(window);
-    return at;
-}
-
-LRESULT DeleteEntry(Window& window, EntryState& state, WPARAM index) {
-    const int at = IndexOf(index);
-    if (!state.entries.Has(at)) return -1;
-    state.WillChange(window);
-    state.entries.Remove(at);
-    if (state.selection == at) {
-        state.selection = -1;
-    } else if (state.selection > at) {
-        --state.selection;
-    }
-    state.TellItems(window);
-    return state.entries.Count();
-}
-
-LRESULT FindEntry(const EntryState& state, WPARAM after, LPARAM item, Match match, Holds holds) {
-    if (holds == Holds::kValues) return state.entries.FindData(IndexOf(after), item);
-    return state.entries.Find(IndexOf(after), TextOf(item), match);
-}
-
-LRESULT CopyEntry(const EntryState& state, WPARAM index, LPARAM buffer, Holds holds) {
-    const int at = IndexOf(index);
-    if (!state.entries.Has(at)) return -1;
-    const Entry& entry = state.entries[at];
-    if (holds == Holds::kTexts) return CopyOut(entry.text, buffer);
-    if (buffer) std::memcpy(reinterpret_cast<void*>(buffer), &entry.data, sizeof entry.data);
-    return sizeof entry.data;
-}
-
-LRESULT EntryLength(const EntryState& state, WPARAM index) {
-    const int at = IndexOf(index);
-    return state.entries.Has(at) ? static_cast<LRESULT>(state.entries[at].text.size()) : -1;
-}
-
-LRESULT EntryData(const EntryState& state, WPARAM index) {
-    const int at = IndexOf(index);
-    return state.entries.Has(at) ? state.entries[at].data : -1;
-}
-
-LRESULT SetEntryData(Window& window, EntryState& state, WPARAM index, LPARAM data) {
-    const int at = IndexOf(index);
-    if (!state.entries.Has(at)) return -1;
-    if (state.entries[at].data == data) return 0;
-    state.WillChange(window);
-    state.entries[at].data = data;
-    state.TellItems(window);
-    return 0;
-}
-
-UINT MeasureItem(HWND control, UINT controlType, UINT item, UINT height) {
-    MEASUREITEMSTRUCT measure{};
-    measure.CtlType = controlType;
-    measure.CtlID = static_cast<UINT>(GetDlgCtrlID(control));
-    measure.itemID = item;
-    measure.itemHeight = height;
-    SendMessageA(GetParent(control), WM_MEASUREITEM, measure.CtlID,
-                 reinterpret_cast<LPARAM>(&measure));
-    return measure.itemHeight;
 }
 
 }  // namespace kv

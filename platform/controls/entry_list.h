@@ -67,30 +67,4 @@ struct EntryState : ControlState {
     unsigned EndQuiet();
 };
 
-// Whether the entries are texts; otherwise an owner-drawn list keeps only the caller's value.
-enum class Holds { kTexts, kValues };
-inline Holds WhatItHolds(DWORD style, DWORD ownerDrawn, DWORD hasStrings) {
-    return (style & ownerDrawn) == 0 || (style & hasStrings) != 0 ? Holds::kTexts : Holds::kValues;
-}
-
-// The messages that combo boxes and list boxes share, under two sets of numbers. All answer -1 for
-// an index or a text that is not there.
-enum class Order { kAsGiven, kSorted };
-LRESULT AddEntry(Window& window, EntryState& state, LPARAM item, Holds holds, Order order);
-LRESULT InsertEntry(Window& window, EntryState& state, WPARAM index, LPARAM item, Holds holds);
-LRESULT DeleteEntry(Window& window, EntryState& state, WPARAM index);
-LRESULT FindEntry(const EntryState& state, WPARAM after, LPARAM item, Match match, Holds holds);
-LRESULT CopyEntry(const EntryState& state, WPARAM index, LPARAM buffer, Holds holds);
-LRESULT EntryLength(const EntryState& state, WPARAM index);
-LRESULT EntryData(const EntryState& state, WPARAM index);
-LRESULT SetEntryData(Window& window, EntryState& state, WPARAM index, LPARAM data);
-// An index as it comes in a message: a 32-bit value in which -1 is meaningful.
-inline int IndexOf(WPARAM wParam) {
-    return static_cast<int>(wParam);
-}
-
-// Asks the parent for the height of an owner-drawn control's entry; `height` when it does not
-// answer.
-UINT MeasureItem(HWND control, UINT controlType, UINT item, UINT height);
-
 }  // namespace kv

@@ -2,7 +2,7 @@
 #include <platform/controls/classes.h>
 #include <platform/controls/control_input.h>
 #include <platform/controls/control_support.h>
-#include <platform/controls/entry_list.h>
+#include <platform/controls/entry_messages.h>
 #include <platform/display/tell.h>
 #include <platform/window/input.h>
 
@@ -84,10 +84,9 @@ bool SelectSingle(Window& window, int index) {
     return true;
 }
 
-LRESULT SetCurrent(Window& window, WPARAM wParam) {
+LRESULT SelectAt(Window& window, int index) {
     if (IsMulti(window)) return LB_ERR;
     ListState& state = StateFor(window);
-    const int index = IndexOf(wParam);
     const bool found = state.entries.Has(index);
     if (SelectSingle(window, found ? index : -1)) state.TellSelection(window);
     if (!found) return LB_ERR;
@@ -95,29 +94,34 @@ LRESULT SetCurrent(Window& window, WPARAM wParam) {
     return index;
 }
 
-LRESULT GetCurrent(Window& window) {
-    const ListState& state = StateFor(window);
-    if (!IsMulti(window)) return state.selection;
+LRESULT SetCurrent(const EntryCall& call) {
+    return SelectAt(call.window, IndexOf(call.wParam));
+}
+
+LRESULT GetCurrent(const EntryCall& call) {
+    const ListState& state = StateFor(call.window);
+    if (!IsMulti(call.window)) return state.selection;
     return state.entries.Has(state.caret) ? state.caret : LB_ERR;
 }
 
-LRESULT SetSelected(Window& window, WPARAM wParam, LPARAM lParam) {
+LRESULT SetSelected(const EntryCall& call) {
+    Window& window = call.window;
     if (!IsMulti(window)) return LB_ERR;
     ListState& state = StateFor(window);
-    const int index = static_cast<int>(lParam);
+    const int index = static_cast<int>(call.lParam);
     if (index != -1 && !state.entries.Has(index)) return LB_ERR;
     const int first = index == -1 ? 0 : index;
     const int last = index == -1 ? state.entries.Count() - 1 : index;
-    if (Mark(window, first, last, wParam != 0)) state.TellSelection(window);
+    if (Mark(window, first, last, call.wParam != 0)) state.TellSelection(window);
     if (index != -1) MoveCaret(window, index);
     return 0;
 }
 
-LRESULT GetSelected(Window& window, WPARAM wParam) {
-    const ListState& state = StateFor(window);
-    const int index = IndexOf(wParam);
+LRESULT GetSelected(const EntryCall& call) {
+    const EntryState& state = call.state;
+    const int index = IndexOf(call.wParam);
     if (!state.entries.Has(index)) return LB_ERR;
-    return IsMulti(window) ? state.entries[index].selected : state.selection == index;
+    return IsMulti(call.window) ? state.entries[index].selected : state.selection == index;
 }
 
 // Counts the selected entries, or lists up to `capacity` of them.
@@ -134,20 +138,28 @@ LRESULT SelectedItems(Window& window, int capacity, int* out) {
     return count;
 }
 
-LRESULT Reset(Window& window) {
-    ListState& state = StateFor(window);
+LRESULT CountSelected(const EntryCall& call) {
+    return SelectedItems(call.window, 0, nullptr);
+}
+
+LRESULT ListSelected(const EntryCall& call) {
+    return SelectedItems(call.window, IndexOf(call.wParam), reinterpret_cast<int*>(call.lParam));
+}
+
+LRESULT Reset(const EntryCall& call) {
+    ListState& state = StateFor(call.window);
     const bool empty = state.entries.Count() == 0;
-    state.WillClear(window);
+    state.WillClear(call.window);
     state.entries.Clear();
     state.selection = -1;
     state.caret = state.anchor = state.top = 0;
-    if (!empty) state.TellItems(window);
+    if (!empty) state.TellItems(call.window);
     return 0;
 }
 
-LRESULT Delete(Window& window, WPARAM index) {
-    ListState& state = StateFor(window);
-    const LRESULT count = DeleteEntry(window, state, index);
+LRESULT Delete(const EntryCall& call) {
+    ListState& state = StateFor(call.window);
+    const LRESULT count = DeleteEntry(call);
     const int last = std::max(state.entries.Count() - 1, 0);
     state.caret = std::min(state.caret, last);
     state.anchor = std::min(state.anchor, last);
@@ -155,10 +167,9 @@ LRESULT Delete(Window& window, WPARAM index) {
     return count;
 }
 
-LRESULT SelectString(Window& window, WPARAM after, LPARAM text) {
-    const LRESULT found =
-        FindEntry(StateFor(window), after, text, Match::kPrefix, HoldsWhat(window));
-    return found < 0 ? LB_ERR : SetCurrent(window, static_cast<WPARAM>(found));
+LRESULT SelectString(const EntryCall& call) {
+    const LRESULT found = FindEntry(call);
+    return found < 0 ? LB_ERR : SelectAt(call.window, static_cast<int>(found));
 }
 
 // What a click on an entry does to the selection; answers whether it changed.
@@ -336,63 +347,31 @@ LRESULT OnCreate(HWND handle) {
     return 0;
 }
 
-LRESULT OnRedraw(HWND handle, WPARAM on, LPARAM lParam) {
-    Window* window = WindowFromHandle(handle);
-    const bool was = window->redraw;
-    if (was && !on) StateFor(*window).BeginQuiet();
-    DefWindowProcA(handle, WM_SETREDRAW, on, lParam);
-    window = WindowFromHandle(handle);
-    if (!window || was || !on) return 0;
-    if (const unsigned changes = StateFor(*window).EndQuiet()) TellChanged(handle, changes);
-    return 0;
-}
+// message, what answers it
+constexpr EntryMessage kEntryMessages[] = {
+    {LB_ADDSTRING, AddEntry},
+    {LB_INSERTSTRING, InsertEntry},
+    {LB_DELETESTRING, Delete},
+    {LB_RESETCONTENT, Reset},
+    {LB_GETCOUNT, CountEntries},
+    {LB_GETTEXT, CopyEntry},
+    {LB_GETTEXTLEN, EntryLength},
+    {LB_GETITEMDATA, EntryData},
+    {LB_SETITEMDATA, SetEntryData},
+    {LB_FINDSTRING, FindEntry},
+    {LB_FINDSTRINGEXACT, FindWholeEntry},
+    {LB_SELECTSTRING, SelectString},
+    {LB_GETCURSEL, GetCurrent},
+    {LB_SETCURSEL, SetCurrent},
+    {LB_GETSEL, GetSelected},
+    {LB_SETSEL, SetSelected},
+    {LB_GETSELCOUNT, CountSelected},
+    {LB_GETSELITEMS, ListSelected},
+};
 
-// The messages about entries and selection; false for another message.
-bool EntryMessage(Window& window, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
-    ListState& state = StateFor(window);
-    const Holds holds = HoldsWhat(window);
+EntryCall CallOn(Window& window, WPARAM wParam, LPARAM lParam) {
     const Order order = (window.style & LBS_SORT) != 0 ? Order::kSorted : Order::kAsGiven;
-    switch (message) {
-        case LB_ADDSTRING:
-            return result = AddEntry(window, state, lParam, holds, order), true;
-        case LB_INSERTSTRING:
-            return result = InsertEntry(window, state, wParam, lParam, holds), true;
-        case LB_DELETESTRING:
-            return result = Delete(window, wParam), true;
-        case LB_RESETCONTENT:
-            return result = Reset(window), true;
-        case LB_GETCOUNT:
-            return result = state.entries.Count(), true;
-        case LB_GETTEXT:
-            return result = CopyEntry(state, wParam, lParam, holds), true;
-        case LB_GETTEXTLEN:
-            return result = EntryLength(state, wParam), true;
-        case LB_GETITEMDATA:
-            return result = EntryData(state, wParam), true;
-        case LB_SETITEMDATA:
-            return result = SetEntryData(window, state, wParam, lParam), true;
-        case LB_FINDSTRING:
-            return result = FindEntry(state, wParam, lParam, Match::kPrefix, holds), true;
-        case LB_FINDSTRINGEXACT:
-            return result = FindEntry(state, wParam, lParam, Match::kWhole, holds), true;
-        case LB_SELECTSTRING:
-            return result = SelectString(window, wParam, lParam), true;
-        case LB_GETCURSEL:
-            return result = GetCurrent(window), true;
-        case LB_SETCURSEL:
-            return result = SetCurrent(window, wParam), true;
-        case LB_GETSEL:
-            return result = GetSelected(window, wParam), true;
-        case LB_SETSEL:
-            return result = SetSelected(window, wParam, lParam), true;
-        case LB_GETSELCOUNT:
-            return result = SelectedItems(window, 0, nullptr), true;
-        case LB_GETSELITEMS:
-            result = SelectedItems(window, IndexOf(wParam), reinterpret_cast<int*>(lParam));
-            return true;
-        default:
-            return false;
-    }
+    return {window, StateFor(window), HoldsWhat(window), order, wParam, lParam};
 }
 
 }  // namespace
@@ -401,15 +380,16 @@ LRESULT ListBoxProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam
     Window* window = WindowFromHandle(handle);
     if (!window) return 0;
     if (AsksForHelp(message, wParam)) return DefWindowProcA(handle, message, wParam, lParam);
-    LRESULT result = 0;
-    if (EntryMessage(*window, message, wParam, lParam, result)) return result;
+    if (const EntryAnswer answer = AnswerTo(kEntryMessages, message)) {
+        return answer(CallOn(*window, wParam, lParam));
+    }
     switch (message) {
         case WM_CREATE:
             return OnCreate(handle);
         case WM_GETDLGCODE:
             return DLGC_WANTARROWS | DLGC_WANTCHARS;
         case WM_SETREDRAW:
-            return OnRedraw(handle, wParam, lParam);
+            return SetEntriesRedraw(*window, StateFor(*window), wParam, lParam);
         case WM_SETFOCUS:
             return NotifyList(handle, LBN_SETFOCUS), 0;
         case WM_KILLFOCUS:
