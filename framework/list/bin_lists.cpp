@@ -6,23 +6,13 @@
 #include <cstring>
 
 #include "described_records.h"
-#include "list_copy.h"
+#include "list_calls.h"
 
 namespace {
 
 using kvlist::ListKind;
 
 constexpr int kMaxBins = 64;  // what callers have room for
-
-int Count(ListHandle list, ListKind kind) {
-    const auto copy = kvlist::FindCopy(list, kind);
-    return copy ? copy->Count(kScopeCommon) : 0;
-}
-
-int CopyAll(ListHandle list, ListKind kind, BinRecord* buffer) {
-    const auto copy = kvlist::FindCopy(list, kind);
-    return copy && buffer ? copy->CopyTo(buffer, kScopeCommon) : 0;
-}
 
 }  // namespace
 
@@ -39,10 +29,10 @@ int QDMMLTCancelBin(ListHandle list, PrinterBlock*) {
     return kvlist::CancelAndClose(list, ListKind::kInputBin);
 }
 int QDMMLTGetBinNum(ListHandle list, PrinterBlock*) {
-    return Count(list, ListKind::kInputBin);
+    return kvlist::CountRecords(list, ListKind::kInputBin, kScopeCommon);
 }
 int QDMMLTGetBinArray(ListHandle list, PrinterBlock*, BinRecord* buffer) {
-    return CopyAll(list, ListKind::kInputBin, buffer);
+    return kvlist::CopyRecords(list, ListKind::kInputBin, buffer, kScopeCommon);
 }
 int QDMMLTAddBin(ListHandle list, PrinterBlock*, const BinRecord* record) {
     const auto copy = kvlist::FindCopy(list, ListKind::kInputBin);
@@ -50,8 +40,7 @@ int QDMMLTAddBin(ListHandle list, PrinterBlock*, const BinRecord* record) {
     return copy->Add(record, kScopeCommon);
 }
 int QDMMLTDeleteBin(ListHandle list, PrinterBlock*, const BinRecord* record) {
-    const auto copy = kvlist::FindCopy(list, ListKind::kInputBin);
-    return copy && record && copy->Remove(record->identifier);
+    return record && kvlist::DeleteRecord(list, ListKind::kInputBin, record->identifier);
 }
 
 int QDMMLTLoadQDDBinInfo(ListHandle list, PrinterBlock* printer, BinRecord* out, DWORD listNumber) {
@@ -75,12 +64,11 @@ int QDMMLTCancelOUTBin(ListHandle list, PrinterBlock*) {
     return kvlist::CancelAndClose(list, ListKind::kOutputBin);
 }
 int QDMMLTGetOUTBinNum(ListHandle list, PrinterBlock*) {
-    return Count(list, ListKind::kOutputBin);
+    return kvlist::CountRecords(list, ListKind::kOutputBin, kScopeCommon);
 }
 int QDMMLTGetOUTBinArray(ListHandle list, PrinterBlock*, BinRecord* buffer) {
-    return CopyAll(list, ListKind::kOutputBin, buffer);
+    return kvlist::CopyRecords(list, ListKind::kOutputBin, buffer, kScopeCommon);
 }
 int QDMMLTUpdateOUTBin(ListHandle list, PrinterBlock*, const BinRecord* record, DWORD entryId) {
-    const auto copy = kvlist::FindCopy(list, ListKind::kOutputBin);
-    return copy && record && copy->Update(record, entryId);
+    return kvlist::UpdateRecord(list, ListKind::kOutputBin, record, entryId);
 }
