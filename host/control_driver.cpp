@@ -1,5 +1,6 @@
 // Driving controls through the input layer.
 #include <host/control_driver.h>
+#include <host/sheet_pages.h>
 
 #include <commctrl.h>
 #include <platform/display/headless.h>
@@ -17,17 +18,6 @@
 
 namespace kvhost {
 namespace {
-
-struct PageRow {
-    const char* dialogName;
-    const char* templateName;
-};
-// In the order of the sheet's pages.
-constexpr PageRow kPages[kSheetPages] = {
-    {"DLGTAB0", "TAB0R"},      {"DLGTAB1", "TAB1R"}, {"DLGTABOVER", "TABOVERLAY"},
-    {"DLGTABWM", "TABWM"},     {"DLGTAB2", "TAB2R"}, {"DLGTAB3", "TAB3"},
-    {"DLGTABVERSION", "TABVERSION"}, {"DLGTAB4", "TAB4"},
-};
 
 // Sub-dialogs that a control of a page opens: dialog name, opener.
 struct OpenerRow {
@@ -139,15 +129,6 @@ void LeaveEdit(HWND window) {
 }
 
 }  // namespace
-
-int PageIndexOfDialog(std::string_view dialogName) {
-    for (int i = 0; i < kSheetPages; ++i) {
-        if (dialogName == kPages[i].dialogName) return i;
-    }
-    return -1;
-}
-
-const char* PageTemplate(int index) { return kPages[index].templateName; }
 
 std::string WindowText(HWND window) {
     std::string text(static_cast<size_t>(std::max(GetWindowTextLengthA(window), 0)) + 1, '\0');

@@ -58,11 +58,6 @@ class ControlDriver {
     SetOutcome pendingOutcome_;
 };
 
-// Template and order of the pages of a sheet; -1 when the dialog is no page.
-int PageIndexOfDialog(std::string_view dialogName);
-const char* PageTemplate(int index);
-constexpr int kSheetPages = 8;
-
 // Text of a window, any length.
 std::string WindowText(HWND window);
 

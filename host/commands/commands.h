@@ -3,6 +3,7 @@
 
 #include <host/control_driver.h>
 #include <host/session.h>
+#include <host/sheet_pages.h>
 
 #include <string>
 #include <vector>
@@ -26,11 +27,8 @@ ExitStatus RunPrinterRemove(const std::string& name);
 
 // "NAME=VALUE" lines of the fields that differ, in table order.
 std::vector<std::string> ChangedFields(const Record& before, const Record& after);
-// Names of the pages, one for each, and of the dialogs that `shot` draws.
-std::vector<std::string> PageNames();
+// Names of the dialogs that `shot` draws.
 std::vector<std::string> PictureDialogNames();
-// Index of the page that a dialog, template or caption names; -1 when none does.
-int PageIndexOfName(const std::string& name);
 // Says that a name is no page, which names are, and what else would do here.
 void PrintUnknownPage(const std::string& page, const std::vector<std::string>& others = {});
 

@@ -1,32 +1,12 @@
 // kvprefs list: every control with what it shows and offers now.
 #include <host/commands/commands.h>
-#include <platform/registry/state_directory.h>
-#include <strings.h>
 
+#include <algorithm>
 #include <cstdio>
-#include <cstring>
 #include <nlohmann/json.hpp>
 
 namespace kvhost {
 namespace {
-
-struct Alias {
-    const char* caption;
-    const char* dialogName;
-};
-// What pages are called on the command line, the usual name first.
-constexpr Alias kAliases[] = {
-    {"Basic",                  "DLGTAB0"},
-    {"Layout",                 "DLGTAB1"},
-    {"Overlay",                "DLGTABOVER"},
-    {"Watermark",              "DLGTABWM"},
-    {"Quality",                "DLGTAB2"},
-    {"Device",                 "DLGTAB3"},
-    {"Device Options Setting", "DLGTAB3"},
-    {"Troubleshooting",        "DLGTABVERSION"},
-    {"Job",                    "DLGTAB4"},
-    {"Job Management",         "DLGTAB4"},
-};
 
 nlohmann::ordered_json Describe(Session& session, ControlDriver& driver, const Control& control) {
     const HWND window = driver.WindowOf(control);
@@ -67,27 +47,17 @@ void PrintRow(const nlohmann::ordered_json& row) {
                 row["enabled"].get<bool>() ? "" : "disabled");
 }
 
+// The catalogue's dialog that a page's name or a sub-dialog's means; empty for all of them. False
+// when there is none.
+bool DialogOfPage(const std::string& page, std::string& dialog) {
+    const int index = PageIndexOfName(page);
+    dialog = index >= 0 ? PageDialog(index) : page;
+    if (index >= 0 || page.empty()) return true;
+    const auto* end = kControls + kControlCount;
+    return std::any_of(kControls, end, [&](const Control& row) { return page == row.dialog; });
+}
+
 }  // namespace
-
-std::vector<std::string> PageNames() {
-    std::vector<std::string> names;
-    const char* last = "";
-    for (const Alias& alias : kAliases) {
-        if (std::strcmp(alias.dialogName, last) != 0) names.push_back(alias.caption);
-        last = alias.dialogName;
-    }
-    return names;
-}
-
-int PageIndexOfName(const std::string& name) {
-    for (const Alias& alias : kAliases) {
-        if (strcasecmp(alias.caption, name.c_str()) == 0) return PageIndexOfDialog(alias.dialogName);
-    }
-    for (int i = 0; i < kSheetPages; ++i) {
-        if (strcasecmp(PageTemplate(i), name.c_str()) == 0) return i;
-    }
-    return PageIndexOfDialog(name);
-}
 
 void PrintUnknownPage(const std::string& page, const std::vector<std::string>& others) {
     std::string known;
@@ -97,22 +67,10 @@ void PrintUnknownPage(const std::string& page, const std::vector<std::string>& o
 }
 
 ExitStatus RunList(const Options& options, const std::string& page) {
-    std::string dialog = page;
-    if (!page.empty()) {
-        const int index = PageIndexOfName(page);
-        bool known = index >= 0;
-        for (unsigned i = 0; i < kControlCount; ++i) {
-            if (index >= 0 ? PageIndexOfDialog(kControls[i].dialog) == index
-                           : page == kControls[i].dialog) {
-                dialog = kControls[i].dialog;
-                known = true;
-                break;
-            }
-        }
-        if (!known) {
-            PrintUnknownPage(page);
-            return kBadInput;
-        }
+    std::string dialog;
+    if (!DialogOfPage(page, dialog)) {
+        PrintUnknownPage(page);
+        return kBadInput;
     }
     Session session;
     if (!session.Open(options) || session.OpenHeadlessSheet() == nullptr) return kBadInput;

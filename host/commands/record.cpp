@@ -1,14 +1,8 @@
-// kvprefs record and kvprefs printer.
-#include <framework/core/install_printer.h>
+// kvprefs record: settings records as files.
 #include <host/commands/commands.h>
-#include <host/host_paths.h>
-#include <platform/registry/state_store.h>
-#include <platform/security/access.h>
-#include <windows.h>
 
 #include <cstdio>
 #include <cstring>
-#include <nlohmann/json.hpp>
 
 namespace kvhost {
 namespace {
@@ -63,47 +57,6 @@ ExitStatus RunRecordDiff(const std::string& left, const std::string& right) {
         }
     }
     return a == b ? kDone : kRefused;
-}
-
-ExitStatus RunPrinterList(const Options& options) {
-    std::vector<kv::PrinterRecord> printers;
-    const DWORD error = kv::StateStore::Get().ListPrinters(printers);
-    if (error != ERROR_SUCCESS && error != ERROR_FILE_NOT_FOUND) {
-        PrintError(kv::StateStore::Get().LastMessage());
-        return kBadInput;
-    }
-    nlohmann::ordered_json rows = nlohmann::ordered_json::array();
-    for (const kv::PrinterRecord& printer : printers) {
-        if (options.json) {
-            rows.push_back({{"name", printer.name}, {"port", printer.port}});
-        } else {
-            std::printf("%s\t%s\n", printer.name.c_str(), printer.port.c_str());
-        }
-    }
-    if (options.json) std::printf("%s\n", rows.dump(2).c_str());
-    return kDone;
-}
-
-ExitStatus RunPrinterAdd(const std::string& name, const std::string& port) {
-    if (!kv::ActsAsAdministrator()) {
-        PrintError("adding a printer needs an administrator");
-        return kRefused;
-    }
-    std::string error;
-    if (kvcore::InstallPrinter(name, port, DataPath("models"), error)) return kDone;
-    PrintError(error);
-    return kBadInput;
-}
-
-ExitStatus RunPrinterRemove(const std::string& name) {
-    if (!kv::ActsAsAdministrator()) {
-        PrintError("removing a printer needs an administrator");
-        return kRefused;
-    }
-    std::string error;
-    if (kvcore::RemovePrinter(name, error)) return kDone;
-    PrintError(error);
-    return kBadInput;
 }
 
 }  // namespace kvhost
