@@ -1,32 +1,21 @@
-// Pages that add little or nothing to the skeleton: each is a record of traits, bound by the
-// catalogue like every page.
+// Pages that add little or nothing to the skeleton: each is a row of traits, bound by the catalogue
+// like every page.
 #include "ui/exports.h"
 #include "ui/page_skeleton.h"
 
 namespace kvui {
 namespace {
 
-const PageTraits kDeviceOptionsPage = {
-    .dialogName = "DLGTAB3", .helpTopic = 1401, .viewKind = kViewDevice, .tailSize = 0,
-    .snapshotAfterChange = false, .showsNotice = true, .setsCaptions = true, .hasDefaults = true};
-const PageTraits kWatermarkPage = {
-    .dialogName = "DLGTABWM", .helpTopic = 1103, .viewKind = kViewWatermark, .tailSize = 0,
-    .snapshotAfterChange = false, .showsNotice = true, .setsCaptions = true, .hasDefaults = true};
-const PageTraits kOverlayPage = {
-    .dialogName = "DLGTABOVER", .helpTopic = 5114, .viewKind = kViewPage, .tailSize = 0,
-    .snapshotAfterChange = false, .showsNotice = true, .setsCaptions = true, .hasDefaults = true};
-const PageTraits kTroubleshootingPage = {
-    .dialogName = "DLGTABVERSION", .helpTopic = 5116, .viewKind = {}, .tailSize = 0,
-    .snapshotAfterChange = false, .showsNotice = false, .setsCaptions = true, .hasDefaults = false};
-const PageTraits kJobManagementPage = {
-    .dialogName = "DLGTAB4", .helpTopic = 1501, .viewKind = kViewKept, .tailSize = 0,
-    .snapshotAfterChange = true, .showsNotice = false, .setsCaptions = false, .hasDefaults = false};
-const PageTraits kSparePage5 = {
-    .dialogName = "DLGTAB5", .helpTopic = 0, .viewKind = {}, .tailSize = 0,
-    .snapshotAfterChange = true, .showsNotice = false, .setsCaptions = false, .hasDefaults = false};
-const PageTraits kSparePage6 = {
-    .dialogName = "DLGTAB6", .helpTopic = 0, .viewKind = {}, .tailSize = 0,
-    .snapshotAfterChange = true, .showsNotice = false, .setsCaptions = false, .hasDefaults = false};
+// dialog, help topic, view, features
+// clang-format off
+constexpr PageTraits kDeviceOptionsPage   = {"DLGTAB3",       1401, kViewDevice,    kOrdinaryPage};
+constexpr PageTraits kWatermarkPage       = {"DLGTABWM",      1103, kViewWatermark, kOrdinaryPage};
+constexpr PageTraits kOverlayPage         = {"DLGTABOVER",    5114, kViewPage,      kOrdinaryPage};
+constexpr PageTraits kTroubleshootingPage = {"DLGTABVERSION", 5116, kNoView,        kSetsCaptions};
+constexpr PageTraits kJobManagementPage   = {"DLGTAB4",       1501, kViewKept,      kKeepsChanges};
+constexpr PageTraits kSparePage5          = {"DLGTAB5",       0,    kNoView,        kKeepsChanges};
+constexpr PageTraits kSparePage6          = {"DLGTAB6",       0,    kNoView,        kKeepsChanges};
+// clang-format on
 
 }  // namespace
 }  // namespace kvui

@@ -25,6 +25,10 @@ namespace {
 
 constexpr int kNoticeTextSize = 1024;
 
+bool Has(const PageTraits& traits, PageFeature feature) {
+    return (traits.features & feature) != 0;
+}
+
 void DisableIfReadOnly(SheetContext& context, HWND page) {
     if (context.flags & kSheetReadOnly) DisableChildren(page);
 }
@@ -57,9 +61,9 @@ void OnInitDialog(const PageTraits& traits, SheetContext& context) {
     LoadSheetRules(context);
     TakeSnapshot(context);
     InitialisePage(context, context.page);
-    if (traits.setsCaptions) SetChildCaptions(context, context.page);
+    if (Has(traits, kSetsCaptions)) SetChildCaptions(context, context.page);
     DisableIfReadOnly(context, context.page);
-    if (traits.showsNotice) ShowNotice(context);
+    if (Has(traits, kShowsNotice)) ShowNotice(context);
     if (traits.onInit != nullptr) traits.onInit(context);
     RunActivationHook(context, context.page, traits.dialogName);
     if (traits.viewKind > 0) AttachSharedView(context);
@@ -72,7 +76,7 @@ void Refresh(const PageTraits& traits, SheetContext& context, SettingChanged cha
 }
 
 bool IsDefaults(const PageTraits& traits, DWORD id) {
-    return traits.hasDefaults && id == IDC_DEFAULTS;
+    return Has(traits, kHasDefaults) && id == IDC_DEFAULTS;
 }
 
 // What follows a setting that a command changed, up to the refresh.
@@ -83,7 +87,7 @@ void TakeChange(const PageTraits& traits, SheetContext& context, DWORD id) {
         ApplyDialogDefaults(context.settings, context.printer, traits.dialogName);
         if (traits.onDefaults != nullptr) traits.onDefaults(context);
     }
-    if (traits.snapshotAfterChange) TakeSnapshot(context);
+    if (Has(traits, kKeepsChanges)) TakeSnapshot(context);
     if (traits.onChanged != nullptr) traits.onChanged(context, id);
 }
 
@@ -123,7 +127,7 @@ void OnScroll(const PageTraits& traits, SheetContext& context, HWND control, WPA
     if (changed && ChangedSinceSnapshot(context)) {
         React(context, id, ReactScope::kOneControl);
         TellSheetChanged(context.page);
-        if (traits.snapshotAfterChange) TakeSnapshot(context);
+        if (Has(traits, kKeepsChanges)) TakeSnapshot(context);
         if (traits.onChanged != nullptr) traits.onChanged(context, id);
     }
     if (changed) {

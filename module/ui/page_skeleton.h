@@ -10,15 +10,23 @@ namespace kvui {
 // Sent by the shared view or another page: fill everything again.
 constexpr UINT kMessageRefreshAll = WM_USER + 300;
 
+// What a page takes part in.
+enum PageFeature : unsigned {
+    kKeepsChanges = 0x1,  // a snapshot after each
+    kShowsNotice = 0x2,   // of shared printers
+    kSetsCaptions = 0x4,  // by control id
+    kHasDefaults = 0x8,
+};
+constexpr unsigned kOrdinaryPage = kShowsNotice | kSetsCaptions | kHasDefaults;
+
+constexpr ViewKind kNoView{};  // the page has no place for the panel
+
 struct PageTraits {
     const char* dialogName;  // of the page's items in the catalogue
     int helpTopic;
-    ViewKind viewKind;       // 0: the page has no place for the panel
-    DWORD tailSize;
-    bool snapshotAfterChange;
-    bool showsNotice;        // shared-printer notice
-    bool setsCaptions;       // captions by control id
-    bool hasDefaults;
+    ViewKind viewKind;
+    unsigned features;
+    DWORD tailSize = 0;
     // Hooks; null where the page adds nothing.
     void (*onInit)(SheetContext&) = nullptr;
     void (*onActivate)(SheetContext&) = nullptr;
