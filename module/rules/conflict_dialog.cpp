@@ -7,10 +7,10 @@
 #include "resources/resource.h"
 #include "resources/string_ids.h"
 #include "rules/conflicts.h"
+#include "ui/dialog_messages.h"
 #include "ui/exports.h"
 #include "ui/fixed_text.h"
 #include "ui/page_skeleton.h"
-#include "ui/sub_dialog_skeleton.h"
 
 namespace kvui {
 namespace {

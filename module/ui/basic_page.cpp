@@ -11,6 +11,7 @@
 #include "settings/control_fill.h"
 #include "settings/notification.h"
 #include "settings/reactor.h"
+#include "ui/dialog_messages.h"
 #include "ui/exports.h"
 #include "ui/help.h"
 #include "ui/page_skeleton.h"
@@ -161,21 +162,8 @@ void OnFirstPageCommand(SheetContext& context, HWND dialog, HWND control, WPARAM
 }  // namespace
 
 INT_PTR CALLBACK FirstPageDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    SheetContext* context = KeepSheetContext(dialog, message, lParam);
-    if (context == nullptr) return FALSE;
-    switch (message) {
-        case WM_INITDIALOG:
-            OnFirstPageInit(*context, dialog);
-            return TRUE;
-        case WM_COMMAND:
-            OnFirstPageCommand(*context, dialog, reinterpret_cast<HWND>(lParam), wParam);
-            return TRUE;
-        case WM_HELP:
-            ShowPopupHelp(*context, dialog, reinterpret_cast<const HELPINFO*>(lParam));
-            return TRUE;
-        default:
-            return FALSE;
-    }
+    static constexpr DialogHandlers kFirstPage = {OnFirstPageInit, OnFirstPageCommand};
+    return RunDialog(kFirstPage, dialog, message, wParam, lParam);
 }
 
 }  // namespace kvui

@@ -8,12 +8,12 @@
 #include "settings/control_fill.h"
 #include "settings/notification.h"
 #include "settings/reactor.h"
+#include "ui/dialog_messages.h"
 #include "ui/entry_drawing.h"
 #include "ui/help.h"
 #include "ui/page_skeleton.h"
 #include "ui/page_table.h"
 #include "ui/snapshot.h"
-#include "ui/sub_dialog_skeleton.h"
 #include "ui/sub_dialogs.h"
 
 namespace kvui {
@@ -179,29 +179,20 @@ void OnCommand(SheetContext& context, HWND dialog, HWND control, WPARAM wParam) 
     }
 }
 
+void OnDestroy(HWND dialog) {
+    RemovePropA(dialog, kBindingAtOpening);
+}
+
 }  // namespace
 
 INT_PTR CALLBACK CombinationDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    SheetContext* context = KeepSheetContext(dialog, message, lParam);
-    if (context == nullptr) return FALSE;
-    switch (message) {
-        case WM_INITDIALOG:
-            OnInitDialog(*context, dialog);
-            return TRUE;
-        case WM_COMMAND:
-            OnCommand(*context, dialog, reinterpret_cast<HWND>(lParam), wParam);
-            return TRUE;
-        case WM_DRAWITEM:
-            return DrawComboEntry(*context, *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
-        case WM_HELP:
-            ShowPopupHelp(*context, dialog, reinterpret_cast<const HELPINFO*>(lParam));
-            return TRUE;
-        case WM_DESTROY:
-            RemovePropA(dialog, kBindingAtOpening);
-            return FALSE;
-        default:
-            return FALSE;
-    }
+    static constexpr DialogHandlers kCombination = {
+        .onInit = OnInitDialog,
+        .onCommand = OnCommand,
+        .onDrawItem = DrawComboEntry,
+        .onDestroy = OnDestroy,
+    };
+    return RunDialog(kCombination, dialog, message, wParam, lParam);
 }
 
 }  // namespace kvui

@@ -9,12 +9,12 @@
 #include "resources/resource.h"
 #include "resources/string_ids.h"
 #include "rules/rules_file.h"
+#include "ui/dialog_messages.h"
 #include "ui/help.h"
 #include "ui/page_skeleton.h"
 #include "ui/page_table.h"
 #include "ui/shift_amount.h"
 #include "ui/snapshot.h"
-#include "ui/sub_dialog_skeleton.h"
 #include "ui/sub_dialogs.h"
 
 namespace kvui {
@@ -153,7 +153,9 @@ void OnEdit(HWND dialog, const AxisRow& row, WORD code) {
     }
 }
 
-void OnCommand(SheetContext& context, HWND dialog, int id, WORD code) {
+void OnCommand(SheetContext& context, HWND dialog, HWND /*control*/, WPARAM wParam) {
+    const int id = LOWORD(wParam);
+    const WORD code = HIWORD(wParam);
     for (const AxisRow& row : kAxes) {
         if (row.edit == id) return OnEdit(dialog, row, code);
     }
@@ -200,23 +202,12 @@ bool OnSpin(HWND dialog, const NMHDR& header) {
 }  // namespace
 
 INT_PTR CALLBACK ImageShiftDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    SheetContext* context = KeepSheetContext(dialog, message, lParam);
-    if (context == nullptr) return FALSE;
-    switch (message) {
-        case WM_INITDIALOG:
-            OnInitDialog(*context, dialog);
-            return TRUE;
-        case WM_COMMAND:
-            OnCommand(*context, dialog, LOWORD(wParam), HIWORD(wParam));
-            return TRUE;
-        case WM_NOTIFY:
-            return OnSpin(dialog, *reinterpret_cast<const NMHDR*>(lParam));
-        case WM_HELP:
-            ShowPopupHelp(*context, dialog, reinterpret_cast<const HELPINFO*>(lParam));
-            return TRUE;
-        default:
-            return FALSE;
-    }
+    static constexpr DialogHandlers kImageShift = {
+        .onInit = OnInitDialog,
+        .onCommand = OnCommand,
+        .onNotify = OnSpin,
+    };
+    return RunDialog(kImageShift, dialog, message, wParam, lParam);
 }
 
 }  // namespace kvui

@@ -1,8 +1,8 @@
 // Dialog procedures that only close: their dialogs do nothing yet but end cleanly, with the result
 // that means "nothing was done". Also the installation entries, which have no task so far.
+#include "ui/dialog_messages.h"
 #include "ui/exports.h"
 #include "ui/page_skeleton.h"
-#include "ui/sub_dialog_skeleton.h"
 #include "ui/sub_dialogs.h"
 
 namespace {

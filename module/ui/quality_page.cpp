@@ -11,12 +11,11 @@
 #include "settings/control_fill.h"
 #include "settings/item_catalogue.h"
 #include "settings/notification.h"
+#include "ui/dialog_messages.h"
 #include "ui/exports.h"
-#include "ui/help.h"
 #include "ui/page_skeleton.h"
 #include "ui/page_table.h"
 #include "ui/snapshot.h"
-#include "ui/sub_dialog_skeleton.h"
 
 namespace kvui {
 namespace {
@@ -149,12 +148,13 @@ void OnListDialogInit(SheetContext& context, HWND dialog) {
 }
 
 // Unlike the other sub-dialogs, Cancel takes nothing back.
-void OnListDialogCommand(SheetContext& context, HWND dialog, DWORD id, WORD code) {
+void OnListDialogCommand(SheetContext& context, HWND dialog, HWND /*control*/, WPARAM wParam) {
+    const DWORD id = LOWORD(wParam);
     if (id == IDOK || id == IDCANCEL) {
         EndDialog(dialog, 1);
         return;
     }
-    DispatchNotification(context, dialog, id, code);
+    DispatchNotification(context, dialog, id, HIWORD(wParam));
     if (ChangedSinceSnapshot(context)) TellSheetChanged(dialog);
     RefreshDialog(context, SettingChanged::kYes, dialog, kListDialog);
 }
@@ -167,19 +167,7 @@ INT_PTR CALLBACK DDMTAB2(HWND page, UINT message, WPARAM wParam, LPARAM lParam) 
 }
 
 INT_PTR CALLBACK DDMTAB20(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    kvui::SheetContext* context = kvui::KeepSheetContext(dialog, message, lParam);
-    if (context == nullptr) return FALSE;
-    switch (message) {
-        case WM_INITDIALOG:
-            kvui::OnListDialogInit(*context, dialog);
-            return TRUE;
-        case WM_COMMAND:
-            kvui::OnListDialogCommand(*context, dialog, LOWORD(wParam), HIWORD(wParam));
-            return TRUE;
-        case WM_HELP:
-            kvui::ShowPopupHelp(*context, dialog, reinterpret_cast<const HELPINFO*>(lParam));
-            return TRUE;
-        default:
-            return FALSE;
-    }
+    static constexpr kvui::DialogHandlers kList = {kvui::OnListDialogInit,
+                                                   kvui::OnListDialogCommand};
+    return kvui::RunDialog(kList, dialog, message, wParam, lParam);
 }

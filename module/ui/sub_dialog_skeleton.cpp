@@ -4,6 +4,7 @@
 #include "settings/control_fill.h"
 #include "settings/notification.h"
 #include "settings/reactor.h"
+#include "ui/dialog_messages.h"
 #include "ui/help.h"
 #include "ui/page_skeleton.h"
 #include "ui/page_table.h"
@@ -58,11 +59,6 @@ void OnCommand(const SubDialogTraits& traits, SheetContext& context, HWND dialog
 }
 
 }  // namespace
-
-SheetContext* KeepSheetContext(HWND dialog, UINT message, LPARAM lParam) {
-    if (message == WM_INITDIALOG) SetWindowLongPtrA(dialog, DWLP_USER, lParam);
-    return reinterpret_cast<SheetContext*>(GetWindowLongPtrA(dialog, DWLP_USER));
-}
 
 INT_PTR RunSubDialog(const SubDialogTraits& traits, HWND dialog, UINT message, WPARAM wParam,
                      LPARAM lParam) {

@@ -20,7 +20,4 @@ struct SubDialogTraits {
 INT_PTR RunSubDialog(const SubDialogTraits& traits, HWND dialog, UINT message, WPARAM wParam,
                      LPARAM lParam);
 
-// The calling page's state, kept with the dialog; null before WM_INITDIALOG.
-SheetContext* KeepSheetContext(HWND dialog, UINT message, LPARAM lParam);
-
 }  // namespace kvui
