@@ -1,4 +1,5 @@
 // kvprefs as an administrator's script runs it: a process, its output, its exit status and its files.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <pty.h>
 #include <sys/wait.h>
@@ -10,8 +11,10 @@
 #include <filesystem>
 #include <fstream>
 #include <map>
+#include <nlohmann/json.hpp>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -47,6 +50,13 @@ class CommandLine : public testing::Test {
         const int status = pclose(pipe);
         ran.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128;
         return ran;
+    }
+    nlohmann::ordered_json Json(const std::string& arguments) {
+        const Ran ran = Run(arguments);
+        EXPECT_EQ(ran.status, 0) << ran.output;
+        const auto json = nlohmann::ordered_json::parse(ran.output, nullptr, false);
+        EXPECT_FALSE(json.is_discarded()) << ran.output;
+        return json;
     }
     // On a terminal of its own, on which `typed` is typed.
     Ran RunOnTerminal(const std::string& arguments, const std::string& typed) {
@@ -292,6 +302,90 @@ TEST_F(CommandLine, PrintersAreAddedByAdministratorsOnly) {
     EXPECT_EQ(Run("--printer Lobby set EditCopies=6").status, 0);
     EXPECT_EQ(Run("get dmCopies --printer Lobby").output, "dmCopies=6\n");
     EXPECT_EQ(Run("--printer Attic get dmCopies").status, 2);
+}
+
+TEST_F(CommandLine, PrinterCommandsSayWhyTheyRefuse) {
+    ASSERT_EQ(Run("--as-admin printer add Lobby --port USB002").status, 0);
+    // arguments, status, what is said
+    const struct {
+        const char* arguments;
+        int status;
+        const char* says;
+    } kCases[] = {
+        {"--as-admin printer add lobby --port USB003", 2, "exists already"},
+        {"--as-admin printer add 'a\\b' --port USB003", 2, "name"},
+        {"--as-admin printer add '' --port USB003", 2, "name"},
+        {"--as-admin printer add Attic", 2, "--port"},
+        {"--as-admin printer add Attic --port ''", 2, "port"},
+        {"--as-admin printer remove Attic", 2, "there is no printer \"Attic\""},
+        {"--as-user printer remove Lobby", 1, "needs an administrator"},
+        {"printer", 2, "subcommand"},
+    };
+    for (const auto& c : kCases) {
+        const Ran ran = Run(c.arguments);
+        EXPECT_EQ(ran.status, c.status) << c.arguments << ": " << ran.output;
+        EXPECT_NE(ran.output.find(c.says), std::string::npos) << c.arguments << ": " << ran.output;
+    }
+    EXPECT_EQ(Json("printer list --json").dump(), R"([{"name":"Lobby","port":"USB002"}])");
+    EXPECT_EQ(Run("--as-admin printer remove LOBBY").status, 0);
+    EXPECT_EQ(Run("printer list").output, "");
+    EXPECT_EQ(Run("--printer Lobby get dmCopies").status, 2);
+}
+
+TEST_F(CommandLine, DefaultsOfOnePageLeaveTheOthers) {
+    const char* fields = "get dmCopies mdmNup Contrast";
+    const std::string set = "dmCopies=7\nmdmNup=4\nContrast=-20\n";
+    const std::string change = "set EditCopies=7 ComboNup=4 SldContrast=-20";
+    // pages by caption, short name, template and dialog name; fields afterwards
+    const struct {
+        const char* page;
+        const char* fields;
+    } kCases[] = {
+        {"Quality", "dmCopies=7\nmdmNup=4\nContrast=0\n"},
+        {"tab2r", "dmCopies=7\nmdmNup=4\nContrast=0\n"},
+        {"DLGTAB1", "dmCopies=7\nmdmNup=0\nContrast=-20\n"},
+        {"", "dmCopies=1\nmdmNup=0\nContrast=0\n"},
+    };
+    for (const auto& c : kCases) {
+        ASSERT_EQ(Run(change).status, 0);
+        ASSERT_EQ(Run(fields).output, set);
+        EXPECT_EQ(Run(std::string("defaults ") + c.page).status, 0) << c.page;
+        EXPECT_EQ(Run(fields).output, c.fields) << c.page;
+    }
+    ASSERT_EQ(Run(change).status, 0);
+    const Ran none = Run("defaults Troubleshooting");
+    EXPECT_EQ(none.status, 1);
+    EXPECT_NE(none.output.find("no Defaults button"), std::string::npos) << none.output;
+    EXPECT_EQ(Run(fields).output, set);
+}
+
+TEST_F(CommandLine, ListsAsJsonTellWhatEachControlShowsAndOffers) {
+    const char* const kKeys[] = {"id",    "name", "page",    "kind",    "setting",
+                                 "value", "text", "choices", "enabled", "visible"};
+    ASSERT_EQ(Run("set RadioOrientation=2 ComboPaperSize=A5").status, 0);
+    const auto all = Json("list --json");
+    ASSERT_GT(all.size(), 100u);
+    size_t onLayout = 0;
+    for (const auto& row : all) {
+        std::vector<std::string> keys;
+        for (const auto& [key, value] : row.items()) keys.push_back(key);
+        ASSERT_THAT(keys, testing::ElementsAreArray(kKeys)) << row;
+        EXPECT_EQ(row["value"].is_null(), row["setting"] == "") << row;
+        EXPECT_TRUE(row["enabled"].is_boolean() && row["visible"].is_boolean()) << row;
+        for (const auto& choice : row["choices"]) {
+            EXPECT_TRUE(choice.size() == 2 && choice["value"].is_number() &&
+                        choice["text"].is_string())
+                << row;
+        }
+        if (row["page"] == "DLGTAB1") ++onLayout;
+        if (row["name"] == "ComboPaperSize") {
+            EXPECT_EQ(row["value"], 11) << row;
+            EXPECT_EQ(row["text"].get<std::string>().rfind("A5", 0), 0u) << row;
+            EXPECT_EQ(row["enabled"], true);
+        }
+    }
+    EXPECT_EQ(Json("list layout --json").size(), onLayout);
+    EXPECT_EQ(Json("list _LBPIMAGESHIFT --json").front()["page"], "_LBPIMAGESHIFT");
 }
 
 TEST_F(CommandLine, WithoutADisplayOpenSaysHowToGoOn) {

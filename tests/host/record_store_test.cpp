@@ -1,0 +1,135 @@
+// The settings records on the disk: what is refused, what is kept, and where the files lie.
+#include <framework/core/install_printer.h>
+#include <gtest/gtest.h>
+#include <host/record_store.h>
+#include <host/session.h>
+#include <platform/registry/state_directory.h>
+#include <unistd.h>
+
+#include <cstddef>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+
+namespace kvhost {
+namespace {
+
+namespace fs = std::filesystem;
+
+class RecordStoreTest : public testing::Test {
+   protected:
+    void SetUp() override {
+        char folder[] = "/tmp/kvrecordXXXXXX";
+        ASSERT_NE(mkdtemp(folder), nullptr);
+        state_ = folder;
+        kv::SetStateDirectory(state_);
+        std::string error;
+        ASSERT_TRUE(kvcore::InstallPrinter(kName, "USB001", ModelsDirectory(), error)) << error;
+        ASSERT_TRUE(kvcore::MakePrinterBlock(kName, printer_, error)) << error;
+    }
+    void TearDown() override {
+        kv::SetStateDirectory({});
+        fs::remove_all(state_);
+    }
+    Record Load(std::string& warning) {
+        Record record{};
+        std::string error;
+        EXPECT_TRUE(RecordStore(kName).Load(printer_, record, warning, error)) << error;
+        return record;
+    }
+    Record Defaults() {
+        std::string warning;
+        return Load(warning);
+    }
+
+    static constexpr char kName[] = "Hall/3.. 50%";
+    std::string state_;
+    PrinterBlock printer_{};
+};
+
+TEST_F(RecordStoreTest, EveryNameHasItsOwnFileInTheRecordsFolder) {
+    const char* const kNames[] = {"../../etc/passwd", ".", "a/b", "a%2Fb", "a_b", "A_B", "\xE4"};
+    std::vector<std::string> paths;
+    for (const char* name : kNames) {
+        const fs::path path = RecordStore(name).path();
+        EXPECT_EQ(path.parent_path(), fs::path(state_) / "records") << name;
+        for (const std::string& other : paths) EXPECT_NE(path, other) << name;
+        paths.push_back(path);
+    }
+}
+
+TEST_F(RecordStoreTest, OnlyValuesThatAPageCanMeanAreTaken) {
+    const Record good = Defaults();
+    ASSERT_EQ(CheckRecord(good.data(), good.size()), "");
+    // field, offset, value, whether it is taken
+    const struct {
+        const char* field;
+        size_t offset;
+        SHORT value;
+        bool taken;
+    } kCases[] = {
+        {"dmSize", offsetof(DEVMODEA, dmSize), 148, false},
+        {"dmDriverExtra", offsetof(DEVMODEA, dmDriverExtra), 1139, false},
+        {"dmOrientation", offsetof(DEVMODEA, dmOrientation), 0, false},
+        {"dmOrientation", offsetof(DEVMODEA, dmOrientation), 2, true},
+        {"dmPaperSize", offsetof(DEVMODEA, dmPaperSize), -1, false},
+        {"dmPaperSize", offsetof(DEVMODEA, dmPaperSize), 32767, true},
+        {"dmCopies", offsetof(DEVMODEA, dmCopies), 999, true},
+        {"dmCopies", offsetof(DEVMODEA, dmCopies), 1000, false},
+        {"dmColor", offsetof(DEVMODEA, dmColor), 3, false},
+        {"dmDuplex", offsetof(DEVMODEA, dmDuplex), 4, false},
+    };
+    for (const auto& c : kCases) {
+        Record record = good;
+        std::memcpy(record.data() + c.offset, &c.value, sizeof c.value);
+        const std::string problem = CheckRecord(record.data(), record.size());
+        EXPECT_EQ(problem.empty(), c.taken) << c.field << " " << c.value << ": " << problem;
+        if (!c.taken) {
+            EXPECT_EQ(problem.rfind(c.field, 0), 0u) << problem;
+        }
+    }
+}
+
+TEST_F(RecordStoreTest, AHugeFileOrAFolderInItsPlaceIsPutAside) {
+    const Record defaults = Defaults();
+    RecordStore store(kName);
+    std::string error;
+    ASSERT_TRUE(store.Store(defaults, error)) << error;
+    fs::resize_file(store.path(), std::uintmax_t{1} << 40);  // without blocks on the disk
+    std::string warning;
+    EXPECT_EQ(Load(warning), defaults);
+    EXPECT_NE(warning.find("larger than 1296 bytes"), std::string::npos) << warning;
+    EXPECT_EQ(fs::file_size(store.path() + ".bad1"), std::uintmax_t{1} << 40);
+
+    fs::create_directory(store.path());
+    EXPECT_EQ(Load(warning), defaults);
+    EXPECT_TRUE(fs::is_directory(store.path() + ".bad2")) << warning;
+    ASSERT_TRUE(store.Store(defaults, error)) << error;
+    warning.clear();
+    EXPECT_EQ(Load(warning), defaults);
+    EXPECT_EQ(warning, "");
+}
+
+TEST_F(RecordStoreTest, ARecordThatCannotBeWrittenLeavesTheOldOneAndNothingElse) {
+    Record record = Defaults();
+    RecordStore store(kName);
+    std::string error;
+    ASSERT_TRUE(store.Store(record, error)) << error;
+    // A folder with something in it cannot be replaced by a file.
+    fs::rename(store.path(), state_ + "/kept");
+    fs::create_directories(store.path() + "/full");
+    record[200] ^= 1;
+    EXPECT_FALSE(store.Store(record, error));
+    EXPECT_NE(error.find(store.path()), std::string::npos) << error;
+    const auto files = fs::directory_iterator(fs::path(state_) / "records");
+    EXPECT_EQ(std::distance(begin(files), end(files)), 1) << "a temporary file was left";
+
+    fs::remove_all(fs::path(state_) / "records");
+    std::ofstream(state_ + "/records") << "a file where the folder should be";
+    error.clear();
+    EXPECT_FALSE(store.Store(record, error));
+    EXPECT_FALSE(error.empty());
+}
+
+}  // namespace
+}  // namespace kvhost
