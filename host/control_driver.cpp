@@ -128,6 +128,68 @@ void LeaveEdit(HWND window) {
     kv::input::Key(VK_TAB);
 }
 
+SetOutcome Unreachable(const Control& control, HWND window) {
+    const char* state = IsWindowVisible(window) ? " is disabled now" : " is not shown";
+    return Refuse(kRefused, control.name + std::string(state));
+}
+
+SetOutcome StoredAs(const Control& control, const std::string& value, const std::string& stored) {
+    return {kDone, {}, {control.name + ("=" + value) + ": stored as " + stored}};
+}
+
+SetOutcome PressButton(const Control& control, HWND window) {
+    return kv::input::Click(window) ? SetOutcome() : Unreachable(control, window);
+}
+
+SetOutcome TypeEdit(const Control& control, const std::string& value, HWND window) {
+    if (!kv::input::Focus(window)) return Unreachable(control, window);
+    const int end = static_cast<int>(value.size());
+    kv::input::SetEditText(window, value, end, end);
+    // An edit that takes digits only leaves other characters out.
+    const std::string taken = WindowText(window);
+    if (value.compare(0, taken.size(), taken) != 0 || (taken.empty() && !value.empty())) {
+        return Refuse(kBadInput, control.name + (": " + Quoted(value)) + " cannot be typed there" +
+                                     (taken.empty() ? "" : ", only " + Quoted(taken)));
+    }
+    LeaveEdit(window);
+    const std::string shown = WindowText(window);
+    return shown == value ? SetOutcome() : StoredAs(control, value, shown);
+}
+
+SetOutcome DragSlider(const Control& control, const std::string& value, HWND window) {
+    const auto number = NumberOf(value);
+    if (!number) {
+        return Refuse(kBadInput, control.name + (": " + Quoted(value)) + " is not a number");
+    }
+    const LONG low = static_cast<LONG>(SendMessageA(window, TBM_GETRANGEMIN, 0, 0));
+    const LONG high = static_cast<LONG>(SendMessageA(window, TBM_GETRANGEMAX, 0, 0));
+    const long wanted = *number - control.sliderBase;
+    const LONG position = static_cast<LONG>(std::clamp<long>(wanted, low, high));
+    if (!kv::input::DragTo(window, position)) return Unreachable(control, window);
+    if (position == wanted) return {};
+    return StoredAs(control, value,
+                    std::to_string(position + control.sliderBase) + ", it goes from " +
+                        std::to_string(low + control.sliderBase) + " to " +
+                        std::to_string(high + control.sliderBase));
+}
+
+// `window` is any button of the group.
+SetOutcome PressRadio(const Control& control, DWORD value, HWND window) {
+    HWND button = nullptr;
+    for (unsigned i = 0; i < control.choiceCount; ++i) {
+        if (control.choices[i].value != value) continue;
+        button = GetDlgItem(GetParent(window), static_cast<int>(control.choices[i].buttonId));
+    }
+    return PressButton(control, button);
+}
+
+SetOutcome SwitchCheck(const Control& control, bool wanted, HWND window) {
+    if (!kv::input::CanReach(window)) return Unreachable(control, window);
+    const bool on = SendMessageA(window, BM_GETCHECK, 0, 0) == BST_CHECKED;
+    if (on != wanted) kv::input::Click(window);
+    return {};
+}
+
 }  // namespace
 
 std::string WindowText(HWND window) {
@@ -178,7 +240,8 @@ std::vector<ChoiceText> ControlDriver::ChoicesOf(const Control& control, HWND wi
             choice.buttonId != 0 ? GetDlgItem(GetParent(window), static_cast<int>(choice.buttonId))
                                  : nullptr;
         if (choice.buttonId != 0 && button == nullptr) continue;
-        choices.push_back({choice.value, button != nullptr ? WithoutMnemonic(WindowText(button)) : choice.name});
+        choices.push_back(
+            {choice.value, button != nullptr ? WithoutMnemonic(WindowText(button)) : choice.name});
     }
     return choices;
 }
@@ -245,72 +308,20 @@ SetOutcome ControlDriver::SetOnPage(const Control& control, const std::string& v
     const std::string name = control.name;
     const std::string_view kind = control.kind;
     if (kind == "text") return Refuse(kBadInput, name + " is a caption, it has no value");
+    if (kind == "button") return PressButton(control, window);
+    if (kind == "edit") return TypeEdit(control, value, window);
+    if (kind == "slider") return DragSlider(control, value, window);
     const std::vector<ChoiceText> offered = ChoicesOf(control, window);
-    const auto unreachable = [&](HWND target) {
-        const char* state = IsWindowVisible(target) ? " is disabled now" : " is not shown";
-        return Refuse(kRefused, name + state);
-    };
-    if (kind == "button") {
-        if (!kv::input::Click(window)) return unreachable(window);
-        return {};
-    }
-    if (kind == "edit") {
-        if (!kv::input::Focus(window)) return unreachable(window);
-        kv::input::SetEditText(window, value, static_cast<int>(value.size()),
-                               static_cast<int>(value.size()));
-        // An edit that takes digits only leaves other characters out.
-        const std::string taken = WindowText(window);
-        if (value.compare(0, taken.size(), taken) != 0 || (taken.empty() && !value.empty())) {
-            return Refuse(kBadInput, name + ": " + Quoted(value) + " cannot be typed there" +
-                                         (taken.empty() ? "" : ", only " + Quoted(taken)));
-        }
-        LeaveEdit(window);
-        SetOutcome outcome;
-        const std::string shown = WindowText(window);
-        if (shown != value) outcome.notes.push_back(name + "=" + value + ": stored as " + shown);
-        return outcome;
-    }
-    if (kind == "slider") {
-        const auto number = NumberOf(value);
-        if (!number) return Refuse(kBadInput, name + ": " + Quoted(value) + " is not a number");
-        const LONG low = static_cast<LONG>(SendMessageA(window, TBM_GETRANGEMIN, 0, 0));
-        const LONG high = static_cast<LONG>(SendMessageA(window, TBM_GETRANGEMAX, 0, 0));
-        const long wanted = *number - control.sliderBase;
-        const LONG position = static_cast<LONG>(std::clamp<long>(wanted, low, high));
-        if (!kv::input::DragTo(window, position)) return unreachable(window);
-        SetOutcome outcome;
-        if (position != wanted) {
-            outcome.notes.push_back(name + "=" + value + ": stored as " +
-                                    std::to_string(position + control.sliderBase) +
-                                    ", it goes from " + std::to_string(low + control.sliderBase) +
-                                    " to " + std::to_string(high + control.sliderBase));
-        }
-        return outcome;
-    }
-    int index = FindChoice(control, offered, value);
+    const int index = FindChoice(control, offered, value);
     if (index < 0) {
         return Refuse(kBadInput, name + ": " + Quoted(value) + " is not offered; expected one of " +
                                      OfferText(offered));
     }
-    if (kind == "radio") {
-        HWND button = nullptr;
-        for (unsigned i = 0; i < control.choiceCount; ++i) {
-            if (control.choices[i].value == offered[index].value) {
-                button = GetDlgItem(GetParent(window), static_cast<int>(control.choices[i].buttonId));
-            }
-        }
-        if (!kv::input::Click(button)) return unreachable(button);
-        return {};
-    }
-    if (kind == "check") {
-        const bool on = SendMessageA(window, BM_GETCHECK, 0, 0) == BST_CHECKED;
-        const bool wanted = index == 1;
-        if (!kv::input::CanReach(window)) return unreachable(window);
-        if (on != wanted) kv::input::Click(window);
-        return {};
-    }
-    if (!kv::input::Choose(window, index)) return unreachable(window);
-    if (kind == "combo" && !IsTaken(control, window, index, offered[static_cast<size_t>(index)], value)) {
+    const ChoiceText& wanted = offered[static_cast<size_t>(index)];
+    if (kind == "radio") return PressRadio(control, wanted.value, window);
+    if (kind == "check") return SwitchCheck(control, index == 1, window);
+    if (!kv::input::Choose(window, index)) return Unreachable(control, window);
+    if (kind == "combo" && !IsTaken(control, window, index, wanted, value)) {
         return Refuse(kRefused, name + "=" + value + ": refused, the page keeps " +
                                     Quoted(ShownText(control, window)));
     }

@@ -13,6 +13,7 @@ struct PageRow {
     const char* shortName;
 };
 // In the order of the sheet's pages: dialog name, template, caption, a shorter name.
+// clang-format off
 constexpr PageRow kPages[kSheetPages] = {
     {"DLGTAB0",       "TAB0R",      "Basic",                  "Basic"},
     {"DLGTAB1",       "TAB1R",      "Layout",                 "Layout"},
@@ -23,6 +24,7 @@ constexpr PageRow kPages[kSheetPages] = {
     {"DLGTABVERSION", "TABVERSION", "Troubleshooting",        "Troubleshooting"},
     {"DLGTAB4",       "TAB4",       "Job Management",         "Job"},
 };
+// clang-format on
 
 bool SameName(std::string_view left, std::string_view right) {
     return left.size() == right.size() && strncasecmp(left.data(), right.data(), left.size()) == 0;
