@@ -1,5 +1,5 @@
-// Stored settings records: one file per printer in the state directory. A record is checked before it
-// is used or stored; a bad one is kept aside and the printer's defaults take its place.
+// Stored settings records: one file per printer in the state directory. A record is checked before
+// it is used or stored; a bad one is kept aside and the printer's defaults take its place.
 #pragma once
 
 #include <printer_block.h>

@@ -57,7 +57,8 @@ struct DescribedResolution {
     LONG y = 0;
 };
 
-// A section that no reader of this file knows: its lines as they are. The profile services search them.
+// A section that no reader of this file knows: its lines as they are. The profile services search
+// them.
 struct DescribedSection {
     std::string name;
     std::vector<std::pair<std::string, std::string>> rows;

@@ -38,13 +38,14 @@ constexpr DWORD kPrinterValueText = 3;    // string
 // Ids of the framework's own strings that the module asks for.
 constexpr UINT kFrameworkStringDotGainSection = 1104;
 constexpr UINT kFrameworkStringDotGainKeyFields = 1122;
-constexpr UINT kFrameworkStringHelpFileValue = 2253;  // name of the printer value with the help file
+// The name of the printer value with the help file.
+constexpr UINT kFrameworkStringHelpFileValue = 2253;
 constexpr UINT kFrameworkStringTableLibraryValue = 2270;
 
 extern "C" {
 // Non-zero when the value exists and the buffer holds it (text is always terminated).
-int QDMGetPrinterKeyValue(PrinterBlock* printer, DWORD section, LPCSTR name, DWORD type, LPVOID buffer,
-                          DWORD size);
+int QDMGetPrinterKeyValue(PrinterBlock* printer, DWORD section, LPCSTR name, DWORD type,
+                          LPVOID buffer, DWORD size);
 // Fills a whole 1,296-byte settings record with the printer's defaults; `current` may be null.
 int QDMGetStdDefaults(PrinterBlock* printer, LPVOID record, LPCVOID current);
 // The framework's text for the id; answers its length, 0 when there is none.
@@ -57,7 +58,8 @@ const PaperArea* QDMGetPaperArea(PrinterBlock* printer, LONG paperCode);
 int QDMGetResolutionList(PrinterBlock* printer, ResolutionInfo* result);
 // Null when there is no such section; the handle stays valid until the next call.
 ProfileHandle QDMFindProfileSection(PrinterBlock* printer, DWORD section, LPCSTR name);
-// The values of the named fields of a settings record, both separated by commas. Non-zero on success.
+// The values of the named fields of a settings record, both separated by commas. Non-zero on
+// success.
 int QDMCreateProfileKey(PrinterBlock* printer, DWORD section, LPCSTR fields, LPCVOID record,
                         LPSTR key, DWORD size);
 // The value of the first row that the key fits; "*" in a row's key fits any field. Non-zero on

@@ -1,5 +1,5 @@
-// KVLIST: the printer's user-defined lists. A handle is a working copy; Write makes it the stored list,
-// Cancel drops it. Implemented in framework/list.
+// KVLIST: the printer's user-defined lists. A handle is a working copy; Write makes it the stored
+// list, Cancel drops it. Implemented in framework/list.
 #pragma once
 
 #include <list_records.h>
@@ -29,8 +29,10 @@ int QDMMLTCancelBin(ListHandle list, PrinterBlock* printer);
 int QDMMLTCancelOUTBin(ListHandle list, PrinterBlock* printer);
 
 int QDMMLTGetPaperNum(ListHandle list, PrinterBlock* printer, DWORD scope);
-int QDMMLTGetPaperArray(ListHandle list, PrinterBlock* printer, CustomPaperRecord* buffer, DWORD scope);
-int QDMMLTGetPaperWithID(ListHandle list, PrinterBlock* printer, CustomPaperRecord* record, DWORD id);
+int QDMMLTGetPaperArray(ListHandle list, PrinterBlock* printer, CustomPaperRecord* buffer,
+                        DWORD scope);
+int QDMMLTGetPaperWithID(ListHandle list, PrinterBlock* printer, CustomPaperRecord* record,
+                         DWORD id);
 DWORD QDMMLTGetPaperID(ListHandle list, DWORD lowest, DWORD highest);
 int QDMMLTAddPaper(ListHandle list, PrinterBlock* printer, CustomPaperRecord* record, DWORD scope);
 int QDMMLTUpdatePaper(ListHandle list, PrinterBlock* printer, const CustomPaperRecord* record);
@@ -39,9 +41,11 @@ int QDMMLTDeletePaper(ListHandle list, PrinterBlock* printer, DWORD id);
 int QDMMLTGetWatermarkNum(ListHandle list, PrinterBlock* printer, DWORD scope);
 int QDMMLTGetWatermarkArray(ListHandle list, PrinterBlock* printer, WatermarkRecord* buffer,
                             DWORD scope);
-int QDMMLTGetWatermarkWithID(ListHandle list, PrinterBlock* printer, WatermarkRecord* record, DWORD id);
+int QDMMLTGetWatermarkWithID(ListHandle list, PrinterBlock* printer, WatermarkRecord* record,
+                             DWORD id);
 DWORD QDMMLTGetWatermarkID(ListHandle list, DWORD lowest, DWORD highest);
-int QDMMLTAddWatermark(ListHandle list, PrinterBlock* printer, WatermarkRecord* record, DWORD scope);
+int QDMMLTAddWatermark(ListHandle list, PrinterBlock* printer, WatermarkRecord* record,
+                       DWORD scope);
 int QDMMLTUpdateWatermark(ListHandle list, PrinterBlock* printer, const WatermarkRecord* record);
 int QDMMLTDeleteWatermark(ListHandle list, PrinterBlock* printer, DWORD id);
 
@@ -53,5 +57,6 @@ int QDMMLTDeleteBin(ListHandle list, PrinterBlock* printer, const BinRecord* rec
 int QDMMLTLoadQDDBinInfo(ListHandle list, PrinterBlock* printer, BinRecord* out, DWORD listNumber);
 int QDMMLTGetOUTBinNum(ListHandle list, PrinterBlock* printer);
 int QDMMLTGetOUTBinArray(ListHandle list, PrinterBlock* printer, BinRecord* buffer);
-int QDMMLTUpdateOUTBin(ListHandle list, PrinterBlock* printer, const BinRecord* record, DWORD entryId);
+int QDMMLTUpdateOUTBin(ListHandle list, PrinterBlock* printer, const BinRecord* record,
+                       DWORD entryId);
 }

@@ -1,5 +1,5 @@
-// KVUIHOST as the module sees it: per-dialog state, the UI mode and the shared UI block. Implemented in
-// framework/uihost.
+// KVUIHOST as the module sees it: per-dialog state, the UI mode and the shared UI block.
+// Implemented in framework/uihost.
 #pragma once
 
 #include <printer_block.h>
@@ -22,8 +22,8 @@ struct HostUiBlock {
 
 extern "C" {
 int QDMCrackInfo(HWND window, UINT message, LPARAM lParam, LPVOID* hostA, HINSTANCE* resources,
-                 LPVOID* hostB, LPVOID* pageState, DEVMODEA** publicSettings, BYTE** privateSettings,
-                 LPVOID* reserved, PrinterBlock** printer);
+                 LPVOID* hostB, LPVOID* pageState, DEVMODEA** publicSettings,
+                 BYTE** privateSettings, LPVOID* reserved, PrinterBlock** printer);
 LPVOID QDMDialogAlloc(HWND window, DWORD size);
 HostUiBlock* GetQDMUIInfo(HWND window, DWORD code, LPARAM lParam);
 int QDMGetMode(HWND window, UINT message, LPARAM lParam, DWORD* mode);

@@ -1,5 +1,6 @@
-// What a host program needs to run the module's property sheet: load the module, make the sheet of its
-// pages over a settings record, and learn when the pages have applied. Implemented in framework/uihost.
+// What a host program needs to run the module's property sheet: load the module, make the sheet of
+// its pages over a settings record, and learn when the pages have applied. Implemented in
+// framework/uihost.
 #pragma once
 
 #include <kvuihost.h>
@@ -37,8 +38,8 @@ class DriverModule {
 
     // Runs the sheet modally: 1 after OK, 0 after Cancel, -1 on failure.
     INT_PTR RunSheet(const SheetRequest& request);
-    // Creates the sheet modelessly (command line, tests, pictures); null on failure. The request must
-    // outlive the sheet.
+    // Creates the sheet modelessly (command line, tests, pictures); null on failure. The request
+    // must outlive the sheet.
     HWND CreateSheet(const SheetRequest& request);
 
     // Runs an exported dialog procedure modally over a page of an open sheet, for the dialogs that

@@ -41,7 +41,9 @@ ExitStatus RunRecordImport(const Options& options, const std::string& file) {
     const Record stored = session.record();
     session.record() = imported;
     if (!session.StoreRecord()) return kRefused;
-    for (const std::string& line : ChangedFields(stored, imported)) std::printf("%s\n", line.c_str());
+    for (const std::string& line : ChangedFields(stored, imported)) {
+        std::printf("%s\n", line.c_str());
+    }
     return kDone;
 }
 

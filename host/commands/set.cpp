@@ -24,7 +24,8 @@ void PrintResult(const Options& options, const std::vector<std::string>& changed
         fields[line.substr(0, at)] = std::stol(line.substr(at + 1));
     }
     const nlohmann::ordered_json result = {{"changed", fields}, {"notes", notes}};
-    std::printf("%s\n", result.dump(2, ' ', false, nlohmann::json::error_handler_t::replace).c_str());
+    std::printf("%s\n",
+                result.dump(2, ' ', false, nlohmann::json::error_handler_t::replace).c_str());
 }
 
 struct Assignment {

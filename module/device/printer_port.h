@@ -1,5 +1,5 @@
-// Classification of the printer's port: whether, and by which road, the printer can be asked for its
-// configuration.
+// Classification of the printer's port: whether, and by which road, the printer can be asked for
+// its configuration.
 #pragma once
 
 #include <winsock2.h>

@@ -1,5 +1,5 @@
-// What the pages ask the spooler about their printer: access, attributes, and the printer-level values
-// "InstalledOptions" and "AutoConfigure".
+// What the pages ask the spooler about their printer: access, attributes, and the printer-level
+// values "InstalledOptions" and "AutoConfigure".
 #pragma once
 
 #include <string>

@@ -14,8 +14,8 @@ namespace {
 constexpr DWORD kMaxOverlayData = 16 * 280;
 }  // namespace
 
-bool ReadOverlayEntry(const SheetContext& context, const char* valueName, DWORD overlayId, char* text,
-                      DWORD textSize) {
+bool ReadOverlayEntry(const SheetContext& context, const char* valueName, DWORD overlayId,
+                      char* text, DWORD textSize) {
     text[0] = '\0';
     std::vector<char> data(kMaxOverlayData);
     const DWORD size = ReadPrinterData(context, valueName, data.data(), kMaxOverlayData);

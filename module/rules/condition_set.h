@@ -1,5 +1,5 @@
-// Conditions: sets of acceptable values of one setting, as rules spell them ("3-7", "-5", "20-", "4"),
-// and the test of a value against them.
+// Conditions: sets of acceptable values of one setting, as rules spell them ("3-7", "-5", "20-",
+// "4"), and the test of a value against them.
 #pragma once
 
 #include <windows.h>

@@ -26,7 +26,7 @@ int AskConflictResolution(HWND page, SheetContext& context, LONG targetNegate, L
 
 // The item's name and the text of one of its values, as the user sees them; buffers of
 // kReportTextSize.
-void DescribeItemValue(SheetContext& context, DWORD controlId, LONG value, LONG bitValue, char* name,
-                       char* text);
+void DescribeItemValue(SheetContext& context, DWORD controlId, LONG value, LONG bitValue,
+                       char* name, char* text);
 
 }  // namespace kvui

@@ -50,8 +50,9 @@ void ForceSetting(SheetContext& context, const ItemField& target, LONG value) {
     const DWORD id = target.item->controlId;
     if (id == IDC_COMBO_DENSITY) NormaliseDistribution(*context.privateSettings);
     if (id == IDC_EDIT_PASSWORD) NormaliseJobPassword(*context.privateSettings);
-    if (id == IDC_COMBO_DENSITY || id == IDC_EDIT_PASSWORD)
+    if (id == IDC_COMBO_DENSITY || id == IDC_EDIT_PASSWORD) {
         React(context, id, ReactScope::kOneControl);
+    }
 }
 
 void EnableControl(HWND dialog, DWORD controlId, BOOL enable) {

@@ -1,5 +1,5 @@
-// The two sheet-wide caches made from the rules file: the raw sections (RulesCache) and the gray-out
-// rules by target (GrayOutIndex). Built once per sheet by LoadSheetRules, then only read.
+// The two sheet-wide caches made from the rules file: the raw sections (RulesCache) and the
+// gray-out rules by target (GrayOutIndex). Built once per sheet by LoadSheetRules, then only read.
 #pragma once
 
 #include <windows.h>

@@ -61,8 +61,8 @@ int ReadCommaNumbers(const char* text, LONG* numbers, int capacity);
 // `field` is always terminated; longer fields are cut.
 void ReadToken(const char*& text, char stop, char* field, size_t fieldSize);
 
-// Whether lengths are millimetres or inches here, by the printer value "CustomPaperUnit", else by the
-// user's locale.
+// Whether lengths are millimetres or inches here, by the printer value "CustomPaperUnit", else by
+// the user's locale.
 bool UsesMillimetres(PrinterBlock* printer);
 // The paper code that stands for "the regional default": 9 (A4) or 1 (Letter).
 LONG RegionalDefaultPaper(PrinterBlock* printer);

@@ -78,7 +78,9 @@ RouteResult PaperBox(const Command& command) {
 RouteResult AllPaperSizes(const Command& command) {
     const bool changed = Dispatch(command);
     for (const DWORD id : {IDC_COMBO_PAPER_SIZE, IDC_COMBO_OUT_PAPER}) {
-        if (const ControlItem* item = ItemById(id)) FillControl(command.context, command.page, *item);
+        if (const ControlItem* item = ItemById(id)) {
+            FillControl(command.context, command.page, *item);
+        }
     }
     return {true, changed};
 }
@@ -98,7 +100,8 @@ RouteResult TrackedEdit(const Command& command) {
     if (!(flags & kSheetTyping)) return {false, false};
     if (command.code == EN_UPDATE) {
         const bool changed = Dispatch(command);
-        SendMessageA(GetParent(command.page), PSM_CHANGED, reinterpret_cast<WPARAM>(command.page), 0);
+        SendMessageA(GetParent(command.page), PSM_CHANGED, reinterpret_cast<WPARAM>(command.page),
+                     0);
         return {true, changed};
     }
     if (command.code == EN_KILLFOCUS) {

@@ -62,7 +62,9 @@ bool IsListBox(HWND window) {
 }
 
 bool BoxHolds(HWND box, const BoxMessages& messages, const std::vector<ListEntry>& entries) {
-    if (SendMessageA(box, messages.count, 0, 0) != static_cast<LRESULT>(entries.size())) return false;
+    if (SendMessageA(box, messages.count, 0, 0) != static_cast<LRESULT>(entries.size())) {
+        return false;
+    }
     std::vector<char> text;
     for (size_t i = 0; i < entries.size(); ++i) {
         if (static_cast<DWORD>(SendMessageA(box, messages.data, i, 0)) != entries[i].value) {
@@ -84,7 +86,9 @@ void PutEntries(HWND box, const BoxMessages& messages, const std::vector<ListEnt
     for (const ListEntry& entry : entries) {
         const LRESULT index =
             SendMessageA(box, messages.add, 0, reinterpret_cast<LPARAM>(entry.text.c_str()));
-        if (index >= 0) SendMessageA(box, messages.setData, index, static_cast<LPARAM>(entry.value));
+        if (index >= 0) {
+            SendMessageA(box, messages.setData, index, static_cast<LPARAM>(entry.value));
+        }
     }
     SendMessageA(box, WM_SETREDRAW, TRUE, 0);
     InvalidateRect(box, nullptr, TRUE);

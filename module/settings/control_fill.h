@@ -1,5 +1,5 @@
-// Fills controls from the settings record: one filler per item type, called at initialisation and from
-// the refresh walk.
+// Fills controls from the settings record: one filler per item type, called at initialisation and
+// from the refresh walk.
 #pragma once
 
 #include "settings/item_catalogue.h"
@@ -15,7 +15,8 @@ void InitialiseControls(SheetContext& context, HWND dialog, const char* dialogNa
 void InitialiseInTableOrder(SheetContext& context, HWND dialog, const char* dialogName);
 
 enum class SettingChanged { kNo, kYes };
-// The refresh walk: hidden controls, contents, gray-out; a second pass when a rule forced something.
+// The refresh walk: hidden controls, contents, gray-out; a second pass when a rule forced
+// something.
 void RefreshDialog(SheetContext& context, SettingChanged changed, HWND dialog,
                    const char* dialogName);
 

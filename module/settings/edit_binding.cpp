@@ -109,7 +109,8 @@ void FillEdit(SheetContext& context, HWND dialog, const ControlItem& item) {
     const HWND edit = GetDlgItem(dialog, static_cast<int>(item.controlId));
     if (edit == nullptr || item.edit == nullptr) return;
     const EditLimits limits = LimitsOf(item);
-    SendMessageA(edit, EM_LIMITTEXT, static_cast<WPARAM>(std::max<LONG>(limits.maxCharacters, 1)), 0);
+    SendMessageA(edit, EM_LIMITTEXT, static_cast<WPARAM>(std::max<LONG>(limits.maxCharacters, 1)),
+                 0);
     EnableWindow(edit, IsShownByOptions(context, item.optionKey));
     if (item.edit->kind == kEditText) return;
     const LONG scale = static_cast<LONG>(PowerOfTen(std::clamp<LONG>(item.edit->decimals, 0, 9)));

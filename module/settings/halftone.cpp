@@ -89,8 +89,9 @@ HalftoneList::HalftoneList(const SheetContext& context)
       depletion(context.privateSettings->Depletion) {
     AddStrings(context.resources, IDS_HALFTONE_FINE);
     // Without the UI host there would be only this program's own strings to look at.
-    if (uiHost != nullptr && UsesTableLibrary(context))
+    if (uiHost != nullptr && UsesTableLibrary(context)) {
         AddStrings(uiHost, kFirstTableLibraryString);
+    }
     AddFrameworkSection();
 }
 

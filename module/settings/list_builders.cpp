@@ -104,8 +104,9 @@ std::vector<CustomPaperRecord> VisiblePapers(SheetContext& context) {
 }
 
 void AddRunTimeEntries(SheetContext& context, DWORD controlId, std::vector<ListEntry>& entries) {
-    const auto* row = std::find_if(std::begin(kRunTimeLists), std::end(kRunTimeLists),
-                                   [&](const RunTimeList& list) { return list.controlId == controlId; });
+    const auto* row =
+        std::find_if(std::begin(kRunTimeLists), std::end(kRunTimeLists),
+                     [&](const RunTimeList& list) { return list.controlId == controlId; });
     if (row != std::end(kRunTimeLists)) row->add(context, entries);
 }
 

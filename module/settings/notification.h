@@ -1,5 +1,5 @@
-// From a control's notification to a changed setting: the dispatcher that reads a control back by its
-// type, and the command router of the pages.
+// From a control's notification to a changed setting: the dispatcher that reads a control back by
+// its type, and the command router of the pages.
 #pragma once
 
 #include "settings/item_catalogue.h"

@@ -1,5 +1,6 @@
-// Settings reactor. One function per derived group; React decides from the control (or the whole-page
-// scope) which of them run, in the order that the rendering side's fields depend on each other.
+// Settings reactor. One function per derived group; React decides from the control (or the
+// whole-page scope) which of them run, in the order that the rendering side's fields depend on each
+// other.
 #include "settings/reactor.h"
 
 #include <kvcore.h>
@@ -197,8 +198,9 @@ void React(SheetContext& context, DWORD id, ReactScope scope) {
         DeriveResolution(context);
         PublishThresholdTables(context);
     }
-    if (whole || id == IDC_COMBO_COVER_SOURCE)
+    if (whole || id == IDC_COMBO_COVER_SOURCE) {
         settings.mdmBackPageSource = settings.mdmFirstPageSource;
+    }
     if (id == IDC_CHK_ACCESS_CODE && !(settings.mdmSecurity & 0x1)) settings.mdmAccessNumber = 0;
     if (whole || id == IDC_LIST_OVERLAY) ReadChosenOverlayPath(context);
     if (whole) DerivePoster(settings);

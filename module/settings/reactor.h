@@ -1,5 +1,5 @@
-// The settings reactor: keeps the fields that the rendering side reads consistent with the module's own
-// settings.
+// The settings reactor: keeps the fields that the rendering side reads consistent with the module's
+// own settings.
 #pragma once
 
 #include "ui/sheet_context.h"

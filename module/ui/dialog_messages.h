@@ -1,5 +1,5 @@
-// The procedure of a sub-dialog whose ways are its own: which handler a message goes to. Dialogs that
-// differ little from each other use sub_dialog_skeleton.h instead.
+// The procedure of a sub-dialog whose ways are its own: which handler a message goes to. Dialogs
+// that differ little from each other use sub_dialog_skeleton.h instead.
 #pragma once
 
 #include "ui/sheet_context.h"

@@ -15,9 +15,10 @@ namespace {
 
 constexpr int kHelpNameSize = 261;
 
-// The help file that the printer value formed from the framework's value name holds, with the folder
-// of the driver's files before it; false when the printer names none.
-bool HelpFilePath(const SheetContext& context, const char* valueFormat, char (&path)[kHelpNameSize]) {
+// The help file that the printer value formed from the framework's value name holds, with the
+// folder of the driver's files before it; false when the printer names none.
+bool HelpFilePath(const SheetContext& context, const char* valueFormat,
+                  char (&path)[kHelpNameSize]) {
     char valueName[64] = "";
     if (QDMLoadString(static_cast<HMODULE>(context.hostA), kFrameworkStringHelpFileValue, valueName,
                       sizeof valueName) == 0) {

@@ -168,7 +168,9 @@ void OnNotify(const PageTraits& traits, SheetContext& context, HWND page, const 
 }
 
 INT_PTR OnPaintStatic(const PageTraits& traits, SheetContext& context, HWND control, HDC dc) {
-    if (traits.onPaintStatic == nullptr || !traits.onPaintStatic(context, control, dc)) return FALSE;
+    if (traits.onPaintStatic == nullptr || !traits.onPaintStatic(context, control, dc)) {
+        return FALSE;
+    }
     return reinterpret_cast<INT_PTR>(GetStockObject(NULL_BRUSH));
 }
 

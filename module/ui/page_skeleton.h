@@ -31,13 +31,17 @@ struct PageTraits {
     void (*onInit)(SheetContext&) = nullptr;
     void (*onActivate)(SheetContext&) = nullptr;
     void (*beforeCommand)(SheetContext&, DWORD id, WORD code) = nullptr;
-    void (*onCommand)(SheetContext&, DWORD id, WORD code) = nullptr;   // after routing, changed or not
+    // After routing, changed or not.
+    void (*onCommand)(SheetContext&, DWORD id, WORD code) = nullptr;
     void (*onDefaults)(SheetContext&) = nullptr;
     void (*onChanged)(SheetContext&, DWORD id) = nullptr;
-    void (*onScroll)(SheetContext&, HWND control, WORD code) = nullptr;  // before it is read back
-    void (*afterCommand)(SheetContext&, SettingChanged) = nullptr;     // all derived, before the refresh
+    // Before the control is read back.
+    void (*onScroll)(SheetContext&, HWND control, WORD code) = nullptr;
+    // All fields derived, before the refresh.
+    void (*afterCommand)(SheetContext&, SettingChanged) = nullptr;
     void (*afterRefresh)(SheetContext&) = nullptr;
-    void (*onApply)(SheetContext&) = nullptr;                          // before the snapshot
+    // Before the snapshot.
+    void (*onApply)(SheetContext&) = nullptr;
     bool (*onPaintStatic)(SheetContext&, HWND control, HDC dc) = nullptr;
     bool (*onMessage)(SheetContext&, UINT message, WPARAM wParam, LPARAM lParam) = nullptr;
 };

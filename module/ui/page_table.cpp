@@ -54,7 +54,8 @@ const SubDialogCaption kSubDialogCaptions[] = {
 
 // By family.
 const char* const kDialogNames[kFamilyCount] = {
-    "DLGTAB0", "DLGTAB1", "DLGTAB2", "DLGTAB3", "DLGTAB4", "DLGTABVERSION", "DLGTABOVER", "DLGTABWM",
+    "DLGTAB0", "DLGTAB1",       "DLGTAB2",    "DLGTAB3",
+    "DLGTAB4", "DLGTABVERSION", "DLGTABOVER", "DLGTABWM",
 };
 
 const PageCaption* CaptionOfTemplate(const char* templateName) {

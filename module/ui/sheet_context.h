@@ -17,7 +17,7 @@ struct ParsedRules;
 // Flags of SheetContext.
 constexpr DWORD kSheetReadOnly = 0x1;          // settings may not be changed: controls disabled
 constexpr DWORD kSheetSecondPermission = 0x2;
-constexpr DWORD kSheetDataNotWritable = 0x4;   // printer data cannot be written: list buttons hidden
+constexpr DWORD kSheetDataNotWritable = 0x4;  // printer data cannot be written: list buttons hidden
 constexpr DWORD kSheetTyping = 0x8;            // a tracked edit has the focus
 constexpr DWORD kSheetListsLoaded = 0x10;
 

@@ -72,8 +72,8 @@ DWORD SheetBlockSize(DWORD tailSize) { return kTailOffset + tailSize; }
 SheetContext* BeginPageMessage(HWND page, UINT message, LPARAM lParam, DWORD tailSize) {
     if (message != WM_INITDIALOG) {
         LPVOID state = nullptr;
-        if (!QDMCrackInfo(page, message, lParam, nullptr, nullptr, nullptr, &state, nullptr, nullptr,
-                          nullptr, nullptr)) {
+        if (!QDMCrackInfo(page, message, lParam, nullptr, nullptr, nullptr, &state, nullptr,
+                          nullptr, nullptr, nullptr)) {
             return nullptr;
         }
         return static_cast<SheetContext*>(state);

@@ -1,5 +1,5 @@
-// A sheet's beginning and end: what the first page to start does for all, and what the first page to
-// be destroyed puts away for all.
+// A sheet's beginning and end: what the first page to start does for all, and what the first page
+// to be destroyed puts away for all.
 #pragma once
 
 #include "ui/sheet_context.h"

@@ -1,4 +1,5 @@
-// Snapshot, restore and comparison are one walk over a table of places with three different actions.
+// Snapshot, restore and comparison are one walk over a table of places with three different
+// actions.
 #include "ui/snapshot.h"
 
 #include <algorithm>
@@ -63,8 +64,9 @@ void ForEachField(Settings* record, Private* priv, Snapshot* snapshot, Act act) 
 
 void TakeSnapshot(SheetContext& context) {
     SettingsSnapshot& snapshot = *context.snapshot;
-    ForEachField(context.settings, context.privateSettings, &snapshot,
-                 [](char* setting, char* saved, size_t size) { std::memcpy(saved, setting, size); });
+    ForEachField(
+        context.settings, context.privateSettings, &snapshot,
+        [](char* setting, char* saved, size_t size) { std::memcpy(saved, setting, size); });
     std::memcpy(snapshot.watermark, context.privateSettings->watermarkRecord, kWatermarkCopySize);
     std::memcpy(snapshot.userName, context.privateSettings->userName, kUserNameSize);
     CopyText(snapshot.overlayPath, context.overlayPath);
@@ -72,8 +74,9 @@ void TakeSnapshot(SheetContext& context) {
 
 void RestoreSnapshot(SheetContext& context) {
     SettingsSnapshot& snapshot = *context.snapshot;
-    ForEachField(context.settings, context.privateSettings, &snapshot,
-                 [](char* setting, char* saved, size_t size) { std::memcpy(setting, saved, size); });
+    ForEachField(
+        context.settings, context.privateSettings, &snapshot,
+        [](char* setting, char* saved, size_t size) { std::memcpy(setting, saved, size); });
     std::memcpy(context.privateSettings->watermarkRecord, snapshot.watermark, kWatermarkCopySize);
     std::memcpy(context.privateSettings->userName, snapshot.userName, kUserNameSize);
     CopyText(context.overlayPath, snapshot.overlayPath);

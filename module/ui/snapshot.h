@@ -1,5 +1,5 @@
-// The copy of the settings that a page can take back: taken after every accepted change, restored on
-// cancel, and compared to tell whether anything changed.
+// The copy of the settings that a page can take back: taken after every accepted change, restored
+// on cancel, and compared to tell whether anything changed.
 #pragma once
 
 #include <windows.h>

@@ -1,4 +1,5 @@
-// The skeleton of the module's sub-dialogs: title, snapshot, dispatch, and everything undone on Cancel.
+// The skeleton of the module's sub-dialogs: title, snapshot, dispatch, and everything undone on
+// Cancel.
 #pragma once
 
 #include "ui/sheet_context.h"

@@ -97,7 +97,8 @@ struct TCITEMA {
 
 extern "C" {
 void WINAPI InitCommonControls();
-HWND WINAPI CreateUpDownControl(DWORD style, int x, int y, int width, int height, HWND parent, int id,
-                                HINSTANCE instance, HWND buddy, int upper, int lower, int position);
+HWND WINAPI CreateUpDownControl(DWORD style, int x, int y, int width, int height, HWND parent,
+                                int id, HINSTANCE instance, HWND buddy, int upper, int lower,
+                                int position);
 }
 #endif  // RC_INVOKED

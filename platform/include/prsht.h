@@ -15,8 +15,8 @@ constexpr DWORD PSH_HASHELP = 0x0200;
 constexpr DWORD PSH_MODELESS = 0x0400;
 constexpr DWORD PSH_RTLREADING = 0x0800;
 
-// The page's dialog procedure receives a pointer to (a copy of) this record as the long parameter of
-// WM_INITDIALOG.
+// The page's dialog procedure receives a pointer to (a copy of) this record as the long parameter
+// of WM_INITDIALOG.
 struct PROPSHEETPAGEA {
     DWORD dwSize;
     DWORD dwFlags;

@@ -30,9 +30,9 @@ BOOL WINAPI OpenThreadToken(HANDLE thread, DWORD access, BOOL openAsSelf, HANDLE
 BOOL WINAPI OpenProcessToken(HANDLE process, DWORD access, HANDLE* token);
 BOOL WINAPI GetTokenInformation(HANDLE token, TOKEN_INFORMATION_CLASS infoClass, LPVOID info,
                                 DWORD size, PDWORD needed);
-BOOL WINAPI AllocateAndInitializeSid(const SID_IDENTIFIER_AUTHORITY* authority, BYTE count, DWORD a0,
-                                     DWORD a1, DWORD a2, DWORD a3, DWORD a4, DWORD a5, DWORD a6,
-                                     DWORD a7, PSID* sid);
+BOOL WINAPI AllocateAndInitializeSid(const SID_IDENTIFIER_AUTHORITY* authority, BYTE count,
+                                     DWORD a0, DWORD a1, DWORD a2, DWORD a3, DWORD a4, DWORD a5,
+                                     DWORD a6, DWORD a7, PSID* sid);
 BOOL WINAPI EqualSid(PSID left, PSID right);
 PVOID WINAPI FreeSid(PSID sid);
 }

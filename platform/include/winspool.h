@@ -55,8 +55,8 @@ BOOL WINAPI OpenPrinterA(LPCSTR printerName, HANDLE* printer, const PRINTER_DEFA
 BOOL WINAPI ClosePrinter(HANDLE printer);
 BOOL WINAPI GetPrinterA(HANDLE printer, DWORD level, LPBYTE buffer, DWORD size, LPDWORD needed);
 BOOL WINAPI SetPrinterA(HANDLE printer, DWORD level, LPBYTE info, DWORD command);
-DWORD WINAPI GetPrinterDataA(HANDLE printer, LPCSTR valueName, LPDWORD type, LPBYTE data, DWORD size,
-                             LPDWORD needed);
+DWORD WINAPI GetPrinterDataA(HANDLE printer, LPCSTR valueName, LPDWORD type, LPBYTE data,
+                             DWORD size, LPDWORD needed);
 DWORD WINAPI SetPrinterDataA(HANDLE printer, LPCSTR valueName, DWORD type, LPBYTE data, DWORD size);
 DWORD WINAPI DeletePrinterDataA(HANDLE printer, LPCSTR valueName);
 BOOL WINAPI EnumPrintersA(DWORD flags, LPCSTR name, DWORD level, LPBYTE buffer, DWORD size,

@@ -1,5 +1,5 @@
-// Windows, messages, dialogs and the basic controls. The upper half (styles and ids) is also read by
-// the resource compiler, so it consists of plain macros.
+// Windows, messages, dialogs and the basic controls. The upper half (styles and ids) is also read
+// by the resource compiler, so it consists of plain macros.
 #pragma once
 #include <windef.h>
 

@@ -221,8 +221,8 @@ DWORD StateStore::SetPrinterData(const std::string& printer, const std::string& 
     std::lock_guard guard(inside_->lock);
     if (size > kLargestValue || (size > 0 && !data)) return ERROR_INVALID_PARAMETER;
     if (const DWORD error = inside_->Prepare(StoreAccess::kWrite)) return error;
-    // A single statement is a transaction of its own: one synchronisation of the disk, and none when
-    // the value stands there already.
+    // A single statement is a transaction of its own: one synchronisation of the disk, and none
+    // when the value stands there already.
     Statement upsert = inside_->database.Use(
         "INSERT INTO printer_data (printer, name, type, data)"
         " SELECT id, ?2, ?3, ?4 FROM printer WHERE name = ?1"

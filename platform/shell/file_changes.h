@@ -1,6 +1,7 @@
-// How long what was read from a file may be taken as unchanged without asking the file system. While
-// one user action runs, driver code reads the same keys a hundred times, and each question would cost
-// far more than the answer. Raised by the file functions and writers, used by those who remember.
+// How long what was read from a file may be taken as unchanged without asking the file system.
+// While one user action runs, driver code reads the same keys a hundred times, and each question
+// would cost far more than the answer. Raised by the file functions and writers, used by those who
+// remember.
 #pragma once
 
 namespace kv {

@@ -60,8 +60,8 @@ const std::string& ProgramPath() {
     return *path;
 }
 
-// The full path of a mapped object. The loader's name for it stays the same as long as it is mapped,
-// and every look at a module handle asks; the file system is asked once.
+// The full path of a mapped object. The loader's name for it stays the same as long as it is
+// mapped, and every look at a module handle asks; the file system is asked once.
 std::string ObjectPath(const char* loaderName) {
     static auto* known = new std::unordered_map<std::string, std::string>;
     static auto* lock = new std::mutex;

@@ -1,4 +1,5 @@
-// kvprefs as an administrator's script runs it: a process, its output, its exit status and its files.
+// kvprefs as an administrator's script runs it: a process, its output, its exit status and its
+// files.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <pty.h>
@@ -184,7 +185,8 @@ TEST_F(CommandLine, AnUnresolvableConflictIsRefusedUnderEveryPolicy) {
                                   "ComboMediaType0=(2),0,0,(ComboStaple,0,0,(0),99)\n";
     const std::string before = Bytes(RecordFile());
     for (const char* policy : {"resolve", "cancel", "ask"}) {
-        const Ran ran = Run(std::string("set EditCopies=5 ComboMediaType=2 --on-conflict=") + policy);
+        const Ran ran =
+            Run(std::string("set EditCopies=5 ComboMediaType=2 --on-conflict=") + policy);
         EXPECT_EQ(ran.status, 1) << policy;
         EXPECT_NE(ran.output.find("Unresolvable situation!"), std::string::npos) << ran.output;
         EXPECT_NE(ran.output.find("nothing was stored"), std::string::npos) << ran.output;

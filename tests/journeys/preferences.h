@@ -1,5 +1,5 @@
-// A person at the printing preferences: a printer on a scratch state directory, its settings record and
-// the module's real sheet, driven through the input layer.
+// A person at the printing preferences: a printer on a scratch state directory, its settings record
+// and the module's real sheet, driven through the input layer.
 #pragma once
 
 #include <framework/core/install_printer.h>

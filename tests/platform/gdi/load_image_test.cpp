@@ -107,7 +107,8 @@ TEST_F(LoadImage, LoadIconSharesOneIconPerResource) {
     EXPECT_EQ(LoadIconA(nullptr, MAKEINTRESOURCEA(600)), first);
     EXPECT_TRUE(DestroyIcon(first));
     EXPECT_TRUE(ViewOf(first)) << "a shared icon outlives DestroyIcon";
-    const HANDLE own = LoadImageA(nullptr, MAKEINTRESOURCEA(600), IMAGE_ICON, 32, 32, LR_DEFAULTCOLOR);
+    const HANDLE own =
+        LoadImageA(nullptr, MAKEINTRESOURCEA(600), IMAGE_ICON, 32, 32, LR_DEFAULTCOLOR);
     EXPECT_NE(own, first);
     EXPECT_TRUE(DestroyIcon(static_cast<HICON>(own)));
     UnregisterModuleResources(resources.bytes.data());
