@@ -11,6 +11,7 @@
 #include "settings/control_fill.h"
 #include "settings/defaults.h"
 #include "settings/notification.h"
+#include "settings/reactor.h"
 
 namespace kvui {
 namespace {
@@ -121,8 +122,7 @@ RouteResult ColourMode(const Command& command) {
 
 RouteResult ColourMatching(const Command& command) {
     const bool changed = Dispatch(command);
-    PrivateDevmode& settings = *command.context.privateSettings;
-    settings.ColorMatching = settings.mdmColorMatching == 2 ? 1 : 0;
+    DeriveColorMatching(*command.context.privateSettings);
     return {true, changed};
 }
 

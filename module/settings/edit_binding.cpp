@@ -21,7 +21,6 @@
 namespace kvui {
 namespace {
 
-constexpr DWORD kNoPassword = 0xFFFFFFFFu;
 
 // Edits of job numbers: what an empty one means while its check box is on.
 struct JobEdit {
@@ -33,8 +32,9 @@ struct JobEdit {
 };
 // edit, bit of mdmSecurity, title string, text string, stored for "empty"
 constexpr JobEdit kJobEdits[] = {
-    {IDC_EDIT_ACCESS_NUMBER, 0x1, IDS_ACCESS_NUMBER_TITLE, IDS_ACCESS_NUMBER_TEXT, 0},
-    {IDC_EDIT_PASSWORD, 0x2, IDS_PASSWORD_TITLE, IDS_PASSWORD_TEXT, kNoPassword},
+    {IDC_EDIT_ACCESS_NUMBER, kSecurityAccessCode, IDS_ACCESS_NUMBER_TITLE, IDS_ACCESS_NUMBER_TEXT,
+     0},
+    {IDC_EDIT_PASSWORD, kSecurityLockJob, IDS_PASSWORD_TITLE, IDS_PASSWORD_TEXT, kNoJobPassword},
 };
 
 const JobEdit* JobEditOf(DWORD editId) {

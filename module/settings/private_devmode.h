@@ -137,9 +137,19 @@ enum LayoutFlag : DWORD {
     kLayoutPoster = 0x400,
 };
 
-// Bits of mdmNupStyle; bits 0 and 1 are the page order.
-constexpr DWORD kNupOrderMask = 0x3;
+// Bits of mdmNupStyle; the first two are the order of the pages.
+constexpr DWORD kNupOrderReversed = 0x1;
+constexpr DWORD kNupOrderDownward = 0x2;
+constexpr DWORD kNupOrderMask = kNupOrderReversed | kNupOrderDownward;
 constexpr DWORD kNupBorder = 0x4;
+
+// Bits of mdmSecurity, and what mdmJobPassword holds while no password is set.
+constexpr DWORD kSecurityAccessCode = 0x1;
+constexpr DWORD kSecurityLockJob = 0x2;
+constexpr DWORD kNoJobPassword = 0xFFFFFFFF;
+
+// Value of mdmColorMatching.
+constexpr DWORD kColorMatchingOn = 2;
 
 // Values of mdmNup that more than one page decides on; kNupPosterFirst and above are posters.
 constexpr DWORD kNupOff = 0;

@@ -27,7 +27,6 @@ constexpr DWORD kDensityMiddle = 0x08000000u;
 constexpr DWORD kDensityLighter = 0x04000000u;
 constexpr DWORD kDensityMask = kDensityDarker | kDensityMiddle | kDensityLighter;
 
-constexpr DWORD kSecurityLockJob = 0x2;
 constexpr DWORD kOptionMailBin = 0x400;
 
 constexpr DWORD kNupModeReversed = 0x1;   // order from the right; booklet: right binding, portrait
@@ -88,8 +87,8 @@ void DerivePagesPerSheet(SheetContext& context) {
     } else if (!IsPoster(settings)) {
         settings.nUp = settings.mdmNup;
         settings.nUpMode &= ~(kNupModeReversed | kNupModeLandscapeRight | kNupModeDownward);
-        if (settings.mdmNupStyle & 0x1) settings.nUpMode |= kNupModeReversed;
-        if (settings.mdmNupStyle & 0x2) settings.nUpMode |= kNupModeDownward;
+        if (settings.mdmNupStyle & kNupOrderReversed) settings.nUpMode |= kNupModeReversed;
+        if (settings.mdmNupStyle & kNupOrderDownward) settings.nUpMode |= kNupModeDownward;
     }
 }
 
@@ -169,7 +168,11 @@ void NormaliseDistribution(PrivateDevmode& settings) {
 }
 
 void NormaliseJobPassword(PrivateDevmode& settings) {
-    if (!(settings.mdmSecurity & kSecurityLockJob)) settings.mdmJobPassword = 0xFFFFFFFFu;
+    if (!(settings.mdmSecurity & kSecurityLockJob)) settings.mdmJobPassword = kNoJobPassword;
+}
+
+void DeriveColorMatching(PrivateDevmode& settings) {
+    settings.ColorMatching = settings.mdmColorMatching == kColorMatchingOn ? 1 : 0;
 }
 
 void React(SheetContext& context, DWORD id, ReactScope scope) {
@@ -201,7 +204,9 @@ void React(SheetContext& context, DWORD id, ReactScope scope) {
     if (whole || id == IDC_COMBO_COVER_SOURCE) {
         settings.mdmBackPageSource = settings.mdmFirstPageSource;
     }
-    if (id == IDC_CHK_ACCESS_CODE && !(settings.mdmSecurity & 0x1)) settings.mdmAccessNumber = 0;
+    if (id == IDC_CHK_ACCESS_CODE && !(settings.mdmSecurity & kSecurityAccessCode)) {
+        settings.mdmAccessNumber = 0;
+    }
     if (whole || id == IDC_LIST_OVERLAY) ReadChosenOverlayPath(context);
     if (whole) DerivePoster(settings);
 }

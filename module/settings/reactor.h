@@ -11,7 +11,8 @@ enum class ReactScope { kOneControl, kWholePage };
 // After every accepted change of a control (kOneControl), or to derive everything again
 // (kWholePage, control id 0).
 void React(SheetContext& context, DWORD controlId, ReactScope scope);
-// The two settings of several bits that are brought into a valid form wherever they change.
+// What rules and pages call on its own, wherever these settings change.
+void DeriveColorMatching(PrivateDevmode& settings);
 void NormaliseDistribution(PrivateDevmode& settings);
 void NormaliseJobPassword(PrivateDevmode& settings);
 // The reverse derivation, once per sheet.

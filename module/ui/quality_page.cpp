@@ -11,6 +11,7 @@
 #include "settings/control_fill.h"
 #include "settings/item_catalogue.h"
 #include "settings/notification.h"
+#include "settings/reactor.h"
 #include "ui/dialog_messages.h"
 #include "ui/exports.h"
 #include "ui/page_skeleton.h"
@@ -108,11 +109,11 @@ void OnScroll(SheetContext& context, HWND control, WORD code) {
     });
 }
 
-// The rendering side reads ColorMatching, the defaults name only mdmColorMatching.
+// The defaults name only the fields that the page binds.
 void OnDefaults(SheetContext& context) {
     PrivateDevmode& settings = *context.privateSettings;
     settings.mdmOtherSettings |= kOtherColor;
-    settings.ColorMatching = settings.mdmColorMatching == 2 ? 1 : 0;
+    DeriveColorMatching(settings);
     UpdateSample(context);
 }
 
