@@ -1,6 +1,7 @@
 // The settings records on the disk: what is refused, what is kept, and where the files lie.
 #include <framework/core/install_printer.h>
 #include <gtest/gtest.h>
+#include <host/host_paths.h>
 #include <host/record_store.h>
 #include <host/session.h>
 #include <platform/registry/state_directory.h>
@@ -24,7 +25,7 @@ class RecordStoreTest : public testing::Test {
         state_ = folder;
         kv::SetStateDirectory(state_);
         std::string error;
-        ASSERT_TRUE(kvcore::InstallPrinter(kName, "USB001", ModelsDirectory(), error)) << error;
+        ASSERT_TRUE(kvcore::InstallPrinter(kName, "USB001", DataPath("models"), error)) << error;
         ASSERT_TRUE(kvcore::MakePrinterBlock(kName, printer_, error)) << error;
     }
     void TearDown() override {
