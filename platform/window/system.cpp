@@ -1,5 +1,6 @@
 // System-wide values and small services: metrics, colours, cursors, key state, the beep.
 #include <platform/display/display.h>
+#include <platform/gdi/objects.h>
 #include <platform/gdi/surface.h>
 #include <platform/window/core.h>
 #include <platform/window/input.h>
@@ -29,7 +30,7 @@ constexpr Metric kMetrics[] = {
     {SM_CXICON, 32}, {SM_CYICON, 32}, {SM_CXEDGE, 2}, {SM_CYEDGE, 2},
 };
 
-// By COLOR_* index.
+// By COLOR_* index, until somebody sets others.
 constexpr COLORREF kColors[] = {
     RGB(200, 200, 200),  // scroll bar
     RGB(0, 0, 0),        // desktop
@@ -60,6 +61,9 @@ constexpr COLORREF kColors[] = {
 constexpr int kColorCount = static_cast<int>(std::size(kColors));
 static_assert(kColorCount > COLOR_3DDKSHADOW);
 
+std::array<COLORREF, kColorCount> colors = std::to_array(kColors);
+std::array<HBRUSH, kColorCount> brushes;
+
 // A system cursor's handle is its resource number with a mark no pointer and no other handle has.
 constexpr std::uintptr_t kCursorMark = std::uintptr_t{6} << 58;
 constexpr unsigned kCursors[] = {32512, 32513, 32514, 32515, 32649};
@@ -88,18 +92,33 @@ int WINAPI GetSystemMetrics(int index) {
 }
 
 DWORD WINAPI GetSysColor(int index) {
-    return index >= 0 && index < kColorCount ? kColors[index] : 0;
+    return index >= 0 && index < kColorCount ? colors[static_cast<size_t>(index)] : 0;
 }
 
 HBRUSH WINAPI GetSysColorBrush(int index) {
     if (index < 0 || index >= kColorCount) return nullptr;
-    static std::array<HBRUSH, kColorCount> brushes;
     HBRUSH& brush = brushes[static_cast<size_t>(index)];
     if (!brush) {
-        brush = CreateSolidBrush(kColors[index]);
+        brush = CreateSolidBrush(GetSysColor(index));
         MakePermanent(brush);
     }
     return brush;
+}
+
+// Brushes that were given out have the new colours too.
+BOOL WINAPI SetSysColors(int count, const INT* indices, const COLORREF* values) {
+    if (count < 0 || !indices || !values) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return FALSE;
+    }
+    for (int i = 0; i < count; ++i) {
+        if (indices[i] < 0 || indices[i] >= kColorCount) continue;
+        const auto index = static_cast<size_t>(indices[i]);
+        colors[index] = values[i];
+        if (auto* brush = ObjectOf<Brush>(brushes[index])) brush->color = values[i];
+    }
+    for (HWND window : TopLevelWindows()) SendMessageA(window, WM_SYSCOLORCHANGE, 0, 0);
+    return TRUE;
 }
 
 HCURSOR WINAPI LoadCursorA(HINSTANCE instance, LPCSTR name) {

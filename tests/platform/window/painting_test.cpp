@@ -138,6 +138,17 @@ TEST_F(WindowPainting, RectangleAndColourHelpersKeepTheirRules) {
     EXPECT_EQ(GetSysColorBrush(COLOR_BTNFACE), GetSysColorBrush(COLOR_BTNFACE));
     EXPECT_EQ(GetSysColorBrush(-1), nullptr);
     EXPECT_EQ(GetSysColorBrush(1000), nullptr);
+    // A set colour shows in brushes that were given out before.
+    const INT index = COLOR_BTNFACE;
+    const COLORREF before = GetSysColor(index);
+    const COLORREF dark = RGB(40, 41, 42);
+    EXPECT_TRUE(SetSysColors(1, &index, &dark));
+    EXPECT_EQ(GetSysColor(index), dark);
+    LOGBRUSH brush{};
+    GetObjectA(GetSysColorBrush(index), sizeof brush, &brush);
+    EXPECT_EQ(brush.lbColor, dark);
+    EXPECT_TRUE(SetSysColors(1, &index, &before));
+    EXPECT_FALSE(SetSysColors(1, nullptr, &before));
     EXPECT_EQ(SystemCursorId(LoadCursorA(nullptr, IDC_WAIT())), 32514u);
     EXPECT_EQ(LoadCursorA(nullptr, MAKEINTRESOURCEA(1)), nullptr);
 }
