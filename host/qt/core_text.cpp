@@ -56,6 +56,12 @@ std::string ToAnsi(const QString& text) {
     return result;
 }
 
+QString Directed(const QString& text, Qt::LayoutDirection direction) {
+    constexpr QChar kLeftToRightMark(0x200E);
+    if (direction != Qt::RightToLeft || text.isEmpty() || text.isRightToLeft()) return text;
+    return kLeftToRightMark + text + kLeftToRightMark;
+}
+
 QString WindowTextOf(HWND window) {
     const int length = GetWindowTextLengthA(window);
     if (length <= 0) return {};

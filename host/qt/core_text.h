@@ -14,6 +14,10 @@ namespace kvqt {
 QString FromAnsi(std::string_view text);
 std::string ToAnsi(const QString& text);
 
+// The text as it is to be shown in a window of a direction: texts of languages from left to right,
+// and numbers, keep their order in windows from right to left.
+QString Directed(const QString& text, Qt::LayoutDirection direction);
+
 // The text of a window, asked for by message so that subclasses have their say. Line ends are '\n'.
 QString WindowTextOf(HWND window);
 DWORD StyleOf(HWND window);

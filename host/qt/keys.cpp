@@ -52,17 +52,6 @@ int Turned(int virtualKey, const QWidget& widget) {
     return virtualKey;
 }
 
-bool HasArrows(HWND edit) {
-    const kv::Window* record = kv::WindowFromHandle(edit);
-    const kv::Window* parent = record ? kv::WindowFromHandle(record->parent) : nullptr;
-    if (!parent) return false;
-    for (HWND sibling : parent->children) {
-        if (kv::KindOf(sibling) != "updown" || (StyleOf(sibling) & UDS_ARROWKEYS) == 0) continue;
-        if (reinterpret_cast<HWND>(SendMessageA(sibling, UDM_GETBUDDY, 0, 0)) == edit) return true;
-    }
-    return false;
-}
-
 std::optional<char> TypedCharacter(const QKeyEvent& event) {
     if ((event.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0) return std::nullopt;
     const std::string text = ToAnsi(event.text());
@@ -124,6 +113,17 @@ std::optional<CoreKey> ControlKey(HWND window, const QWidget& widget, const QKey
 }
 
 }  // namespace
+
+bool HasArrows(HWND edit) {
+    const kv::Window* record = kv::WindowFromHandle(edit);
+    const kv::Window* parent = record ? kv::WindowFromHandle(record->parent) : nullptr;
+    if (!parent) return false;
+    for (HWND sibling : parent->children) {
+        if (kv::KindOf(sibling) != "updown" || (StyleOf(sibling) & UDS_ARROWKEYS) == 0) continue;
+        if (reinterpret_cast<HWND>(SendMessageA(sibling, UDM_GETBUDDY, 0, 0)) == edit) return true;
+    }
+    return false;
+}
 
 bool HandleKey(QtDisplay& display, QWidget& widget, QKeyEvent& event) {
     if (QApplication::activePopupWidget()) return false;

@@ -12,4 +12,7 @@ namespace kvqt {
 // core took the key.
 bool HandleKey(QtDisplay& display, QWidget& widget, QKeyEvent& event);
 
+// Whether arrows beside an edit turn its number.
+bool HasArrows(HWND edit);
+
 }  // namespace kvqt

@@ -108,15 +108,25 @@ void Mirror::Sync(unsigned changes) {
 
 void Mirror::SyncGeometry() {
     const kv::Window* record = kv::WindowFromHandle(window_);
-    if (!record) return;
-    QRect rect = display_.scale().Rect(record->rect);
-    const kv::Window* parent = kv::WindowFromHandle(record->parent);
-    if (parent && widget_->parentWidget() &&
-        widget_->parentWidget()->layoutDirection() == Qt::RightToLeft) {
-        const int width = display_.scale().Length(parent->rect.right - parent->rect.left);
+    const Mirror* around = record ? display_.MirrorOf(record->parent) : nullptr;
+    if (!around || !around->widget_) return;
+    const QRect rect = around->PlaceFor(window_);
+    if (widget_->geometry() != rect) widget_->setGeometry(rect);
+}
+
+QRect Mirror::PlaceFor(HWND child) const {
+    const kv::Window* inner = kv::WindowFromHandle(child);
+    return inner ? Mirrored(inner->rect) : QRect();
+}
+
+QRect Mirror::Mirrored(const RECT& place) const {
+    QRect rect = display_.scale().Rect(place);
+    if (widget_->layoutDirection() == Qt::RightToLeft) {
+        const kv::Window* own = kv::WindowFromHandle(window_);
+        const int width = display_.scale().Length(own->rect.right - own->rect.left);
         rect.moveLeft(width - rect.left() - rect.width());
     }
-    if (widget_->geometry() != rect) widget_->setGeometry(rect);
+    return rect;
 }
 
 void Mirror::SyncEnabled() {

@@ -36,11 +36,19 @@ class Mirror {
     // A modal loop runs for the window from now on.
     virtual void BeginModal() {}
 
+    // Whose coordinates are those of the window's client area.
+    virtual QWidget* Ground() const { return widget_; }
+    // The widget that a child window's one is put into, and its place there.
+    virtual QWidget* GroundFor(HWND /*child*/) const { return Ground(); }
+    virtual QRect PlaceFor(HWND child) const;
+
  protected:
     void SetWidget(QWidget* widget);
     virtual void SyncState(unsigned changes) = 0;
     virtual void SyncGeometry();
     virtual void SyncEnabled();
+    // A place in the window on the widget, which has the sides of the desktop's language.
+    QRect Mirrored(const RECT& place) const;
     virtual QString AccessibleName() const;
 
     QtDisplay& display() const { return display_; }

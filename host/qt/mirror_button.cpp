@@ -82,7 +82,7 @@ class ButtonMirror : public Mirror {
 
  private:
     void SyncText() {
-        const QString text = WindowTextOf(window());
+        const QString text = Directed(WindowTextOf(window()), button_->layoutDirection());
         if (button_->text() != text) button_->setText(text);
         const int letter = button_->fontMetrics().averageCharWidth();
         const int margin = letter * (button_->isCheckable() ? kIndicator : kPushMargin);
@@ -116,7 +116,7 @@ class GroupMirror : public Mirror {
     void SyncState(unsigned changes) override {
         if ((changes & kv::kChangedText) == 0) return;
         auto* group = static_cast<QGroupBox*>(widget());
-        const QString title = WindowTextOf(window());
+        const QString title = Directed(WindowTextOf(window()), group->layoutDirection());
         if (group->title() != title) group->setTitle(title);
     }
 };

@@ -1,4 +1,5 @@
 // Text fields of one line and of several.
+#include <host/qt/keys.h>
 #include <host/qt/mirror.h>
 #include <platform/window/input.h>
 
@@ -47,6 +48,7 @@ class LineMirror : public Mirror {
     LineMirror(QtDisplay& owner, HWND handle, QWidget* parent) : Mirror(owner, handle) {
         line_ = new QLineEdit(parent);
         line_->setFrame(HasFrame(handle));
+        if (HasArrows(handle)) line_->setLayoutDirection(Qt::LeftToRight);  // a number
         SetWidget(line_);
         QObject::connect(line_, &QLineEdit::textEdited, line_,
                          [this](const QString& text) { Report(text); });

@@ -114,7 +114,7 @@ void StaticWidget::DrawText(QPainter& painter, DWORD style) {
         const bool shown = this->style()->styleHint(QStyle::SH_UnderlineShortcut, nullptr, this);
         flags |= shown ? Qt::TextShowMnemonic : Qt::TextHideMnemonic;
     }
-    QString shownText = text();
+    const QString shownText = Directed(text(), layoutDirection());
     QRect area = rect();
     if (oneLine) {
         painter.setFont(FontThatFits(font(), shownText, width()));

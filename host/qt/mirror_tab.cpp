@@ -32,6 +32,9 @@ class TabMirror : public Mirror {
  protected:
     void SyncState(unsigned changes) override {
         if ((changes & kv::kChangedItems) != 0) SyncCaptions();
+        if ((changes & (kv::kChangedItems | kv::kChangedGeometry | kv::kChangedFont)) != 0) {
+            FitCaptions();
+        }
         if ((changes & (kv::kChangedItems | kv::kChangedSelection)) != 0) {
             const int selected = static_cast<int>(Ask(TCM_GETCURSEL));
             if (selected >= 0 && tabs_->currentIndex() != selected)
@@ -63,6 +66,19 @@ class TabMirror : public Mirror {
                 tabs_->setTabText(i, caption);
             }
             tabs_->widget(i)->setAccessibleName(caption);
+        }
+    }
+
+    // Narrower letters spare people the arrows between which the last tabs would hide.
+    void FitCaptions() {
+        constexpr int kNarrowest = 75;
+        constexpr int kStep = 5;
+        QTabBar* bar = tabs_->tabBar();
+        for (int stretch = 100; stretch >= kNarrowest; stretch -= kStep) {
+            QFont font = tabs_->parentWidget()->font();
+            if (stretch < 100) font.setStretch(stretch);
+            if (bar->font() != font) bar->setFont(font);
+            if (bar->sizeHint().width() <= tabs_->width()) break;
         }
     }
 

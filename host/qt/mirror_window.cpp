@@ -12,9 +12,13 @@
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QPainter>
+#include <QScreen>
+#include <QScrollArea>
 #include <QStyle>
 
 #include <algorithm>
+#include <iterator>
+#include <vector>
 
 namespace kvqt {
 namespace {
@@ -77,7 +81,28 @@ class DialogMirror : public Mirror {
             dialog->setLayoutDirection(Qt::RightToLeft);
         }
         if (owner.IsModal(handle)) dialog->setWindowModality(Qt::ApplicationModal);
+        area_ = new QScrollArea(dialog);
+        area_->setFrameShape(QFrame::NoFrame);
+        area_->setFocusPolicy(Qt::NoFocus);
+        canvas_ = new QWidget;
+        area_->setWidget(canvas_);
+        // The dialog paints the ground.
+        area_->viewport()->setAutoFillBackground(false);
+        canvas_->setAutoFillBackground(false);
         SetWidget(dialog);
+    }
+
+    QWidget* Ground() const override { return canvas_; }
+    QWidget* GroundFor(HWND child) const override {
+        return IsSheetButton(child) ? widget() : canvas_;
+    }
+    // The buttons of a sheet keep to the window's corner, in the order of the desktop.
+    QRect PlaceFor(HWND child) const override {
+        if (!IsSheetButton(child)) return Mirror::PlaceFor(child);
+        const QSize beyond = widget()->size() - canvas_->size() - QSize(0, BandHeight());
+        const bool fromRight = widget()->layoutDirection() == Qt::RightToLeft;
+        const RECT place = ButtonPlace(child);
+        return Mirrored(place).translated(fromRight ? 0 : beyond.width(), beyond.height());
     }
 
     void BeginModal() override {
@@ -94,20 +119,25 @@ class DialogMirror : public Mirror {
             const QString title = WindowTextOf(window());
             if (widget()->windowTitle() != title) widget()->setWindowTitle(title);
         }
-        if (kv::KindOf(window()) == "sheet" && (changes & kv::kChangedGeometry) != 0) {
-            // Its buttons change places when all of them are there.
-            display().Queue(window(), kv::kChangedOrder);
-        }
-        if ((changes & kv::kChangedOrder) != 0) ArrangeButtons();
     }
 
-    // The desktop places the window; the core only knows how large it is.
+    // The desktop places the window; the core only knows how large it is. What does not fit on the
+    // screen scrolls, but for the buttons of a sheet.
     void SyncGeometry() override {
         RECT client{};
         GetClientRect(window(), &client);
-        const QSize size = display().scale().Rect(client).size();
-        if (widget()->size() != size || widget()->minimumSize() != size) {
-            widget()->setFixedSize(size);
+        const QSize full = display().scale().Rect(client).size();
+        const QSize size = SizeOnScreen(full);
+        const QSize canvas = full - QSize(0, BandHeight());
+        if (canvas_->size() != canvas) canvas_->resize(canvas);
+        const QRect place(QPoint(0, 0), size - QSize(0, BandHeight()));
+        if (area_->geometry() != place) area_->setGeometry(place);
+        if (widget()->size() == size && widget()->minimumSize() == size) return;
+        widget()->setFixedSize(size);
+        for (int id : kButtonOrders[0].ids) {
+            if (const HWND button = GetDlgItem(window(), id)) {
+                display().Queue(button, kv::kChangedGeometry);
+            }
         }
     }
 
@@ -117,24 +147,54 @@ class DialogMirror : public Mirror {
     QString AccessibleName() const override { return WindowTextOf(window()); }
 
  private:
-    void ArrangeButtons() {
-        if (kv::KindOf(window()) != "sheet") return;
-        std::vector<QWidget*> buttons;
-        for (int id : OrderFor(*widget()).ids) {
-            const HWND button = GetDlgItem(window(), id);
-            const Mirror* mirror = button ? display().MirrorOf(button) : nullptr;
-            if (mirror && mirror->widget()) buttons.push_back(mirror->widget());
-        }
-        std::vector<QPoint> places;
-        for (const QWidget* button : buttons) places.push_back(button->pos());
-        const bool fromRight = widget()->layoutDirection() == Qt::RightToLeft;
-        std::sort(places.begin(), places.end(), [fromRight](const QPoint& a, const QPoint& b) {
-            return fromRight ? a.x() > b.x() : a.x() < b.x();
-        });
-        for (size_t i = 0; i < buttons.size(); ++i) {
-            if (buttons[i]->pos() != places[i]) buttons[i]->move(places[i]);
-        }
+    bool IsSheetButton(HWND child) const {
+        if (kv::KindOf(window()) != "sheet" || kv::KindOf(child) != "button") return false;
+        const auto& ids = kButtonOrders[0].ids;
+        return std::find(std::begin(ids), std::end(ids), GetDlgCtrlID(child)) != std::end(ids);
     }
+
+    // The places of the visible buttons from left to right, dealt out in the desktop's order.
+    RECT ButtonPlace(HWND child) const {
+        std::vector<RECT> places;
+        size_t index = 0;
+        for (int id : OrderFor(*widget()).ids) {
+            const kv::Window* button = kv::WindowFromHandle(GetDlgItem(window(), id));
+            if (!button || !button->IsVisibleStyle()) continue;
+            if (button->handle == child) index = places.size();
+            places.push_back(button->rect);
+        }
+        std::sort(places.begin(), places.end(),
+                  [](const RECT& a, const RECT& b) { return a.left < b.left; });
+        if (index < places.size()) return places[index];
+        return kv::WindowFromHandle(child)->rect;
+    }
+
+    // What lies below the pages of a sheet.
+    int BandHeight() const {
+        if (kv::KindOf(window()) != "sheet") return 0;
+        const auto tabs = reinterpret_cast<HWND>(SendMessageA(window(), PSM_GETTABCONTROL, 0, 0));
+        const kv::Window* pane = kv::WindowFromHandle(tabs);
+        RECT client{};
+        GetClientRect(window(), &client);
+        return pane ? display().scale().Length(client.bottom - pane->rect.bottom) : 0;
+    }
+
+    // As large as it has to be, and no larger than the screen lets it.
+    QSize SizeOnScreen(const QSize& full) const {
+        const QStyle& style = *widget()->style();
+        const int title = style.pixelMetric(QStyle::PM_TitleBarHeight, nullptr, widget());
+        const int frame = style.pixelMetric(QStyle::PM_MdiSubWindowFrameWidth, nullptr, widget());
+        const int bar = style.pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, widget());
+        const QSize room =
+            widget()->screen()->availableGeometry().size() - QSize(2 * frame, title + 2 * frame);
+        QSize size = full;
+        if (full.height() > room.height()) size.rwidth() += bar;
+        if (full.width() > room.width()) size.rheight() += bar;
+        return size.boundedTo(room);
+    }
+
+    QScrollArea* area_;
+    QWidget* canvas_;
 };
 
 class PageMirror : public Mirror {

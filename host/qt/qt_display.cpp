@@ -11,9 +11,13 @@
 #include <QFocusEvent>
 #include <QHelpEvent>
 #include <QMouseEvent>
+#include <QScrollArea>
+#include <QTabBar>
 #include <QToolTip>
 
 #include <algorithm>
+#include <array>
+#include <iterator>
 
 namespace kvqt {
 namespace {
@@ -26,6 +30,22 @@ constexpr unsigned kHandCursor = 32649;
 // next turn of the event loop.
 constexpr int kMostRounds = 8;
 
+// A window that is larger than the screen scrolls.
+void ScrollTo(QWidget* widget) {
+    for (QWidget* around = widget->parentWidget(); around; around = around->parentWidget()) {
+        auto* area = qobject_cast<QScrollArea*>(around);
+        if (area && area->widget()) {
+            // Of the tabs the chosen one has to be seen.
+            const auto* tabs = qobject_cast<QTabBar*>(widget);
+            if (!tabs) return area->ensureWidgetVisible(widget);
+            const QRect tab = tabs->tabRect(tabs->currentIndex());
+            const QPoint middle = widget->mapTo(area->widget(), tab.center());
+            return area->ensureVisible(middle.x(), middle.y(), tab.width() / 2 + 1, tab.height());
+        }
+        if (around->isWindow()) return;
+    }
+}
+
 bool IsDialog(HWND window) {
     const auto kind = kv::KindOf(window);
     return kind == "dialog" || kind == "sheet";
@@ -37,6 +57,7 @@ QtDisplay::QtDisplay() : scale_(Scale::ForFont(QApplication::font())) {
     timer_.setSingleShot(true);
     qApp->installEventFilter(this);
     DescribeDisplay(this);
+    OnPaletteChange();
 }
 
 QtDisplay::~QtDisplay() {
@@ -170,7 +191,7 @@ bool QtDisplay::Realize(HWND window, Entry& entry) {
     const kv::Window* record = kv::WindowFromHandle(window);
     const Mirror* around = MirrorOf(record->parent ? record->parent : record->owner);
     if (record->parent && !around) return false;
-    entry.mirror = MakeMirror(*this, window, around ? around->widget() : nullptr);
+    entry.mirror = MakeMirror(*this, window, around ? around->GroundFor(window) : nullptr);
     if (!entry.mirror) return false;
     entry.mirror->Sync(kEverything);
     const std::vector<HWND> children = record->children;
@@ -253,7 +274,7 @@ bool QtDisplay::OnToolTip(QWidget* widget, QEvent* event) {
     const HWND window = WindowOf(widget);
     const Mirror* mirror = MirrorOf(window);
     if (!mirror) return false;
-    const QPoint place = widget->mapTo(mirror->widget(), help->pos());
+    const QPoint place = mirror->Ground()->mapFromGlobal(help->globalPos());
     const QString tip = ToolTipAt(window, scale_.ToCore(place));
     if (tip.isEmpty()) return false;
     QToolTip::showText(help->globalPos(), tip, widget);
@@ -280,6 +301,33 @@ void QtDisplay::OnFontChange() {
     }
 }
 
+// What the core draws has the desktop's colours.
+void QtDisplay::OnPaletteChange() {
+    struct Colour {
+        INT index;
+        QPalette::ColorGroup group;
+        QPalette::ColorRole role;
+    };
+    constexpr Colour kColours[] = {
+        {COLOR_WINDOW, QPalette::Active, QPalette::Base},
+        {COLOR_WINDOWTEXT, QPalette::Active, QPalette::Text},
+        {COLOR_HIGHLIGHT, QPalette::Active, QPalette::Highlight},
+        {COLOR_HIGHLIGHTTEXT, QPalette::Active, QPalette::HighlightedText},
+        {COLOR_BTNFACE, QPalette::Active, QPalette::Window},
+        {COLOR_BTNTEXT, QPalette::Active, QPalette::WindowText},
+        {COLOR_GRAYTEXT, QPalette::Disabled, QPalette::Text},
+    };
+    const QPalette palette = QApplication::palette();
+    std::array<INT, std::size(kColours)> indices{};
+    std::array<COLORREF, std::size(kColours)> values{};
+    for (size_t i = 0; i < std::size(kColours); ++i) {
+        const QColor colour = palette.color(kColours[i].group, kColours[i].role);
+        indices[i] = kColours[i].index;
+        values[i] = RGB(colour.red(), colour.green(), colour.blue());
+    }
+    SetSysColors(static_cast<int>(indices.size()), indices.data(), values.data());
+}
+
 bool QtDisplay::eventFilter(QObject* object, QEvent* event) {
     switch (event->type()) {
         case QEvent::ShortcutOverride:
@@ -289,6 +337,7 @@ bool QtDisplay::eventFilter(QObject* object, QEvent* event) {
                              *static_cast<QKeyEvent*>(event));
         case QEvent::FocusIn:
             if (!object->isWidgetType()) return false;
+            ScrollTo(static_cast<QWidget*>(object));
             return OnFocusIn(static_cast<QWidget*>(object),
                              static_cast<QFocusEvent*>(event)->reason());
         case QEvent::ToolTip:
@@ -301,6 +350,9 @@ bool QtDisplay::eventFilter(QObject* object, QEvent* event) {
             return false;
         case QEvent::ApplicationFontChange:
             if (object == qApp) OnFontChange();
+            return false;
+        case QEvent::ApplicationPaletteChange:
+            if (object == qApp) OnPaletteChange();
             return false;
         default:
             return false;

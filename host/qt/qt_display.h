@@ -90,6 +90,7 @@ class QtDisplay : public QObject, public kv::Display {
     bool OnToolTip(QWidget* widget, QEvent* event);
     void OnMouseMove(QWidget* widget, const QPoint& position);
     void OnFontChange();
+    void OnPaletteChange();
     void Schedule();
     void SyncWindow(HWND window);
     bool Realize(HWND window, Entry& entry);

@@ -134,7 +134,8 @@ INT_PTR QtDisplayTest::Procedure(HWND window, UINT message, WPARAM wParam, LPARA
 }  // namespace kv
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Another kind of screen may be given.
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     ::testing::InitGoogleMock(&argc, argv);
     const char* error = nullptr;
     kv::Display* display = KvCreateQtDisplay(&argc, argv, &error);
