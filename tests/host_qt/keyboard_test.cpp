@@ -86,8 +86,7 @@ TEST_F(Keyboard, LettersLeadToTheControlsBehindTheirLabels) {
         int control;
     } rows[] = {
         {kBasic, Qt::Key_N, 2014},   {kBasic, Qt::Key_Y, 1141},     {kBasic, Qt::Key_Z, 2002},
-        {kLayout, Qt::Key_P, 1410},  {kLayout, Qt::Key_S, 1510},    {kOverlay, Qt::Key_P, 1881},
-        {kQuality, Qt::Key_C, 3008}, {kWatermark, Qt::Key_M, 8002},
+        {kLayout, Qt::Key_P, 1410},  {kLayout, Qt::Key_S, 1510},    {kQuality, Qt::Key_C, 3008},
     };
     OpenSheet();
     for (const auto& row : rows) {

@@ -71,12 +71,12 @@ TEST_F(Preview, OnePanelFollowsTheActivePageAndGoesWithTheSheet) {
 
 TEST_F(Preview, EachPageStartsWithItsOwnViewAndTheButtonNamesTheOther) {
     const struct { int page; const char* atStart; const char* pressed; } rows[] = {
-        {kBasic,     "Printer Vie&w", "Paper Vie&w"},
-        {kLayout,    "Printer Vie&w", "Paper Vie&w"},
-        {kOverlay,   "Printer Vie&w", "Paper Vie&w"},
-        {kWatermark, "Printer Vie&w", "Watermark Vie&w"},
-        {kQuality,   "Printer Vie&w", "Quality Vie&w"},
-        {kDevice,    "Paper Vie&w",   "Printer Vie&w"},
+        {kBasic,     "Printer View", "Paper View"},
+        {kLayout,    "Printer View", "Paper View"},
+        {kOverlay,   "Printer View", "Paper View"},
+        {kWatermark, "Printer View", "Watermark View"},
+        {kQuality,   "Printer View", "Quality View"},
+        {kDevice,    "Paper View",   "Printer View"},
     };
     OpenSheet();
     for (int round = 0; round < 2; ++round) {
