@@ -3,6 +3,7 @@
 #include "ui/dialog_messages.h"
 #include "ui/exports.h"
 #include "ui/page_skeleton.h"
+#include "ui/page_table.h"
 #include "ui/sub_dialogs.h"
 
 namespace {
@@ -11,7 +12,12 @@ INT_PTR CloseOnly(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam,
                   INT_PTR cancelResult) {
     if (message == WM_INITDIALOG) {
         const kvui::SheetContext* context = kvui::KeepSheetContext(dialog, message, lParam);
-        if (context != nullptr) kvui::SetChildCaptions(*context, dialog);
+        if (context == nullptr) return TRUE;
+        // Their titles begin as the names of their templates.
+        char templateName[64] = "";
+        GetWindowTextA(dialog, templateName, sizeof templateName);
+        kvui::SetSubDialogTitle(*context, dialog, templateName);
+        kvui::SetChildCaptions(*context, dialog);
         return TRUE;
     }
     if (message != WM_COMMAND) return FALSE;
