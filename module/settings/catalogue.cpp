@@ -40,19 +40,19 @@ struct DialogRows {
 };
 
 const DialogRows* RowsOfDialog(const char* dialogName) {
-    static const auto* dialogs = [] {
-        auto* made = new std::vector<DialogRows>;
+    static const std::vector<DialogRows> dialogs = [] {
+        std::vector<DialogRows> made;
         for (std::size_t row = 0; row < kCatalogueSize; ++row) {
             const char* name = kCatalogue[row].dialogName;
-            auto place = std::find_if(made->begin(), made->end(), [name](const DialogRows& known) {
+            auto place = std::find_if(made.begin(), made.end(), [name](const DialogRows& known) {
                 return std::strcmp(known.dialogName, name) == 0;
             });
-            if (place == made->end()) place = made->insert(place, DialogRows{name, {}});
+            if (place == made.end()) place = made.insert(place, DialogRows{name, {}});
             place->rows.push_back(static_cast<std::uint8_t>(row));
         }
         return made;
     }();
-    for (const DialogRows& dialog : *dialogs) {
+    for (const DialogRows& dialog : dialogs) {
         if (std::strcmp(dialog.dialogName, dialogName) == 0) return &dialog;
     }
     return nullptr;
