@@ -119,7 +119,9 @@ void PaperViewPixman(benchmark::State& state) {
     const Image ink(pixman_image_create_solid_fill(&white));
     const Image glyph(pixman_image_create_bits(PIXMAN_a8, kGlyphWidth, kGlyphHeight, nullptr, 0));
     std::memset(pixman_image_get_data(glyph.get()), 0x80, size_t{kGlyphHeight} * 8);
+    const pixman_rectangle16_t whole{0, 0, kView.cx, kView.cy};
     for (auto _ : state) {
+        pixman_image_fill_rectangles(PIXMAN_OP_SRC, view.get(), &white, 1, &whole);
         for (const PlacedImage& layer : layers) {
             pixman_image_composite32(&layer == layers.data() ? PIXMAN_OP_SRC : PIXMAN_OP_OVER,
                                      layer.image.get(), nullptr, view.get(), 0, 0, 0, 0,
