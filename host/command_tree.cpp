@@ -16,7 +16,7 @@ struct ExampleRow {
 // command, what its help shows
 constexpr ExampleRow kExamples[] = {
     {"kvprefs",         "kvprefs set ComboPaperSize=A5 EditCopies=2"},
-    {"open",            "kvprefs open --printer Lobby"},
+    {"open",            "kvprefs open Lobby \"Second floor\""},
     {"list",            "kvprefs list Layout"},
     {"get",             "kvprefs get dmPaperSize dmCopies"},
     {"set",             "kvprefs set ComboNup=Booklet --on-conflict=resolve"},
@@ -106,7 +106,8 @@ void AddPrinter(CLI::App& app, Arguments& args) {
 void DescribeCommands(CLI::App& app, Arguments& args) {
     app.require_subcommand(0, 1);
     AddGlobalOptions(app, args);
-    app.add_subcommand("open", "Open the window (the default)");
+    app.add_subcommand("open", "Open the window (the default); of several printers one by one")
+        ->add_option("printer", args.names, "Printers; the first one without a name");
     AddSettings(app, args);
     AddShot(app, args);
     AddRecord(app, args);

@@ -37,7 +37,7 @@ ExitStatus Run(CLI::App& app, Arguments& args, int argc, char** argv) {
         if (printer->got_subcommand("remove")) return RunPrinterRemove(args.name);
         return RunPrinterList(args.options);
     }
-    return RunOpen(args.options, argc, argv);
+    return RunOpen(args.options, args.names, argc, argv);
 }
 
 }  // namespace

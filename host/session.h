@@ -10,7 +10,7 @@
 
 namespace kvhost {
 
-// Exit statuses of the program.
+// Exit statuses of the program; of several the greatest counts.
 enum ExitStatus : int { kDone = 0, kRefused = 1, kBadInput = 2 };
 
 struct Options {
@@ -26,6 +26,8 @@ class Session {
     bool Look(const Options& options);
     // Loads the module; only commands that need pages do.
     bool LoadModule();
+    // The module stays loaded from one window to the next.
+    void ShareModule(const Session& other) { module_ = other.module_; }
     // Opens the sheet without a screen. Job Management is there too.
     HWND OpenHeadlessSheet();
     void CloseHeadlessSheet();
@@ -42,7 +44,7 @@ class Session {
     PrinterBlock printer_{};
     Record record_{};
     std::unique_ptr<RecordStore> store_;
-    std::unique_ptr<DriverModule> module_;
+    std::shared_ptr<DriverModule> module_;
     SheetRequest request_;
     HWND sheet_{};
 };

@@ -10,7 +10,9 @@
 
 namespace kvhost {
 
-ExitStatus RunOpen(const Options& options, int argc, char** argv);
+// The printers' windows one after another; without a name that of the options.
+ExitStatus RunOpen(const Options& options, const std::vector<std::string>& printers, int argc,
+                   char** argv);
 ExitStatus RunGet(const Options& options, const std::vector<std::string>& fields);
 ExitStatus RunSet(const Options& options, const std::vector<std::string>& pairs,
                   ConflictPolicy policy);

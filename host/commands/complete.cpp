@@ -38,6 +38,7 @@ constexpr SourceRow kArguments[] = {
     {"import",   Source::kFiles},
     {"diff",     Source::kFiles},
     {"remove",   Source::kPrinters},
+    {"open",     Source::kPrinters},
 };
 // What an option takes.
 constexpr SourceRow kOptionValues[] = {

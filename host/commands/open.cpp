@@ -3,6 +3,7 @@
 #include <host/commands/commands.h>
 #include <host/display_plugin.h>
 #include <host/host_paths.h>
+#include <host/printer_windows.h>
 
 #include <cstdlib>
 
@@ -25,7 +26,8 @@ Function FunctionOf(void* plugin, const char* name) {
 
 }  // namespace
 
-ExitStatus RunOpen(const Options& options, int argc, char** argv) {
+ExitStatus RunOpen(const Options& options, const std::vector<std::string>& named, int argc,
+                   char** argv) {
     if (!HasDisplay()) {
         PrintError("no display to open a window on; `kvprefs list`, `get` and `set` show and change "
                    "the same settings, `kvprefs shot DIR` draws the pages to files");
@@ -42,8 +44,8 @@ ExitStatus RunOpen(const Options& options, int argc, char** argv) {
                    (why != nullptr ? std::string(": ") + why : std::string()));
         return kRefused;
     }
-    Session session;
-    if (!session.Open(options) || !session.LoadModule()) return kBadInput;
+    PrinterWindows windows;
+    if (!windows.Prepare(options, named)) return kBadInput;
     const char* error = nullptr;
     kv::Display* display = create(&argc, argv, &error);
     if (display == nullptr) {
@@ -51,16 +53,10 @@ ExitStatus RunOpen(const Options& options, int argc, char** argv) {
         return kRefused;
     }
     kv::UseDisplay(display);
-    bool stored = true;
-    SheetRequest request;
-    request.printer = &session.printer();
-    request.record = session.record().data();
-    request.caption = session.printer().printerName;
-    request.applied = [&](bool) { stored = session.StoreRecord(); };
-    const INT_PTR result = session.module().RunSheet(request);
+    const ExitStatus status = windows.Run();
     kv::UseDisplay(nullptr);
     destroy(display);
-    return result >= 0 && stored ? kDone : kRefused;
+    return status;
 }
 
 }  // namespace kvhost
