@@ -72,7 +72,15 @@ class StaticInterface : public QAccessibleWidget {
 class ComboInterface : public QAccessibleWidget {
  public:
     explicit ComboInterface(QComboBox* combo)
-        : QAccessibleWidget(combo, QAccessible::ComboBox), combo_(combo) {}
+        : QAccessibleWidget(combo, QAccessible::ComboBox), combo_(combo) {
+        // Screen readers learn what is chosen from the list, which Qt tells only when it opens.
+        const auto tellList = [combo] {
+            const auto chosen = combo->model()->index(combo->currentIndex(), combo->modelColumn());
+            combo->view()->setCurrentIndex(chosen);
+        };
+        tellList();
+        QObject::connect(combo, &QComboBox::currentIndexChanged, combo, tellList);
+    }
 
     QString text(QAccessible::Text kind) const override {
         return kind == QAccessible::Value ? combo_->currentText() : QAccessibleWidget::text(kind);
