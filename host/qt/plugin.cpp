@@ -42,6 +42,15 @@ void ReportAndEnd(QtMsgType type, const QMessageLogContext&, const QString& text
     std::_Exit(1);
 }
 
+// Qt leaves through exit() when its connection to the desktop breaks, in the middle of an event. No
+// window can be taken down in an orderly way then; what was applied before is stored already.
+void EndWithTheDesktop() {
+    if (!plugin.display) return;
+    std::fputs("kvprefs: the desktop is gone; what was not applied is not stored\n", stderr);
+    std::fflush(nullptr);
+    std::_Exit(1);
+}
+
 }  // namespace
 
 #define KV_EXPORT __attribute__((visibility("default")))
@@ -64,6 +73,9 @@ extern "C" KV_EXPORT kv::Display* KvCreateQtDisplay(int* argc, char** argv, cons
     QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("kvprefs")));
     FollowDesktopDirection();
     plugin.display = std::make_unique<kvqt::QtDisplay>();
+    // After the construction of everything that exit() would destroy, so it comes first.
+    static const int watching = std::atexit(EndWithTheDesktop);
+    static_cast<void>(watching);
     return plugin.display.get();
 }
 
