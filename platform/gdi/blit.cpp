@@ -76,37 +76,59 @@ void BlitSource::Convert(std::uint32_t* target, const std::uint32_t* from, int c
 
 namespace {
 
-// Rows of one blit after clipping: `count` pixels from (x, y) on, source at a fixed distance.
-void CombineRows(const Canvas& canvas, const BlitSource* source, int sourceDx, int sourceDy,
+// Whole surfaces of one width lie in memory like a single long row.
+void JoinRows(PixelRows& rows) {
+    const auto stride = static_cast<std::ptrdiff_t>(rows.count);
+    if (rows.targetStride != stride || (rows.source != nullptr && rows.sourceStride != stride) ||
+        (rows.pattern != nullptr && rows.patternStride != stride)) {
+        return;
+    }
+    rows.count *= static_cast<std::size_t>(rows.height);
+    rows.height = 1;
+}
+
+// One blit after clipping; the source lies at a fixed distance.
+void CombineArea(const Canvas& canvas, const BlitSource* source, int sourceDx, int sourceDy,
                  RopCode code, BrushRows* brush) {
     const RECT& area = canvas.clip();
-    const RowOperation fast = FindFastRow(code);
-    int count = area.right - area.left;
-    int height = area.bottom - area.top;
-    // Whole surfaces of one width lie in memory like a single long row.
-    const bool whole = count == canvas.bitmap().view.stride && brush == nullptr &&
-                       (source == nullptr || (source->view.stride == count &&
-                                              !source->NeedsConversion() && !source->sameSurface));
-    if (whole) {
-        count *= height;
-        height = 1;
+    const SurfaceView& surface = canvas.bitmap().view;
+    const int count = area.right - area.left, height = area.bottom - area.top;
+    const auto sourceRow = [&](int y) {
+        return source->view.Row(y + sourceDy) + area.left + sourceDx;
+    };
+    PixelRows rows{surface.Row(area.top) + area.left, nullptr, nullptr,
+                   static_cast<std::size_t>(count)};
+    const bool directSource =
+        source == nullptr || !(source->NeedsConversion() || source->sameSurface);
+    const auto brushStride =
+        brush != nullptr ? brush->StrideOver(area) : std::optional<std::ptrdiff_t>(0);
+    if (directSource && brushStride) {
+        rows.height = height;
+        rows.targetStride = surface.stride;
+        if (source != nullptr) {
+            rows.source = sourceRow(area.top);
+            rows.sourceStride = source->view.stride;
+        }
+        if (brush != nullptr) rows.pattern = brush->Row(area.left, area.top, count);
+        rows.patternStride = *brushStride;
+        JoinRows(rows);
+        CombineRows(code, rows);
+        return;
     }
     // Within one surface a row must be read before it is overwritten.
     const bool upwards = source != nullptr && source->sameSurface && sourceDy < 0;
-    const bool buffered =
-        source != nullptr && (source->NeedsConversion() || (source->sameSurface && sourceDy == 0));
+    const bool buffered = !directSource && (source->NeedsConversion() || sourceDy == 0);
     for (int i = 0; i < height; ++i) {
         const int y = upwards ? area.bottom - 1 - i : area.top + i;
-        const std::uint32_t* from = nullptr;
-        if (source != nullptr) from = source->view.Row(y + sourceDy) + area.left + sourceDx;
+        rows.target = surface.Row(y) + area.left;
+        if (source != nullptr) rows.source = sourceRow(y);
         if (buffered) {
-            std::uint32_t* copy = ScratchRow(ScratchUse::kConvert, static_cast<std::size_t>(count));
-            source->Convert(copy, from, count);
-            from = copy;
+            std::uint32_t* copy = ScratchRow(ScratchUse::kConvert, rows.count);
+            source->Convert(copy, rows.source, count);
+            rows.source = copy;
         }
-        const std::uint32_t* pattern = brush != nullptr ? brush->Row(area.left, y, count) : nullptr;
-        CombineRow(fast, code, canvas.Row(y) + area.left, from, pattern,
-                   static_cast<std::size_t>(count));
+        if (brush != nullptr) rows.pattern = brush->Row(area.left, y, count);
+        CombineRows(code, rows);
     }
 }
 
@@ -126,13 +148,13 @@ bool FillArea(Canvas& canvas, std::int64_t x, std::int64_t y, std::int64_t width
     MakePositive(y, height);
     if (!canvas.Narrow(x, y, x + width, y + height)) return true;
     if (brush == nullptr) {
-        CombineRows(canvas, nullptr, 0, 0, code, nullptr);
+        CombineArea(canvas, nullptr, 0, 0, code, nullptr);
     } else {
         BrushRows rows(canvas, *brush);
         if (code == CodeOf(PATCOPY) && rows.isSolid()) {
             canvas.FillRect(x, y, x + width, y + height, rows.pixel());
         } else {
-            CombineRows(canvas, nullptr, 0, 0, code, &rows);
+            CombineArea(canvas, nullptr, 0, 0, code, &rows);
         }
     }
     return true;
@@ -190,9 +212,9 @@ BOOL WINAPI BitBlt(HDC target, int targetX, int targetY, int targetWidth, int ta
     // Something is left, so the distance between two pixels of real surfaces fits an int.
     if (brush != nullptr) {
         BrushRows rows(canvas, *brush);
-        CombineRows(canvas, &source, static_cast<int>(dx), static_cast<int>(dy), code, &rows);
+        CombineArea(canvas, &source, static_cast<int>(dx), static_cast<int>(dy), code, &rows);
     } else {
-        CombineRows(canvas, &source, static_cast<int>(dx), static_cast<int>(dy), code, nullptr);
+        CombineArea(canvas, &source, static_cast<int>(dx), static_cast<int>(dy), code, nullptr);
     }
     return TRUE;
 }

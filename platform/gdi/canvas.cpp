@@ -32,7 +32,10 @@ void ForceBlackAndWhite(const Bitmap& bitmap, const RECT& rect) {
 }  // namespace
 
 RECT SurfaceClip(const Dc& dc, POINT* origin) {
-    const Bitmap* bitmap = ObjectOf<Bitmap>(dc.state.bitmap);
+    return SurfaceClip(dc, ObjectOf<Bitmap>(dc.state.bitmap), origin);
+}
+
+RECT SurfaceClip(const Dc& dc, const Bitmap* bitmap, POINT* origin) {
     POINT start{};
     WideRect all{0, 0, 0, 0};
     if (bitmap != nullptr) all = {0, 0, bitmap->view.width, bitmap->view.height};
@@ -56,8 +59,9 @@ Canvas::Canvas(HDC handle) {
     if (dc == nullptr) return;
     bitmap_ = ObjectOf<Bitmap>(dc->state.bitmap);
     if (bitmap_ == nullptr) return;
+    if (!OwnPixels(*bitmap_)) return;
     LoadSection(*bitmap_);
-    clip_ = SurfaceClip(*dc, &origin_);
+    clip_ = SurfaceClip(*dc, bitmap_, &origin_);
     dc_ = dc;
 }
 
@@ -99,7 +103,15 @@ void Canvas::FillRect(std::int64_t left, std::int64_t top, std::int64_t right, s
                       std::uint32_t pixel) const {
     top = std::max<std::int64_t>(top, clip_.top);
     bottom = std::min<std::int64_t>(bottom, clip_.bottom);
-    for (std::int64_t y = top; y < bottom; ++y) FillSpan(y, left, right, pixel);
+    left = std::max<std::int64_t>(left, clip_.left);
+    right = std::min<std::int64_t>(right, clip_.right);
+    if (top >= bottom || left >= right) return;
+    // Copying a row is faster than filling it.
+    std::uint32_t* first = Row(static_cast<int>(top)) + left;
+    std::fill_n(first, right - left, pixel);
+    for (std::int64_t y = top + 1; y < bottom; ++y) {
+        std::copy_n(first, right - left, Row(static_cast<int>(y)) + left);
+    }
 }
 
 BrushRows::BrushRows(const Canvas& canvas, const Brush& brush)
@@ -112,27 +124,50 @@ BrushRows::BrushRows(const Canvas& canvas, const Brush& brush)
     }
 }
 
+namespace {
+
+// Where a coordinate lies within the tile of that size that it meets.
+int Modulo(std::int64_t value, int size) {
+    if (value >= 0 && value < size) return static_cast<int>(value);
+    const std::int64_t rest = value % size;
+    return static_cast<int>(rest < 0 ? rest + size : rest);
+}
+
+}  // namespace
+
+std::optional<std::ptrdiff_t> BrushRows::StrideOver(const RECT& area) const {
+    if (pattern_ == nullptr) return 0;
+    const SurfaceView& tile = pattern_->view;
+    const int x = Modulo(std::int64_t{area.left} - origin_.x, tile.width);
+    const int y = Modulo(std::int64_t{area.top} - origin_.y, tile.height);
+    if (Recolors() || area.right - area.left > tile.width - x ||
+        area.bottom - area.top > tile.height - y) {
+        return std::nullopt;
+    }
+    return tile.stride;
+}
+
 const std::uint32_t* BrushRows::Row(int x, int y, int count) {
-    std::uint32_t* row = ScratchRow(ScratchUse::kBrush, static_cast<std::size_t>(count));
+    const auto scratch = [=] {
+        return ScratchRow(ScratchUse::kBrush, static_cast<std::size_t>(count));
+    };
     if (pattern_ == nullptr) {
+        std::uint32_t* row = scratch();
         if (filled_ < count) std::fill_n(row, count, solid_);
         filled_ = std::max(filled_, count);
         return row;
     }
     const SurfaceView& tile = pattern_->view;
-    const auto modulo = [](std::int64_t value, int size) {
-        const std::int64_t rest = value % size;
-        return static_cast<int>(rest < 0 ? rest + size : rest);
-    };
-    const std::uint32_t* from = tile.Row(modulo(std::int64_t{y} - origin_.y, tile.height));
-    int column = modulo(std::int64_t{x} - origin_.x, tile.width);
-    if (black_ == 0 && white_ == kWhitePixel && column + count <= tile.width) return from + column;
+    const std::uint32_t* from = tile.Row(Modulo(std::int64_t{y} - origin_.y, tile.height));
+    int column = Modulo(std::int64_t{x} - origin_.x, tile.width);
+    if (!Recolors() && column + count <= tile.width) return from + column;
+    std::uint32_t* row = scratch();
     for (int done = 0; done < count; column = 0) {
         const int run = std::min(count - done, tile.width - column);
         std::copy_n(from + column, run, row + done);
         done += run;
     }
-    if (black_ != 0 || white_ != kWhitePixel) RecolorRow(row, row, black_, white_, count);
+    if (Recolors()) RecolorRow(row, row, black_, white_, count);
     return row;
 }
 

@@ -10,6 +10,8 @@ namespace kv {
 // The rectangle of the surface that drawing on the DC may touch (empty: all zero), and the DC's
 // origin on the surface.
 RECT SurfaceClip(const Dc& dc, POINT* origin);
+// The same for callers that have found the DC's bitmap already.
+RECT SurfaceClip(const Dc& dc, const Bitmap* bitmap, POINT* origin);
 
 // Coordinates of shapes are kept within this distance of the origin, so that products of two
 // differences fit 64 bits.
@@ -58,10 +60,14 @@ class BrushRows {
     BrushRows(const Canvas& canvas, const Brush& brush);
     // `count` pixels from (x, y) of the surface; valid until the next call.
     const std::uint32_t* Row(int x, int y, int count);
+    // Pixels from each row of an area to the next, where Row answers them all at once.
+    std::optional<std::ptrdiff_t> StrideOver(const RECT& area) const;
     bool isSolid() const { return pattern_ == nullptr; }
     std::uint32_t pixel() const { return solid_; }
 
  private:
+    bool Recolors() const { return black_ != 0 || white_ != kWhitePixel; }
+
     const Bitmap* pattern_ = nullptr;
     POINT origin_{};
     std::uint32_t solid_ = 0;

@@ -7,15 +7,11 @@
 
 namespace kv {
 
-void FreePixels::operator()(std::uint32_t* pixels) const {
-    std::free(pixels);
-}
-
 PixelMemory AllocatePixels(int width, int height, NewPixels content) {
     const std::size_t count = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
     void* memory = content == NewPixels::kBlack ? std::calloc(count, sizeof(std::uint32_t))
                                                 : std::malloc(count * sizeof(std::uint32_t));
-    return PixelMemory(static_cast<std::uint32_t*>(memory));
+    return PixelMemory(static_cast<std::uint32_t*>(memory), std::free);
 }
 
 std::unique_ptr<Bitmap> MakeBitmap(int width, int height, NewPixels content) {
@@ -33,9 +29,36 @@ std::unique_ptr<Bitmap> MakeBitmap(int width, int height, NewPixels content) {
     return bitmap;
 }
 
+std::unique_ptr<Bitmap> ShareBitmap(Bitmap& bitmap) {
+    auto other = std::make_unique<Bitmap>();
+    other->view = bitmap.view;
+    other->monochrome = bitmap.monochrome;
+    other->memory = bitmap.memory;
+    // The owner of a section may change its bits at any time, unseen.
+    if (bitmap.isSection) {
+        LoadSection(bitmap);
+        if (!OwnPixels(*other)) return nullptr;
+    }
+    return other;
+}
+
+bool OwnPixels(Bitmap& bitmap) {
+    if (bitmap.isSection || bitmap.memory.use_count() == 1) return true;
+    const SurfaceView from = bitmap.view;
+    PixelMemory own = AllocatePixels(from.width, from.height, NewPixels::kAnything);
+    if (!own) {
+        SetLastError(ERROR_NOT_ENOUGH_MEMORY);
+        return false;
+    }
+    bitmap.view = {own.get(), from.width, from.height, from.width};
+    for (int y = 0; y < from.height; ++y) std::copy_n(from.Row(y), from.width, bitmap.view.Row(y));
+    bitmap.memory = std::move(own);
+    return true;
+}
+
 SurfaceView ViewOf(HBITMAP handle) {
     Bitmap* bitmap = ObjectOf<Bitmap>(handle);
-    if (bitmap == nullptr) return {};
+    if (bitmap == nullptr || !OwnPixels(*bitmap)) return {};
     LoadSection(*bitmap);
     return bitmap->view;
 }
@@ -218,19 +241,13 @@ HBRUSH WINAPI CreateSolidBrush(COLORREF color) {
 }
 
 HBRUSH WINAPI CreatePatternBrush(HBITMAP handle) {
-    const SurfaceView from = ViewOf(handle);
-    if (!from) return nullptr;
-    // A copy, because the bitmap may be changed or deleted while the brush lives.
-    auto pattern = MakeBitmap(from.width, from.height, NewPixels::kAnything);
-    if (!pattern) return nullptr;
-    for (int y = 0; y < from.height; ++y) {
-        std::copy_n(from.Row(y), from.width, pattern->view.Row(y));
-    }
-    pattern->monochrome = ObjectOf<Bitmap>(handle)->monochrome;
+    Bitmap* bitmap = ObjectOf<Bitmap>(handle);
+    if (bitmap == nullptr) return nullptr;
     auto brush = std::make_unique<Brush>();
     brush->style = Brush::Style::kPattern;
-    brush->pattern = std::move(pattern);
-    return NewHandle<HBRUSH>(std::move(brush));
+    // The bitmap may be changed or deleted while the brush lives.
+    brush->pattern = ShareBitmap(*bitmap);
+    return brush->pattern ? NewHandle<HBRUSH>(std::move(brush)) : nullptr;
 }
 
 HPEN WINAPI CreatePen(int style, int width, COLORREF color) {

@@ -28,11 +28,8 @@ constexpr std::uint32_t kColorBits = 0x00FFFFFF;
 // Larger bitmaps than this in either direction are refused.
 constexpr int kMaxSide = 32767;
 
-// Pixels, released by free.
-struct FreePixels {
-    void operator()(std::uint32_t* pixels) const;
-};
-using PixelMemory = std::unique_ptr<std::uint32_t[], FreePixels>;
+// Pixels; several bitmaps may have the same ones until one of them is drawn on (OwnPixels).
+using PixelMemory = std::shared_ptr<std::uint32_t[]>;
 // What new pixels hold; callers that write every pixel need not have them cleared.
 enum class NewPixels { kBlack, kAnything };
 PixelMemory AllocatePixels(int width, int height, NewPixels content = NewPixels::kBlack);
@@ -128,6 +125,11 @@ struct Dc : GdiObject {
 
 // A fresh bitmap, or null with ERROR_INVALID_PARAMETER or ERROR_NOT_ENOUGH_MEMORY.
 std::unique_ptr<Bitmap> MakeBitmap(int width, int height, NewPixels content = NewPixels::kBlack);
+// Another bitmap with the same content, which costs no copy of the pixels.
+std::unique_ptr<Bitmap> ShareBitmap(Bitmap& bitmap);
+// Must come before every change of a bitmap's pixels: a bitmap that shares them gets its own. False
+// with ERROR_NOT_ENOUGH_MEMORY.
+bool OwnPixels(Bitmap& bitmap);
 // Brings a section's surface up to date from its bits, and its bits from the surface.
 void LoadSection(Bitmap& bitmap);
 void StoreSection(Bitmap& bitmap, const RECT& rect);

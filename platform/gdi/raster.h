@@ -29,38 +29,52 @@ constexpr bool UsesTarget(RopCode code) {
 std::uint32_t EvaluateRop(RopCode code, std::uint32_t pattern, std::uint32_t source,
                           std::uint32_t target);
 
-// Combines `count` pixels into `target`. Rows the code does not use may be null; those it uses do
-// not overlap the target.
-using RowOperation = void (*)(std::uint32_t* target, const std::uint32_t* source,
-                              const std::uint32_t* pattern, std::size_t count);
+// Rows of pixels of one length, one below the other; strides count pixels. What the operation's code
+// does not use may be null; what it uses does not overlap the target.
+struct PixelRows {
+    std::uint32_t* target;
+    const std::uint32_t* source;
+    const std::uint32_t* pattern;
+    std::size_t count;
+    int height = 1;
+    std::ptrdiff_t targetStride = 0;
+    std::ptrdiff_t sourceStride = 0;
+    std::ptrdiff_t patternStride = 0;
+};
 
-// The same through EvaluateRop.
-void CombineRowGeneral(RopCode code, std::uint32_t* target, const std::uint32_t* source,
-                       const std::uint32_t* pattern, std::size_t count);
+// Combines the rows into the target: by the loop made for the code, else by EvaluateRop.
+void CombineRows(RopCode code, const PixelRows& rows);
+void CombineRowsGeneral(RopCode code, const PixelRows& rows);
+
+// Coverage of the same shape as its target: 0 leaves a pixel as it is, 255 replaces it.
+struct CoverageRows {
+    std::uint32_t* target;
+    const std::uint8_t* coverage;
+    std::size_t count;
+    int height = 1;
+    std::ptrdiff_t targetStride = 0;
+    std::ptrdiff_t coverageStride = 0;
+};
+
+using RowsOperation = void (*)(const PixelRows& rows);
 
 // A loop made for one code.
-struct FastRow {
+struct FastRows {
     RopCode code;
-    RowOperation run;
+    RowsOperation run;
 };
-// All of them, ended by a null `run`; and the one for a code, or null.
-const FastRow* FastRows();
-RowOperation FindFastRow(RopCode code);
-
-// The fast loop where there is one, the general evaluator otherwise.
-inline void CombineRow(RowOperation fast, RopCode code, std::uint32_t* target,
-                       const std::uint32_t* source, const std::uint32_t* pattern,
-                       std::size_t count) {
-    if (fast != nullptr) {
-        fast(target, source, pattern, count);
-    } else {
-        CombineRowGeneral(code, target, source, pattern, count);
-    }
-}
+// The loops of one kind of processor; `operations` ends with a null `run`.
+struct RowLoops {
+    const FastRows* operations;
+    void (*blendCoverage)(const CoverageRows& rows, std::uint32_t pixel);
+    void (*blendAlpha)(std::uint32_t* target, const std::uint32_t* source, std::size_t count);
+};
+const RowLoops& PlainLoops();
+// Null where the processor, or the build, has no wider registers.
+const RowLoops* WideLoops();
 
 // target = target + (pixel - target) * coverage / 255, per channel.
-void BlendCoverageRow(std::uint32_t* target, const std::uint8_t* coverage, std::uint32_t pixel,
-                      std::size_t count);
+void BlendCoverage(const CoverageRows& rows, std::uint32_t pixel);
 // Lays pixels with alpha in their top byte (not premultiplied) over the target.
 void BlendAlphaRow(std::uint32_t* target, const std::uint32_t* source, std::size_t count);
 

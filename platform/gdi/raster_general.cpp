@@ -15,11 +15,16 @@ std::uint32_t EvaluateRop(RopCode code, std::uint32_t pattern, std::uint32_t sou
     return result;
 }
 
-void CombineRowGeneral(RopCode code, std::uint32_t* target, const std::uint32_t* source,
-                       const std::uint32_t* pattern, std::size_t count) {
-    for (std::size_t i = 0; i < count; ++i) {
-        target[i] = EvaluateRop(code, pattern != nullptr ? pattern[i] : 0,
-                                source != nullptr ? source[i] : 0, target[i]);
+void CombineRowsGeneral(RopCode code, const PixelRows& rows) {
+    PixelRows row = rows;
+    for (int y = 0; y < rows.height; ++y) {
+        for (std::size_t i = 0; i < row.count; ++i) {
+            row.target[i] = EvaluateRop(code, row.pattern != nullptr ? row.pattern[i] : 0,
+                                        row.source != nullptr ? row.source[i] : 0, row.target[i]);
+        }
+        row.target += rows.targetStride;
+        if (row.source != nullptr) row.source += rows.sourceStride;
+        if (row.pattern != nullptr) row.pattern += rows.patternStride;
     }
 }
 

@@ -81,7 +81,6 @@ void StretchRows(const Canvas& canvas, const SurfaceView& source, const Axis& ho
     const std::vector<ScaleSpan> columns = SpansOf(horizontal, area.left, area.right);
     const std::vector<ScaleSpan> rows = SpansOf(vertical, area.top, area.bottom);
     const ScaleRow scale = ScalerFor(canvas.dc().state.stretchMode);
-    const RowOperation fast = FindFastRow(code);
     std::optional<BrushRows> brushRows;
     if (brush != nullptr) brushRows.emplace(canvas, *brush);
     const ScaleSpan* previous = nullptr;
@@ -93,7 +92,7 @@ void StretchRows(const Canvas& canvas, const SurfaceView& source, const Axis& ho
         previous = &span;
         const std::uint32_t* pattern =
             brushRows ? brushRows->Row(area.left, y, static_cast<int>(count)) : nullptr;
-        CombineRow(fast, code, canvas.Row(y) + area.left, scaled, pattern, count);
+        CombineRows(code, {canvas.Row(y) + area.left, scaled, pattern, count});
     }
 }
 

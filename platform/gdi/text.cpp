@@ -17,12 +17,13 @@ void BlendGlyph(const Canvas& canvas, const Glyph& glyph, std::int64_t x, std::i
     const std::int64_t right = std::min<std::int64_t>(x + glyph.left + glyph.width, clip.right);
     const std::int64_t top = std::max<std::int64_t>(y + glyph.top, clip.top);
     const std::int64_t bottom = std::min<std::int64_t>(y + glyph.top + glyph.height, clip.bottom);
-    for (std::int64_t row = top; row < bottom && left < right; ++row) {
-        const std::uint8_t* coverage =
-            glyph.coverage.data() + (row - y - glyph.top) * glyph.width + (left - x - glyph.left);
-        BlendCoverageRow(canvas.Row(static_cast<int>(row)) + left, coverage, pixel,
-                         static_cast<std::size_t>(right - left));
-    }
+    if (left >= right || top >= bottom) return;
+    BlendCoverage({canvas.Row(static_cast<int>(top)) + left,
+                   glyph.coverage.data() + (top - y - glyph.top) * glyph.width +
+                       (left - x - glyph.left),
+                   static_cast<std::size_t>(right - left), static_cast<int>(bottom - top),
+                   canvas.bitmap().view.stride, glyph.width},
+                  pixel);
 }
 
 }  // namespace

@@ -40,42 +40,68 @@ TEST(RasterOperation, NamedCodesMeanWhatTheirNamesSay) {
     }
 }
 
+// The loops that this processor can run.
+std::vector<const RowLoops*> AllLoops() {
+    std::vector<const RowLoops*> all{&PlainLoops()};
+    if (WideLoops() != nullptr) all.push_back(WideLoops());
+    return all;
+}
+
 TEST(RasterOperation, FastLoopsAgreeWithTheGeneralEvaluator) {
     KV_RANDOM(random);
-    std::set<RopCode> seen;
-    for (const FastRow* row = FastRows(); row->run != nullptr; ++row) {
-        EXPECT_TRUE(seen.insert(row->code).second) << "registered twice: " << int{row->code};
-        for (const std::size_t count : {1u, 3u, 4u, 7u, 16u, 33u, 160u, 1001u}) {
-            std::vector<std::uint32_t> source(count), pattern(count), fast(count + 2);
-            for (auto* pixels : {&source, &pattern, &fast}) {
-                std::generate(pixels->begin(), pixels->end(), std::ref(random));
+    for (const RowLoops* loops : AllLoops()) {
+        std::set<RopCode> seen;
+        for (const FastRows* row = loops->operations; row->run != nullptr; ++row) {
+            EXPECT_TRUE(seen.insert(row->code).second) << "registered twice: " << int{row->code};
+            for (const std::size_t count : {1u, 3u, 4u, 7u, 8u, 16u, 33u, 160u, 1001u}) {
+                // Three rows with gaps between them, which must stay as they are.
+                const std::size_t stride = count + 2;
+                std::vector<std::uint32_t> source(stride * 3), pattern(stride * 3), fast(stride * 3);
+                for (auto* pixels : {&source, &pattern, &fast}) {
+                    std::generate(pixels->begin(), pixels->end(), std::ref(random));
+                }
+                std::vector<std::uint32_t> general = fast;
+                PixelRows rows{fast.data() + 1,
+                               UsesSource(row->code) ? source.data() : nullptr,
+                               UsesPattern(row->code) ? pattern.data() : nullptr,
+                               count,
+                               3,
+                               static_cast<std::ptrdiff_t>(stride),
+                               static_cast<std::ptrdiff_t>(stride),
+                               static_cast<std::ptrdiff_t>(stride)};
+                row->run(rows);
+                rows.target = general.data() + 1;
+                CombineRowsGeneral(row->code, rows);
+                ASSERT_EQ(fast, general) << "code " << int{row->code} << ", " << count << " pixels";
             }
-            std::vector<std::uint32_t> general = fast;
-            row->run(fast.data() + 1, UsesSource(row->code) ? source.data() : nullptr,
-                     UsesPattern(row->code) ? pattern.data() : nullptr, count);
-            CombineRowGeneral(row->code, general.data() + 1, source.data(), pattern.data(), count);
-            // The pixels before and after must be untouched as well.
-            ASSERT_EQ(fast, general) << "code " << int{row->code} << ", " << count << " pixels";
         }
     }
 }
 
 TEST(Blending, CoverageMixesEachChannelToTheNearestValue) {
     KV_RANDOM(random);
-    for (unsigned coverage = 0; coverage < 256; ++coverage) {
-        const std::uint32_t target = random() & 0xFFFFFF, pixel = random() & 0xFFFFFF;
-        std::uint32_t mixed = target;
-        const auto byte = static_cast<std::uint8_t>(coverage);
-        BlendCoverageRow(&mixed, &byte, pixel, 1);
-        std::uint32_t withAlpha = target;
-        const std::uint32_t source = pixel | coverage << 24;
-        BlendAlphaRow(&withAlpha, &source, 1);
-        EXPECT_EQ(mixed, withAlpha);
-        for (int shift = 0; shift < 24; shift += 8) {
-            const double exact = ((pixel >> shift & 0xFF) * coverage +
-                                  (target >> shift & 0xFF) * (255.0 - coverage)) /
-                                 255.0;
-            EXPECT_NEAR(mixed >> shift & 0xFF, exact, 0.5001);
+    for (const RowLoops* loops : AllLoops()) {
+        std::vector<std::uint32_t> target(256), withCoverage, withAlpha, source;
+        std::vector<std::uint8_t> coverage;
+        const std::uint32_t pixel = random() & 0xFFFFFF;
+        for (unsigned i = 0; i < 256; ++i) {
+            target[i] = random() & 0xFFFFFF;
+            coverage.push_back(static_cast<std::uint8_t>(i));
+            source.push_back(pixel | i << 24);
+        }
+        // An odd start and an odd count, so that the ends of the wide loops are met too.
+        withCoverage = withAlpha = target;
+        loops->blendCoverage({withCoverage.data() + 1, coverage.data() + 1, 85, 3, 85, 85}, pixel);
+        loops->blendAlpha(withAlpha.data() + 1, source.data() + 1, 255);
+        EXPECT_EQ(withCoverage, withAlpha);
+        EXPECT_EQ(withCoverage[0], target[0]);
+        for (unsigned i = 1; i < 256; ++i) {
+            for (int shift = 0; shift < 24; shift += 8) {
+                const double exact = ((pixel >> shift & 0xFF) * i +
+                                      (target[i] >> shift & 0xFF) * (255.0 - i)) /
+                                     255.0;
+                EXPECT_NEAR(withCoverage[i] >> shift & 0xFF, exact, 0.5001) << i;
+            }
         }
     }
 }
