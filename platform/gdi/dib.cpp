@@ -126,6 +126,14 @@ void ExpandDibRow(std::uint32_t* target, const BYTE* row, int width, int bitsPer
     }
 }
 
+std::span<const BYTE> ResourceBytes(HINSTANCE module, LPCSTR name, LPCSTR type) {
+    const HRSRC resource = FindResourceA(module, name, type);
+    if (resource == nullptr) return {};
+    const LPVOID data = LockResource(LoadResource(module, resource));
+    if (data == nullptr) return {};
+    return {static_cast<const BYTE*>(data), SizeofResource(module, resource)};
+}
+
 std::unique_ptr<Bitmap> DecodeDib(std::span<const BYTE> bytes) {
     DibLayout layout;
     if (!ReadDibLayout(bytes, layout)) return nullptr;

@@ -31,6 +31,9 @@ bool ReadDibLayout(std::span<const BYTE> bytes, DibLayout& layout);
 void ExpandDibRow(std::uint32_t* target, const BYTE* row, int width, int bitsPerPixel,
                   const std::uint32_t* palette);
 
+// The bytes of a resource; empty with a last error when there is none.
+std::span<const BYTE> ResourceBytes(HINSTANCE module, LPCSTR name, LPCSTR type);
+
 // A bitmap object from a packed DIB; monochrome when it has one bit per pixel, black and white.
 // Null with a last error when the bytes are not a picture.
 std::unique_ptr<Bitmap> DecodeDib(std::span<const BYTE> bytes);

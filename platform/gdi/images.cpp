@@ -1,4 +1,5 @@
 // Bitmaps and icons from resources: LoadBitmapA, LoadIconA, LoadImageA.
+#include <platform/gdi/decoded_pictures.h>
 #include <platform/gdi/dib.h>
 #include <platform/gdi/raster.h>
 #include <platform/resource/registry_of_files.h>
@@ -11,14 +12,6 @@
 
 namespace kv {
 namespace {
-
-std::span<const BYTE> ResourceBytes(HINSTANCE module, LPCSTR name, LPCSTR type) {
-    const HRSRC resource = FindResourceA(module, name, type);
-    if (resource == nullptr) return {};
-    const LPVOID data = LockResource(LoadResource(module, resource));
-    if (data == nullptr) return {};
-    return {static_cast<const BYTE*>(data), SizeofResource(module, resource)};
-}
 
 // Group of icons: three words (reserved, type, count), then entries of 14 bytes.
 constexpr std::size_t kGroupHeader = 6;
@@ -68,9 +61,8 @@ bool IsSaneSize(int width, int height) {
 }
 
 HBITMAP LoadPicture(HINSTANCE module, LPCSTR name, int width, int height) {
-    const std::span<const BYTE> bytes = ResourceBytes(module, name, RT_BITMAP());
-    if (bytes.empty()) return nullptr;
-    auto bitmap = DecodeDib(bytes);
+    const auto id = static_cast<WORD>(reinterpret_cast<ULONG_PTR>(name));
+    auto bitmap = IS_INTRESOURCE(name) ? DecodedPicture(module, id) : DecodePicture(module, name);
     if (!bitmap) return nullptr;
     if (width <= 0) width = bitmap->view.width;
     if (height <= 0) height = bitmap->view.height;

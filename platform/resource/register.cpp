@@ -5,6 +5,7 @@
 #include <platform/shell/module_table.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cstdio>
 #include <functional>
 #include <mutex>
@@ -22,7 +23,7 @@ struct Registration {
 struct Registrations {
     std::shared_mutex lock;
     std::vector<Registration> rows;
-    unsigned generation = 0;
+    std::atomic<unsigned> generation = 0;
 };
 
 // Never destroyed: a library may unregister after this one's static objects are gone.
@@ -53,7 +54,6 @@ void UnregisterModuleResources(const void* begin) {
 }
 
 unsigned RegistryGeneration() {
-    std::shared_lock guard(All().lock);
     return All().generation;
 }
 

@@ -2,6 +2,7 @@
 #include <platform/resource/register.h>
 #include <tests/platform/gdi/drawing.h>
 
+#include <algorithm>
 #include <cstring>
 
 namespace kv::test {
@@ -85,6 +86,53 @@ TEST_F(LoadImage, BitmapsComeInTheirSizeOrScaled) {
     EXPECT_EQ(record.bmHeight, 6);
     EXPECT_TRUE(DeleteObject(bitmap));
     EXPECT_TRUE(DeleteObject(scaled));
+}
+
+TEST_F(LoadImage, DrawingOnALoadedBitmapLeavesItsResourceAndEveryOtherBitmapAlone) {
+    const auto load = [] { return LoadBitmapA(nullptr, MAKEINTRESOURCEA(500)); };
+    const HBITMAP drawn = load(), other = load(), written = load();
+    const HBRUSH brush = CreatePatternBrush(drawn);
+    ViewOf(written).Row(0)[0] = 0x0A0B0C;
+    const Drawing target(6, 6);
+    {
+        const HDC dc = CreateCompatibleDC(nullptr);
+        const HGDIOBJ before = SelectObject(dc, drawn);
+        EXPECT_TRUE(PatBlt(dc, 0, 0, 6, 6, WHITENESS));
+        SelectObject(dc, before);
+        DeleteDC(dc);
+    }
+    const RECT all{0, 0, 6, 6};
+    FillRect(target.dc, &all, brush);
+    const HBITMAP later = load();
+    EXPECT_EQ(ViewOf(drawn).Row(3)[3] & 0xFFFFFF, 0xFFFFFFu);
+    EXPECT_EQ(ViewOf(written).Row(0)[0], 0x0A0B0Cu);
+    EXPECT_EQ(GetPixel(target.dc, 3, 3), RGB(0x10, 0x20, 0x30)) << "the brush was made before";
+    for (const HBITMAP bitmap : {other, later}) {
+        EXPECT_EQ(ViewOf(bitmap).Row(0)[0], 0x102030u);
+        EXPECT_EQ(ViewOf(bitmap).Row(3)[3], 0x102030u);
+    }
+    for (const HGDIOBJ object : {HGDIOBJ(drawn), HGDIOBJ(other), HGDIOBJ(written), HGDIOBJ(later),
+                                 HGDIOBJ(brush)}) {
+        EXPECT_TRUE(DeleteObject(object));
+    }
+}
+
+TEST_F(LoadImage, OtherResourcesAtTheSamePlaceAreDecodedAnew) {
+    const HBITMAP before = LoadBitmapA(nullptr, MAKEINTRESOURCEA(500));
+    UnregisterModuleResources(resources.bytes.data());
+    // The same buffer, another colour: as when a module is loaded where another one lay.
+    const std::vector<BYTE> old = OneColor(6, 0x102030, false), now = OneColor(6, 0x405060, false);
+    const auto at = std::search(resources.bytes.begin(), resources.bytes.end(), old.begin(),
+                                old.end());
+    ASSERT_NE(at, resources.bytes.end());
+    std::copy(now.begin(), now.end(), at);
+    static const char anchor = 0;
+    RegisterModuleResources(&anchor, resources.bytes.data(), resources.bytes.size());
+    const HBITMAP after = LoadBitmapA(nullptr, MAKEINTRESOURCEA(500));
+    EXPECT_EQ(ViewOf(before).Row(0)[0], 0x102030u);
+    EXPECT_EQ(ViewOf(after).Row(0)[0], 0x405060u);
+    DeleteObject(before);
+    DeleteObject(after);
 }
 
 TEST_F(LoadImage, IconsComeFromTheBestPictureOfTheirGroup) {
