@@ -29,8 +29,8 @@ constexpr bool UsesTarget(RopCode code) {
 std::uint32_t EvaluateRop(RopCode code, std::uint32_t pattern, std::uint32_t source,
                           std::uint32_t target);
 
-// Rows of pixels of one length, one below the other; strides count pixels. What the operation's code
-// does not use may be null; what it uses does not overlap the target.
+// Rows of pixels of one length, one below the other; strides count pixels. What the operation's
+// code does not use may be null; what it uses does not overlap the target.
 struct PixelRows {
     std::uint32_t* target;
     const std::uint32_t* source;

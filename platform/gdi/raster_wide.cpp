@@ -1,5 +1,5 @@
-// The row loops for processors with 256-bit registers. This file alone is compiled for them: nothing
-// in it may run before the processor was asked.
+// The row loops for processors with 256-bit registers. This file alone is compiled for them:
+// nothing in it may run before the processor was asked.
 #include <platform/gdi/raster.h>
 
 #ifdef __AVX2__

@@ -1,5 +1,6 @@
-// The loops over rows of pixels: one per raster operation in use, and the two blends. Included by two
-// files that compile them for different processors, so everything here belongs to the including file.
+// The loops over rows of pixels: one per raster operation in use, and the two blends. Included by
+// two files that compile them for different processors, so everything here is the including file's
+// own.
 #include <platform/gdi/raster.h>
 
 #include <cstring>
@@ -27,8 +28,8 @@ void Store(std::uint32_t* to, const Lanes<N>& lanes) {
     std::memcpy(to, &lanes, sizeof lanes);
 }
 
-// Writes result<N>(i) to N pixels from `i` on, for all of the row. The last lanes overlap those before
-// them, so they are computed while all of the target is as it was.
+// Writes result<N>(i) to N pixels from `i` on, for all of the row. The last lanes overlap those
+// before them, so they are computed while all of the target is as it was.
 template <int N, typename Result>
 void WriteLanes(std::uint32_t* target, std::size_t count, const Result& result) {
     const std::size_t end = count - N;
@@ -147,8 +148,8 @@ constexpr FastRows kFastRows[] = {
     {0, nullptr},
 };
 
-// Rounded value / 255 of two channels at once, in the lower and the upper half of a pixel; exact for
-// 0..65025.
+// Rounded value / 255 of two channels at once, in the lower and the upper half of a pixel; exact
+// for 0..65025.
 template <typename Pixels>
 Pixels DivideBy255(Pixels values) {
     constexpr std::uint32_t kBytes = 0x00FF00FF;

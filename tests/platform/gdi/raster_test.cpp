@@ -56,7 +56,8 @@ TEST(RasterOperation, FastLoopsAgreeWithTheGeneralEvaluator) {
             for (const std::size_t count : {1u, 3u, 4u, 7u, 8u, 16u, 33u, 160u, 1001u}) {
                 // Three rows with gaps between them, which must stay as they are.
                 const std::size_t stride = count + 2;
-                std::vector<std::uint32_t> source(stride * 3), pattern(stride * 3), fast(stride * 3);
+                std::vector<std::uint32_t> source(stride * 3), pattern(stride * 3),
+                    fast(stride * 3);
                 for (auto* pixels : {&source, &pattern, &fast}) {
                     std::generate(pixels->begin(), pixels->end(), std::ref(random));
                 }
