@@ -86,6 +86,12 @@ def linked_faults(folder):
         for line in out.splitlines():
             if "libQt" in line:
                 yield f"{name} links {line.split()[0]}"
+    for path in sorted([bin_dir / "kvprefs", *bin_dir.glob("lib*.so")]):
+        out = subprocess.run(["readelf", "-d", path], capture_output=True, text=True, check=True).stdout
+        for runpath in re.findall(r"runpath: \[(.*)\]", out):
+            # An empty entry is the folder that the user happens to be in.
+            if not all(entry.startswith("$ORIGIN") for entry in runpath.split(":")):
+                yield f"{path.name} looks for libraries in {runpath}"
     wanted = set((ROOT / "module/exports.map").read_text().split())
     out = subprocess.run(["nm", "-D", "--defined-only", bin_dir / "libkvuimod.so"],
                          capture_output=True, text=True, check=True).stdout
