@@ -203,12 +203,19 @@ bool Apply(HWND handle, Closing closing) {
     if (!MayLeave(handle) || !AskPagesToApply(handle, closing)) return false;
     SheetState* sheet = SheetOf(handle);
     if (!sheet) return false;
-    for (const auto& page : sheet->pages) page->changed = false;
-    UpdateApply(handle);
-    if (const SheetApplied applied = sheet->applied) applied(handle, closing == Closing::kYes);
-    if (!SheetOf(handle)) return true;
-    if (closing == Closing::kNo) NotifyPage(handle, ActiveWindow(handle), PSN_SETACTIVE);
-    return true;
+    const SheetApplied applied = sheet->applied;
+    const bool taken =
+        !applied || applied(handle, closing == Closing::kYes) == SheetAnswer::kTaken;
+    sheet = SheetOf(handle);
+    if (!sheet) return true;
+    if (taken) {
+        for (const auto& page : sheet->pages) page->changed = false;
+        UpdateApply(handle);
+    }
+    if (!taken || closing == Closing::kNo) {
+        NotifyPage(handle, ActiveWindow(handle), PSN_SETACTIVE);
+    }
+    return taken;
 }
 
 void End(HWND handle, INT_PTR result) {

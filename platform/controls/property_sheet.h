@@ -9,8 +9,11 @@
 
 namespace kv {
 
+// What the owner made of what was applied: a sheet that is refused stays open, with its changes.
+enum class SheetAnswer { kTaken, kRefused };
+
 // Called after every page accepted an apply; `closing` says that OK was pressed.
-using SheetApplied = std::function<void(HWND sheet, bool closing)>;
+using SheetApplied = std::function<SheetAnswer(HWND sheet, bool closing)>;
 void OnSheetApplied(HWND sheet, SheetApplied applied);
 
 // A modeless sheet stays until its owner destroys it; OK and Cancel only mark it as ended.

@@ -82,7 +82,15 @@ struct BoxRequest {
     const char* text;
     const char* caption;
     UINT type;
+    std::initializer_list<ButtonText> buttons;
 };
+
+const char* CaptionOf(const BoxRequest& request, int id) {
+    for (const ButtonText& button : request.buttons) {
+        if (button.id == id) return button.text;
+    }
+    return CaptionOf(id);
+}
 
 SIZE MeasureText(const char* text) {
     RECT area{0, 0, kWidestText, 0};
@@ -102,17 +110,25 @@ void Child(HWND dialog, const char* className, const char* text, DWORD style, UI
     SendMessageA(control, WM_SETFONT, reinterpret_cast<WPARAM>(box->font), FALSE);
 }
 
-void AddButtons(HWND dialog, const BoxButtons& buttons, int width, int top) {
+// MB_DEFBUTTON1 to 3; a number beyond the last button means the first.
+int DefaultButton(UINT type) {
+    const int index = static_cast<int>((type & MB_DEFMASK) >> 8);
+    return index < ButtonsFor(type).count ? index : 0;
+}
+
+void AddButtons(HWND dialog, const BoxRequest& request, int width, int top) {
+    const BoxButtons& buttons = ButtonsFor(request.type);
     const int all = buttons.count * (kButtonWidth + kButtonGap) - kButtonGap;
     int x = (width - all) / 2;
+    const int first = DefaultButton(request.type);
     for (int i = 0; i < buttons.count; ++i) {
-        const DWORD type = i == 0 ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
-        Child(dialog, "BUTTON", CaptionOf(buttons.ids[i]),
+        const DWORD type = i == first ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
+        Child(dialog, "BUTTON", CaptionOf(request, buttons.ids[i]),
               WS_TABSTOP | type | (i == 0 ? WS_GROUP : 0), static_cast<UINT>(buttons.ids[i]),
               {x, top, x + kButtonWidth, top + kButtonHeight});
         x += kButtonWidth + kButtonGap;
     }
-    SendMessageA(dialog, DM_SETDEFID, static_cast<WPARAM>(buttons.ids[0]), 0);
+    SendMessageA(dialog, DM_SETDEFID, static_cast<WPARAM>(buttons.ids[first]), 0);
 }
 
 void LayOut(HWND dialog, const BoxRequest& request) {
@@ -136,7 +152,7 @@ void LayOut(HWND dialog, const BoxRequest& request) {
     const int top = kMargin + (body - static_cast<int>(text.cy)) / 2;
     Child(dialog, "STATIC", request.text, SS_LEFT | SS_NOPREFIX, kTextId,
           {left, top, left + static_cast<int>(text.cx), top + static_cast<int>(text.cy)});
-    AddButtons(dialog, buttons, width, kMargin + body + kMargin);
+    AddButtons(dialog, request, width, kMargin + body + kMargin);
 }
 
 void OnCommand(HWND dialog, int id) {
@@ -157,7 +173,8 @@ INT_PTR BoxProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
                 dialog, kTypeProperty,
                 reinterpret_cast<HANDLE>(static_cast<std::uintptr_t>(request->type) | 1u << 31));
             LayOut(dialog, *request);
-            return TRUE;
+            SetFocus(GetDlgItem(dialog, ButtonsFor(request->type).ids[DefaultButton(request->type)]));
+            return FALSE;
         }
         case WM_COMMAND:
             return OnCommand(dialog, LOWORD(wParam)), TRUE;
@@ -166,25 +183,12 @@ INT_PTR BoxProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     }
 }
 
-}  // namespace
-
-bool GetMessageBoxType(HWND dialog, UINT* type) {
-    const auto value = reinterpret_cast<std::uintptr_t>(GetPropA(dialog, kTypeProperty));
-    if (type) *type = static_cast<UINT>(value & 0x7FFFFFFF);
-    return value != 0;
-}
-
-}  // namespace kv
-
-using namespace kv;
-
-int WINAPI MessageBoxA(HWND owner, LPCSTR text, LPCSTR caption, UINT type) {
+int Run(HWND owner, const BoxRequest& request) {
     if (owner && !WindowFromHandle(owner)) return 0;
     return Guarded(0, [&] {
-        const BoxRequest request{text ? text : "", caption ? caption : "Error", type};
         // An empty classic template; the controls come with the measured text.
         const DWORD style = WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME;
-        const DWORD exStyle = (type & MB_RTLREADING) != 0 ? WS_EX_RTLREADING : 0;
+        const DWORD exStyle = (request.type & MB_RTLREADING) != 0 ? WS_EX_RTLREADING : 0;
         BYTE bytes[24] = {};
         std::memcpy(bytes, &style, sizeof style);
         std::memcpy(bytes + 4, &exStyle, sizeof exStyle);
@@ -196,4 +200,23 @@ int WINAPI MessageBoxA(HWND owner, LPCSTR text, LPCSTR caption, UINT type) {
         const INT_PTR result = RunDialog(creation);
         return result > 0 ? static_cast<int>(result) : 0;
     });
+}
+
+}  // namespace
+
+int AskWithButtons(HWND owner, const char* text, const char* caption, UINT type,
+                   std::initializer_list<ButtonText> buttons) {
+    return Run(owner, {text, caption, type, buttons});
+}
+
+bool GetMessageBoxType(HWND dialog, UINT* type) {
+    const auto value = reinterpret_cast<std::uintptr_t>(GetPropA(dialog, kTypeProperty));
+    if (type) *type = static_cast<UINT>(value & 0x7FFFFFFF);
+    return value != 0;
+}
+
+}  // namespace kv
+
+int WINAPI MessageBoxA(HWND owner, LPCSTR text, LPCSTR caption, UINT type) {
+    return kv::Run(owner, {text ? text : "", caption ? caption : "Error", type, {}});
 }

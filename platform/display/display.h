@@ -41,6 +41,8 @@ class Display {
     // A modal loop begins or ends for this window.
     virtual void ModalBegun(HWND /*window*/) {}
     virtual void ModalEnded(HWND /*window*/) {}
+    // A line about what just happened, shown in a sheet beside its buttons; empty for nothing.
+    virtual void ShowStatus(HWND /*sheet*/, const char* /*text*/) {}
     // Called by a modal loop that has nothing to do: handle at least one event, or wait for one.
     // False: nothing will ever come; the loop gives up.
     virtual bool WaitForInput(HWND modal) = 0;

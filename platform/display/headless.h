@@ -31,7 +31,10 @@ class HeadlessDisplay : public Display {
     // Descriptions of the modal dialogs shown, in order.
     std::vector<std::string> shown;
 
+    std::string status;  // what a sheet's status line says
+
     void Beeped() override { ++beeps; }
+    void ShowStatus(HWND /*sheet*/, const char* text) override { status = text; }
     void ModalBegun(HWND window) override;
     void ModalEnded(HWND window) override;
     bool WaitForInput(HWND modal) override;

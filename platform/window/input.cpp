@@ -10,6 +10,7 @@ namespace kv::input {
 namespace {
 
 unsigned currentModifiers = kNoModifier;
+Watcher* watcher = nullptr;
 
 // Where a button press on `window` arrives: labels and frames let it through to their parent.
 struct MouseTarget {
@@ -54,8 +55,8 @@ POINT CentreOf(HWND handle) {
 template <size_t Count>
 bool Mouse(HWND window, POINT point, unsigned modifiers, const MouseEvent (&events)[Count]) {
     if (!CanReach(window)) return false;
-    const ActionScope scope(modifiers);
     const MouseTarget target = TargetAt(window, point);
+    const ActionScope scope(modifiers, target.window);
     const HWND root = RootOf(target.window);
     SetActiveWindow(root);
     for (const MouseEvent& event : events) {
@@ -99,19 +100,26 @@ bool TypeOne(char character) {
     if (character >= '0' && character <= '9') return Key(character);
     const HWND target = KeyTarget();
     if (!CanReach(target)) return false;
-    const ActionScope scope(kNoModifier);
+    const ActionScope scope(kNoModifier, target);
     Deliver(target, WM_CHAR, static_cast<unsigned char>(character));
     return true;
 }
 
 }  // namespace
 
-ActionScope::ActionScope(unsigned modifiers) : previous_(currentModifiers) {
+ActionScope::ActionScope(unsigned modifiers, HWND window)
+    : previous_(currentModifiers), watched_(watcher && window) {
     currentModifiers = modifiers;
+    if (watched_) watcher->Begun(window);
 }
 
 ActionScope::~ActionScope() {
     currentModifiers = previous_;
+    if (watched_ && watcher) watcher->Ended();
+}
+
+void Watch(Watcher* next) {
+    watcher = next;
 }
 
 unsigned CurrentModifiers() {
@@ -177,7 +185,7 @@ bool MoveTo(HWND window, POINT clientPoint) {
 bool Focus(HWND window) {
     if (!CanReach(window)) return false;
     if ((SendMessageA(window, WM_GETDLGCODE, 0, 0) & DLGC_STATIC) != 0) return false;
-    const ActionScope scope(kNoModifier);
+    const ActionScope scope(kNoModifier, window);
     const HWND root = RootOf(window);
     if (!Contains(window, GetFocus())) SetFocus(window);
     MarkDefaultButton(root, GetFocus());
@@ -188,7 +196,7 @@ bool Focus(HWND window) {
 bool Key(int virtualKey, unsigned modifiers) {
     HWND target = KeyTarget();
     if (!CanReach(target)) return false;
-    const ActionScope scope(modifiers);
+    const ActionScope scope(modifiers, target);
     const bool alt = (modifiers & kAlt) != 0;
     Deliver(target, alt ? WM_SYSKEYDOWN : WM_KEYDOWN, static_cast<WPARAM>(virtualKey));
     // Letting go reaches whoever has the focus by then.

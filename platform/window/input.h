@@ -48,6 +48,17 @@ bool Close(HWND topLevel);
 // Brings a page of a property sheet to the front by its tab.
 bool SelectPage(HWND sheet, int index);
 
+// Is told of each action before and after its effects. Actions nest: those in a modal dialog lie
+// within the one that opened it. The mouse passing over a window is no action.
+class Watcher {
+ public:
+    virtual ~Watcher() = default;
+    virtual void Begun(HWND window) = 0;
+    virtual void Ended() = 0;
+};
+// Null ends it. A watcher is set and taken back while no action is under way.
+void Watch(Watcher* watcher);
+
 // The state of the modifier keys during the call under way (GetKeyState reads it).
 unsigned CurrentModifiers();
 

@@ -32,7 +32,7 @@ bool Ask(HWND control, std::initializer_list<std::string_view> kinds, Takes take
 }  // namespace
 
 bool SetEditText(HWND edit, std::string_view text, int selectionStart, int selectionEnd) {
-    const ActionScope scope(kNoModifier);
+    const ActionScope scope(kNoModifier, edit);
     const std::string terminated(text);
     const UserText change{terminated.c_str(), selectionStart, selectionEnd};
     return Ask(edit, {"edit", "combo"}, Takes::kFocus, KVM_USERTEXT, 0,
@@ -40,31 +40,31 @@ bool SetEditText(HWND edit, std::string_view text, int selectionStart, int selec
 }
 
 bool Choose(HWND comboOrList, int index, unsigned modifiers) {
-    const ActionScope scope(modifiers);
+    const ActionScope scope(modifiers, comboOrList);
     if (index < 0) return false;
     return Ask(comboOrList, {"combo", "list"}, Takes::kFocus, KVM_CHOOSE,
                static_cast<WPARAM>(index), static_cast<LPARAM>(modifiers));
 }
 
 bool DropDown(HWND combo, bool open) {
-    const ActionScope scope(kNoModifier);
+    const ActionScope scope(kNoModifier, combo);
     return Ask(combo, {"combo"}, Takes::kFocus, KVM_DROPDOWN, open ? TRUE : FALSE, 0);
 }
 
 bool DragTo(HWND trackBar, int position, int steps) {
-    const ActionScope scope(kNoModifier);
+    const ActionScope scope(kNoModifier, trackBar);
     if (steps < 0) return false;
     return Ask(trackBar, {"trackbar"}, Takes::kFocus, KVM_DRAGTO, static_cast<WPARAM>(steps),
                position);
 }
 
 bool TrackTo(HWND trackBar, int position) {
-    const ActionScope scope(kNoModifier);
+    const ActionScope scope(kNoModifier, trackBar);
     return Ask(trackBar, {"trackbar"}, Takes::kFocus, KVM_TRACKTO, 0, position);
 }
 
 bool Step(HWND upDown, int notches) {
-    const ActionScope scope(kNoModifier);
+    const ActionScope scope(kNoModifier, upDown);
     // The control itself gives the focus to its buddy.
     return Ask(upDown, {"updown"}, Takes::kNoFocus, KVM_STEP, 0, notches);
 }
@@ -72,14 +72,14 @@ bool Step(HWND upDown, int notches) {
 bool Close(HWND topLevel) {
     const HWND root = RootOf(topLevel);
     if (!CanReach(root)) return false;
-    const ActionScope scope(kNoModifier);
+    const ActionScope scope(kNoModifier, root);
     SendMessageA(root, WM_SYSCOMMAND, kCloseCommand, 0);
     PumpPendingMessages();
     return true;
 }
 
 bool SelectPage(HWND sheet, int index) {
-    const ActionScope scope(kNoModifier);
+    const ActionScope scope(kNoModifier, sheet);
     if (index < 0) return false;
     return Ask(sheet, {"sheet"}, Takes::kNoFocus, KVM_SELECTPAGE, static_cast<WPARAM>(index), 0);
 }

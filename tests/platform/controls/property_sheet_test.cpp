@@ -116,6 +116,7 @@ TEST_F(SheetTest, ApplyAsksEveryPageThatWasShown) {
     OnSheetApplied(sheet, [&](HWND, bool closing) {
         applied.push_back(closing ? "closing" : "open");
         log.push_back("stored");
+        return SheetAnswer::kTaken;
     });
     EXPECT_FALSE(IsWindowEnabled(Button(kSheetApplyButton)));
     SendMessageA(sheet, PSM_CHANGED, reinterpret_cast<WPARAM>(Page(0)), 0);
@@ -133,6 +134,19 @@ TEST_F(SheetTest, ApplyAsksEveryPageThatWasShown) {
     EXPECT_EQ(SheetResult(sheet), 1);
     EXPECT_EQ(SendMessageA(sheet, PSM_GETCURRENTPAGEHWND, 0, 0), 0);
     EXPECT_THAT(applied, ElementsAre("open", "closing"));
+}
+
+TEST_F(SheetTest, WhatItsOwnerRefusesStaysOpenAndChanged) {
+    Open();
+    OnSheetApplied(sheet, [](HWND, bool) { return SheetAnswer::kRefused; });
+    SendMessageA(sheet, PSM_CHANGED, reinterpret_cast<WPARAM>(Page(0)), 0);
+    for (const int button : {IDOK, kSheetApplyButton}) {
+        TakeLog();
+        EXPECT_TRUE(input::Click(Button(button)));
+        EXPECT_THAT(TakeLog().back(), "Alpha SETACTIVE");
+        EXPECT_FALSE(SheetEnded(sheet));
+        EXPECT_TRUE(IsWindowEnabled(Button(kSheetApplyButton)));
+    }
 }
 
 TEST_F(SheetTest, OnlyRealChangesOfPagesEnableApply) {
@@ -155,7 +169,10 @@ TEST_F(SheetTest, ARefusedApplyBringsItsPageToTheFront) {
     input::SelectPage(sheet, 1);
     input::SelectPage(sheet, 2);
     int stored = 0;
-    OnSheetApplied(sheet, [&](HWND, bool) { ++stored; });
+    OnSheetApplied(sheet, [&](HWND, bool) {
+        ++stored;
+        return SheetAnswer::kTaken;
+    });
     answers["Beta APPLY"] = PSNRET_INVALID;
     TakeLog();
     input::Click(Button(IDOK));
