@@ -17,6 +17,7 @@ struct Field {
 struct Choice {
     DWORD value;
     DWORD buttonId;    // radio buttons
+    DWORD captionId;   // string of the module
     const char* name;  // entry name, "on"/"off", or empty
 };
 
@@ -32,6 +33,7 @@ struct Control {
     const Choice* choices;
     unsigned choiceCount;
     LONG sliderBase;     // stored value at a slider's position 0
+    DWORD parts[2];      // ids of a slider's edit and of the arrows; 0 for none
 };
 
 extern const Field kFields[];

@@ -1,5 +1,6 @@
-// Which printers' windows to open, and running their sheets one by one.
+// Which printers' windows to open, and running them one by one.
 #include <framework/core/install_printer.h>
+#include <host/printer_window.h>
 #include <host/printer_windows.h>
 
 #include <strings.h>
@@ -11,17 +12,6 @@ namespace {
 
 bool SamePrinter(const std::string& left, const std::string& right) {
     return left.size() == right.size() && strncasecmp(left.data(), right.data(), left.size()) == 0;
-}
-
-ExitStatus RunWindow(Session& session) {
-    bool stored = true;
-    SheetRequest request;
-    request.printer = &session.printer();
-    request.record = session.record().data();
-    request.caption = session.printer().printerName;
-    request.applied = [&](bool) { stored = session.StoreRecord(); };
-    const INT_PTR result = session.module().RunSheet(request);
-    return result >= 0 && stored ? kDone : kRefused;
 }
 
 }  // namespace
@@ -45,12 +35,13 @@ bool PrinterWindows::Prepare(const Options& options, const std::vector<std::stri
 }
 
 ExitStatus PrinterWindows::Run() {
-    ExitStatus status = RunWindow(first_);
+    ExitStatus status = PrinterWindow(first_).Run();
     // A printer's settings are read when its turn has come.
     for (size_t i = 1; i < printers_.size(); ++i) {
         Session next;
         next.ShareModule(first_);
-        status = std::max(status, next.Open({printers_[i], false}) ? RunWindow(next) : kBadInput);
+        const bool opened = next.Open({printers_[i], false});
+        status = std::max(status, opened ? PrinterWindow(next).Run() : kBadInput);
     }
     return status;
 }

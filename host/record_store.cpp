@@ -4,8 +4,10 @@
 #include <fcntl.h>
 #include <kvcore.h>
 #include <platform/registry/state_directory.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <winbase.h>
 
 #include <cerrno>
 #include <cstdio>
@@ -53,6 +55,35 @@ std::string FreeAsideName(const std::string& path) {
     }
     return path + ".bad";
 }
+
+std::string FolderOf(const std::string& path) { return path.substr(0, path.find_last_of('/')); }
+
+// While it is held nobody else stores records. A lock on the folder leaves no file behind.
+class FolderLock {
+   public:
+    FolderLock(const std::string& folder, std::string& error)
+        : folder_(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+        constexpr int kAttempts = 1000;  // five seconds
+        constexpr DWORD kPause = 5;
+        for (int attempt = 0; folder_ >= 0 && attempt < kAttempts; ++attempt) {
+            held_ = flock(folder_, LOCK_EX | LOCK_NB) == 0;
+            if (held_) return;
+            if (errno != EWOULDBLOCK && errno != EINTR) break;
+            Sleep(kPause);
+        }
+        error = SystemMessage(folder);
+    }
+    ~FolderLock() {
+        if (folder_ >= 0) close(folder_);
+    }
+    FolderLock(const FolderLock&) = delete;
+    FolderLock& operator=(const FolderLock&) = delete;
+    bool IsHeld() const { return held_; }
+
+   private:
+    int folder_;
+    bool held_ = false;
+};
 
 }  // namespace
 
@@ -111,8 +142,7 @@ bool WriteWholeFile(const std::string& path, const void* bytes, size_t size, std
         return false;
     }
     // The new name is durable only when its folder is.
-    const std::string folder = path.substr(0, path.find_last_of('/'));
-    const int directory = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const int directory = open(FolderOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (directory >= 0) {
         fsync(directory);
         close(directory);
@@ -178,13 +208,39 @@ bool RecordStore::Load(PrinterBlock& printer, Record& record, std::string& warni
     return ReadDefaults(printer, record, error);
 }
 
+bool RecordStore::MakeFolder(std::string& error) const {
+    const std::string folder = FolderOf(path_);
+    if (mkdir(folder.c_str(), 0700) == 0 || errno == EEXIST) return true;
+    error = SystemMessage(folder);
+    return false;
+}
+
 bool RecordStore::Store(const Record& record, std::string& error) {
-    const std::string folder = path_.substr(0, path_.find_last_of('/'));
-    if (mkdir(folder.c_str(), 0700) != 0 && errno != EEXIST) {
-        error = SystemMessage(folder);
-        return false;
+    if (!MakeFolder(error)) return false;
+    const FolderLock lock(FolderOf(path_), error);
+    return lock.IsHeld() && WriteWholeFile(path_, record.data(), record.size(), error);
+}
+
+RecordStore::Outcome RecordStore::StoreUnlessChanged(const Record& expected, const Record& record,
+                                                     Record& found, std::string& error) {
+    if (!MakeFolder(error)) return Outcome::kFailed;
+    const FolderLock lock(FolderOf(path_), error);
+    if (!lock.IsHeld()) return Outcome::kFailed;
+    std::string problem;
+    switch (Read(found, problem)) {
+        case Found::kGood:
+            if (found == record) return Outcome::kStored;
+            if (found != expected) return Outcome::kChangedMeanwhile;
+            break;
+        case Found::kBad:
+            // Settings that nobody can use; kept for whoever wants to look at them.
+            rename(path_.c_str(), FreeAsideName(path_).c_str());
+            break;
+        case Found::kNothing:
+            break;
     }
-    return WriteWholeFile(path_, record.data(), record.size(), error);
+    const bool stored = WriteWholeFile(path_, record.data(), record.size(), error);
+    return stored ? Outcome::kStored : Outcome::kFailed;
 }
 
 }  // namespace kvhost

@@ -31,7 +31,15 @@ class RecordStore {
     // Atomic and durable: the old record or the new one, never half of either.
     bool Store(const Record& record, std::string& error);
 
+    enum class Outcome { kStored, kChangedMeanwhile, kFailed };
+    // Stores only when the file still holds `expected`, or nothing, so that nobody's settings are
+    // overwritten unseen; otherwise `found` is what it holds. Programs take turns at this.
+    Outcome StoreUnlessChanged(const Record& expected, const Record& record, Record& found,
+                               std::string& error);
+
    private:
+    bool MakeFolder(std::string& error) const;
+
     std::string path_;
 };
 

@@ -44,6 +44,7 @@ bool Session::Open(const Options& options) {
     store_ = std::make_unique<RecordStore>(printer_.printerName);
     std::string warning;
     const bool loaded = store_->Load(printer_, record_, warning, error);
+    stored_ = record_;
     if (!warning.empty()) PrintWarning(warning);
     if (!loaded) PrintError(error);
     return loaded;
@@ -89,9 +90,19 @@ void Session::CloseHeadlessSheet() {
 
 bool Session::StoreRecord() {
     std::string error;
-    if (store_->Store(record_, error)) return true;
+    if (store_->Store(record_, error)) {
+        stored_ = record_;
+        return true;
+    }
     PrintError("settings not stored: " + error);
     return false;
+}
+
+RecordStore::Outcome Session::StoreUnlessChanged(Record& found) {
+    const auto outcome = store_->StoreUnlessChanged(stored_, record_, found, problem_);
+    if (outcome == RecordStore::Outcome::kStored) stored_ = record_;
+    if (outcome == RecordStore::Outcome::kFailed) PrintError("settings not stored: " + problem_);
+    return outcome;
 }
 
 }  // namespace kvhost

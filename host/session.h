@@ -31,7 +31,17 @@ class Session {
     // Opens the sheet without a screen. Job Management is there too.
     HWND OpenHeadlessSheet();
     void CloseHeadlessSheet();
+    // Stores the record whatever is stored now.
     bool StoreRecord();
+    // Stores the record unless somebody else has stored another one since it was read or stored
+    // here; `found` is then that one. Says why when it fails.
+    RecordStore::Outcome StoreUnlessChanged(Record& found);
+    // Why storing failed last.
+    const std::string& problem() const { return problem_; }
+    // The record as it was read or last stored here.
+    const Record& stored() const { return stored_; }
+    // What somebody else stored is known and may be overwritten.
+    void AcceptStored(const Record& found) { stored_ = found; }
 
     PrinterBlock& printer() { return printer_; }
     Record& record() { return record_; }
@@ -43,6 +53,8 @@ class Session {
    private:
     PrinterBlock printer_{};
     Record record_{};
+    Record stored_{};
+    std::string problem_;
     std::unique_ptr<RecordStore> store_;
     std::shared_ptr<DriverModule> module_;
     SheetRequest request_;

@@ -13,6 +13,9 @@
 
 namespace kvhost {
 
+// A sheet whose settings were not stored stays open.
+enum class Applied { kStored, kNotStored };
+
 struct SheetRequest {
     PrinterBlock* printer = nullptr;
     // The 1,296-byte record; owned by the caller, changed in place by the pages.
@@ -25,7 +28,7 @@ struct SheetRequest {
     // ("TAB4", "DDMTAB4").
     std::vector<std::pair<std::string, std::string>> extraPages;
     // Called after all pages accepted an Apply or OK.
-    std::function<void(bool closing)> applied;
+    std::function<Applied(HWND sheet, bool closing)> applied;
 };
 
 // The loaded module. Loading failures say why.

@@ -116,8 +116,9 @@ void BindPage(Page& page, HWND window) {
     sheet.window = GetParent(window);
     sheet.shared.sheet = sheet.window;
     if (sheet.request.applied) {
-        kv::OnSheetApplied(sheet.window, [applied = sheet.request.applied](HWND, bool closing) {
-            applied(closing);
+        kv::OnSheetApplied(sheet.window, [applied = sheet.request.applied](HWND at, bool closing) {
+            return applied(at, closing) == Applied::kStored ? kv::SheetAnswer::kTaken
+                                                        : kv::SheetAnswer::kRefused;
         });
     }
 }

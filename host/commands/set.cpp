@@ -4,6 +4,7 @@
 #include <prsht.h>
 
 #include <cstdio>
+#include <functional>
 #include <nlohmann/json.hpp>
 
 namespace kvhost {
@@ -52,35 +53,60 @@ bool ParsePairs(const std::vector<std::string>& pairs, std::vector<Assignment>& 
     return true;
 }
 
+struct Changes {
+    std::vector<std::string> notes;
+    std::string error;  // why nothing was stored
+};
+// What is done to the open sheet; not kDone with an error.
+using Work = std::function<ExitStatus(Session&, ControlDriver&, Changes&)>;
+
+// Opens the sheet, works it and stores what came of it. When somebody else stores meanwhile, all of
+// it is done anew on top of that, so that neither's change is lost.
+ExitStatus Change(const Options& options, ConflictPolicy policy, const Work& work) {
+    for (;;) {
+        Session session;
+        if (!session.Open(options) || session.OpenHeadlessSheet() == nullptr) return kBadInput;
+        const Record before = session.record();
+        ControlDriver driver(session, policy);
+        Changes changes;
+        ExitStatus status = work(session, driver, changes);
+        if (status == kDone && !driver.Accept()) {
+            status = kRefused;
+            changes.error = "the pages did not accept the settings; nothing was stored";
+        }
+        session.CloseHeadlessSheet();
+        if (status != kDone) {
+            PrintResult(options, {}, changes.notes);
+            PrintError(changes.error);
+            return status;
+        }
+        if (session.record() != before) {
+            Record found{};
+            const RecordStore::Outcome outcome = session.StoreUnlessChanged(found);
+            if (outcome == RecordStore::Outcome::kChangedMeanwhile) continue;
+            if (outcome == RecordStore::Outcome::kFailed) return kRefused;
+        }
+        PrintResult(options, ChangedFields(before, session.record()), changes.notes);
+        return kDone;
+    }
+}
+
 }  // namespace
 
 ExitStatus RunSet(const Options& options, const std::vector<std::string>& pairs,
                   ConflictPolicy policy) {
     std::vector<Assignment> assignments;
     if (!ParsePairs(pairs, assignments)) return kBadInput;
-    Session session;
-    if (!session.Open(options) || session.OpenHeadlessSheet() == nullptr) return kBadInput;
-    const Record stored = session.record();
-    ControlDriver driver(session, policy);
-    std::vector<std::string> notes;
-    for (const Assignment& assignment : assignments) {
-        const SetOutcome outcome = driver.Set(*assignment.control, assignment.value);
-        notes.insert(notes.end(), outcome.notes.begin(), outcome.notes.end());
-        if (outcome.status == kDone) continue;
-        session.CloseHeadlessSheet();
-        PrintResult(options, {}, notes);
-        PrintError(outcome.error + "; nothing was stored");
-        return outcome.status;
-    }
-    const bool accepted = driver.Accept();
-    session.CloseHeadlessSheet();
-    if (!accepted) {
-        PrintError("the pages did not accept the settings; nothing was stored");
-        return kRefused;
-    }
-    if (session.record() != stored && !session.StoreRecord()) return kRefused;
-    PrintResult(options, ChangedFields(stored, session.record()), notes);
-    return kDone;
+    return Change(options, policy, [&](Session&, ControlDriver& driver, Changes& changes) {
+        for (const Assignment& assignment : assignments) {
+            const SetOutcome outcome = driver.Set(*assignment.control, assignment.value);
+            changes.notes.insert(changes.notes.end(), outcome.notes.begin(), outcome.notes.end());
+            if (outcome.status == kDone) continue;
+            changes.error = outcome.error + "; nothing was stored";
+            return outcome.status;
+        }
+        return kDone;
+    });
 }
 
 ExitStatus RunDefaults(const Options& options, const std::string& page) {
@@ -89,29 +115,24 @@ ExitStatus RunDefaults(const Options& options, const std::string& page) {
         PrintUnknownPage(page);
         return kBadInput;
     }
-    Session session;
-    if (!session.Open(options) || session.OpenHeadlessSheet() == nullptr) return kBadInput;
-    const Record stored = session.record();
-    ControlDriver driver(session, ConflictPolicy::kResolve);
-    for (int i = 0; i < kSheetPages; ++i) {
-        if (only >= 0 && i != only) continue;
-        kv::input::SelectPage(session.sheet(), i);
-        const HWND window =
-            reinterpret_cast<HWND>(SendMessageA(session.sheet(), PSM_INDEXTOHWND, i, 0));
-        const HWND button = GetDlgItem(window, kDefaultsButton);
-        if (button != nullptr) {
-            kv::input::Click(button);
-        } else if (only >= 0) {
-            PrintError("page \"" + page + "\" has no Defaults button");
-            return kRefused;
+    const auto pressAll = [&](Session& session, ControlDriver& driver, Changes& changes) {
+        for (int i = 0; i < kSheetPages; ++i) {
+            if (only >= 0 && i != only) continue;
+            kv::input::SelectPage(session.sheet(), i);
+            const HWND window =
+                reinterpret_cast<HWND>(SendMessageA(session.sheet(), PSM_INDEXTOHWND, i, 0));
+            const HWND button = GetDlgItem(window, kDefaultsButton);
+            if (button != nullptr) {
+                kv::input::Click(button);
+            } else if (only >= 0) {
+                changes.error = "page \"" + page + "\" has no Defaults button";
+                return kRefused;
+            }
         }
-    }
-    const bool accepted = driver.Accept();
-    session.CloseHeadlessSheet();
-    if (!accepted) return kRefused;
-    if (session.record() != stored && !session.StoreRecord()) return kRefused;
-    PrintResult(options, ChangedFields(stored, session.record()), driver.notes());
-    return kDone;
+        changes.notes = driver.notes();
+        return kDone;
+    };
+    return Change(options, ConflictPolicy::kResolve, pressAll);
 }
 
 }  // namespace kvhost

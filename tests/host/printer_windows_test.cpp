@@ -1,46 +1,24 @@
-// The windows of several printers, one after another, answered by a script as a person would.
-#include <framework/core/install_printer.h>
-#include <gtest/gtest.h>
-#include <host/host_paths.h>
-#include <host/printer_windows.h>
-#include <platform/display/headless.h>
-#include <platform/registry/state_directory.h>
-#include <platform/window/input.h>
-#include <unistd.h>
-
-#include <filesystem>
-#include <string>
-#include <vector>
+// The windows of several printers, one after another.
+#include "printer_fixture.h"
 
 namespace kvhost {
 namespace {
 
-class PrinterWindowsTest : public testing::Test {
+class PrinterWindowsTest : public PrinterTest {
    protected:
     void SetUp() override {
-        char folder[] = "/tmp/kvwindowsXXXXXX";
-        ASSERT_NE(mkdtemp(folder), nullptr);
-        state_ = folder;
-        kv::SetStateDirectory(state_);
-        for (const char* name : {"Hall", "Lobby", "Office"}) {
-            std::string error;
-            ASSERT_TRUE(kvcore::InstallPrinter(name, "USB001", DataPath("models"), error)) << error;
-        }
+        PrinterTest::SetUp();
+        for (const char* name : {"Lobby", "Office"}) Install(name);
         kv::Headless().SetPolicy([this](HWND sheet) {
             char title[64] = "";
             GetWindowTextA(sheet, title, sizeof title);
             titles_.push_back(title);
-            kv::input::Click(GetDlgItem(sheet, IDCANCEL));
+            Press(sheet, IDCANCEL);
         });
     }
-    void TearDown() override {
-        kv::Headless().SetPolicy(nullptr);
-        kv::SetStateDirectory({});
-        std::filesystem::remove_all(state_);
-    }
     // The titles of the windows that came up, in order.
-    std::vector<std::string> Open(const std::string& option, const std::vector<std::string>& named,
-                                  ExitStatus expected) {
+    std::vector<std::string> OpenAll(const std::string& option,
+                                     const std::vector<std::string>& named, ExitStatus expected) {
         titles_.clear();
         PrinterWindows windows;
         const bool ready = windows.Prepare({option, false}, named);
@@ -50,7 +28,6 @@ class PrinterWindowsTest : public testing::Test {
     }
 
     using Names = std::vector<std::string>;
-    std::string state_;
     Names titles_;
 };
 
@@ -69,7 +46,7 @@ TEST_F(PrinterWindowsTest, EachPrinterHasItsTurnAndUnknownNamesOpenNothing) {
         {"Cellar", {"Office"}, kBadInput, {}},
     };
     for (const auto& row : rows) {
-        EXPECT_EQ(Open(row.option, row.named, row.status), row.opened)
+        EXPECT_EQ(OpenAll(row.option, row.named, row.status), row.opened)
             << row.option << " " << testing::PrintToString(row.named);
     }
 }

@@ -2,6 +2,7 @@
 // values, setting fields) as a source file for the host. The module itself exports no table.
 #include <cstdio>
 
+#include "resources/string_ids.h"
 #include "settings/item_catalogue.h"
 #include "settings/setting_field.h"
 
@@ -29,6 +30,11 @@ long SliderBase(const ControlItem& item) {
     return item.slider != nullptr && item.slider->valueEditId != 3216 ? -50 : 0;
 }
 
+DWORD SpinOf(const ControlItem& item) {
+    if (item.slider != nullptr) return item.slider->spinId;
+    return item.edit != nullptr ? item.edit->spinId : 0;
+}
+
 void WriteFields() {
     std::puts("extern const Field kFields[] = {");
     for (const SettingField& field : SettingFieldTable) {
@@ -42,19 +48,21 @@ void WriteChoices() {
     std::puts("namespace {\nconst Choice kChoices[] = {");
     for (const ControlItem& item : kCatalogue) {
         for (const SelectItem& entry : SelectEntries(item)) {
-            std::printf("    {%#lx, 0, \"%s\"},\n", static_cast<unsigned long>(entry.value), entry.name);
+            std::printf("    {%#lx, 0, %lu, \"%s\"},\n", static_cast<unsigned long>(entry.value),
+                        static_cast<unsigned long>(entry.stringId), entry.name);
         }
         for (const RadioItem& button : RadioButtons(item)) {
-            std::printf("    {%#lx, %lu, \"%s\"},\n", static_cast<unsigned long>(button.value),
-                        static_cast<unsigned long>(button.buttonId), button.name);
+            std::printf("    {%#lx, %lu, %lu, \"%s\"},\n", static_cast<unsigned long>(button.value),
+                        static_cast<unsigned long>(button.buttonId),
+                        static_cast<unsigned long>(button.captionId), button.name);
         }
         if (item.check != nullptr && item.type == kItemCheck) {
-            std::printf("    {%#lx, 0, \"off\"}, {%#lx, 0, \"on\"},\n",
-                        static_cast<unsigned long>(item.check->clearedValue),
-                        static_cast<unsigned long>(item.check->checkedValue));
+            std::printf("    {%#lx, 0, %d, \"off\"}, {%#lx, 0, %d, \"on\"},\n",
+                        static_cast<unsigned long>(item.check->clearedValue), IDS_OFF,
+                        static_cast<unsigned long>(item.check->checkedValue), IDS_ON);
         }
     }
-    std::puts("    {0, 0, nullptr},\n};\n}  // namespace\n");
+    std::puts("    {0, 0, 0, nullptr},\n};\n}  // namespace\n");
 }
 
 size_t ChoiceCount(const ControlItem& item) {
@@ -68,11 +76,13 @@ void WriteControls() {
     for (const ControlItem& item : kCatalogue) {
         const size_t count = ChoiceCount(item);
         std::printf("    {%lu, \"%s\", \"%s\", \"%s\", \"%s\", %lu, %lu, %#lx, kChoices + %zu, %zu, "
-                    "%ld},\n",
+                    "%ld, {%lu, %lu}},\n",
                     static_cast<unsigned long>(item.controlId), item.controlName, item.dialogName,
                     KindOf(item), item.settingField, static_cast<unsigned long>(item.captionId),
                     static_cast<unsigned long>(item.maskMode), static_cast<unsigned long>(item.mask),
-                    choice, count, SliderBase(item));
+                    choice, count, SliderBase(item),
+                    static_cast<unsigned long>(item.slider != nullptr ? item.slider->valueEditId : 0),
+                    static_cast<unsigned long>(SpinOf(item)));
         choice += count;
     }
     std::printf("};\nextern const unsigned kControlCount = %zu;\n", kCatalogueSize);

@@ -1,0 +1,87 @@
+// Running the sheet, and what OK and Apply do.
+#include <host/printer_window.h>
+#include <host/record_differences.h>
+#include <host/status_line.h>
+
+#include <commctrl.h>
+#include <platform/dialog/message_box.h>
+#include <prsht.h>
+
+namespace kvhost {
+namespace {
+
+// The pages tell the sheet of every change, which enables this button.
+bool WasChanged(HWND sheet) { return IsWindowEnabled(GetDlgItem(sheet, kSheetApplyButton)) != 0; }
+
+UINT ShownPage(HWND sheet) {
+    const auto tabs = reinterpret_cast<HWND>(SendMessageA(sheet, PSM_GETTABCONTROL, 0, 0));
+    const LRESULT index = SendMessageA(tabs, TCM_GETCURSEL, 0, 0);
+    return index > 0 ? static_cast<UINT>(index) : 0;
+}
+
+}  // namespace
+
+PrinterWindow::PrinterWindow(Session& session)
+    : session_(session), names_(session.module().handle(), session.printer()) {}
+
+ExitStatus PrinterWindow::Run() {
+    INT_PTR result = 0;
+    do {
+        openAgain_ = false;
+        SheetRequest request;
+        request.printer = &session_.printer();
+        request.record = session_.record().data();
+        request.caption = session_.printer().printerName;
+        request.startPage = page_;
+        request.applied = [this](HWND sheet, bool closing) { return Apply(sheet, closing); };
+        const StatusLine statusLine(names_, session_.record());
+        result = session_.module().RunSheet(request);
+        // The pages take back in the record what was not applied; what is stored counts.
+        if (openAgain_) session_.record() = session_.stored();
+    } while (openAgain_ && result >= 0);
+    return result >= 0 && stored_ ? kDone : kRefused;
+}
+
+Applied PrinterWindow::Apply(HWND sheet, bool closing) {
+    for (;;) {
+        Record found{};
+        const RecordStore::Outcome outcome = session_.StoreUnlessChanged(found);
+        stored_ = outcome != RecordStore::Outcome::kFailed;
+        if (outcome == RecordStore::Outcome::kStored) return Applied::kStored;
+        if (outcome == RecordStore::Outcome::kFailed) {
+            const std::string text = "The settings could not be stored.\n\n" + session_.problem();
+            MessageBoxA(sheet, text.c_str(), session_.printer().printerName, MB_ICONHAND);
+            return Applied::kNotStored;
+        }
+        const Choice choice = WasChanged(sheet) ? Ask(sheet, found) : Choice::kKeepTheirs;
+        if (choice == Choice::kStay) return Applied::kNotStored;
+        if (choice == Choice::kKeepTheirs) return KeepTheirs(sheet, found, closing);
+        // Another one may have come meanwhile; it would be asked about as well.
+        session_.AcceptStored(found);
+    }
+}
+
+PrinterWindow::Choice PrinterWindow::Ask(HWND sheet, const Record& theirs) const {
+    const std::string text =
+        "Somebody else has stored settings of this printer while this window was open:\n\n" +
+        DifferenceLines(DifferencesOf(names_, session_.stored(), theirs, session_.record())) +
+        "\nStore yours in their place, or keep theirs and drop your changes?";
+    const int answer = kv::AskWithButtons(sheet, text.c_str(), session_.printer().printerName,
+                                          MB_YESNOCANCEL | MB_ICONEXCLAMATION | MB_DEFBUTTON3,
+                                          {{IDYES, "&Store mine"}, {IDNO, "&Keep theirs"}});
+    if (answer == IDYES) return Choice::kStoreMine;
+    return answer == IDNO ? Choice::kKeepTheirs : Choice::kStay;
+}
+
+// The window goes with OK; otherwise it comes up anew on the same page, with what is stored.
+Applied PrinterWindow::KeepTheirs(HWND sheet, const Record& theirs, bool closing) {
+    session_.AcceptStored(theirs);
+    if (!closing) {
+        openAgain_ = true;
+        page_ = ShownPage(sheet);
+        PostMessageA(sheet, PSM_PRESSBUTTON, PSBTN_CANCEL, 0);
+    }
+    return Applied::kStored;
+}
+
+}  // namespace kvhost

@@ -1,0 +1,31 @@
+// The window of one printer: its sheet, its status line, and storing what is applied without
+// overwriting unseen what somebody else stored while the window was open.
+#pragma once
+
+#include <host/session.h>
+#include <host/setting_names.h>
+
+namespace kvhost {
+
+class PrinterWindow {
+   public:
+    // The session is open and has its module.
+    explicit PrinterWindow(Session& session);
+    // Until the person closes it.
+    ExitStatus Run();
+
+   private:
+    Applied Apply(HWND sheet, bool closing);
+    // What a person decides about settings that somebody else stored.
+    enum class Choice { kStoreMine, kKeepTheirs, kStay };
+    Choice Ask(HWND sheet, const Record& theirs) const;
+    Applied KeepTheirs(HWND sheet, const Record& theirs, bool closing);
+
+    Session& session_;
+    SettingNames names_;
+    bool stored_ = true;     // the last attempt to store succeeded
+    bool openAgain_ = false; // to show what somebody else stored
+    UINT page_ = 0;
+};
+
+}  // namespace kvhost
