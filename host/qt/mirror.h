@@ -36,6 +36,9 @@ class Mirror {
     // A modal loop runs for the window from now on.
     virtual void BeginModal() {}
 
+    // What is said beside the buttons of a sheet.
+    virtual void ShowStatus(const QString& /*text*/) {}
+
     // Whose coordinates are those of the window's client area.
     virtual QWidget* Ground() const { return widget_; }
     // The widget that a child window's one is put into, and its place there.

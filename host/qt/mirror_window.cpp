@@ -3,6 +3,7 @@
 #include <host/qt/mirror.h>
 #include <host/qt/mouse.h>
 #include <host/qt/picture.h>
+#include <host/qt/status_line.h>
 #include <platform/dialog/message_box.h>
 #include <platform/window/input.h>
 
@@ -22,6 +23,9 @@
 
 namespace kvqt {
 namespace {
+
+// Around what a sheet holds, in pixels of the core.
+constexpr int kSheetMargin = 7;
 
 // The core decides whether and how a dialog closes.
 class DialogWidget : public QDialog {
@@ -89,6 +93,7 @@ class DialogMirror : public Mirror {
         // The dialog paints the ground.
         area_->viewport()->setAutoFillBackground(false);
         canvas_->setAutoFillBackground(false);
+        if (kv::KindOf(handle) == "sheet") status_ = new StatusLine(dialog);
         SetWidget(dialog);
     }
 
@@ -103,6 +108,10 @@ class DialogMirror : public Mirror {
         const bool fromRight = widget()->layoutDirection() == Qt::RightToLeft;
         const RECT place = ButtonPlace(child);
         return Mirrored(place).translated(fromRight ? 0 : beyond.width(), beyond.height());
+    }
+
+    void ShowStatus(const QString& text) override {
+        if (status_) status_->Say(Directed(text, widget()->layoutDirection()));
     }
 
     void BeginModal() override {
@@ -134,6 +143,7 @@ class DialogMirror : public Mirror {
         if (area_->geometry() != place) area_->setGeometry(place);
         if (widget()->size() == size && widget()->minimumSize() == size) return;
         widget()->setFixedSize(size);
+        if (status_) status_->setGeometry(StatusPlace());
         for (int id : kButtonOrders[0].ids) {
             if (const HWND button = GetDlgItem(window(), id)) {
                 display().Queue(button, kv::kChangedGeometry);
@@ -169,6 +179,22 @@ class DialogMirror : public Mirror {
         return kv::WindowFromHandle(child)->rect;
     }
 
+    // The room that the buttons leave in their row.
+    QRect StatusPlace() const {
+        const int margin = display().scale().Length(kSheetMargin);
+        QRect row;
+        for (int id : kButtonOrders[0].ids) {
+            const HWND button = GetDlgItem(window(), id);
+            if (button) row |= PlaceFor(button);
+        }
+        QRect place(margin, row.top(), row.left() - 2 * margin, row.height());
+        if (widget()->layoutDirection() == Qt::RightToLeft) {
+            place.moveLeft(row.right() + 1 + margin);
+            place.setRight(widget()->width() - 1 - margin);
+        }
+        return place;
+    }
+
     // What lies below the pages of a sheet.
     int BandHeight() const {
         if (kv::KindOf(window()) != "sheet") return 0;
@@ -195,6 +221,7 @@ class DialogMirror : public Mirror {
 
     QScrollArea* area_;
     QWidget* canvas_;
+    StatusLine* status_ = nullptr;  // of a sheet
 };
 
 class PageMirror : public Mirror {

@@ -1,6 +1,7 @@
 // Gathering changes and bringing mirrors up to date; see qt_display.h. What the user does to
 // several widgets alike (focus, keys, tooltips, mouse moves) is caught here by one event filter.
 #include <host/qt/accessible.h>
+#include <host/qt/core_text.h>
 #include <host/qt/keys.h>
 #include <host/qt/mirror.h>
 #include <host/qt/qt_display.h>
@@ -120,6 +121,10 @@ void QtDisplay::ModalBegun(HWND window) {
 
 void QtDisplay::ModalEnded(HWND /*window*/) {
     if (!modals_.empty()) modals_.pop_back();
+}
+
+void QtDisplay::ShowStatus(HWND sheet, const char* text) {
+    if (Mirror* mirror = MirrorOf(sheet)) mirror->ShowStatus(FromAnsi(text));
 }
 
 bool QtDisplay::WaitForInput(HWND /*modal*/) {

@@ -39,6 +39,7 @@ class QtDisplay : public QObject, public kv::Display {
     void CursorChanged(HCURSOR cursor) override;
     void ModalBegun(HWND window) override;
     void ModalEnded(HWND window) override;
+    void ShowStatus(HWND sheet, const char* text) override;
     bool WaitForInput(HWND modal) override;
 
     // Carries out what the user did to a widget. Widgets also signal what the display itself sets
