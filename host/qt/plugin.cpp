@@ -3,6 +3,7 @@
 #include <host/qt/qt_display.h>
 
 #include <QApplication>
+#include <QFontMetrics>
 #include <QIcon>
 #include <QLocale>
 
@@ -42,6 +43,12 @@ void ReportAndEnd(QtMsgType type, const QMessageLogContext&, const QString& text
     std::_Exit(1);
 }
 
+// Everything else works, so a person who knows the pages can go on.
+void WarnWithoutFonts() {
+    if (QFontMetrics(QApplication::font()).inFont(u'A')) return;
+    std::fputs("kvprefs: warning: no fonts are installed; texts show as boxes\n", stderr);
+}
+
 // Qt leaves through exit() when its connection to the desktop breaks, in the middle of an event. No
 // window can be taken down in an orderly way then; what was applied before is stored already.
 void EndWithTheDesktop() {
@@ -72,6 +79,7 @@ extern "C" KV_EXPORT kv::Display* KvCreateQtDisplay(int* argc, char** argv, cons
     QApplication::setDesktopFileName(QStringLiteral("kvprefs"));
     QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("kvprefs")));
     FollowDesktopDirection();
+    WarnWithoutFonts();
     plugin.display = std::make_unique<kvqt::QtDisplay>();
     // After the construction of everything that exit() would destroy, so it comes first.
     static const int watching = std::atexit(EndWithTheDesktop);
