@@ -1,5 +1,5 @@
-"""What the desktop's tests stand on: an X server with a window manager, the program in its window, and
-a person who presses keys, moves the mouse, and reads the window as a screen reader does.
+"""What the desktop's tests stand on: an X server with a window manager, the program in its window,
+and a person who presses keys, moves the mouse, and reads the window as a screen reader does.
 
 A test program calls main() and is run with the path of kvprefs and a folder for what failures show.
 """
@@ -58,7 +58,8 @@ class Picture:
 
     def save(self, path):
         def chunk(kind, data):
-            return struct.pack(">I", len(data)) + kind + data + struct.pack(">I", zlib.crc32(kind + data))
+            return (struct.pack(">I", len(data)) + kind + data +
+                    struct.pack(">I", zlib.crc32(kind + data)))
         rgb = bytearray(self.width * self.height * 3)
         for channel in range(3):
             rgb[channel::3] = self.pixels[2 - channel::4]
@@ -171,8 +172,8 @@ class Window:
 
     def __init__(self, words, environment):
         self.output = tempfile.TemporaryFile()
-        self.process = subprocess.Popen([PROGRAM, *words], env=environment, stdin=subprocess.DEVNULL,
-                                        stdout=self.output, stderr=self.output)
+        self.process = subprocess.Popen([PROGRAM, *words], env=environment, stdout=self.output,
+                                        stdin=subprocess.DEVNULL, stderr=self.output)
 
     def kill(self):
         self.process.kill()
@@ -224,7 +225,8 @@ class Window:
 
     def list_entry(self):
         """The name of the entry that the keys in an open list are at."""
-        return next((entry.name for entry in self.focused().children() if entry.has("focused")), None)
+        return next((entry.name for entry in self.focused().children() if entry.has("focused")),
+                    None)
 
     def tree(self):
         return "\n".join(str(control) for top in self.dialogs() for control in top.walk())
@@ -270,7 +272,7 @@ class Journey(unittest.TestCase):
                              for control in self.window.front().walk()), f"the page {page}")
 
     def tab(self, before=None):
-        """Presses Tab, with the focus at the control before, and gives the control that the focus comes to."""
+        """Presses Tab, with the focus at the control before; where the focus comes to."""
         before = before or self.window.focused()
         self.desktop.keys("Tab")
 
@@ -303,9 +305,9 @@ class Journey(unittest.TestCase):
         files = list((self.state / "records").glob("*.record"))
         return files[0].read_bytes() if files else None
 
-    def ends(self, status=0):
-        """The program ends by itself, with that status and without a complaint."""
-        wait_for(lambda: self.window.process.poll() is not None, "the program's end")
+    def ends(self, status=0, seconds=DEADLINE):
+        """The program ends by itself, with that status; what it said."""
+        wait_for(lambda: self.window.process.poll() is not None, "the program's end", seconds)
         self.assertEqual(self.window.process.returncode, status, self.window.said())
         self.assertNotIn("Sanitizer", self.window.said())
         return self.window.said()
@@ -313,7 +315,7 @@ class Journey(unittest.TestCase):
     def keep_evidence(self):
         """Prints what is on the screen, and saves its picture."""
         EVIDENCE.mkdir(parents=True, exist_ok=True)
-        path = EVIDENCE / (self.id() + ".png")
+        path = EVIDENCE / (self.id().replace("__main__.", "") + ".png")
         self.desktop.picture().save(path)
         print(f"picture: {path}")
         if self.window:

@@ -10,13 +10,16 @@ class Dialogs(Journey):
         return [control for control in self.window.front().walk()
                 if control.name.endswith("...") and control.takes_tab()]
 
+    def dialog_title(self):
+        title = self.window.front().name
+        return title != SHEET and title
+
     def leave_all(self):
         """Opens and leaves the dialogs of a page; their titles."""
         titles = []
         for opener in self.openers():
             self.desktop.click(opener)
-            titles.append(wait_for(lambda: self.window.front().name != SHEET and self.window.front(),
-                                   f"the dialog of {opener}").name)
+            titles.append(wait_for(self.dialog_title, f"the dialog of {opener}"))
             self.desktop.keys("Escape")
             self.window.front(SHEET)
             self.window.focus_is(opener.name)
@@ -66,6 +69,7 @@ class Closing(Journey):
         window = self.open("First", "Second")
         for name, copies in (("First", "3"), ("Second", "4")):
             window.front(name)
+            self.assertEqual(window.find("Number", "text").text, "1")
             self.tab_to("Number")
             self.desktop.type(copies)
             wait_for(lambda: window.find("Number", "text").text == copies, "the copies")

@@ -1,4 +1,4 @@
-"""Bad surroundings: the window says what is wrong, or works all the same; nothing stored is lost."""
+"""Bad surroundings: the window says what is wrong or works all the same; nothing stored is lost."""
 import signal
 import sqlite3
 
@@ -15,14 +15,16 @@ class Surroundings(Journey):
     def test_a_desktop_that_lacks_something_is_enough(self):
         no_fonts = self.scratch / "fonts.conf"
         no_fonts.write_text("<fontconfig></fontconfig>")
-        for lacking in ({"FONTCONFIG_FILE": str(no_fonts)}, {"LC_ALL": "xx_YY.UTF-8"},
-                        {"HOME": None, "XDG_DATA_HOME": None, "XDG_RUNTIME_DIR": None}):
-            with self.subTest(**lacking):
-                self.state = self.scratch / str(len(list(self.scratch.iterdir())))
+        for name, lacking, said in (
+                ("fonts", {"FONTCONFIG_FILE": str(no_fonts)}, "no fonts are installed"),
+                ("locale", {"LC_ALL": "xx_YY.UTF-8"}, ""),
+                ("home", {"HOME": None, "XDG_DATA_HOME": None, "XDG_RUNTIME_DIR": None}, "")):
+            with self.subTest(lacking=name):
+                self.state = self.scratch / name
                 self.open(**lacking)
                 self.choose_landscape()
                 self.desktop.keys("Return")
-                self.ends()
+                self.assertIn(said, self.ends())
                 self.assertEqual(self.stored("dmOrientation"), LANDSCAPE)
 
     def test_without_a_display_it_says_so(self):
@@ -53,8 +55,11 @@ class Surroundings(Journey):
         self.assertIn("set HOME", self.ends(2))
 
     def test_a_display_that_goes_away_ends_the_program(self):
-        for opener in (None, "Custom Size..."):
-            with self.subTest(dialog=opener):
+        for name, opener, go_away in (
+                ("server", None, lambda: self.desktop.server.kill()),
+                ("server behind a dialog", "Custom Size...", lambda: self.desktop.server.kill()),
+                ("connection", None, lambda: self.desktop.act("getactivewindow", "windowkill"))):
+            with self.subTest(gone=name):
                 self.desktop = Desktop()
                 self.addCleanup(self.desktop.stop)
                 self.kvprefs("set", "EditCopies=2")
@@ -64,8 +69,8 @@ class Surroundings(Journey):
                 if opener:
                     self.desktop.click(self.window.find(opener))
                     wait_for(lambda: self.window.dialogs()[1:], "the dialog")
-                self.desktop.server.kill()
-                self.ends(1)
+                go_away()
+                self.assertIn("the desktop is gone", self.ends(1, seconds=10))
                 self.assertEqual(self.record(), before)
                 self.assertEqual(self.stored("dmCopies"), 2)
 
