@@ -1,7 +1,10 @@
 // Pages that add little or nothing to the skeleton: each is a row of traits, bound by the catalogue
 // like every page.
+#include "support/link_drawing.h"
+#include "support/product_texts.h"
 #include "ui/exports.h"
 #include "ui/page_skeleton.h"
+#include "ui/sub_dialogs.h"
 
 namespace kvui {
 namespace {
@@ -11,11 +14,30 @@ namespace {
 constexpr PageTraits kDeviceOptionsPage   = {"DLGTAB3",       1401, kViewDevice,    kOrdinaryPage};
 constexpr PageTraits kWatermarkPage       = {"DLGTABWM",      1103, kViewWatermark, kOrdinaryPage};
 constexpr PageTraits kOverlayPage         = {"DLGTABOVER",    5114, kViewPage,      kOrdinaryPage};
-constexpr PageTraits kTroubleshootingPage = {"DLGTABVERSION", 5116, kNoView,        kSetsCaptions};
 constexpr PageTraits kJobManagementPage   = {"DLGTAB4",       1501, kViewKept,      kKeepsChanges};
 constexpr PageTraits kSparePage5          = {"DLGTAB5",       0,    kNoView,        kKeepsChanges};
 constexpr PageTraits kSparePage6          = {"DLGTAB6",       0,    kNoView,        kKeepsChanges};
 // clang-format on
+
+void ShowProduct(SheetContext& context) {
+    ShowProductTexts(context, context.page);
+}
+
+bool OnTroubleshootingMessage(SheetContext& context, UINT message, WPARAM /*wParam*/,
+                              LPARAM lParam) {
+    if (message == WM_DESTROY) ReleaseProductTexts(context.page);
+    return message == WM_DRAWITEM && DrawLink(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
+}
+
+constexpr PageTraits kTroubleshootingPage = {
+    .dialogName = "DLGTABVERSION",
+    .helpTopic = 5116,
+    .viewKind = kNoView,
+    .features = kSetsCaptions,
+    .onInit = ShowProduct,
+    .onActivate = ShowProduct,
+    .onMessage = OnTroubleshootingMessage,
+};
 
 }  // namespace
 }  // namespace kvui
@@ -39,9 +61,7 @@ INT_PTR CALLBACK DDMTAB6(HWND page, UINT message, WPARAM wParam, LPARAM lParam) 
     return kvui::RunPage(kvui::kSparePage6, page, message, wParam, lParam);
 }
 INT_PTR CALLBACK DDMAbout(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_COMMAND && (LOWORD(wParam) == IDOK || LOWORD(wParam) == IDCANCEL)) {
-        EndDialog(page, 1);
-        return TRUE;
-    }
+    const bool dialog = (GetWindowLongA(page, GWL_STYLE) & WS_CHILD) == 0;
+    if (dialog) return kvui::AboutDlgProc(page, message, wParam, lParam);
     return kvui::RunPage(kvui::kTroubleshootingPage, page, message, wParam, lParam);
 }

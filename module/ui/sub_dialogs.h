@@ -15,5 +15,7 @@ INT_PTR CALLBACK ImageShiftDlgProc(HWND window, UINT message, WPARAM wParam, LPA
 INT_PTR CALLBACK WatermarkEditorDlgProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 // "_LBPEDITOVERLAY", from the Overlay page.
 INT_PTR CALLBACK EditOverlayDlgProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+// "_ABOUTKVI", also behind the exports DDMPrinterProp and DDMAbout.
+INT_PTR CALLBACK AboutDlgProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
 }  // namespace kvui
