@@ -77,11 +77,11 @@ char MnemonicOf(const Window& window) {
     return 0;
 }
 
-// A label leads to the control behind it; of a radio group to the button that Tab stops at.
+// A label leads to the visible control behind it; of a radio group to the button that Tab stops at.
 HWND ControlBehind(const std::vector<HWND>& order, size_t label) {
     for (size_t i = label + 1; i < order.size(); ++i) {
         const Window* window = FindWindowRecord(order[i]);
-        if (!window) continue;
+        if (!window || !window->IsVisibleStyle()) continue;
         const LRESULT code = DialogCode(order[i]);
         if ((code & DLGC_STATIC) != 0) continue;
         if ((code & DLGC_RADIOBUTTON) == 0) return IsTabStop(*window) ? order[i] : nullptr;
