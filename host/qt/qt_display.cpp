@@ -5,6 +5,7 @@
 #include <host/qt/keys.h>
 #include <host/qt/mirror.h>
 #include <host/qt/qt_display.h>
+#include <host/qt/selection_colour.h>
 #include <host/qt/tool_tips.h>
 #include <platform/window/input.h>
 
@@ -280,7 +281,7 @@ bool QtDisplay::OnToolTip(QWidget* widget, QEvent* event) {
     const Mirror* mirror = MirrorOf(window);
     if (!mirror) return false;
     const QPoint place = mirror->Ground()->mapFromGlobal(help->globalPos());
-    const QString tip = ToolTipAt(window, scale_.ToCore(place));
+    const QString tip = TipAt(window, scale_.ToCore(place));
     if (tip.isEmpty()) return false;
     QToolTip::showText(help->globalPos(), tip, widget);
     return true;
@@ -322,7 +323,9 @@ void QtDisplay::OnPaletteChange() {
         {COLOR_BTNTEXT, QPalette::Active, QPalette::WindowText},
         {COLOR_GRAYTEXT, QPalette::Disabled, QPalette::Text},
     };
-    const QPalette palette = QApplication::palette();
+    const QPalette palette = WithLegibleSelection(QApplication::palette());
+    // Comes back here once more, with nothing left to better.
+    if (palette != QApplication::palette()) QApplication::setPalette(palette);
     std::array<INT, std::size(kColours)> indices{};
     std::array<COLORREF, std::size(kColours)> values{};
     for (size_t i = 0; i < std::size(kColours); ++i) {

@@ -1,5 +1,7 @@
 // Pages/Sheet Style ("_DLGTAB02"): the order of the pages on a sheet as four buttons with pictures.
 // No control opens it; whoever calls its export passes a page's SheetContext.
+#include <algorithm>
+
 #include "resources/picture_ids.h"
 #include "resources/resource.h"
 #include "settings/reactor.h"
@@ -13,6 +15,17 @@ constexpr int kOrders = 4;
 constexpr char kBitmap[] = "KVOrderPicture";
 constexpr char kPlainProcedure[] = "KVOrderPlain";
 
+// SRCAND leaves a picture's dark lines on its ground, so that ground has to be light.
+void LightenGround(HWND picture, HDC dc, const BITMAP& size) {
+    const COLORREF face = GetSysColor(COLOR_BTNFACE);
+    if (GetRValue(face) + GetGValue(face) + GetBValue(face) >= 3 * 128) return;
+    RECT place{};
+    GetClientRect(picture, &place);
+    place.right = std::min<LONG>(place.right, size.bmWidth);
+    place.bottom = std::min<LONG>(place.bottom, size.bmHeight);
+    FillRect(dc, &place, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+}
+
 void PaintOrder(HWND picture) {
     PAINTSTRUCT paint{};
     const HDC dc = BeginPaint(picture, &paint);
@@ -21,6 +34,7 @@ void PaintOrder(HWND picture) {
     BITMAP size{};
     const HDC source = CreateCompatibleDC(dc);
     if (source != nullptr && GetObjectA(bitmap, sizeof size, &size) != 0) {
+        LightenGround(picture, dc, size);
         const HGDIOBJ before = SelectObject(source, bitmap);
         BitBlt(dc, 0, 0, size.bmWidth, size.bmHeight, source, 0, 0, SRCAND);
         SelectObject(source, before);

@@ -10,7 +10,7 @@ namespace draw {
 namespace {
 
 constexpr Color kBorder = {0.27, 0.33, 0.41};
-constexpr Color kForm = {0.38, 0.47, 0.58};
+constexpr Color kForm = {0.28, 0.36, 0.46};
 constexpr Color kFormTint = {0.84, 0.88, 0.93};
 
 void Fill(cairo_t* to, const Box& box, const Color& color) {
