@@ -11,6 +11,7 @@
 #include <QAbstractItemView>
 #include <QAccessibleWidget>
 #include <QComboBox>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 
@@ -41,6 +42,7 @@ class StaticInterface : public QAccessibleWidget {
     // Asked for afresh: what a picture shows changes without its window's text being set.
     QString text(QAccessible::Text kind) const override {
         if (kind == QAccessible::Name) return NameOf(window_);
+        if (kind == QAccessible::Description) return DescriptionOf(window_);
         return QAccessibleWidget::text(kind);
     }
 
@@ -62,6 +64,22 @@ class StaticInterface : public QAccessibleWidget {
                 {QAccessible::queryAccessibleInterface(label->buddy()), QAccessible::Labelled});
         }
         return found;
+    }
+
+ private:
+    HWND window_;
+};
+
+// A frame without a caption is mere decoration.
+class FrameInterface : public QAccessibleWidget {
+ public:
+    FrameInterface(QWidget* widget, HWND window)
+        : QAccessibleWidget(widget, QAccessible::Grouping), window_(window) {}
+
+    QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        if (WindowTextOf(window_).isEmpty()) state.invisible = true;
+        return state;
     }
 
  private:
@@ -188,6 +206,7 @@ QAccessibleInterface* Describe(const QString&, QObject* object) {
     if (!mirror || mirror->widget() != widget || widget->isWindow()) return nullptr;
     const auto kind = kv::KindOf(window);
     if (kind == "static") return new StaticInterface(widget, window);
+    if (qobject_cast<QGroupBox*>(widget)) return new FrameInterface(widget, window);
     if (auto* combo = qobject_cast<QComboBox*>(widget)) return new ComboInterface(combo);
     if (kind == "updown") return new ArrowsInterface(widget, window);
     if (kind == "dialog") return InterfaceOfContainer(widget);

@@ -1,7 +1,8 @@
-// Enlarging by exact shares, row by row; see enlarge.h.
+// Enlarging by shares, row by row; see enlarge.h.
 #include <host/qt/enlarge.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <vector>
 
@@ -17,17 +18,26 @@ struct Share {
     unsigned ofSecond = 0;  // out of kWhole
 };
 
-// Pixel i of the result covers the stretch from i * from / to, to (i + 1) * from / to.
+// The part of a pixel's width over which one colour passes into the next. Less shows the steps of
+// slanted lines, more blurs the upright ones.
+constexpr double kSoftness = 0.8;
+
+// A pixel of the result takes the colour of the place under its centre. Between two pixels of the
+// picture that colour changes over a stretch of at least one pixel of the result, so that small
+// factors mix by exact shares.
 std::vector<Share> SharesOf(int from, int to) {
     std::vector<Share> shares(static_cast<size_t>(to));
-    std::int64_t start = 0;
-    for (Share& share : shares) {
-        const std::int64_t end = start + from;
-        share.first = static_cast<int>(start / to);
-        share.second = std::min(share.first + 1, from - 1);
-        const std::int64_t over = end - std::int64_t{share.first + 1} * to;
-        if (over > 0) share.ofSecond = static_cast<unsigned>(over * kWhole / from);
-        start = end;
+    const double factor = static_cast<double>(to) / from;
+    const double stretch = std::max(1.0, factor * kSoftness);
+    for (int i = 0; i < to; ++i) {
+        const double place = (i + 0.5) / factor - 0.5;
+        const int before = static_cast<int>(std::floor(place));
+        const double across = (place - before - 0.5) * factor / stretch + 0.5;
+        Share& share = shares[static_cast<size_t>(i)];
+        share.first = std::clamp(before, 0, from - 1);
+        share.second = std::clamp(before + 1, 0, from - 1);
+        share.ofSecond = static_cast<unsigned>(std::lround(std::clamp(across, 0.0, 1.0) * kWhole));
+        if (share.first == share.second) share.ofSecond = 0;
     }
     return shares;
 }

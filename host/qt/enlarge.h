@@ -5,8 +5,9 @@
 
 namespace kvqt {
 
-// Every pixel becomes a rectangle of the same colour; where one ends inside a pixel of the result,
-// the colours mix by their shares. `size` is at least that of the picture in both directions.
+// Pixels become rectangles of one colour that pass into each other over a short stretch, so that
+// upright lines stay crisp and slanted ones do not show steps. `size` is at least that of the picture
+// in both directions.
 QImage Enlarge(const QImage& picture, const QSize& size);
 
 }  // namespace kvqt

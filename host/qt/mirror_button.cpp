@@ -46,7 +46,8 @@ class PaintedButton : public QPushButton {
  protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        DrawPicture(painter, rect(), PictureOfWindow(window_, palette().color(QPalette::Window)));
+        DrawButton(painter, rect(), window_,
+                   {0, palette().color(QPalette::Window), layoutDirection(), font()});
         DrawFocus(*this, *this, rect());
     }
 

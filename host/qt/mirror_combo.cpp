@@ -25,11 +25,6 @@ bool IsOwnerDrawn(HWND combo) {
     return (StyleOf(combo) & (CBS_OWNERDRAWFIXED | CBS_OWNERDRAWVARIABLE)) != 0;
 }
 
-SIZE CoreSize(const QSize& size, const Scale& scale) {
-    const POINT corner = scale.ToCore(QPoint(size.width(), size.height()));
-    return {std::max<LONG>(corner.x, 1), std::max<LONG>(corner.y, 1)};
-}
-
 class EntryDelegate : public QStyledItemDelegate {
  public:
     EntryDelegate(const QtDisplay& display, HWND combo, QObject* parent)
@@ -42,11 +37,10 @@ class EntryDelegate : public QStyledItemDelegate {
             state |= ODS_SELECTED;
         }
         if ((option.state & QStyle::State_Enabled) == 0) state |= ODS_DISABLED;
-        const QImage picture =
-            PictureOfItem(combo_, index.row(), CoreSize(option.rect.size(), display_.scale()),
-                          {state, option.palette.color(QPalette::Base), option.direction});
-        if (picture.isNull()) return QStyledItemDelegate::paint(painter, option, index);
-        DrawPicture(*painter, option.rect, picture);
+        const ItemLook look{state, option.palette.color(QPalette::Base), option.direction,
+                            option.font};
+        if (DrawItem(*painter, option.rect, combo_, index.row(), look)) return;
+        QStyledItemDelegate::paint(painter, option, index);
     }
 
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
@@ -108,16 +102,15 @@ class ComboWidget : public QComboBox {
                                                     QStyle::SC_ComboBoxEditField, this);
         if (!IsOwnerDrawn(window_)) {
             // The opened list shows the whole text.
-            option.currentText =
-                fontMetrics().elidedText(currentText(), Qt::ElideRight, field.width() - 2);
+            option.currentText = Directed(
+                fontMetrics().elidedText(currentText(), Qt::ElideRight, field.width() - 2),
+                layoutDirection());
             painter.drawControl(QStyle::CE_ComboBoxLabel, option);
             return;
         }
         const UINT state = (isEnabled() ? 0 : ODS_DISABLED) | (hasFocus() ? ODS_FOCUS : 0);
-        const QImage picture =
-            PictureOfItem(window_, kFieldItem, CoreSize(field.size(), display_.scale()),
-                          {state, palette().color(QPalette::Button), layoutDirection()});
-        DrawPicture(painter, field, picture);
+        DrawItem(painter, field, window_, kFieldItem,
+                 {state, palette().color(QPalette::Button), layoutDirection(), font()});
     }
 
     // Scrolling a page must not change what the pointer happens to pass.

@@ -56,15 +56,10 @@ class ListDelegate : public QStyledItemDelegate {
 
  private:
     bool PaintByOwner(QPainter& painter, const QStyleOptionViewItem& option, int row) const {
-        const POINT corner =
-            display_.scale().ToCore(QPoint(option.rect.width(), option.rect.height()));
         const bool selected = (option.state & QStyle::State_Selected) != 0;
-        const QImage picture =
-            PictureOfItem(list_, row, {corner.x, corner.y},
-                          {selected ? ODS_SELECTED : 0u, option.palette.color(QPalette::Base),
-                           option.direction});
-        DrawPicture(painter, option.rect, picture);
-        return !picture.isNull();
+        return DrawItem(painter, option.rect, list_, row,
+                        {selected ? ODS_SELECTED : 0u, option.palette.color(QPalette::Base),
+                         option.direction, option.font});
     }
 
     int StopFor(qsizetype column) const {

@@ -76,6 +76,12 @@ void StaticWidget::paintEvent(QPaintEvent*) {
     const DWORD style = StyleOf(window_);
     QStyleOptionFrame frame;
     frame.initFrom(this);
+    if ((style & SS_SUNKEN) != 0) {
+        frame.lineWidth = 1;
+        frame.frameShape = QFrame::Panel;
+        frame.state |= QStyle::State_Sunken;
+        this->style()->drawControl(QStyle::CE_ShapedFrame, &frame, &painter, this);
+    }
     switch (style & SS_TYPEMASK) {
         case SS_ICON:
             return DrawIcon(painter, style);
@@ -151,12 +157,13 @@ void StaticWidget::DrawIcon(QPainter& painter, DWORD style) {
         return;
     }
     const auto icon = reinterpret_cast<HICON>(SendMessageA(window_, STM_GETICON, 0, 0));
-    const QImage picture = PictureOf(icon);
     RECT client{};
     GetClientRect(window_, &client);
-    if (picture.isNull() || client.right <= 0) return;
-    const double factor = static_cast<double>(width()) / client.right;
-    DrawPicture(painter, PlaceFor((QSizeF(picture.size()) * factor).toSize(), style), picture);
+    const QSize core = SizeOf(icon);
+    if (core.isEmpty() || client.right <= 0) return;
+    const QSize size = (QSizeF(core) * width() / client.right).toSize();
+    const double ratio = painter.device()->devicePixelRatioF();
+    DrawPicture(painter, PlaceFor(size, style), PictureOf(icon, (QSizeF(size) * ratio).toSize()));
 }
 
 void StaticWidget::DrawBitmap(QPainter& painter, DWORD style) {

@@ -1,6 +1,7 @@
 // Names and descriptions of controls, see names.h.
 #include <host/qt/core_text.h>
 #include <host/qt/names.h>
+#include <host/qt/picture.h>
 #include <host/qt/tool_tips.h>
 #include <platform/dialog/message_box.h>
 #include <platform/window/window.h>
@@ -82,9 +83,30 @@ QString TipOf(HWND window) {
     return ToolTipAt(window, {client.right / 2, client.bottom / 2}).trimmed();
 }
 
+bool IsReadOnly(HWND window) {
+    return kv::KindOf(window) == "edit" && (StyleOf(window) & ES_READONLY) != 0;
+}
+
+bool IsField(HWND window) {
+    const auto kind = kv::KindOf(window);
+    return kind == "edit" || kind == "combo" || kind == "list" || kind == "trackbar";
+}
+
+// A dialog that asks for one thing only says in its title what for.
+QString TitleAround(HWND field) {
+    const Windows& siblings = SiblingsOf(field);
+    const auto fields = std::count_if(siblings.begin(), siblings.end(), [](HWND sibling) {
+        return VisibleWindow(sibling) && IsField(sibling);
+    });
+    return fields == 1 ? WindowTextOf(GetParent(field)) : QString();
+}
+
 QString NameOfField(HWND control) {
     if (const HWND label = LabelOf(control)) return CaptionOf(label);
-    return FrameAround(control);
+    // A text to read that happens to stand in an edit.
+    if (IsReadOnly(control)) return WindowTextOf(control);
+    const QString frame = FrameAround(control);
+    return frame.isEmpty() ? TitleAround(control) : frame;
 }
 
 // The icon of a message box, in the order of MB_ICONMASK's values.
@@ -108,7 +130,7 @@ LONG Distance(const RECT& a, const RECT& b) {
 }
 
 // A picture beside a control shows that control's value once more.
-QString NameOfIllustrated(HWND picture) {
+const kv::Window* IllustratedBy(HWND picture) {
     const RECT place = kv::WindowFromHandle(picture)->rect;
     const kv::Window* nearest = nullptr;
     for (HWND sibling : SiblingsOf(picture)) {
@@ -118,8 +140,47 @@ QString NameOfIllustrated(HWND picture) {
             nearest = other;
         }
     }
-    if (!nearest) return {};
-    return IsRadio(nearest->handle) ? FrameAround(nearest->handle) : NameOf(nearest->handle);
+    return nearest;
+}
+
+bool IsPicture(HWND window) {
+    if (kv::KindOf(window) != "static") return false;
+    const DWORD type = TypeOf(window, SS_TYPEMASK);
+    if (type == SS_ICON || type == SS_BITMAP) return true;
+    return IsText(window) && DrawsItself(window);
+}
+
+// One picture stands for a whole group of radio buttons; of several, each has a button of its own.
+bool HasPictureOfItsOwn(HWND radio) {
+    const Windows& siblings = SiblingsOf(radio);
+    const QString frame = FrameAround(radio);
+    return std::count_if(siblings.begin(), siblings.end(), [&frame](HWND sibling) {
+               return VisibleWindow(sibling) && FrameAround(sibling) == frame && IsPicture(sibling);
+           }) > 1;
+}
+
+QString NameOfIllustrated(HWND picture) {
+    const kv::Window* control = IllustratedBy(picture);
+    if (!control) return {};
+    const bool group = IsRadio(control->handle) && !HasPictureOfItsOwn(control->handle);
+    return group ? FrameAround(control->handle) : NameOf(control->handle);
+}
+
+// The chosen button of the group that a picture stands for, or the text in a field.
+QString ValueOfIllustrated(HWND picture) {
+    const kv::Window* control = IllustratedBy(picture);
+    if (!control || kv::KindOf(control->handle) == "combo") {
+        return control ? WindowTextOf(control->handle) : QString();
+    }
+    if (!IsRadio(control->handle) || HasPictureOfItsOwn(control->handle)) return {};
+    const QString frame = FrameAround(control->handle);
+    for (HWND sibling : SiblingsOf(picture)) {
+        if (IsRadio(sibling) && VisibleWindow(sibling) && FrameAround(sibling) == frame &&
+            SendMessageA(sibling, BM_GETCHECK, 0, 0) == BST_CHECKED) {
+            return CaptionOf(sibling);
+        }
+    }
+    return {};
 }
 
 bool OnOneRow(const RECT& first, const RECT& second) {
@@ -185,8 +246,15 @@ QString NameOf(HWND window) {
 QString DescriptionOf(HWND window) {
     if (kv::KindOf(window) == "edit") return TextsBehind(window);
     if (IsRadio(window)) return FrameAround(window);
+    if (IsPicture(window) && WindowTextOf(window).isEmpty()) return ValueOfIllustrated(window);
     const QString tip = TipOf(window);
     return tip == NameOf(window) ? QString() : tip;
+}
+
+QString TipOfPicture(HWND window) {
+    if (!IsPicture(window)) return {};
+    const QString value = DescriptionOf(window);
+    return value.isEmpty() ? NameOf(window) : NameOf(window) + QStringLiteral(": ") + value;
 }
 
 }  // namespace kvqt

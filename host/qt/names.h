@@ -17,7 +17,10 @@ HWND LabelOf(HWND control);
 // A control's caption; else its label, the frame around it, its tool tip. A picture is called after
 // its text, or else after what it illustrates.
 QString NameOf(HWND window);
-// Unit and range behind a field, the frame around a radio button, the tool tip of a named control.
+// Unit and range behind a field, the frame around a radio button, the value that a picture
+// illustrates, the tool tip of a named control.
 QString DescriptionOf(HWND window);
+// What a picture shows, in words; empty for anything else.
+QString TipOfPicture(HWND window);
 
 }  // namespace kvqt

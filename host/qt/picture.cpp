@@ -1,9 +1,12 @@
 // Fetching the core's pictures through one scratch surface, and scaling them; see picture.h.
+#include <host/qt/core_text.h>
 #include <host/qt/enlarge.h>
 #include <host/qt/picture.h>
 #include <platform/gdi/surface.h>
 #include <platform/window/paint.h>
+#include <platform/window/window.h>
 
+#include <QFontInfo>
 #include <QPaintDevice>
 
 #include <algorithm>
@@ -82,6 +85,43 @@ QImage WithoutGround(const QImage& picture, const QColor& ground) {
     return result;
 }
 
+// Gives a control the desktop's font, and a size, in device pixels while its owner draws it, as a
+// control on a screen of that resolution would have. Set without messages: nothing changes for the
+// control.
+class ResolutionScope {
+ public:
+    ResolutionScope(HWND control, const QFont& font, double ratio, SIZE size)
+        : window_(kv::WindowFromHandle(control)) {
+        if (!window_) return;
+        before_ = window_->font;
+        place_ = window_->rect;
+        window_->rect.right = place_.left + size.cx;
+        window_->rect.bottom = place_.top + size.cy;
+        const QFontInfo info(font);
+        LOGFONTA wanted{};
+        wanted.lfHeight = -qRound(info.pixelSize() * ratio);
+        wanted.lfWeight = info.bold() ? FW_BOLD : FW_NORMAL;
+        wanted.lfItalic = info.italic() ? TRUE : FALSE;
+        ToAnsi(info.family()).copy(wanted.lfFaceName, LF_FACESIZE - 1);
+        font_ = CreateFontIndirectA(&wanted);
+        if (font_) window_->font = font_;
+    }
+    ~ResolutionScope() {
+        if (!window_) return;
+        window_->rect = place_;
+        window_->font = before_;
+        if (font_) DeleteObject(font_);
+    }
+    ResolutionScope(const ResolutionScope&) = delete;
+    ResolutionScope& operator=(const ResolutionScope&) = delete;
+
+ private:
+    kv::Window* window_;
+    RECT place_{};
+    HFONT before_{};
+    HFONT font_{};
+};
+
 QImage InSize(const QImage& picture, const QSize& size) {
     const bool larger = size.width() >= picture.width() && size.height() >= picture.height();
     return larger ? Enlarge(picture, size)
@@ -107,23 +147,50 @@ bool DrawsItself(HWND window) {
     return !PictureOfWindow(window, Qt::white).isNull();
 }
 
-QImage PictureOfItem(HWND control, int item, SIZE size, const ItemLook& look) {
+bool DrawItem(QPainter& painter, const QRect& target, HWND control, int item,
+              const ItemLook& look) {
+    const double ratio = painter.device()->devicePixelRatioF();
+    const QSize pixels = (QSizeF(target.size()) * ratio).toSize();
+    const SIZE size{pixels.width(), pixels.height()};
     Canvas& canvas = Canvas::Instance();
     const HDC dc = canvas.Prepare(size, look.ground);
-    if (!dc) return {};
+    if (!dc) return false;
     const RECT rect{0, 0, size.cx, size.cy};
+    const ResolutionScope resolution(control, look.font, ratio, size);
     SetTextAlign(dc, look.reading == Qt::RightToLeft ? TA_RTLREADING : TA_LEFT);
     const bool painted = kv::PaintItem(control, item, dc, rect, look.state);
     SetTextAlign(dc, TA_LEFT);
-    return painted ? canvas.Take(size) : QImage();
+    if (painted) DrawPicture(painter, target, canvas.Take(size));
+    return painted;
+}
+
+void DrawButton(QPainter& painter, const QRect& target, HWND button, const ItemLook& look) {
+    const double ratio = painter.device()->devicePixelRatioF();
+    const QSize pixels = (QSizeF(target.size()) * ratio).toSize();
+    const SIZE size{pixels.width(), pixels.height()};
+    Canvas& canvas = Canvas::Instance();
+    const HDC dc = canvas.Prepare(size, look.ground);
+    if (!dc) return;
+    const ResolutionScope resolution(button, look.font, ratio, size);
+    kv::PaintWindow(button, dc);
+    // What is not drawn on shows what the style puts under the page.
+    DrawPicture(painter, target, WithoutGround(canvas.Take(size), look.ground));
 }
 
 QImage PictureOf(HBITMAP bitmap) {
     return Copy(kv::ViewOf(bitmap), QImage::Format_RGB32);
 }
 
-QImage PictureOf(HICON icon) {
-    return Copy(kv::ViewOf(icon), QImage::Format_ARGB32);
+QImage PictureOf(HICON icon, const QSize& size) {
+    const HICON sized = kv::IconInSize(icon, size.width(), size.height());
+    const QImage image = Copy(kv::ViewOf(sized ? sized : icon), QImage::Format_ARGB32);
+    if (sized) DestroyIcon(sized);
+    return image;
+}
+
+QSize SizeOf(HICON icon) {
+    const kv::SurfaceView view = kv::ViewOf(icon);
+    return {view.width, view.height};
 }
 
 void DrawPicture(QPainter& painter, const QRect& target, const QImage& picture) {

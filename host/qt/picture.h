@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <QColor>
+#include <QFont>
 #include <QImage>
 #include <QPainter>
 #include <QRect>
@@ -21,12 +22,18 @@ struct ItemLook {
     UINT state;  // ODS_...
     QColor ground;
     Qt::LayoutDirection reading;
+    QFont font;
 };
-// One entry of an owner-drawn list or combo box, `item` -1 for the closed box.
-QImage PictureOfItem(HWND control, int item, SIZE size, const ItemLook& look);
+// One entry of an owner-drawn list or combo box, `item` -1 for the closed box. The owner draws it at
+// the device's resolution and in the desktop's font. False when the display has to draw it.
+bool DrawItem(QPainter& painter, const QRect& target, HWND control, int item, const ItemLook& look);
+// An owner-drawn button, likewise; its state is its own.
+void DrawButton(QPainter& painter, const QRect& target, HWND button, const ItemLook& look);
 
 QImage PictureOf(HBITMAP bitmap);
-QImage PictureOf(HICON icon);
+// The icon's image that comes nearest to the size.
+QImage PictureOf(HICON icon, const QSize& size);
+QSize SizeOf(HICON icon);
 
 // Draws a picture of core pixels into a rectangle of device-independent ones. Edges stay crisp also
 // for factors like 1.25.

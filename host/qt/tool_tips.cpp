@@ -1,5 +1,6 @@
 // Looking up tools at the mouse position, see tool_tips.h.
 #include <host/qt/core_text.h>
+#include <host/qt/names.h>
 #include <host/qt/tool_tips.h>
 #include <platform/window/window.h>
 
@@ -63,6 +64,16 @@ void Collect(HWND window, std::vector<HWND>& tips) {
 }
 
 }  // namespace
+
+QString TipAt(HWND window, POINT place) {
+    QString tip = ToolTipAt(window, place);
+    if (!tip.isEmpty()) return tip;
+    const std::vector<Spot> spots = SpotsAt(window, place);
+    for (auto spot = spots.rbegin(); spot != spots.rend() && tip.isEmpty(); ++spot) {
+        tip = TipOfPicture(spot->window);
+    }
+    return tip;
+}
 
 QString ToolTipAt(HWND window, POINT place) {
     std::vector<HWND> tips;

@@ -5,22 +5,34 @@
 
 namespace kvui {
 namespace {
-constexpr int kTextMargin = 6;
+// Of an entry's height: 6 pixels beside the usual icon of 32.
+constexpr int kMarginsInHeight = 5;
 constexpr int kEntryTextSize = 128;
 
 // Takes a piece with a margin before it off the side where reading starts.
 RECT TakeFromStart(RECT& place, LONG width, UINT align) {
+    const LONG margin = (place.bottom - place.top) / kMarginsInHeight;
     RECT piece = place;
     if ((align & TA_RTLREADING) != 0) {
-        piece.right -= kTextMargin;
+        piece.right -= margin;
         piece.left = piece.right - width;
         place.right = piece.left;
     } else {
-        piece.left += kTextMargin;
+        piece.left += margin;
         piece.right = piece.left + width;
         place.left = piece.right;
     }
     return piece;
+}
+
+// Icons come in several sizes; the nearest one is drawn.
+void DrawIconInSize(HDC dc, HINSTANCE resources, DWORD icon, const RECT& spot) {
+    const int side = spot.bottom - spot.top;
+    const auto picture = static_cast<HICON>(LoadImageA(resources, MAKEINTRESOURCEA(icon),
+                                                       IMAGE_ICON, side, side, LR_DEFAULTCOLOR));
+    if (picture == nullptr) return;
+    DrawIconEx(dc, spot.left, spot.top, picture, side, side, 0, nullptr, DI_NORMAL);
+    DestroyIcon(picture);
 }
 
 }  // namespace
@@ -35,13 +47,11 @@ bool DrawComboEntry(const SheetContext& context, const DRAWITEMSTRUCT& draw) {
     RECT place = draw.rcItem;
     const UINT align = GetTextAlign(draw.hDC);
     const DWORD icon = IconForValue(*item, static_cast<DWORD>(draw.itemData));
-    const HICON picture =
-        icon != 0 ? LoadIconA(context.resources, MAKEINTRESOURCEA(icon)) : nullptr;
     const LONG side = place.bottom - place.top;
-    if (picture != nullptr && side > 0) {
+    if (icon != 0 && side > 0) {
         // The picture of a sheet stays as it is: its left is the sheet's left.
         const RECT spot = TakeFromStart(place, side, align);
-        DrawIconEx(draw.hDC, spot.left, spot.top, picture, side, side, 0, nullptr, DI_NORMAL);
+        DrawIconInSize(draw.hDC, context.resources, icon, spot);
     }
     TakeFromStart(place, 0, align);
     char text[kEntryTextSize] = "";

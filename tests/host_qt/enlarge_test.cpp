@@ -1,4 +1,4 @@
-// Enlarged pictures: pixels stay rectangles of one colour, and shares add up.
+// Enlarged pictures: pixels keep their colour where they are, and shares add up.
 #include <host/qt/enlarge.h>
 
 #include <gtest/gtest.h>
@@ -18,12 +18,19 @@ QImage Stripes(int width, int height) {
     return image;
 }
 
-TEST(EnlargeTest, WholeFactorsRepeatPixels) {
+TEST(EnlargeTest, PixelsKeepTheirColourAndPassIntoEachOther) {
     const QImage small = Stripes(5, 3);
-    const QImage large = Enlarge(small, {15, 9});
-    for (int y = 0; y < 9; ++y) {
-        for (int x = 0; x < 15; ++x) EXPECT_EQ(large.pixel(x, y), small.pixel(x / 3, y / 3));
+    const QImage large = Enlarge(small, {25, 15});
+    for (int y = 0; y < 3; ++y) {
+        for (int x = 0; x < 5; ++x) {
+            EXPECT_EQ(large.pixel(5 * x + 2, 5 * y + 2), small.pixel(x, y));
+        }
     }
+    // From the middle of the first pixel of the middle row to that of the next: a steady way.
+    for (int x = 7; x < 12; ++x) {
+        EXPECT_LT(large.pixelColor(x, 7).green(), large.pixelColor(x + 1, 7).green() + 1) << x;
+    }
+    EXPECT_EQ(Enlarge(small, small.size()), small);
 }
 
 TEST(EnlargeTest, AtOddFactorsOnlyTheEdgesMix) {
