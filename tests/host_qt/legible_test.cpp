@@ -21,25 +21,6 @@ namespace {
 
 class Legible : public SheetTour {
  protected:
-    void TearDown() override {
-        SheetTour::TearDown();
-        QApplication::setFont(font_);
-        QApplication::setPalette(palette_);
-        QApplication::setLayoutDirection(Qt::LeftToRight);
-    }
-
-    // Larger than the desktop's font by the factor, which is that of a person who needs it.
-    static void UseFont(double factor) {
-        QFont font = QApplication::font();
-        font.setPointSizeF(font.pointSizeF() * factor);
-        QApplication::setFont(font);
-    }
-    static void UseDarkPalette() {
-        QPalette dark(QColor(45, 45, 48), QColor(45, 45, 48));
-        dark.setColor(QPalette::Base, QColor(30, 30, 30));
-        QApplication::setPalette(dark);
-    }
-
     // Room that a style leaves to a caption.
     template <typename Button>
     static int RoomOf(const Button& button, QStyle::SubElement element) {
@@ -98,10 +79,6 @@ class Legible : public SheetTour {
             }
         });
     }
-
- private:
-    const QFont font_ = QApplication::font();
-    const QPalette palette_ = QApplication::palette();
 };
 
 TEST_F(Legible, TextsHaveRoom) {
@@ -119,7 +96,7 @@ TEST_F(Legible, LargestTextsHaveRoom) {
 }
 
 TEST_F(Legible, TextsFromRightToLeftHaveRoom) {
-    QApplication::setLayoutDirection(Qt::RightToLeft);
+    ReadFromRightToLeft();
     MeasureAll("rtl-");
 }
 

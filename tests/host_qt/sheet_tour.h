@@ -1,5 +1,5 @@
-// Shows every page of the real sheet and every dialog that opens from one, for tests that measure
-// the whole window.
+// Shows every page of the real sheet and every dialog of the module, for tests that measure the
+// whole window.
 #pragma once
 
 #include "qt_fixture.h"
@@ -12,20 +12,34 @@ namespace journey {
 
 class SheetTour : public Preferences {
  protected:
+    void TearDown() override;
+
+    // How the desktop looks, until the test ends. The font grows by the factor.
+    static void UseDarkPalette();
+    static void UseFont(double factor);
+    static void ReadFromRightToLeft() { QApplication::setLayoutDirection(Qt::RightToLeft); }
+
     using Visit = std::function<void(QWidget& window, const std::string& name)>;
 
-    // Opens the sheet if it is not open, and visits each page and each dialog.
+    // Opens the sheet if it is not open, and visits each page and each dialog. A dialog that does
+    // not open fails the test.
     void Tour(const Visit& visit);
     void TourPages(const Visit& visit);
     QDialog* SheetWidget();
     // Below KV_KEEP_PICTURES, when it is set.
     static void Keep(QWidget& window, const std::string& name);
-
-    // Names of the dialogs that opened so far.
-    std::set<std::string> opened;
+    // Visible controls in the order of the templates, panels on pages included.
+    static std::vector<HWND> ControlsOf(HWND window);
+    // The widget that stands for a control.
+    static QWidget* WidgetOf(QWidget& window, HWND control);
 
  private:
-    void VisitDialogs(const Visit& visit);
+    void Prepare(int page, int id, DWORD value);
+    void OpenDialog(size_t index);
+    void VisitDialog(size_t index, const Visit& visit);
+
+    const QFont font_ = QApplication::font();
+    const QPalette palette_ = QApplication::palette();
 };
 
 }  // namespace journey

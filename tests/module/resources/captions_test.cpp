@@ -9,6 +9,7 @@
 
 #include "resources/picture_ids.h"
 #include "resources/string_ids.h"
+#include "fixed_captions.h"
 #include "templates.h"
 
 namespace {
@@ -146,46 +147,6 @@ TEST(Captions, MnemonicsAreUniqueInEachDialog) {
     }
 }
 
-// Captions whose wording is fixed letter for letter, so that they carry no mark. Tab and the arrow
-// keys reach their controls.
-const std::set<std::string> kFixedCaptions = {
-    "Auto",
-    "Manual",
-    "Mailbox Setting...",
-    "About...",
-    "Auto Configure",
-    "Settings:",
-    "Mailbox Name:",
-    "Apply",
-    "Mailbox Assignment:",
-    "inch",
-    "mm",
-    "Overlay",
-    "Pages",
-    "1st Page Only",
-    "Browse...",
-    "Edit...",
-    "Add...",
-    "Overlay Form Name:",
-    "Overlay File Management:",
-    "Grayscale",
-    "Color",
-    "Off",
-    "On",
-    "Saved Settings",
-    "Save",
-    "Edit",
-    "Name",
-    "Comment",
-    "List of Saved Settings",
-    "Original Size, Orientation",
-    "Copies",
-    "Watermark",
-    "Background",
-    "Repeat",
-    "Delete",
-};
-
 // What a person can change, as against texts and lists to read.
 bool IsField(const kv::DialogItem& control) {
     if (Is(control, "Edit")) return (control.style & ES_READONLY) == 0;
@@ -208,7 +169,7 @@ TEST(Captions, EveryOtherLabelledControlHasAMnemonic) {
                                IsField(controls[i + 1]);
             const std::string caption = CaptionOf(control);
             if ((!button && !label) || !IsVisible(control) || caption.empty()) continue;
-            if (kFixedCaptions.count(caption) != 0) continue;
+            if (FixedCaptions().count(caption) != 0) continue;
             EXPECT_NE(MnemonicOf(caption), 0) << name << " " << control.id << " " << caption;
         }
     }

@@ -1,0 +1,292 @@
+// Texts and pictures stand out from their grounds, on light desktops and dark ones. Measured in what
+// is drawn, not in the colours that were asked for.
+#include "sheet_tour.h"
+
+#include <QAbstractItemView>
+#include <QAccessible>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QRadioButton>
+#include <QStyle>
+#include <QStyleOptionButton>
+#include <QStyleOptionComboBox>
+#include <QStyleOptionGroupBox>
+#include <QTabBar>
+
+#include <cmath>
+#include <unordered_map>
+
+namespace journey {
+namespace {
+
+// What the guidelines for accessible content ask of texts, and of marks that carry meaning.
+constexpr double kForTexts = 4.5;
+constexpr double kForMarks = 3.0;
+
+// Fields of the private part: page order with borders, and the overlay.
+constexpr size_t kNupStyle = 0x1B0, kOverlayField = 0x258;
+
+double Luminance(QRgb pixel) {
+    const auto linear = [](int part) {
+        const double value = part / 255.0;
+        return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(qRed(pixel)) + 0.7152 * linear(qGreen(pixel)) +
+           0.0722 * linear(qBlue(pixel));
+}
+
+double Ratio(QRgb first, QRgb second) {
+    const double a = Luminance(first);
+    const double b = Luminance(second);
+    return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
+}
+
+QRgb GroundOf(const QImage& image) {
+    std::unordered_map<QRgb, int> counts;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) ++counts[image.pixel(x, y)];
+    }
+    return std::max_element(counts.begin(), counts.end(), [](const auto& a, const auto& b) {
+               return a.second < b.second;
+           })->first;
+}
+
+// The strongest contrast that at least `pixels` pixels of a picture have with its ground.
+double ContrastIn(const QImage& image, int pixels) {
+    if (image.isNull()) return 0;
+    const QRgb ground = GroundOf(image);
+    std::vector<double> ratios;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) ratios.push_back(Ratio(image.pixel(x, y), ground));
+    }
+    if (static_cast<int>(ratios.size()) <= pixels) return 0;
+    std::nth_element(ratios.begin(), ratios.begin() + pixels, ratios.end(), std::greater<>());
+    return ratios[static_cast<size_t>(pixels)];
+}
+
+// Of the pixels that a mark changed, how much the strongest of `share` differ from what was there
+// before: soft edges and shadows are left aside.
+double ContrastOfChange(const QImage& before, const QImage& after, int share = 4) {
+    std::vector<double> ratios;
+    for (int y = 0; y < after.height(); ++y) {
+        for (int x = 0; x < after.width(); ++x) {
+            if (before.pixel(x, y) == after.pixel(x, y)) continue;
+            ratios.push_back(Ratio(before.pixel(x, y), after.pixel(x, y)));
+        }
+    }
+    if (ratios.size() < 10) return 0;
+    const auto strong = ratios.begin() + static_cast<std::ptrdiff_t>(ratios.size()) / share;
+    std::nth_element(ratios.begin(), strong, ratios.end(), std::greater<>());
+    return *strong;
+}
+
+// Where a widget shows texts, without its frames and indicators.
+std::vector<QRect> TextPlaces(const QWidget& widget) {
+    const QStyle& style = *widget.style();
+    if (auto* button = qobject_cast<const QAbstractButton*>(&widget)) {
+        if (button->text().isEmpty()) return {};
+        QStyleOptionButton option;
+        option.initFrom(button);
+        option.text = button->text();
+        const bool check = qobject_cast<const QCheckBox*>(button);
+        const bool radio = qobject_cast<const QRadioButton*>(button);
+        if (!check && !radio) return {button->rect().adjusted(6, 4, -6, -4)};
+        const auto part = check ? QStyle::SE_CheckBoxContents : QStyle::SE_RadioButtonContents;
+        return {style.subElementRect(part, &option, button)};
+    }
+    if (auto* group = qobject_cast<const QGroupBox*>(&widget)) {
+        if (group->title().isEmpty()) return {};
+        return {QRect(2, 0, group->width() - 4, group->fontMetrics().height())};
+    }
+    if (auto* combo = qobject_cast<const QComboBox*>(&widget)) {
+        if (combo->currentText().isEmpty()) return {};
+        QStyleOptionComboBox option;
+        option.initFrom(combo);
+        QRect field = style.subControlRect(QStyle::CC_ComboBox, &option,
+                                           QStyle::SC_ComboBoxEditField, combo);
+        // The picture of an entry is as wide as it is high.
+        const int picture = field.height() > 30 ? field.height() * 5 / 4 : 0;
+        const bool fromRight = combo->layoutDirection() == Qt::RightToLeft;
+        return {field.adjusted(fromRight ? 2 : picture + 2, 3, fromRight ? -picture - 2 : -2, -3)};
+    }
+    if (auto* label = qobject_cast<const QLabel*>(&widget)) {
+        const auto* item = QAccessible::queryAccessibleInterface(&const_cast<QLabel&>(*label));
+        const bool text = item->role() == QAccessible::StaticText && !label->text().isEmpty();
+        return text ? std::vector<QRect>{label->rect()} : std::vector<QRect>{};
+    }
+    if (auto* edit = qobject_cast<const QLineEdit*>(&widget)) {
+        if (edit->text().isEmpty() || edit->hasSelectedText()) return {};
+        return {edit->rect().adjusted(4, 4, -4, -4)};
+    }
+    std::vector<QRect> places;
+    if (auto* tabs = qobject_cast<const QTabBar*>(&widget)) {
+        for (int i = 0; i < tabs->count(); ++i) {
+            places.push_back(tabs->tabRect(i).adjusted(6, 6, -6, -4));
+        }
+    }
+    if (auto* list = qobject_cast<const QListWidget*>(widget.parentWidget())) {
+        if (&widget != list->viewport()) return {};
+        for (int i = 0; i < list->count(); ++i) {
+            places.push_back(list->visualItemRect(list->item(i)).adjusted(2, 1, -2, -1));
+        }
+    }
+    return places;
+}
+
+class Contrast : public SheetTour {
+ protected:
+    static QImage Crop(const QImage& image, const QRect& place) {
+        const double ratio = image.devicePixelRatio();
+        return image.copy(QRectF(QPointF(place.topLeft()) * ratio, QSizeF(place.size()) * ratio)
+                              .toAlignedRect());
+    }
+    void MeasureAll() {
+        int texts = 0;
+        Tour([&](QWidget& window, const std::string& name) {
+            const QImage image = window.grab().toImage();
+            for (const QWidget* widget : window.findChildren<QWidget*>()) {
+                // What cannot be used may be faint.
+                if (!widget->isVisible() || !widget->isEnabled()) continue;
+                for (const QRect& place : TextPlaces(*widget)) {
+                    const QRect there(widget->mapTo(&window, place.topLeft()), place.size());
+                    EXPECT_GE(ContrastIn(Crop(image, there), 3), kForTexts)
+                        << name << " " << widget->metaObject()->className() << " "
+                        << widget->objectName().toStdString() << " at " << there.x() << ","
+                        << there.y();
+                    ++texts;
+                }
+            }
+        });
+        EXPECT_GT(texts, 200);
+    }
+    void MeasurePictures() {
+        int pictures = 0;
+        Tour([&](QWidget& window, const std::string& name) {
+            const QImage image = window.grab().toImage();
+            for (QWidget* widget : window.findChildren<QLabel*>()) {
+                const auto* item = QAccessible::queryAccessibleInterface(widget);
+                const bool view = widget->height() > 80;
+                if (!widget->isVisible() || item->role() != QAccessible::Graphic || view) continue;
+                const QRect there(widget->mapTo(&window, QPoint(0, 0)), widget->size());
+                EXPECT_GE(ContrastIn(Crop(image, there), widget->width()), kForMarks)
+                    << name << " " << widget->objectName().toStdString();
+                ++pictures;
+            }
+        });
+        EXPECT_GT(pictures, 10);
+    }
+    // Both lists of pages per sheet and its order, opened: entries as they are, and the marked one.
+    void MeasureEntries(int id) {
+        const HWND combo = Item(id, kLayout);
+        QComboBox* box = qobject_cast<QComboBox*>(WidgetOf(*SheetWidget(), combo));
+        ASSERT_NE(box, nullptr);
+        kv::input::DropDown(combo, true);
+        kv::Settle();
+        QAbstractItemView* view = box->view();
+        ASSERT_TRUE(view->isVisible());
+        const QImage image = view->viewport()->grab().toImage();
+        for (int i = 0; i < box->count(); ++i) {
+            const QRect place = view->visualRect(box->model()->index(i, 0));
+            if (!view->viewport()->rect().contains(place)) continue;
+            const QRect icon(place.topLeft() + QPoint(place.height() / 5, 0),
+                             QSize(place.height(), place.height()));
+            EXPECT_GE(ContrastIn(Crop(image, icon), icon.width()), kForMarks) << id << " " << i;
+            QRect text = place;
+            text.setLeft(icon.right() + 2);
+            EXPECT_GE(ContrastIn(Crop(image, text), 3), kForTexts) << id << " " << i;
+        }
+        kv::input::DropDown(combo, false);
+    }
+    // The large view of a page.
+    QImage ViewOf(int page) {
+        PageWindow(page);
+        kv::Settle();
+        for (QLabel* label : SheetWidget()->findChildren<QLabel*>(QStringLiteral("14002"))) {
+            if (label->isVisible()) return label->grab().toImage();
+        }
+        return {};
+    }
+};
+
+TEST_F(Contrast, TextsStandOut) {
+    MeasureAll();
+}
+
+TEST_F(Contrast, TextsStandOutOnDarkGround) {
+    UseDarkPalette();
+    MeasureAll();
+}
+
+TEST_F(Contrast, PicturesStandOut) {
+    MeasurePictures();
+}
+
+TEST_F(Contrast, PicturesStandOutOnDarkGround) {
+    UseDarkPalette();
+    MeasurePictures();
+}
+
+TEST_F(Contrast, EntriesOfListsStandOut) {
+    OpenSheet();
+    MeasureEntries(1410);
+    MeasureEntries(1510);
+}
+
+TEST_F(Contrast, EntriesOfListsStandOutOnDarkGround) {
+    UseDarkPalette();
+    OpenSheet();
+    MeasureEntries(1410);
+    MeasureEntries(1510);
+}
+
+TEST_F(Contrast, MarksOfThePreviewStandOut) {
+    OpenSheet();
+    const QImage plain = ViewOf(kLayout);
+    ASSERT_FALSE(plain.isNull());
+    // The sheet's edges in a row through its middle, and the names in the band at the top.
+    constexpr int kEdge = 3;
+    const int middle = plain.height() * 3 / 5;
+    double edge = 0;
+    for (int x = kEdge; x < plain.width() / 2; ++x) {
+        edge = std::max(edge, Ratio(plain.pixel(x - kEdge, middle), plain.pixel(x, middle)));
+    }
+    EXPECT_GE(edge, kForMarks) << "sheet";
+    EXPECT_GE(ContrastIn(plain.copy(2, 2, plain.width() - 4, plain.height() / 5), 10), kForTexts)
+        << "names of the sizes";
+    const auto change = [&](const char* name, const QImage& before, const QImage& after) {
+        EXPECT_GE(ContrastOfChange(before, after), kForMarks) << name;
+    };
+    ChooseValue(1510, 2, kLayout);
+    change("binding", plain, ViewOf(kLayout));
+    ChooseValue(1510, 1, kLayout);
+    ChooseValue(1410, 4, kLayout);
+    const QImage four = ViewOf(kLayout);
+    constexpr struct {
+        const char* name;
+        size_t offset;
+        DWORD value;
+    } kMarks[] = {{"numbers", kNupStyle, 1},
+                  {"borders", kNupStyle, 4},
+                  {"overlay", kOverlayField, 1}};
+    for (const auto& mark : kMarks) {
+        SetPrivate(mark.offset, mark.value);
+        PageWindow(kJob);
+        change(mark.name, four, ViewOf(kLayout));
+        SetPrivate(mark.offset, 0);
+    }
+    // A watermark has the colour in which it prints, which may be a faint one.
+    constexpr DWORD kLetter = 1;
+    ChooseValue(1410, 0, kLayout);
+    ChooseValue(2002, kLetter);
+    const QImage letter = ViewOf(kLayout);
+    kv::input::Choose(Item(8002, kWatermark), 1);
+    // Its small letters are mostly soft edges.
+    EXPECT_GE(ContrastOfChange(letter, ViewOf(kLayout), 20), 1.3) << "watermark";
+}
+
+}  // namespace
+}  // namespace journey
