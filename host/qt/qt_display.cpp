@@ -2,6 +2,7 @@
 // several widgets alike (focus, keys, tooltips, mouse moves) is caught here by one event filter.
 #include <host/qt/accessible.h>
 #include <host/qt/core_text.h>
+#include <host/qt/indicator_style.h>
 #include <host/qt/keys.h>
 #include <host/qt/mirror.h>
 #include <host/qt/qt_display.h>
@@ -56,6 +57,7 @@ bool IsDialog(HWND window) {
 }  // namespace
 
 QtDisplay::QtDisplay() : scale_(Scale::ForFont(QApplication::font())) {
+    UseClearIndicators();
     timer_.setSingleShot(true);
     qApp->installEventFilter(this);
     DescribeDisplay(this);

@@ -163,6 +163,30 @@ class Contrast : public SheetTour {
         });
         EXPECT_GT(texts, 200);
     }
+    // Boxes and circles, with enough of what is around them to tell the ground.
+    void MeasureIndicators() {
+        constexpr int kAround = 5;
+        int indicators = 0;
+        Tour([&](QWidget& window, const std::string& name) {
+            const QImage image = window.grab().toImage();
+            for (const auto* button : window.findChildren<QAbstractButton*>()) {
+                const bool usable = button->isVisible() && button->isEnabled();
+                if (!usable || !button->isCheckable()) continue;
+                const bool check = qobject_cast<const QCheckBox*>(button) != nullptr;
+                QStyleOptionButton option;
+                option.initFrom(button);
+                const QRect part = button->style()->subElementRect(
+                    check ? QStyle::SE_CheckBoxIndicator : QStyle::SE_RadioButtonIndicator, &option,
+                    button);
+                const QRect there(button->mapTo(&window, part.topLeft()), part.size());
+                const QRect around = there.adjusted(-kAround, -kAround, kAround, kAround);
+                EXPECT_GE(ContrastIn(Crop(image, around), part.width()), kForMarks)
+                    << name << " " << button->text().toStdString();
+                ++indicators;
+            }
+        });
+        EXPECT_GT(indicators, 30);
+    }
     void MeasurePictures() {
         int pictures = 0;
         Tour([&](QWidget& window, const std::string& name) {
@@ -219,6 +243,15 @@ TEST_F(Contrast, TextsStandOut) {
 TEST_F(Contrast, TextsStandOutOnDarkGround) {
     UseDarkPalette();
     MeasureAll();
+}
+
+TEST_F(Contrast, BoxesAndCirclesStandOut) {
+    MeasureIndicators();
+}
+
+TEST_F(Contrast, BoxesAndCirclesStandOutOnDarkGround) {
+    UseDarkPalette();
+    MeasureIndicators();
 }
 
 TEST_F(Contrast, PicturesStandOut) {

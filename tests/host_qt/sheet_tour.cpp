@@ -214,6 +214,12 @@ void SheetTour::OpenDialog(size_t index) {
     }
 }
 
+void SheetTour::VisitDialog(const std::string& name, const Visit& visit) {
+    for (size_t i = 0; i < std::size(kDialogs); ++i) {
+        if (name == kDialogs[i].name) VisitDialog(i, visit);
+    }
+}
+
 void SheetTour::VisitDialog(size_t index, const Visit& visit) {
     const Row& row = kDialogs[index];
     if (row.controlBefore) Prepare(row.page, row.controlBefore, row.valueBefore);

@@ -25,6 +25,7 @@ class SheetTour : public Preferences {
     // not open fails the test.
     void Tour(const Visit& visit);
     void TourPages(const Visit& visit);
+    void VisitDialog(const std::string& name, const Visit& visit);
     QDialog* SheetWidget();
     // Below KV_KEEP_PICTURES, when it is set.
     static void Keep(QWidget& window, const std::string& name);
