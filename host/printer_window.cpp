@@ -1,11 +1,16 @@
 // Running the sheet, and what OK and Apply do.
 #include <host/printer_window.h>
 #include <host/record_differences.h>
+#include <host/sheet_pages.h>
 #include <host/status_line.h>
 
 #include <commctrl.h>
 #include <platform/dialog/message_box.h>
+#include <platform/display/display.h>
+#include <platform/window/window.h>
 #include <prsht.h>
+
+#include <algorithm>
 
 namespace kvhost {
 namespace {
@@ -13,11 +18,26 @@ namespace {
 // The pages tell the sheet of every change, which enables this button.
 bool WasChanged(HWND sheet) { return IsWindowEnabled(GetDlgItem(sheet, kSheetApplyButton)) != 0; }
 
-UINT ShownPage(HWND sheet) {
-    const auto tabs = reinterpret_cast<HWND>(SendMessageA(sheet, PSM_GETTABCONTROL, 0, 0));
-    const LRESULT index = SendMessageA(tabs, TCM_GETCURSEL, 0, 0);
-    return index > 0 ? static_cast<UINT>(index) : 0;
-}
+// Notes at each action where the window stands: the last one closes it.
+class PlaceWatcher : public StatusLine {
+   public:
+    PlaceWatcher(const SettingNames& names, const Record& record, WindowPlace& place)
+        : StatusLine(names, record), place_(place) {}
+
+    void Begun(HWND window) override {
+        StatusLine::Begun(window);
+        const HWND sheet = kv::RootOf(window);
+        if (kv::KindOf(sheet) != "sheet") return;
+        const auto tabs = reinterpret_cast<HWND>(SendMessageA(sheet, PSM_GETTABCONTROL, 0, 0));
+        const LRESULT index = SendMessageA(tabs, TCM_GETCURSEL, 0, 0);
+        if (index >= 0 && index < kSheetPages) place_.page = PageDialog(static_cast<int>(index));
+        POINT corner{};
+        if (kv::CurrentDisplay().CornerOf(sheet, &corner)) place_.corner = corner;
+    }
+
+   private:
+    WindowPlace& place_;
+};
 
 }  // namespace
 
@@ -26,19 +46,22 @@ PrinterWindow::PrinterWindow(Session& session)
 
 ExitStatus PrinterWindow::Run() {
     INT_PTR result = 0;
+    place_ = ReadWindowPlace(session_.store());
     do {
         openAgain_ = false;
         SheetRequest request;
         request.printer = &session_.printer();
         request.record = session_.record().data();
         request.caption = session_.printer().printerName;
-        request.startPage = page_;
+        request.startPage = static_cast<UINT>(std::max(0, PageIndexOfDialog(place_.page)));
+        if (place_.corner) kv::CurrentDisplay().OpenNextSheetAt(*place_.corner);
         request.applied = [this](HWND sheet, bool closing) { return Apply(sheet, closing); };
-        const StatusLine statusLine(names_, session_.record());
+        const PlaceWatcher watcher(names_, session_.record(), place_);
         result = session_.module().RunSheet(request);
         // The pages take back in the record what was not applied; what is stored counts.
         if (openAgain_) session_.record() = session_.stored();
     } while (openAgain_ && result >= 0);
+    KeepWindowPlace(session_.store(), place_);
     return result >= 0 && stored_ ? kDone : kRefused;
 }
 
@@ -78,7 +101,6 @@ Applied PrinterWindow::KeepTheirs(HWND sheet, const Record& theirs, bool closing
     session_.AcceptStored(theirs);
     if (!closing) {
         openAgain_ = true;
-        page_ = ShownPage(sheet);
         PostMessageA(sheet, PSM_PRESSBUTTON, PSBTN_CANCEL, 0);
     }
     return Applied::kStored;

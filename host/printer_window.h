@@ -1,9 +1,10 @@
-// The window of one printer: its sheet, its status line, and storing what is applied without
-// overwriting unseen what somebody else stored while the window was open.
+// The window of one printer: its sheet, where it opens, its status line, and storing what is applied
+// without overwriting unseen what somebody else stored while the window was open.
 #pragma once
 
 #include <host/session.h>
 #include <host/setting_names.h>
+#include <host/window_place.h>
 
 namespace kvhost {
 
@@ -25,7 +26,7 @@ class PrinterWindow {
     SettingNames names_;
     bool stored_ = true;     // the last attempt to store succeeded
     bool openAgain_ = false; // to show what somebody else stored
-    UINT page_ = 0;
+    WindowPlace place_;
 };
 
 }  // namespace kvhost

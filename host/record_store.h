@@ -37,9 +37,10 @@ class RecordStore {
     Outcome StoreUnlessChanged(const Record& expected, const Record& record, Record& found,
                                std::string& error);
 
-   private:
+    // Makes the folder of the records; false when that is impossible.
     bool MakeFolder(std::string& error) const;
 
+   private:
     std::string path_;
 };
 

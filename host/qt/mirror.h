@@ -36,6 +36,8 @@ class Mirror {
     // A modal loop runs for the window from now on.
     virtual void BeginModal() {}
 
+    // Where a new sheet opens.
+    virtual void OpenAt(const QPoint& /*corner*/) {}
     // What is said beside the buttons of a sheet.
     virtual void ShowStatus(const QString& /*text*/) {}
 

@@ -12,6 +12,7 @@
 #include <QCloseEvent>
 #include <QDialog>
 #include <QDialogButtonBox>
+#include <QGuiApplication>
 #include <QPainter>
 #include <QScreen>
 #include <QScrollArea>
@@ -112,6 +113,16 @@ class DialogMirror : public Mirror {
 
     void ShowStatus(const QString& text) override {
         if (status_) status_->Say(Directed(text, widget()->layoutDirection()));
+    }
+
+    // The whole window stays on a screen: on that of the corner, else on the one it opens on.
+    void OpenAt(const QPoint& corner) override {
+        const QScreen* screen = QGuiApplication::screenAt(corner);
+        const QRect room = (screen ? screen : widget()->screen())->availableGeometry();
+        const QSize beyond = room.size() - widget()->size();
+        widget()->move(
+            std::clamp(corner.x(), room.left(), room.left() + std::max(0, beyond.width())),
+            std::clamp(corner.y(), room.top(), room.top() + std::max(0, beyond.height())));
     }
 
     void BeginModal() override {

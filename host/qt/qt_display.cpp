@@ -130,6 +130,14 @@ void QtDisplay::ShowStatus(HWND sheet, const char* text) {
     if (Mirror* mirror = MirrorOf(sheet)) mirror->ShowStatus(FromAnsi(text));
 }
 
+bool QtDisplay::CornerOf(HWND window, POINT* corner) {
+    const Mirror* mirror = MirrorOf(window);
+    if (!mirror || !mirror->widget() || !mirror->widget()->isVisible()) return false;
+    const QPoint place = mirror->widget()->frameGeometry().topLeft();
+    *corner = {place.x(), place.y()};
+    return true;
+}
+
 bool QtDisplay::WaitForInput(HWND /*modal*/) {
     Flush();
     const int due = kv::MillisecondsToNextTimer();
@@ -202,6 +210,9 @@ bool QtDisplay::Realize(HWND window, Entry& entry) {
     entry.mirror = MakeMirror(*this, window, around ? around->GroundFor(window) : nullptr);
     if (!entry.mirror) return false;
     entry.mirror->Sync(kEverything);
+    if (nextCorner_ && kv::KindOf(window) == "sheet") {
+        entry.mirror->OpenAt(*std::exchange(nextCorner_, std::nullopt));
+    }
     const std::vector<HWND> children = record->children;
     for (HWND child : children) {
         Queue(child, kEverything);

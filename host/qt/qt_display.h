@@ -12,6 +12,7 @@
 #include <QWidget>
 
 #include <memory>
+#include <optional>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -40,6 +41,8 @@ class QtDisplay : public QObject, public kv::Display {
     void ModalBegun(HWND window) override;
     void ModalEnded(HWND window) override;
     void ShowStatus(HWND sheet, const char* text) override;
+    bool CornerOf(HWND window, POINT* corner) override;
+    void OpenNextSheetAt(POINT corner) override { nextCorner_ = QPoint(corner.x, corner.y); }
     bool WaitForInput(HWND modal) override;
 
     // Carries out what the user did to a widget. Widgets also signal what the display itself sets
@@ -105,6 +108,7 @@ class QtDisplay : public QObject, public kv::Display {
     std::vector<HWND> modals_;
     QTimer timer_;  // wakes the core for its own timers
     QPointer<QWidget> hovered_;
+    std::optional<QPoint> nextCorner_;  // where the next sheet opens
     Scale scale_;
     int syncing_ = 0;
     bool scheduled_ = false;

@@ -43,6 +43,10 @@ class Display {
     virtual void ModalEnded(HWND /*window*/) {}
     // A line about what just happened, shown in a sheet beside its buttons; empty for nothing.
     virtual void ShowStatus(HWND /*sheet*/, const char* /*text*/) {}
+    // Where the frame of a top-level window stands on the desktop; false when nobody knows.
+    virtual bool CornerOf(HWND /*window*/, POINT* /*corner*/) { return false; }
+    // Where the next sheet is to open, as far as the desktop has room there.
+    virtual void OpenNextSheetAt(POINT /*corner*/) {}
     // Called by a modal loop that has nothing to do: handle at least one event, or wait for one.
     // False: nothing will ever come; the loop gives up.
     virtual bool WaitForInput(HWND modal) = 0;
