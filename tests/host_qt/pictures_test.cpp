@@ -11,6 +11,10 @@ class Pictures : public SheetTour {
  protected:
     void SetUp() override {
         if (!std::getenv("KV_KEEP_PICTURES")) GTEST_SKIP() << "KV_KEEP_PICTURES names no folder";
+        // As on an ordinary desktop; the display without a screen would take the first family it finds.
+        QFont font = QApplication::font();
+        font.setFamily(QStringLiteral("Liberation Sans"));
+        QApplication::setFont(font);
         SheetTour::SetUp();
     }
     void TearDown() override {
