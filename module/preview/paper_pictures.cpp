@@ -1,6 +1,8 @@
 // The tables of the Paper View's pictures.
 #include "preview/paper_pictures.h"
 
+#include "resources/picture_ids.h"
+
 namespace kvui {
 namespace {
 
@@ -74,6 +76,22 @@ const SheetRow* SheetOf(DWORD duplexMode, LayoutKind kind, Shape document) {
         }
     }
     return nullptr;
+}
+
+int PosterSheets(DWORD nup) {
+    constexpr DWORD kFirstPoster = 102, kLastPoster = 105;
+    constexpr DWORD kPosters = 100;  // what the number of sheets is added to
+    return nup >= kFirstPoster && nup <= kLastPoster ? static_cast<int>(nup - kPosters) : 0;
+}
+
+PictureId SheetPicture(const SheetRow& sheet, DWORD nup) {
+    constexpr int kFewestSheets = 2;
+    constexpr int kIdsPerPoster = 4;  // two shapes, each with its mask
+    const int sheets = PosterSheets(nup);
+    if (sheet.booklet || sheets == 0) return sheet.id;
+    const int id = IDB_POSTER_SHEETS + kIdsPerPoster * (sheets - kFewestSheets) +
+                   (sheet.shape == Shape::kPortrait ? 2 : 0);
+    return {static_cast<WORD>(id), static_cast<WORD>(id + 1)};
 }
 
 const BindingRow* BindingOf(DWORD duplexMode, LayoutKind kind, Shape document) {

@@ -53,6 +53,11 @@ struct SheetRow {
 // Null for duplex modes that do not exist.
 const SheetRow* SheetOf(DWORD duplexMode, LayoutKind kind, Shape document);
 
+// How many sheets each way a page is spread over; 0 for all but the posters.
+int PosterSheets(DWORD nup);
+// The picture of the sheet: a single one shows how a poster is cut into sheets.
+PictureId SheetPicture(const SheetRow& sheet, DWORD nup);
+
 struct BindingRow {
     Shape document;
     LayoutKind kind;

@@ -55,12 +55,14 @@ class Planner {
 
     bool AddSheet() {
         const SheetRow* sheet = SheetOf(settings_.duplexMode, layout_.kind, settings_.document);
+        if (sheet == nullptr) return false;
+        const PictureId picture = SheetPicture(*sheet, settings_.nup);
         SIZE size{};
-        if (sheet == nullptr || !pictures_.SizeOf(sheet->id, size)) return false;
+        if (!pictures_.SizeOf(picture, size)) return false;
         const int x = (view_.cx - size.cx + sheet->shiftX) / 2;
         const int y = (view_.cy - size.cy + sheet->shiftY) / 2 + kLabelBand;
         paper_ = {x, y, x + size.cx - sheet->marginX, y + size.cy - sheet->marginY};
-        return AddPicture(sheet->id, x, y, size);
+        return AddPicture(picture, x, y, size);
     }
 
     bool AddPage() {

@@ -97,6 +97,10 @@ void DescribePaper(const SheetContext& context, char* text, std::size_t size) {
     if (output != 0) AddPaperName(sentence, context, output, IDS_WORDS_PRINTED_ON);
     if (settings.nup == kBooklet) {
         sentence.Add(IDS_WORDS_BOOKLET);
+    } else if (const int sheets = PosterSheets(settings.nup)) {
+        char poster[32];
+        std::snprintf(poster, sizeof poster, "%d x %d", sheets, sheets);
+        sentence.Add(IDS_WORDS_POSTER, poster);
     } else if (LayoutOf(settings.nup).nup == settings.nup && settings.nup > 1) {
         char pages[16];
         std::snprintf(pages, sizeof pages, "%u", static_cast<unsigned>(settings.nup));

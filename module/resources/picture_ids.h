@@ -146,3 +146,6 @@
 #define IDB_SHEET_LANDSCAPE         13845
 #define IDB_SHEET_PORTRAIT          13847
 #define IDB_OUTPUT_SIZE_ARROW       13849
+// Single sheets of posters of 2x2 to 5x5 sheets: for each the landscape sheet with its mask, then the
+// portrait one.
+#define IDB_POSTER_SHEETS 14101

@@ -196,6 +196,7 @@
 #define IDS_WORDS_PRINTER       14035
 #define IDS_WORDS_SAMPLE        14036
 #define IDS_WORDS_NO_WATERMARK  14037
+#define IDS_WORDS_POSTER        14038
 
 // Messages.
 #define IDS_ACCESS_NUMBER_TITLE   5110

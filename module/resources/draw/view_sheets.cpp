@@ -94,6 +94,26 @@ void DrawSheet(cairo_t* to, const Box& area, int) {
     DrawLeaf(to, leaf, kPaper);
 }
 
+// A poster's page is spread over as many sheets each way: the lines along which they meet.
+void DrawPosterSheet(cairo_t* to, const Box& area, int sheets) {
+    DrawSheet(to, area, 0);
+    const double width = area.width - kShadow, height = area.height - kShadow;
+    const double dashes[] = {4, 2};
+    cairo_set_dash(to, dashes, 2, 0);
+    cairo_set_line_width(to, 1);
+    SetColor(to, kAccent);
+    for (int i = 1; i < sheets; ++i) {
+        // Through the middles of pixels, so that the lines are sharp.
+        const double x = int(width * i / sheets) + 0.5, y = int(height * i / sheets) + 0.5;
+        cairo_move_to(to, x, 1);
+        cairo_line_to(to, x, height - 1);
+        cairo_move_to(to, 1, y);
+        cairo_line_to(to, width - 1, y);
+    }
+    cairo_stroke(to);
+    cairo_set_dash(to, nullptr, 0, 0);
+}
+
 // A booklet lies slightly open: behind its front page, which stands still so that the printed page
 // fits, the leaves fan out around the fold. Where the front page is, the edge that is folded, and
 // how far the last leaf's free edge moves.
@@ -172,6 +192,14 @@ constexpr BitmapPicture kTiles[] = {
 constexpr MaskedPicture kSheets[] = {
     {IDB_SHEET_LANDSCAPE, 121, 93, DrawSheet, 0, 66},
     {IDB_SHEET_PORTRAIT, 93, 121, DrawSheet, 0, 52},
+    {IDB_POSTER_SHEETS + 0, 121, 93, DrawPosterSheet, 2, 66},
+    {IDB_POSTER_SHEETS + 2, 93, 121, DrawPosterSheet, 2, 52},
+    {IDB_POSTER_SHEETS + 4, 121, 93, DrawPosterSheet, 3, 66},
+    {IDB_POSTER_SHEETS + 6, 93, 121, DrawPosterSheet, 3, 52},
+    {IDB_POSTER_SHEETS + 8, 121, 93, DrawPosterSheet, 4, 66},
+    {IDB_POSTER_SHEETS + 10, 93, 121, DrawPosterSheet, 4, 52},
+    {IDB_POSTER_SHEETS + 12, 121, 93, DrawPosterSheet, 5, 66},
+    {IDB_POSTER_SHEETS + 14, 93, 121, DrawPosterSheet, 5, 52},
     {IDB_BOOKLET_PORTRAIT_LEFT, 96, 138, DrawBooklet, kPortraitLeft, 49},
     {IDB_BOOKLET_PORTRAIT_RIGHT, 96, 138, DrawBooklet, kPortraitRight, 49},
     {IDB_BOOKLET_LANDSCAPE_LEFT, 138, 96, DrawBooklet, kLandscapeLeft, 65},

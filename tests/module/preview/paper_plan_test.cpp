@@ -36,6 +36,8 @@ class PicturesOfSizes : public PictureSizes {
     PicturesOfSizes() {
         // First id, last id, step, size.
         const struct { WORD first, last, step; SIZE size; } rows[] = {
+            {14101, 14114, 4, {121, 93}}, {14102, 14114, 4, {121, 93}},
+            {14103, 14115, 4, {93, 121}}, {14104, 14116, 4, {93, 121}},
             {13845, 13846, 1, {121, 93}}, {13847, 13848, 1, {93, 121}}, {13839, 13842, 1, {96, 138}},
             {13843, 13844, 1, {138, 96}}, {13837, 13838, 1, {138, 96}}, {13451, 13451, 1, {99, 71}},
             {13452, 13452, 1, {71, 99}},  {13603, 13603, 1, {95, 67}},  {13604, 13604, 1, {67, 95}},
@@ -226,6 +228,26 @@ TEST(PaperPlan, TakesUnknownNumbersOfPagesForOne) {
         EXPECT_EQ(list.rows[1].id.picture, 13810) << nup;
         EXPECT_EQ(list.rows[4].id.picture, 13401) << nup;
     }
+}
+
+TEST(PaperPlan, ShowsTheSheetsOfAPosterOnASingleSheet) {
+    PicturesOfSizes pictures;
+    const auto sheetOf = [&](Shape document, DWORD nup, DWORD duplex) {
+        return PlanPaperView({document, true, nup, 0, duplex, 0, 0, 0}, kView, pictures).rows[0];
+    };
+    for (int i = 0; i < 4; ++i) {
+        const DWORD nup = 102 + i;
+        Place landscape = kSingle[1], portrait = kSingle[0];
+        landscape.id = 14101 + 4 * i;
+        portrait.id = landscape.id + 2;
+        for (Place* place : {&landscape, &portrait}) place->mask = place->id + 1;
+        for (const DWORD duplex : {1u, 3u}) {
+            EXPECT_EQ(sheetOf(Shape::kLandscape, nup, duplex), PictureAt(landscape)) << nup;
+            EXPECT_EQ(sheetOf(Shape::kPortrait, nup, duplex), PictureAt(portrait)) << nup;
+        }
+        EXPECT_EQ(sheetOf(Shape::kPortrait, nup, 4), PictureAt(kBooklet[0][0])) << nup;
+    }
+    EXPECT_EQ(sheetOf(Shape::kPortrait, 106, 1), PictureAt(kSingle[0]));
 }
 
 // Removing any picture keeps what stands before it and loses what would follow.

@@ -64,6 +64,8 @@ constexpr Case kOtherMasked[] = {
     {13845, 121, 93}, {13847, 93, 121}, {13839, 96, 138}, {13841, 96, 138},
     {13843, 138, 96}, {13837, 138, 96}, {13705, 115, 24}, {13709, 23, 87},
     {13713, 87, 23},  {13717, 24, 115}, {13849, 11, 10},  {13853, 16, 16},
+    {14101, 121, 93}, {14103, 93, 121}, {14105, 121, 93}, {14107, 93, 121},
+    {14109, 121, 93}, {14111, 93, 121}, {14113, 121, 93}, {14115, 93, 121},
 };
 
 constexpr Case kBorders[] = {
@@ -139,6 +141,7 @@ TEST(ViewPictures, TellTheirSettingsApart) {
     for (const Case& test : kNumbers) expectNew(test.id);
     for (const Case& test : kPages) expectNew(test.id);
     for (const int id : {13837, 13839, 13841, 13843, 13845, 13847}) expectNew(id);
+    for (int id = 14101; id <= 14115; id += 2) expectNew(id);
     for (const int id : {1469, 1470, 1471, 1472}) expectNew(id);
     for (int id = 13601; id <= 13612; ++id) expectNew(id);
 }
