@@ -53,12 +53,13 @@ HINSTANCE ShellResult(INT_PTR code) {
     return reinterpret_cast<HINSTANCE>(code);
 }
 
-// "DIR/BOOK.chm::/html/1101.htm" is the page html/1101.htm of the folder DIR/BOOK.
+// "DIR/BOOK.chm::/html/1101.htm" is the page html/1101.htm of the folder DIR/BOOK; without a topic it
+// is the page that lists all others.
 std::string TopicFile(const std::string& target) {
     const std::size_t colons = target.find("::");
-    if (colons == std::string::npos) return {};
     std::string book = target.substr(0, colons);
-    std::string topic = target.substr(colons + 2);
+    std::string topic =
+        colons != std::string::npos ? target.substr(colons + 2) : "/html/index.htm";
     topic = topic.substr(0, topic.find('>'));  // ">window" names a viewer window
     constexpr std::string_view kExtension = ".chm";
     if (book.size() <= kExtension.size() || topic.empty()) return {};

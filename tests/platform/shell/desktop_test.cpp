@@ -64,7 +64,10 @@ TEST_F(Desktop, AHelpTopicIsAPageBesideTheBook) {
     EXPECT_EQ(Opened(), "1|" + page + "|");
     EXPECT_EQ(help(book + "::/html/9999.htm", HH_DISPLAY_TOPIC, 0), nullptr);
     EXPECT_EQ(help(book + "::/../KVHELP/html/1101.htm", HH_DISPLAY_TOPIC, 0), nullptr);
-    EXPECT_EQ(help(book, HH_DISPLAY_TOPIC, 0), nullptr);
+    EXPECT_EQ(help(book, HH_DISPLAY_TOPIC, 0), nullptr) << "no list of pages yet";
+    const std::string list = Write("help/KVHELP/html/index.htm", "<html>");
+    EXPECT_EQ(help(book, HH_DISPLAY_TOPIC, 0), caller);
+    EXPECT_EQ(Opened(), "1|" + list + "|");
     EXPECT_EQ(HtmlHelpA(caller, nullptr, HH_DISPLAY_TOPIC, 0), nullptr);
 }
 
