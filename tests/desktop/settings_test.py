@@ -51,6 +51,7 @@ class Settings(Journey):
         self.assertEqual(combo.chosen(), "Booklet")
         self.assertNotEqual(self.desktop.picture(combo.box()), closed)
         window.find("A4, booklet, portrait, bound at the left, in color", "image")
+        window.find("Booklet also set: Media Type, 2-Sided Printing")
         self.turn_to("Basic")
         self.assertEqual(window.find("Media Type", "combo box").chosen(), "Plain Paper")
         click(window.find("Cancel"))
@@ -88,6 +89,25 @@ class Settings(Journey):
         self.desktop.click(window.find("Apply"))
         wait_for(lambda: not window.find("Apply").has("sensitive"), "what Apply stores")
         self.assertEqual(self.stored("Contrast"), value - 50)
+
+
+class SecondWindow(Journey):
+    def test_what_somebody_else_stored_is_not_overwritten_unseen(self):
+        for button, stored in (("Keep theirs", [1, 3]), ("Store mine", [2, 1])):
+            with self.subTest(button=button):
+                self.kvprefs("set", "EditCopies=1", "RadioOrientation=1")
+                window = self.open()
+                self.desktop.keys("alt+l")
+                wait_for(lambda: window.find("Landscape").has("checked"), "Landscape")
+                self.kvprefs("set", "EditCopies=3")
+                sheet = window.front().name
+                self.desktop.click(window.find("OK"))
+                wait_for(lambda: len(window.dialogs()) == 2, "the question")
+                said = "\n".join(control.name for control in window.front(sheet).walk())
+                self.assertIn("Copies: was 1, now stored 3, yours 1", said)
+                self.desktop.click(window.find(button))
+                self.ends()
+                self.assertEqual(self.stored("dmOrientation", "dmCopies"), stored)
 
 
 class Focus(Journey):
