@@ -40,5 +40,6 @@ set(CPACK_DEBIAN_GUI_DESCRIPTION
 Opens the printing preferences of a colour laser multifunction printer in
 a window, with a preview of the sheet.")
 set(CPACK_DEBIAN_GUI_PACKAGE_DEPENDS "kvprefs (= ${PROJECT_VERSION})")
+set(CPACK_DEBIAN_GUI_PACKAGE_RECOMMENDS xdg-utils)  # opens help pages and links
 
 include(CPack)

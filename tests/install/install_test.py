@@ -63,6 +63,8 @@ class Installed(unittest.TestCase):
         self.assertGreater(len(json.loads(self.kvprefs("list", "--json"))), 100)
         self.kvprefs("set", "ComboNup=Booklet", "EditCopies=3")
         self.assertEqual(self.kvprefs("get", "mdmNup", "dmCopies"), "mdmNup=20\ndmCopies=3\n")
+        help_pages = ROOT / "home/.local/share/kvprefs/driver/3/tessora7720mf/html"
+        self.assertTrue((help_pages / "index.htm").is_file())
         self.kvprefs("shot", ROOT / "pictures", "--page", "Basic")
         picture = (ROOT / "pictures/01-basic.png").read_bytes()
         self.assertTrue(picture.startswith(b"\x89PNG"))
