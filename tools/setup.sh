@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs what building, running and testing need and this machine lacks; says what and why.
-# Usage: tools/setup.sh [build|test|bench]...   (default: build)
+# Usage: tools/setup.sh [build|test|bench|develop]...   (default: build)
 set -euo pipefail
 
 # package: why it is needed
@@ -37,12 +37,18 @@ test_packages=(
     "file: finds the programs in the Debian packages"
     "zsh: tests of completion"
     "fish: tests of completion"
+    "g++-mingw-w64-x86-64: builds the module for its genuine platform"
+    "mingw-w64-x86-64-dev: headers and import libraries of that platform"
+    "binutils: objdump reads what was built"
 )
 bench_packages=(
     "libbenchmark-dev: benchmarks"
     "libglib2.0-dev: peer of the rules file reader"
     "libcups2-dev: peer of the conflict check"
     "libpixman-1-dev: peer of the Paper View"
+)
+develop_packages=(
+    "ccache: builds again in seconds what was built before"
 )
 
 wanted=()
