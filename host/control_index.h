@@ -34,6 +34,8 @@ struct Control {
     unsigned choiceCount;
     LONG sliderBase;     // stored value at a slider's position 0
     DWORD parts[2];      // ids of a slider's edit and of the arrows; 0 for none
+    LONG lowest;         // of an edit; the rules file may say otherwise
+    LONG highest;
 };
 
 extern const Field kFields[];

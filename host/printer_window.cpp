@@ -59,7 +59,7 @@ ExitStatus PrinterWindow::Run() {
         const PlaceWatcher watcher(names_, session_.record(), place_);
         result = session_.module().RunSheet(request);
         // The pages take back in the record what was not applied; what is stored counts.
-        if (openAgain_) session_.record() = session_.stored();
+        if (openAgain_) session_.StartFromStored();
     } while (openAgain_ && result >= 0);
     KeepWindowPlace(session_.store(), place_);
     return result >= 0 && stored_ ? kDone : kRefused;

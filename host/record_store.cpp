@@ -1,4 +1,5 @@
 // Record files: <state>/records/<printer name, escaped>.record.
+#include <host/record_check.h>
 #include <host/record_store.h>
 
 #include <fcntl.h>
@@ -11,7 +12,6 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstddef>
 #include <cstring>
 
 namespace kvhost {
@@ -30,23 +30,9 @@ std::string EscapedName(const std::string& name) {
     return escaped;
 }
 
-std::string SystemMessage(const std::string& path) { return path + ": " + std::strerror(errno); }
-
-// Values that no page and no renderer can mean; other odd values fall back page by page.
-struct Bound {
-    size_t offset;
-    LONG low;
-    LONG high;
-    const char* name;
-};
-// public offset, lowest, highest, field
-constexpr Bound kBounds[] = {
-    {offsetof(DEVMODEA, dmOrientation), 1, 2, "dmOrientation"},
-    {offsetof(DEVMODEA, dmPaperSize), 1, 32767, "dmPaperSize"},
-    {offsetof(DEVMODEA, dmCopies), 1, 999, "dmCopies"},
-    {offsetof(DEVMODEA, dmColor), 1, 2, "dmColor"},
-    {offsetof(DEVMODEA, dmDuplex), 1, 3, "dmDuplex"},
-};
+std::string SystemMessage(const std::string& path) {
+    return path + ": " + std::strerror(errno);
+}
 
 std::string FreeAsideName(const std::string& path) {
     for (int n = 1; n < 1000; ++n) {
@@ -56,11 +42,13 @@ std::string FreeAsideName(const std::string& path) {
     return path + ".bad";
 }
 
-std::string FolderOf(const std::string& path) { return path.substr(0, path.find_last_of('/')); }
+std::string FolderOf(const std::string& path) {
+    return path.substr(0, path.find_last_of('/'));
+}
 
 // While it is held nobody else stores records. A lock on the folder leaves no file behind.
 class FolderLock {
-   public:
+ public:
     FolderLock(const std::string& folder, std::string& error)
         : folder_(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
         constexpr int kAttempts = 1000;  // five seconds
@@ -80,7 +68,7 @@ class FolderLock {
     FolderLock& operator=(const FolderLock&) = delete;
     bool IsHeld() const { return held_; }
 
-   private:
+ private:
     int folder_;
     bool held_ = false;
 };
@@ -148,31 +136,6 @@ bool WriteWholeFile(const std::string& path, const void* bytes, size_t size, std
         close(directory);
     }
     return true;
-}
-
-std::string CheckRecord(const BYTE* bytes, size_t size) {
-    if (size != kRecordBytes) {
-        return "has " + std::to_string(size) + " bytes, expected " + std::to_string(kRecordBytes);
-    }
-    DEVMODEA settings;
-    std::memcpy(&settings, bytes, sizeof settings);
-    if (settings.dmSize != sizeof(DEVMODEA)) {
-        return "dmSize is " + std::to_string(settings.dmSize) + ", expected " +
-               std::to_string(sizeof(DEVMODEA));
-    }
-    if (settings.dmDriverExtra != kRecordBytes - sizeof(DEVMODEA)) {
-        return "dmDriverExtra is " + std::to_string(settings.dmDriverExtra) + ", expected " +
-               std::to_string(kRecordBytes - sizeof(DEVMODEA));
-    }
-    for (const Bound& bound : kBounds) {
-        SHORT value = 0;
-        std::memcpy(&value, bytes + bound.offset, sizeof value);
-        if (value < bound.low || value > bound.high) {
-            return std::string(bound.name) + " is " + std::to_string(value) + ", expected " +
-                   std::to_string(bound.low) + " to " + std::to_string(bound.high);
-        }
-    }
-    return {};
 }
 
 RecordStore::RecordStore(const std::string& printerName)

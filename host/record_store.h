@@ -13,9 +13,6 @@ namespace kvhost {
 constexpr unsigned kRecordBytes = 1296;
 using Record = std::array<BYTE, kRecordBytes>;
 
-// Says what is wrong with the bytes as a settings record; empty when nothing is.
-std::string CheckRecord(const BYTE* bytes, size_t size);
-
 class RecordStore {
    public:
     explicit RecordStore(const std::string& printerName);

@@ -3,6 +3,7 @@
 
 #include <framework/core/install_printer.h>
 #include <host/host_paths.h>
+#include <host/record_check.h>
 #include <platform/registry/state_directory.h>
 #include <platform/registry/state_store.h>
 #include <windows.h>
@@ -11,7 +12,9 @@
 
 namespace kvhost {
 
-void PrintError(const std::string& text) { std::fprintf(stderr, "kvprefs: %s\n", text.c_str()); }
+void PrintError(const std::string& text) {
+    std::fprintf(stderr, "kvprefs: %s\n", text.c_str());
+}
 void PrintWarning(const std::string& text) {
     std::fprintf(stderr, "kvprefs: warning: %s\n", text.c_str());
 }
@@ -44,10 +47,18 @@ bool Session::Open(const Options& options) {
     store_ = std::make_unique<RecordStore>(printer_.printerName);
     std::string warning;
     const bool loaded = store_->Load(printer_, record_, warning, error);
-    stored_ = record_;
     if (!warning.empty()) PrintWarning(warning);
     if (!loaded) PrintError(error);
+    AcceptStored(record_);
+    StartFromStored();
     return loaded;
+}
+
+void Session::StartFromStored() {
+    record_ = stored_;
+    for (const std::string& line : PutBackOutOfBounds(printer_, record_)) {
+        PrintWarning("stored settings: " + line);
+    }
 }
 
 bool Session::Look(const Options& options) {
@@ -60,8 +71,11 @@ bool Session::Look(const Options& options) {
     const std::string name = options.printer.empty() ? printers.front().name : options.printer;
     if (!kvcore::MakePrinterBlock(name, printer_, error)) return false;
     store_ = std::make_unique<RecordStore>(printer_.printerName);
-    return store_->Read(record_, error) == RecordStore::Found::kGood ||
-           store_->ReadDefaults(printer_, record_, error);
+    if (store_->Read(record_, error) != RecordStore::Found::kGood) {
+        return store_->ReadDefaults(printer_, record_, error);
+    }
+    PutBackOutOfBounds(printer_, record_);
+    return true;
 }
 
 bool Session::LoadModule() {

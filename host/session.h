@@ -14,15 +14,16 @@ namespace kvhost {
 enum ExitStatus : int { kDone = 0, kRefused = 1, kBadInput = 2 };
 
 struct Options {
-    std::string printer;   // empty: the only or first one
+    std::string printer;  // empty: the only or first one
     bool json = false;
 };
 
 class Session {
-   public:
+ public:
     // Makes the first printer when there is none yet. False after printing why.
     bool Open(const Options& options);
-    // Reads what is stored and no more: makes no printer, moves no damaged record aside, says nothing.
+    // Reads what is stored and no more: makes no printer, moves no damaged record aside, says
+    // nothing.
     bool Look(const Options& options);
     // Loads the module; only commands that need pages do.
     bool LoadModule();
@@ -38,8 +39,11 @@ class Session {
     RecordStore::Outcome StoreUnlessChanged(Record& found);
     // Why storing failed last.
     const std::string& problem() const { return problem_; }
-    // The record as it was read or last stored here.
+    // The record as it was read, out-of-bounds values and all, or as it was last stored here.
     const Record& stored() const { return stored_; }
+    // Begins anew with what is stored; says which values the rules in force do not allow any more,
+    // and puts them back. They are stored with the next change.
+    void StartFromStored();
     // What somebody else stored is known and may be overwritten.
     void AcceptStored(const Record& found) { stored_ = found; }
 
@@ -50,7 +54,7 @@ class Session {
     HWND sheet() const { return sheet_; }
     SheetRequest& request() { return request_; }
 
-   private:
+ private:
     PrinterBlock printer_{};
     Record record_{};
     Record stored_{};

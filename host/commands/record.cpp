@@ -1,5 +1,6 @@
 // kvprefs record: settings records as files.
 #include <host/commands/commands.h>
+#include <host/record_check.h>
 
 #include <cstdio>
 #include <cstring>
@@ -38,6 +39,10 @@ ExitStatus RunRecordImport(const Options& options, const std::string& file) {
     Session session;
     Record imported{};
     if (!ReadRecordFile(file, imported) || !session.Open(options)) return kBadInput;
+    const std::vector<std::string> refused =
+        ValuesOutOfBounds(imported, BoundsInForce(session.printer()));
+    for (const std::string& line : refused) PrintError(file + ": " + line);
+    if (!refused.empty()) return kBadInput;
     const Record stored = session.record();
     session.record() = imported;
     if (!session.StoreRecord()) return kRefused;

@@ -2,6 +2,7 @@
 #include <framework/core/install_printer.h>
 #include <gtest/gtest.h>
 #include <host/host_paths.h>
+#include <host/record_check.h>
 #include <host/record_store.h>
 #include <host/session.h>
 #include <platform/registry/state_directory.h>
@@ -18,7 +19,7 @@ namespace {
 namespace fs = std::filesystem;
 
 class RecordStoreTest : public testing::Test {
-   protected:
+ protected:
     void SetUp() override {
         char folder[] = "/tmp/kvrecordXXXXXX";
         ASSERT_NE(mkdtemp(folder), nullptr);
@@ -59,35 +60,63 @@ TEST_F(RecordStoreTest, EveryNameHasItsOwnFileInTheRecordsFolder) {
     }
 }
 
-TEST_F(RecordStoreTest, OnlyValuesThatAPageCanMeanAreTaken) {
+TEST_F(RecordStoreTest, OnlyValuesInTheBoundsInForceAreTakenAndTheRestOfTheRecordIsKept) {
     const Record good = Defaults();
     ASSERT_EQ(CheckRecord(good.data(), good.size()), "");
-    // field, offset, value, whether it is taken
+    for (const size_t head : {offsetof(DEVMODEA, dmSize), offsetof(DEVMODEA, dmDriverExtra)}) {
+        Record record = good;
+        ++record[head];
+        EXPECT_EQ(CheckRecord(record.data(), record.size()).rfind("dm", 0), 0u) << head;
+    }
+    constexpr size_t kCopies = offsetof(DEVMODEA, dmCopies);
+    constexpr SHORT kDefaultPaper = -2;
+    const char* const kForced =
+        "[ConflictConditions]\nComboNup0=(2),0,0,(EditCopies,0,0,(1,2),1500)";
+    // rules, field, offset, stored value, what is used
     const struct {
+        const char* rules;
         const char* field;
         size_t offset;
         SHORT value;
-        bool taken;
+        SHORT used;
     } kCases[] = {
-        {"dmSize", offsetof(DEVMODEA, dmSize), 148, false},
-        {"dmDriverExtra", offsetof(DEVMODEA, dmDriverExtra), 1139, false},
-        {"dmOrientation", offsetof(DEVMODEA, dmOrientation), 0, false},
-        {"dmOrientation", offsetof(DEVMODEA, dmOrientation), 2, true},
-        {"dmPaperSize", offsetof(DEVMODEA, dmPaperSize), -1, false},
-        {"dmPaperSize", offsetof(DEVMODEA, dmPaperSize), 32767, true},
-        {"dmCopies", offsetof(DEVMODEA, dmCopies), 999, true},
-        {"dmCopies", offsetof(DEVMODEA, dmCopies), 1000, false},
-        {"dmColor", offsetof(DEVMODEA, dmColor), 3, false},
-        {"dmDuplex", offsetof(DEVMODEA, dmDuplex), 4, false},
+        {"", "dmOrientation", offsetof(DEVMODEA, dmOrientation), 0, 1},
+        {"", "dmOrientation", offsetof(DEVMODEA, dmOrientation), 2, 2},
+        {"", "dmPaperSize", offsetof(DEVMODEA, dmPaperSize), -1, kDefaultPaper},
+        {"", "dmPaperSize", offsetof(DEVMODEA, dmPaperSize), 32767, 32767},
+        {"", "dmColor", offsetof(DEVMODEA, dmColor), 3, 2},
+        {"", "dmDuplex", offsetof(DEVMODEA, dmDuplex), 4, 1},
+        {"", "dmCopies", kCopies, 999, 999},
+        {"", "dmCopies", kCopies, 1000, 1},
+        {"[EditAttribute]\nEditCopies=4,1,9999", "dmCopies", kCopies, 5000, 5000},
+        {"[EditAttribute]\nEditCopies=4,1,9999", "dmCopies", kCopies, 10000, 1},
+        {"[EditAttribute]\nEditCopies=3,0,999", "dmCopies", kCopies, 0, 0},
+        {"[EditAttribute]\nEditCopies=3,0,0", "dmCopies", kCopies, 0, 1},
+        {"[EditAttribute]\nEditCopies=3,0,999,1", "dmCopies", kCopies, 0, 1},
+        {"[EditAttribute]\nEditCopies=2,5,20", "dmCopies", kCopies, 3, 5},
+        {kForced, "dmCopies", kCopies, 1500, 1500},
+        {kForced, "dmCopies", kCopies, 1501, 1},
     };
     for (const auto& c : kCases) {
-        Record record = good;
-        std::memcpy(record.data() + c.offset, &c.value, sizeof c.value);
-        const std::string problem = CheckRecord(record.data(), record.size());
-        EXPECT_EQ(problem.empty(), c.taken) << c.field << " " << c.value << ": " << problem;
-        if (!c.taken) {
-            EXPECT_EQ(problem.rfind(c.field, 0), 0u) << problem;
+        std::ofstream(state_ + "/driver/3/KVUIMOD.ini") << c.rules << '\n';
+        Record stored = good;
+        stored[offsetof(DEVMODEA, dmScale)] = 77;
+        Record expected = stored;
+        std::memcpy(stored.data() + c.offset, &c.value, sizeof c.value);
+        if (c.used != kDefaultPaper) {
+            std::memcpy(expected.data() + c.offset, &c.used, sizeof c.used);
         }
+        std::string error;
+        ASSERT_TRUE(RecordStore(kName).Store(stored, error)) << error;
+        Session session;
+        testing::internal::CaptureStderr();
+        EXPECT_TRUE(session.Open({}));
+        const std::string told = testing::internal::GetCapturedStderr();
+        EXPECT_EQ(session.record(), expected) << c.rules << " " << c.field << "=" << c.value;
+        EXPECT_EQ(session.stored(), stored) << c.field;
+        EXPECT_EQ(told.find(std::string(c.field) + " is " + std::to_string(c.value)) != told.npos,
+                  c.used != c.value)
+            << told;
     }
 }
 

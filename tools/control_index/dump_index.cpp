@@ -76,13 +76,15 @@ void WriteControls() {
     for (const ControlItem& item : kCatalogue) {
         const size_t count = ChoiceCount(item);
         std::printf("    {%lu, \"%s\", \"%s\", \"%s\", \"%s\", %lu, %lu, %#lx, kChoices + %zu, %zu, "
-                    "%ld, {%lu, %lu}},\n",
+                    "%ld, {%lu, %lu}, %ld, %ld},\n",
                     static_cast<unsigned long>(item.controlId), item.controlName, item.dialogName,
                     KindOf(item), item.settingField, static_cast<unsigned long>(item.captionId),
                     static_cast<unsigned long>(item.maskMode), static_cast<unsigned long>(item.mask),
                     choice, count, SliderBase(item),
                     static_cast<unsigned long>(item.slider != nullptr ? item.slider->valueEditId : 0),
-                    static_cast<unsigned long>(SpinOf(item)));
+                    static_cast<unsigned long>(SpinOf(item)),
+                    item.edit != nullptr ? static_cast<long>(item.edit->minimum) : 0L,
+                    item.edit != nullptr ? static_cast<long>(item.edit->maximum) : 0L);
         choice += count;
     }
     std::printf("};\nextern const unsigned kControlCount = %zu;\n", kCatalogueSize);
