@@ -62,7 +62,9 @@ bool CaptionMatches(const std::string& caption, const std::string& wanted) {
 
 std::string Quoted(const std::string& text) { return "\"" + text + "\""; }
 
-SetOutcome Refuse(ExitStatus status, const std::string& error) { return {status, error, {}}; }
+SetOutcome Refuse(ExitStatus status, const std::string& error, const std::string& expected = {}) {
+    return {status, expected.empty() ? error : error + "; expected " + expected, {}, expected};
+}
 
 // Index of the offered choice that a value names; captions first, then names, then numbers.
 int FindChoice(const Control& control, const std::vector<ChoiceText>& offered,
@@ -133,33 +135,121 @@ SetOutcome Unreachable(const Control& control, HWND window) {
     return Refuse(kRefused, control.name + std::string(state));
 }
 
-SetOutcome StoredAs(const Control& control, const std::string& value, const std::string& stored) {
-    return {kDone, {}, {control.name + ("=" + value) + ": stored as " + stored}};
+SetOutcome StoredAs(const Control& control, const std::string& value, const std::string& stored,
+                    const std::string& why) {
+    return {kDone, {}, {control.name + ("=" + value) + ": stored as " + stored + ", " + why}, {}};
 }
 
-SetOutcome PressButton(const Control& control, HWND window) {
-    return kv::input::Click(window) ? SetOutcome() : Unreachable(control, window);
+// A decimal number as a person types it, whatever the locale.
+std::optional<double> DecimalOf(const std::string& text) {
+    double value = 0;
+    const char* last = text.data() + text.size();
+    const auto result = std::from_chars(text.data(), last, value, std::chars_format::fixed);
+    const bool plain = text.find_first_not_of("-.0123456789") == std::string::npos;
+    if (!plain || result.ec != std::errc() || result.ptr != last) return std::nullopt;
+    return value;
 }
 
-SetOutcome TypeEdit(const Control& control, const std::string& value, HWND window) {
+size_t DecimalsOf(const std::string& number) {
+    const size_t point = number.find('.');
+    return point == std::string::npos ? 0 : number.size() - point - 1;
+}
+
+// What an edit takes: its arrows and its limit tell, and its text how many decimals.
+class EditScope {
+ public:
+    EditScope(const Control& control, HWND window)
+        : decimals_(DecimalsOf(WindowText(window))),
+          characters_(static_cast<unsigned>(SendMessageA(window, EM_GETLIMITTEXT, 0, 0))) {
+        const HWND arrows = GetDlgItem(GetParent(window), static_cast<int>(control.parts[1]));
+        if (control.parts[1] == 0 || arrows == nullptr || decimals_ != 0) return;
+        SendMessageA(arrows, UDM_GETRANGE32, reinterpret_cast<WPARAM>(&low_),
+                     reinterpret_cast<LPARAM>(&high_));
+    }
+    bool HasRange() const { return low_ < high_; }
+    bool IsOutside(double value) const { return HasRange() && (value < low_ || value > high_); }
+    size_t decimals() const { return decimals_; }
+    std::string Range() const {
+        return "from " + std::to_string(low_) + " to " + std::to_string(high_);
+    }
+    std::string Number() const {
+        const std::string kind =
+            decimals_ == 0 ? "a whole number"
+                           : "a number of at most " + std::to_string(decimals_) + " decimals";
+        return kind + (HasRange() ? " " + Range()
+                                  : ", at most " + std::to_string(characters_) + " characters");
+    }
+    std::string Text() const {
+        return "at most " + std::to_string(characters_) + " characters that its field takes";
+    }
+
+ private:
+    size_t decimals_;
+    unsigned characters_;
+    int low_ = 0;
+    int high_ = 0;
+};
+
+// Edits that the pages hold at a value of their own while another setting is not at 0.
+struct HoldRow {
+    const char* edit;
+    const char* holder;
+    const char* why;
+};
+constexpr HoldRow kHolds[] = {
+    {"EditScaling", "ComboNup", "pages that share sheets are not zoomed: ComboNup is "},
+};
+
+std::string WhyHeld(const Control& control, const BYTE* record, const EditScope& scope,
+                    double wanted, const std::string& shown) {
+    for (const HoldRow& row : kHolds) {
+        const Control* holder = FindControl(row.holder);
+        const DWORD value = holder != nullptr ? ReadControlValue(record, *holder) : 0;
+        if (std::strcmp(row.edit, control.name) == 0 && value != 0) {
+            return row.why + std::to_string(value);
+        }
+    }
+    if (scope.IsOutside(wanted)) return "it goes " + scope.Range();
+    const bool more = wanted > DecimalOf(shown).value_or(0);
+    return std::string("nothing ") + (more ? "greater" : "smaller") + " is possible now";
+}
+
+SetOutcome TypeEdit(const Control& control, const std::string& value, HWND window,
+                    const BYTE* record) {
+    const EditScope scope(control, window);
+    const bool isNumber = control.setting[0] != '\0';
+    const std::string expected = isNumber ? scope.Number() : scope.Text();
+    const std::optional<double> wanted = DecimalOf(value);
     if (!kv::input::Focus(window)) return Unreachable(control, window);
+    if (isNumber && (!wanted || DecimalsOf(value) > scope.decimals())) {
+        return Refuse(kBadInput,
+                      control.name + (": " + Quoted(value)) +
+                          (wanted ? " has too many decimals" : " is not a number"),
+                      expected);
+    }
     const int end = static_cast<int>(value.size());
     kv::input::SetEditText(window, value, end, end);
-    // An edit that takes digits only leaves other characters out.
+    // An edit leaves out characters that it does not know, and what is beyond its limit.
     const std::string taken = WindowText(window);
-    if (value.compare(0, taken.size(), taken) != 0 || (taken.empty() && !value.empty())) {
-        return Refuse(kBadInput, control.name + (": " + Quoted(value)) + " cannot be typed there" +
-                                     (taken.empty() ? "" : ", only " + Quoted(taken)));
+    if (taken != value) {
+        return Refuse(kBadInput,
+                      control.name + (": " + Quoted(value)) + " cannot be typed there" +
+                          (taken.empty() ? "" : ", only " + Quoted(taken)),
+                      expected);
     }
     LeaveEdit(window);
     const std::string shown = WindowText(window);
-    return shown == value ? SetOutcome() : StoredAs(control, value, shown);
+    const bool same = isNumber ? DecimalOf(shown) == wanted : shown == value;
+    if (same) return {};
+    return StoredAs(control, value, shown,
+                    WhyHeld(control, record, scope, wanted.value_or(0), shown));
 }
 
 SetOutcome DragSlider(const Control& control, const std::string& value, HWND window) {
     const auto number = NumberOf(value);
     if (!number) {
-        return Refuse(kBadInput, control.name + (": " + Quoted(value)) + " is not a number");
+        return Refuse(kBadInput, control.name + (": " + Quoted(value)) + " is not a number",
+                      "a whole number");
     }
     const LONG low = static_cast<LONG>(SendMessageA(window, TBM_GETRANGEMIN, 0, 0));
     const LONG high = static_cast<LONG>(SendMessageA(window, TBM_GETRANGEMAX, 0, 0));
@@ -167,9 +257,8 @@ SetOutcome DragSlider(const Control& control, const std::string& value, HWND win
     const LONG position = static_cast<LONG>(std::clamp<long>(wanted, low, high));
     if (!kv::input::DragTo(window, position)) return Unreachable(control, window);
     if (position == wanted) return {};
-    return StoredAs(control, value,
-                    std::to_string(position + control.sliderBase) + ", it goes from " +
-                        std::to_string(low + control.sliderBase) + " to " +
+    return StoredAs(control, value, std::to_string(position + control.sliderBase),
+                    "it goes from " + std::to_string(low + control.sliderBase) + " to " +
                         std::to_string(high + control.sliderBase));
 }
 
@@ -180,7 +269,7 @@ SetOutcome PressRadio(const Control& control, DWORD value, HWND window) {
         if (control.choices[i].value != value) continue;
         button = GetDlgItem(GetParent(window), static_cast<int>(control.choices[i].buttonId));
     }
-    return PressButton(control, button);
+    return kv::input::Click(button) ? SetOutcome() : Unreachable(control, button);
 }
 
 SetOutcome SwitchCheck(const Control& control, bool wanted, HWND window) {
@@ -309,13 +398,13 @@ SetOutcome ControlDriver::SetOnPage(const Control& control, const std::string& v
     const std::string_view kind = control.kind;
     if (kind == "text") return Refuse(kBadInput, name + " is a caption, it has no value");
     if (kind == "button") return PressButton(control, window);
-    if (kind == "edit") return TypeEdit(control, value, window);
+    if (kind == "edit") return TypeEdit(control, value, window, session_.record().data());
     if (kind == "slider") return DragSlider(control, value, window);
     const std::vector<ChoiceText> offered = ChoicesOf(control, window);
     const int index = FindChoice(control, offered, value);
     if (index < 0) {
-        return Refuse(kBadInput, name + ": " + Quoted(value) + " is not offered; expected one of " +
-                                     OfferText(offered));
+        return Refuse(kBadInput, name + ": " + Quoted(value) + " is not offered",
+                      "one of " + OfferText(offered));
     }
     const ChoiceText& wanted = offered[static_cast<size_t>(index)];
     if (kind == "radio") return PressRadio(control, wanted.value, window);
@@ -358,7 +447,18 @@ SetOutcome ControlDriver::SetInSubDialog(const Control& control, const std::stri
     return pendingOutcome_;
 }
 
+// A button whose dialog stays away and that changes nothing did not do what was asked for.
+SetOutcome ControlDriver::PressButton(const Control& control, HWND window) {
+    const Record before = session_.record();
+    const unsigned opened = dialogsOpened_;
+    if (!kv::input::Click(window)) return Unreachable(control, window);
+    if (dialogsOpened_ != opened || session_.record() != before) return {};
+    return Refuse(kRefused, std::string(control.name) +
+                                " opens nothing: there is nothing that it could act on now");
+}
+
 void ControlDriver::AnswerDialog(HWND dialog) {
+    ++dialogsOpened_;
     if (conflicts_.Answer(dialog, notes_)) return;
     const std::string caption = WindowText(dialog);
     constexpr int kMessageText = 0xFFFF;
@@ -372,13 +472,31 @@ void ControlDriver::AnswerDialog(HWND dialog) {
             GetDlgItem(dialog, pendingOutcome_.status == kDone ? IDOK : IDCANCEL));
         return;
     }
-    if (message != nullptr) notes_.push_back(caption + ": " + WindowText(message));
+    if (message != nullptr) {
+        lastMessage_ = caption + ": " + WindowText(message);
+        notes_.push_back(lastMessage_);
+    }
     for (const int id : {IDOK, IDYES, IDCLOSE, IDCANCEL}) {
         if (kv::input::Click(GetDlgItem(dialog, id))) return;
     }
     kv::input::Close(dialog);
 }
 
-bool ControlDriver::Accept() { return SendMessageA(session_.sheet(), PSM_APPLY, 0, 0) != FALSE; }
+SetOutcome ControlDriver::Accept() {
+    notes_.clear();
+    lastMessage_.clear();
+    conflicts_.Reset();
+    const bool accepted = SendMessageA(session_.sheet(), PSM_APPLY, 0, 0) != FALSE;
+    SetOutcome outcome;
+    if (!accepted) {
+        outcome = Refuse(kRefused, "the pages did not accept the settings" +
+                                       (lastMessage_.empty() ? "" : ": " + lastMessage_));
+    } else if (conflicts_.refusal() != ConflictRefusal::kNone) {
+        outcome = Refuse(
+            kRefused, std::string("refused while applying, ") + RefusalText(conflicts_.refusal()));
+    }
+    outcome.notes = notes_;
+    return outcome;
+}
 
 }  // namespace kvhost

@@ -15,6 +15,7 @@ struct SetOutcome {
     ExitStatus status = kDone;
     std::string error;               // why it was refused
     std::vector<std::string> notes;  // clamped values, conflicts met and how they ended
+    std::string expected;            // what would do, when the value is what is wrong
 };
 
 struct ChoiceText {
@@ -29,8 +30,8 @@ class ControlDriver {
 
     // Sets one control; `value` is an entry's caption, its name or a number.
     SetOutcome Set(const Control& control, const std::string& value);
-    // Presses OK and answers whether the sheet accepted.
-    bool Accept();
+    // Applies what was set. Questions and refusals that come up meanwhile are in the outcome.
+    SetOutcome Accept();
 
     // The control's window; its page is created when necessary. Null when no page has it.
     HWND WindowOf(const Control& control);
@@ -44,6 +45,7 @@ class ControlDriver {
    private:
     void AnswerDialog(HWND dialog);
     SetOutcome SetOnPage(const Control& control, const std::string& value, HWND window);
+    SetOutcome PressButton(const Control& control, HWND window);
     // Whether the page took the entry that was chosen for a value.
     bool IsTaken(const Control& control, HWND combo, int index, const ChoiceText& wanted,
                  const std::string& value);
@@ -52,6 +54,8 @@ class ControlDriver {
     Session& session_;
     ConflictAnswers conflicts_;
     std::vector<std::string> notes_;
+    std::string lastMessage_;  // of the message boxes that came up
+    unsigned dialogsOpened_ = 0;
     // While a sub-dialog is being driven: what to set in it.
     const Control* pending_ = nullptr;
     std::string pendingValue_;

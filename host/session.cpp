@@ -94,10 +94,14 @@ HWND Session::OpenHeadlessSheet() {
     request_.extraPages = {{"TAB4", "DDMTAB4"}};
     sheet_ = module_->CreateSheet(request_);
     if (sheet_ == nullptr) PrintError("the property sheet could not be opened");
+    opened_ = record_;
     return sheet_;
 }
 
 void Session::CloseHeadlessSheet() {
+    // The sheet's end writes what the record says of the printer. What was not stored does not
+    // count there.
+    if (record_ != stored_) record_ = opened_;
     if (sheet_ != nullptr && IsWindow(sheet_)) DestroyWindow(sheet_);
     sheet_ = nullptr;
 }

@@ -58,6 +58,7 @@ class Session {
     PrinterBlock printer_{};
     Record record_{};
     Record stored_{};
+    Record opened_{};  // as the open sheet began with it
     std::string problem_;
     std::unique_ptr<RecordStore> store_;
     std::shared_ptr<DriverModule> module_;

@@ -12,11 +12,22 @@ namespace {
 
 constexpr int kDefaultsButton = 12;
 
+struct Changes {
+    std::vector<std::string> notes;
+    std::string error;     // why nothing was stored
+    std::string control;   // what was refused
+    std::string expected;  // what would have done
+};
+
+std::string AsText(const nlohmann::ordered_json& object) {
+    return object.dump(2, ' ', false, nlohmann::json::error_handler_t::replace);
+}
+
 void PrintResult(const Options& options, const std::vector<std::string>& changed,
                  const std::vector<std::string>& notes) {
     if (!options.json) {
         for (const std::string& line : changed) std::printf("%s\n", line.c_str());
-        for (const std::string& note : notes) std::printf("%s\n", note.c_str());
+        for (const std::string& note : notes) std::fprintf(stderr, "%s\n", note.c_str());
         return;
     }
     nlohmann::ordered_json fields = nlohmann::ordered_json::object();
@@ -24,9 +35,22 @@ void PrintResult(const Options& options, const std::vector<std::string>& changed
         const size_t at = line.find('=');
         fields[line.substr(0, at)] = std::stol(line.substr(at + 1));
     }
-    const nlohmann::ordered_json result = {{"changed", fields}, {"notes", notes}};
-    std::printf("%s\n",
-                result.dump(2, ' ', false, nlohmann::json::error_handler_t::replace).c_str());
+    std::printf("%s\n", AsText({{"changed", fields}, {"notes", notes}}).c_str());
+}
+
+ExitStatus PrintRefusal(const Options& options, const Changes& changes, ExitStatus status) {
+    const std::string error = changes.error + "; nothing was stored";
+    if (options.json) {
+        const nlohmann::ordered_json result = {{"error", error},
+                                               {"control", changes.control},
+                                               {"expected", changes.expected},
+                                               {"notes", changes.notes}};
+        std::printf("%s\n", AsText(result).c_str());
+    } else {
+        for (const std::string& note : changes.notes) std::fprintf(stderr, "%s\n", note.c_str());
+    }
+    PrintError(error);
+    return status;
 }
 
 struct Assignment {
@@ -35,17 +59,21 @@ struct Assignment {
 };
 
 // Which of several controls of one name is meant is the first; pages come before dialogs.
-bool ParsePairs(const std::vector<std::string>& pairs, std::vector<Assignment>& assignments) {
+bool ParsePairs(const std::vector<std::string>& pairs, std::vector<Assignment>& assignments,
+                Changes& changes) {
     for (const std::string& pair : pairs) {
         const size_t at = pair.find('=');
+        const std::string name = pair.substr(0, at);
+        const Control* control = FindControl(name);
+        changes.control = name;
         if (at == std::string::npos || at == 0) {
-            PrintError("\"" + pair + "\": expected CONTROL=VALUE");
+            changes.expected = "CONTROL=VALUE";
+            changes.error = "\"" + pair + "\": expected " + changes.expected;
             return false;
         }
-        const Control* control = FindControl(pair.substr(0, at));
         if (control == nullptr) {
-            PrintError("unknown control \"" + pair.substr(0, at) +
-                       "\"; `kvprefs list` names all of them");
+            changes.expected = "a name that `kvprefs list` shows";
+            changes.error = "unknown control \"" + name + "\"; expected " + changes.expected;
             return false;
         }
         assignments.push_back({control, pair.substr(at + 1)});
@@ -53,12 +81,17 @@ bool ParsePairs(const std::vector<std::string>& pairs, std::vector<Assignment>& 
     return true;
 }
 
-struct Changes {
-    std::vector<std::string> notes;
-    std::string error;  // why nothing was stored
-};
-// What is done to the open sheet; not kDone with an error.
+// What is done to the open sheet.
 using Work = std::function<ExitStatus(Session&, ControlDriver&, Changes&)>;
+
+ExitStatus TakeOver(const SetOutcome& outcome, const std::string& control, Changes& changes) {
+    changes.notes.insert(changes.notes.end(), outcome.notes.begin(), outcome.notes.end());
+    if (outcome.status == kDone) return kDone;
+    changes.error = outcome.error;
+    changes.control = control;
+    changes.expected = outcome.expected;
+    return outcome.status;
+}
 
 // Opens the sheet, works it and stores what came of it. When somebody else stores meanwhile, all of
 // it is done anew on top of that, so that neither's change is lost.
@@ -66,27 +99,25 @@ ExitStatus Change(const Options& options, ConflictPolicy policy, const Work& wor
     for (;;) {
         Session session;
         if (!session.Open(options) || session.OpenHeadlessSheet() == nullptr) return kBadInput;
-        const Record before = session.record();
+        // What opening the sheet changes is stored too, and told of like any other change.
+        const Record before = session.stored();
         ControlDriver driver(session, policy);
         Changes changes;
         ExitStatus status = work(session, driver, changes);
-        if (status == kDone && !driver.Accept()) {
-            status = kRefused;
-            changes.error = "the pages did not accept the settings; nothing was stored";
-        }
-        session.CloseHeadlessSheet();
+        if (status == kDone) status = TakeOver(driver.Accept(), "", changes);
         if (status != kDone) {
-            PrintResult(options, {}, changes.notes);
-            PrintError(changes.error);
-            return status;
+            session.CloseHeadlessSheet();
+            return PrintRefusal(options, changes, status);
         }
         if (session.record() != before) {
             Record found{};
             const RecordStore::Outcome outcome = session.StoreUnlessChanged(found);
+            if (outcome != RecordStore::Outcome::kStored) session.CloseHeadlessSheet();
             if (outcome == RecordStore::Outcome::kChangedMeanwhile) continue;
             if (outcome == RecordStore::Outcome::kFailed) return kRefused;
         }
-        PrintResult(options, ChangedFields(before, session.record()), changes.notes);
+        session.CloseHeadlessSheet();
+        PrintResult(options, ChangedFields(before, session.stored()), changes.notes);
         return kDone;
     }
 }
@@ -96,14 +127,13 @@ ExitStatus Change(const Options& options, ConflictPolicy policy, const Work& wor
 ExitStatus RunSet(const Options& options, const std::vector<std::string>& pairs,
                   ConflictPolicy policy) {
     std::vector<Assignment> assignments;
-    if (!ParsePairs(pairs, assignments)) return kBadInput;
+    Changes wrong;
+    if (!ParsePairs(pairs, assignments, wrong)) return PrintRefusal(options, wrong, kBadInput);
     return Change(options, policy, [&](Session&, ControlDriver& driver, Changes& changes) {
         for (const Assignment& assignment : assignments) {
             const SetOutcome outcome = driver.Set(*assignment.control, assignment.value);
-            changes.notes.insert(changes.notes.end(), outcome.notes.begin(), outcome.notes.end());
-            if (outcome.status == kDone) continue;
-            changes.error = outcome.error + "; nothing was stored";
-            return outcome.status;
+            const ExitStatus status = TakeOver(outcome, assignment.control->name, changes);
+            if (status != kDone) return status;
         }
         return kDone;
     });

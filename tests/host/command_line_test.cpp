@@ -23,7 +23,8 @@ namespace fs = std::filesystem;
 
 struct Ran {
     int status;
-    std::string output;  // both streams
+    std::string output;  // both streams, errors last
+    std::string errors;
 };
 
 class CommandLine : public testing::Test {
@@ -33,15 +34,18 @@ class CommandLine : public testing::Test {
         ASSERT_NE(mkdtemp(folder), nullptr);
         state_ = folder;
     }
-    void TearDown() override { fs::remove_all(state_); }
+    void TearDown() override {
+        fs::remove_all(state_);
+        fs::remove(ErrorFile());
+    }
 
     // `environment` stands before the program: what env(1) takes, or a program that runs it.
     Ran Run(const std::string& arguments, const std::string& environment = "") {
         const std::string state = "--state " + state_.string() + " ";
         const std::string command = "env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM " +
                                     environment + " " KV_BIN_DIR "/kvprefs " +
-                                    (state_.empty() ? "" : state) + arguments +
-                                    " 2>&1 </dev/null";
+                                    (state_.empty() ? "" : state) + arguments + " 2>" +
+                                    ErrorFile() + " </dev/null";
         Ran ran{};
         FILE* pipe = popen(command.c_str(), "r");
         std::array<char, 4096> part{};
@@ -50,12 +54,18 @@ class CommandLine : public testing::Test {
         }
         const int status = pclose(pipe);
         ran.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128;
+        ran.errors = Bytes(ErrorFile());
+        ran.output += ran.errors;
         return ran;
     }
-    nlohmann::ordered_json Json(const std::string& arguments) {
+    static std::string ErrorFile() {
+        return testing::TempDir() + "kvcli" + std::to_string(getpid()) + ".errors";
+    }
+    nlohmann::ordered_json Json(const std::string& arguments, int status = 0) {
         const Ran ran = Run(arguments);
-        EXPECT_EQ(ran.status, 0) << ran.output;
-        const auto json = nlohmann::ordered_json::parse(ran.output, nullptr, false);
+        EXPECT_EQ(ran.status, status) << ran.output;
+        const std::string text = ran.output.substr(0, ran.output.size() - ran.errors.size());
+        const auto json = nlohmann::ordered_json::parse(text, nullptr, false);
         EXPECT_FALSE(json.is_discarded()) << ran.output;
         return json;
     }
@@ -119,11 +129,29 @@ TEST_F(CommandLine, SetStoresAndGetReadsBack) {
     EXPECT_EQ(fs::file_size(RecordFile()), 1296u);
 }
 
-TEST_F(CommandLine, ClampedValuesAreSaid) {
+TEST_F(CommandLine, WhatAPageClampsIsNotedAsideWithTheReason) {
     const Ran set = Run("set EditScaling=500");
     EXPECT_EQ(set.status, 0);
-    EXPECT_NE(set.output.find("EditScaling=500: stored as 400"), std::string::npos) << set.output;
+    EXPECT_EQ(set.errors, "EditScaling=500: stored as 400, it goes from 20 to 400\n");
     EXPECT_EQ(Run("get mdmScaleSize").output, "mdmScaleSize=400\n");
+    const Ran several = Run("set ComboNup=4 EditScaling=300");
+    EXPECT_EQ(several.status, 0);
+    EXPECT_NE(several.errors.find("EditScaling=300: stored as 100, "), std::string::npos);
+    EXPECT_NE(several.errors.find("ComboNup is 4"), std::string::npos) << several.errors;
+}
+
+TEST_F(CommandLine, TheReportComparesWhatIsStoredWithWhatWasStored) {
+    ASSERT_EQ(Run("set ComboNup=4").status, 0);
+    EXPECT_NE(Run("set ComboOrder=3").output, "");
+    EXPECT_EQ(Run("set ComboOrder=3").output, "");
+    // The pages take the zoom over from the field that the renderer reads.
+    ASSERT_EQ(Run("set ComboNup=0").status, 0);
+    std::fstream record(RecordFile(), std::ios::in | std::ios::out | std::ios::binary);
+    record.seekp(156 + 0x14C);
+    record.put(50);
+    record.close();
+    EXPECT_NE(Run("set EditCopies=1").output.find("mdmScaleSize=50\n"), std::string::npos);
+    EXPECT_EQ(Run("get mdmScaleSize").output, "mdmScaleSize=50\n");
 }
 
 TEST_F(CommandLine, SlidersTakeWhatTheirSettingStores) {
@@ -242,13 +270,19 @@ TEST_F(CommandLine, MistakesAreNamedTogetherWithWhatWouldDo) {
         const char* expected;
     };
     const Mistake kMistakes[] = {
-        {"frobnicate",                         "\"frobnicate\"", "--help"},
-        {"get dmCopies --fast",                "\"--fast\"",     "kvprefs get --help"},
-        {"set ComboNup=2 --on-conflict=maybe", "maybe",          "ask,resolve,cancel"},
-        {"list Nowhere",                       "\"Nowhere\"",    "Basic, Layout"},
-        {"defaults Nowhere",                   "\"Nowhere\"",    "Basic, Layout"},
-        {"set EditCopies=many",                "\"many\"",       "nothing was stored"},
-        {"set EditCopies=-4",                  "\"-4\"",         "only \"4\""},
+        {"frobnicate", "\"frobnicate\"", "--help"},
+        {"get dmCopies --fast", "\"--fast\"", "kvprefs get --help"},
+        {"set ComboNup=2 --on-conflict=maybe", "maybe", "ask,resolve,cancel"},
+        {"list Nowhere", "\"Nowhere\"", "Basic, Layout"},
+        {"defaults Nowhere", "\"Nowhere\"", "Basic, Layout"},
+        {"set EditCopies=many", "\"many\"", "nothing was stored"},
+        {"set EditCopies=-4", "\"-4\"", "only \"4\""},
+        {"set EditCopies=1.5", "\"1.5\"", "a whole number from 1 to 999"},
+        {"set EditCopies=", "\"\"", "a whole number from 1 to 999"},
+        {"set EditCopies=5000", "only \"500\"", "a whole number from 1 to 999"},
+        {"set UserName=a/b", "only \"ab\"", "at most 8 characters"},
+        {"set ChkImageShifting=on EditOffsetX=0.005", "\"0.005\"", "decimals"},
+        {"set ChkDistribution=on EditDistStart=5000", "only \"500\"", "from 1 to 999"},
     };
     for (const Mistake& mistake : kMistakes) {
         const Ran ran = Run(mistake.arguments);
@@ -257,6 +291,13 @@ TEST_F(CommandLine, MistakesAreNamedTogetherWithWhatWouldDo) {
             EXPECT_NE(ran.output.find(text), std::string::npos) << text << ": " << ran.output;
         }
     }
+    const auto wrong = Json("set EditCopies=2 SldContrast=much --json", 2);
+    EXPECT_EQ(wrong["control"], "SldContrast");
+    EXPECT_EQ(wrong["expected"], "a whole number");
+    EXPECT_NE(wrong["error"].dump().find("much"), std::string::npos) << wrong;
+    const Ran idle = Run("set ButtonWatermarkDel=1");
+    EXPECT_EQ(idle.status, 1);
+    EXPECT_NE(idle.errors.find("ButtonWatermarkDel opens nothing"), std::string::npos);
     const Ran high = Run("set SldContrast=150");
     EXPECT_EQ(high.status, 0) << high.output;
     EXPECT_NE(high.output.find("Contrast=50"), std::string::npos) << high.output;
