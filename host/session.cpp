@@ -4,13 +4,20 @@
 #include <framework/core/install_printer.h>
 #include <host/host_paths.h>
 #include <host/record_check.h>
+#include <platform/display/headless.h>
 #include <platform/registry/state_directory.h>
 #include <platform/registry/state_store.h>
+#include <platform/window/input.h>
 #include <windows.h>
 
+#include <algorithm>
 #include <cstdio>
+#include <iterator>
 
 namespace kvhost {
+namespace {
+constexpr int kMessageText = 0xFFFF;  // the text of a message box
+}
 
 void PrintError(const std::string& text) {
     std::fprintf(stderr, "kvprefs: %s\n", text.c_str());
@@ -92,7 +99,17 @@ HWND Session::OpenHeadlessSheet() {
     request_.record = record_.data();
     request_.caption = printer_.printerName;
     request_.extraPages = {{"TAB4", "DDMTAB4"}};
+    // What the pages have to say while they open (lists that cannot be read) is said here; there is
+    // nothing to choose.
+    kv::Headless().SetPolicy([](HWND dialog) {
+        char text[1024] = "";
+        GetDlgItemTextA(dialog, kMessageText, text, sizeof text);
+        std::replace(std::begin(text), std::end(text), '\n', ' ');
+        PrintWarning(text);
+        if (!kv::input::Click(GetDlgItem(dialog, IDOK))) kv::input::Close(dialog);
+    });
     sheet_ = module_->CreateSheet(request_);
+    kv::Headless().SetPolicy(nullptr);
     if (sheet_ == nullptr) PrintError("the property sheet could not be opened");
     opened_ = record_;
     return sheet_;

@@ -52,15 +52,6 @@ void FillHeader(DEVMODEA& record, const PrinterBlock& printer) {
     record.dmDriverExtra = static_cast<WORD>(kPrivateSize);
 }
 
-void FillPaper(DEVMODEA& record, const Description& description) {
-    const DescribedPaper* paper = description.FindPaper(record.dmPaperSize);
-    if (!paper) return;
-    record.dmPaperWidth = static_cast<SHORT>(paper->WidthTenths());
-    record.dmPaperLength = static_cast<SHORT>(paper->LengthTenths());
-    const std::size_t length = std::min(paper->internalName.size(), sizeof record.dmFormName - 1);
-    std::memcpy(record.dmFormName, paper->internalName.data(), length);
-}
-
 // What the printer has is a fact that an administrator stored, not a preference.
 void FillInstalledHardware(BYTE* record, const PrinterBlock& printer) {
     if (const auto options = ReadPrinterDataNumber(printer, "InstalledOptions")) {
@@ -91,7 +82,6 @@ extern "C" int QDMGetStdDefaults(PrinterBlock* printer, LPVOID record, LPCVOID /
     FillHeader(head, *printer);
     head.dmPaperSize = static_cast<SHORT>(RegionalPaper(printer));
     for (const auto& [name, value] : description->defaults) SetField(bytes, name.c_str(), value);
-    FillPaper(head, *description);
     FillInstalledHardware(bytes, *printer);
     std::memcpy(record, bytes, sizeof bytes);
     return 1;

@@ -48,7 +48,7 @@ int QDMMLTLoadQDDBinInfo(ListHandle list, PrinterBlock* printer, BinRecord* out,
         !kvlist::FindListFormat(ListKind::kInputBin, listNumber)) {
         return 0;
     }
-    const kvlist::Records records = kvlist::DescribedInputBins(*printer, kvlist::BinChoice::kAll);
+    const kvlist::Records records = kvlist::DescribedInputBins(*printer);
     const int count = std::min(static_cast<int>(records.size()), kMaxBins);
     for (int i = 0; i < count; ++i) std::memcpy(out + i, records[i].data(), sizeof *out);
     return count;

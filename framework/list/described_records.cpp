@@ -75,13 +75,11 @@ Record BinOf(const kvcore::DescribedBin& bin, DWORD entryId) {
     return RecordOf(record);
 }
 
-Records BinsOf(const std::vector<kvcore::DescribedBin>& bins, BinChoice choice) {
+Records BinsOf(const std::vector<kvcore::DescribedBin>& bins) {
     Records records;
     DWORD entryId = 0;
     for (const kvcore::DescribedBin& bin : bins) {
-        ++entryId;
-        if (choice == BinChoice::kAlwaysFitted && !bin.optionItem.empty()) continue;
-        records.push_back(BinOf(bin, entryId));
+        records.push_back(BinOf(bin, ++entryId));
     }
     return records;
 }
@@ -106,12 +104,12 @@ Records DescribedWatermarks(const PrinterBlock& printer) {
     return records;
 }
 
-Records DescribedInputBins(const PrinterBlock& printer, BinChoice choice) {
-    return BinsOf(kvcore::DescriptionOf(printer)->inputBins, choice);
+Records DescribedInputBins(const PrinterBlock& printer) {
+    return BinsOf(kvcore::DescriptionOf(printer)->inputBins);
 }
 
 Records DescribedOutputBins(const PrinterBlock& printer) {
-    return BinsOf(kvcore::DescriptionOf(printer)->outputBins, BinChoice::kAll);
+    return BinsOf(kvcore::DescriptionOf(printer)->outputBins);
 }
 
 }  // namespace kvlist

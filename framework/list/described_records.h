@@ -7,12 +7,10 @@
 
 namespace kvlist {
 
-// Which of the described bins: all that the model can have, or those that need no option.
-enum class BinChoice { kAll, kAlwaysFitted };
-
 Records DescribedPapers(const PrinterBlock& printer);
 Records DescribedWatermarks(const PrinterBlock& printer);
-Records DescribedInputBins(const PrinterBlock& printer, BinChoice choice);
+// All that the model can have, whatever is installed.
+Records DescribedInputBins(const PrinterBlock& printer);
 Records DescribedOutputBins(const PrinterBlock& printer);
 
 }  // namespace kvlist

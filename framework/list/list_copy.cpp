@@ -31,12 +31,13 @@ bool InScope(Owner owner, DWORD scope) {
     return IsKnownScope(scope) && (scope != kScopeCommon || owner != Owner::kUser);
 }
 
-// The list of a printer on which nobody stored one yet. Papers and watermarks of the description
-// are part of every list and need no start.
+// The list of a printer on which nobody stored one yet. Bins that come with an option are in it
+// too: readers offer those whose option is installed. Papers and watermarks of the description are
+// part of every list and need no start.
 Records InitialRecords(const ListFormat& format, const PrinterBlock& printer) {
     switch (format.kind) {
         case ListKind::kInputBin:
-            return DescribedInputBins(printer, BinChoice::kAlwaysFitted);
+            return DescribedInputBins(printer);
         case ListKind::kOutputBin:
             return DescribedOutputBins(printer);
         case ListKind::kPaper:
@@ -66,25 +67,28 @@ std::string PrinterName(const PrinterBlock& printer) {
                        strnlen(printer.printerName, sizeof printer.printerName));
 }
 
-WorkingCopy::WorkingCopy(const ListFormat& format, const PrinterBlock& printer) : format_(format) {
-    for (Record& record : DescribedRecords(format, printer)) {
-        entries_.push_back({Owner::kDescription, std::move(record)});
+std::shared_ptr<WorkingCopy> WorkingCopy::Read(const ListFormat& format,
+                                               const PrinterBlock& printer) {
+    const std::string name = PrinterName(printer);
+    Records common, own;
+    const StoredList stored = ReadCommonList(format, name, common);
+    if (stored == StoredList::kUnreadable) return nullptr;
+    if (stored == StoredList::kMissing) common = InitialRecords(format, printer);
+    if (format.firstUserId != 0 && ReadOwnList(format, name, own) == StoredList::kUnreadable) {
+        return nullptr;
     }
-    Records common;
-    const StoredList stored = ReadCommonList(format, PrinterName(printer), common);
-    // A list of bins is never empty: readers leave an empty one alone, so it could never fill
-    // again.
-    const bool emptyBins = format.firstUserId == 0 && common.empty();
-    if (stored == StoredList::kMissing || emptyBins) common = InitialRecords(format, printer);
-    for (Record& record : common) entries_.push_back({Owner::kEverybody, std::move(record)});
-    if (format.firstUserId != 0) ReadOwn(PrinterName(printer));
+    std::shared_ptr<WorkingCopy> copy(new WorkingCopy(format));
+    for (Record& record : DescribedRecords(format, printer)) {
+        copy->entries_.push_back({Owner::kDescription, std::move(record)});
+    }
+    for (Record& record : common) copy->entries_.push_back({Owner::kEverybody, std::move(record)});
+    copy->AddOwn(std::move(own));
+    return copy;
 }
 
 // An administrator cannot see the ids that users gave their own entries, and may have taken one for
 // a common entry meanwhile; the user's entry then gets a free one.
-void WorkingCopy::ReadOwn(const std::string& printer) {
-    Records own;
-    ReadOwnList(format_, printer, own);
+void WorkingCopy::AddOwn(Records own) {
     for (Record& record : own) {
         if (Find(RecordId(format_, record.data()))) {
             const DWORD id = FreeId(format_.firstUserId, 0x7FFFFFFF);
@@ -224,7 +228,8 @@ ListHandle OpenCopy(ListKind kind, DWORD number, PrinterBlock* printer) {
         SetLastError(ERROR_INVALID_PARAMETER);
         return nullptr;
     }
-    auto copy = std::make_shared<WorkingCopy>(*format, *printer);
+    auto copy = WorkingCopy::Read(*format, *printer);
+    if (!copy) return nullptr;
     return reinterpret_cast<ListHandle>(Copies().Add(std::move(copy)));
 }
 

@@ -18,7 +18,8 @@ enum class WriteResult { kRefused, kWritten };
 
 class WorkingCopy {
  public:
-    WorkingCopy(const ListFormat& format, const PrinterBlock& printer);
+    // Null, and the last error says why, when what is stored cannot be read.
+    static std::shared_ptr<WorkingCopy> Read(const ListFormat& format, const PrinterBlock& printer);
 
     const ListFormat& Format() const { return format_; }
     int Count(DWORD scope) const;
@@ -34,6 +35,7 @@ class WorkingCopy {
     WriteResult Write(const std::string& printer) const;
 
  private:
+    explicit WorkingCopy(const ListFormat& format) : format_(format) {}
     struct Entry {
         Owner owner;
         Record record;
@@ -43,7 +45,7 @@ class WorkingCopy {
     bool DiffersInDerivedFieldOnly(const Record& left, const Record& right) const;
     void MarkChanged(Owner owner);
     Records RecordsOf(Owner owner) const;
-    void ReadOwn(const std::string& printer);
+    void AddOwn(Records own);
 
     const ListFormat& format_;
     std::vector<Entry> entries_;  // description, then everybody's, then the user's

@@ -16,6 +16,8 @@ namespace {
 constexpr char kMark[4] = {'K', 'V', 'L', '1'};
 constexpr DWORD kMaxRecords = 4096;
 constexpr DWORD kMaxStoredSize = 1 << 20;
+constexpr DWORD kDataIsInvalid = 13;     // the platform's codes for a damaged list
+constexpr DWORD kNotEnoughQuota = 1816;  // and for one that is too long
 constexpr const char* kDataPrefix = "KVList.";
 constexpr const char* kOwnKey = "Software\\Varnell\\Tessora\\Lists\\";
 
@@ -42,21 +44,60 @@ bool IsUsable(const ListFormat& format, const Record& record, std::set<DWORD>& i
     return TextsEnd(format, record.data()) && id >= format.firstUserId && ids.insert(id).second;
 }
 
+StoredList Unreadable(DWORD error) {
+    SetLastError(error);
+    return StoredList::kUnreadable;
+}
+
 StoredList Unpack(const ListFormat& format, const std::string& bytes, Records& records) {
     records.clear();
     Head head{};
-    if (bytes.size() < sizeof head) return StoredList::kMissing;
+    if (bytes.size() < sizeof head) return Unreadable(kDataIsInvalid);
     std::memcpy(&head, bytes.data(), sizeof head);
     if (std::memcmp(head.mark, kMark, sizeof kMark) != 0 || head.recordSize != format.recordSize ||
         head.count > kMaxRecords || bytes.size() != sizeof head + head.count * format.recordSize) {
-        return StoredList::kMissing;
+        return Unreadable(kDataIsInvalid);
     }
     std::set<DWORD> ids;
     for (DWORD i = 0; i < head.count; ++i) {
         Record record = bytes.substr(sizeof head + i * format.recordSize, format.recordSize);
-        if (IsUsable(format, record, ids)) records.push_back(std::move(record));
+        if (!IsUsable(format, record, ids)) return Unreadable(kDataIsInvalid);
+        records.push_back(std::move(record));
     }
     return StoredList::kFound;
+}
+
+bool HasRoom(const ListFormat& format, const Records& records) {
+    return records.size() <= kMaxRecords &&
+           sizeof(Head) + records.size() * format.recordSize <= kMaxStoredSize;
+}
+
+struct Stored {
+    DWORD type = 0;
+    std::string bytes;
+};
+
+// `query` is given room and answers the size that is stored. It is asked again when that is more,
+// also when somebody has stored a longer list meanwhile.
+template <typename Query>
+DWORD ReadStored(Stored& stored, Query query) {
+    constexpr DWORD kFirstRoom = 4096;
+    DWORD size = kFirstRoom;
+    DWORD error = ERROR_MORE_DATA;
+    while (error == ERROR_MORE_DATA && size <= kMaxStoredSize) {
+        stored.bytes.resize(size);
+        error = query(reinterpret_cast<BYTE*>(stored.bytes.data()), size);
+    }
+    if (error == ERROR_SUCCESS) stored.bytes.resize(size);
+    return error;
+}
+
+// What came of reading a list.
+StoredList ListOf(const ListFormat& format, DWORD error, const Stored& stored, Records& records) {
+    if (error == ERROR_FILE_NOT_FOUND) return StoredList::kMissing;
+    if (error != ERROR_SUCCESS) return Unreadable(error);
+    if (stored.type != REG_BINARY) return Unreadable(kDataIsInvalid);
+    return Unpack(format, stored.bytes, records);
 }
 
 std::string DataName(const ListFormat& format) {
@@ -93,20 +134,17 @@ DWORD WriteOwn(const ListFormat& format, const std::string& printer, const Recor
 StoredList ReadCommonList(const ListFormat& format, const std::string& printer, Records& records) {
     records.clear();
     HANDLE handle = nullptr;
-    if (!OpenPrinterA(printer.c_str(), &handle, nullptr)) return StoredList::kMissing;
-    const std::string name = DataName(format);
-    std::string bytes;
-    DWORD type = 0;
-    DWORD needed = 0;
-    DWORD error = GetPrinterDataA(handle, name.c_str(), &type, nullptr, 0, &needed);
-    if (error == ERROR_MORE_DATA && needed <= kMaxStoredSize) {
-        bytes.resize(needed);
-        error = GetPrinterDataA(handle, name.c_str(), &type, reinterpret_cast<BYTE*>(bytes.data()),
-                                needed, &needed);
+    if (!OpenPrinterA(printer.c_str(), &handle, nullptr)) {
+        const DWORD error = GetLastError();
+        return error == ERROR_INVALID_PRINTER_NAME ? StoredList::kMissing : Unreadable(error);
     }
+    const std::string name = DataName(format);
+    Stored stored;
+    const DWORD error = ReadStored(stored, [&](BYTE* data, DWORD& size) {
+        return GetPrinterDataA(handle, name.c_str(), &stored.type, data, size, &size);
+    });
     ClosePrinter(handle);
-    if (error != ERROR_SUCCESS || type != REG_BINARY) return StoredList::kMissing;
-    return Unpack(format, bytes, records);
+    return ListOf(format, error, stored, records);
 }
 
 StoredList ReadOwnList(const ListFormat& format, const std::string& printer, Records& records) {
@@ -114,28 +152,25 @@ StoredList ReadOwnList(const ListFormat& format, const std::string& printer, Rec
     HKEY key = nullptr;
     const LSTATUS opened =
         RegOpenKeyExA(HKEY_CURRENT_USER, (kOwnKey + printer).c_str(), 0, KEY_READ, &key);
-    if (opened != static_cast<LSTATUS>(ERROR_SUCCESS)) return StoredList::kMissing;
+    Stored stored;
+    if (opened != static_cast<LSTATUS>(ERROR_SUCCESS)) {
+        return ListOf(format, static_cast<DWORD>(opened), stored, records);
+    }
     const std::string name(format.name);
-    std::string bytes;
-    DWORD type = 0;
-    DWORD size = 0;
-    LSTATUS error = RegQueryValueExA(key, name.c_str(), nullptr, &type, nullptr, &size);
-    if (error == static_cast<LSTATUS>(ERROR_SUCCESS) && size <= kMaxStoredSize) {
-        bytes.resize(size);
-        error = RegQueryValueExA(key, name.c_str(), nullptr, &type,
-                                 reinterpret_cast<BYTE*>(bytes.data()), &size);
-        bytes.resize(size <= bytes.size() ? size : 0);
-    }
+    const DWORD error = ReadStored(stored, [&](BYTE* data, DWORD& size) {
+        return static_cast<DWORD>(
+            RegQueryValueExA(key, name.c_str(), nullptr, &stored.type, data, &size));
+    });
     RegCloseKey(key);
-    if (error != static_cast<LSTATUS>(ERROR_SUCCESS) || type != REG_BINARY) {
-        return StoredList::kMissing;
-    }
-    return Unpack(format, bytes, records);
+    return ListOf(format, error, stored, records);
 }
 
 DWORD WriteLists(const ListFormat& format, const std::string& printer, const Records* common,
                  const Records* own) {
     if (!common && !own) return ERROR_SUCCESS;
+    for (const Records* records : {common, own}) {
+        if (records && !HasRoom(format, *records)) return kNotEnoughQuota;
+    }
     kv::StoreTransaction transaction(kv::StateStore::Get());
     DWORD error = transaction.Error();
     if (error == ERROR_SUCCESS && common) error = WriteCommon(format, printer, *common);

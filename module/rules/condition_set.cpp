@@ -9,6 +9,7 @@
 namespace kvui {
 namespace {
 
+constexpr char kBlanks[] = " \t";
 constexpr LONG kOpenEnd = 32767;  // "20-" means 20 to this
 
 bool HasRange(const ConditionSet& set) {
@@ -41,8 +42,9 @@ bool MatchesBitNumbers(LONG value, const ConditionSet& set) {
 void ParseConditionItem(ConditionSet& set, const char* text) {
     const char* hyphen = std::strchr(text, '-');
     if (hyphen != nullptr) {
-        // A number stops at the hyphen by itself, so the text before it needs no copy.
-        set.low = hyphen == text ? 0 : NumberOf(text);
+        // A number stops at the hyphen by itself, so the text before it needs no copy; but blanks
+        // alone are no number, and the hyphen must not become its sign.
+        set.low = text + std::strspn(text, kBlanks) == hyphen ? 0 : NumberOf(text);
         set.high = hyphen[1] == '\0' ? kOpenEnd : NumberOf(hyphen + 1);
         return;
     }

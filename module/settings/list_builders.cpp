@@ -25,6 +25,9 @@ void AddPapers(SheetContext& context, std::vector<ListEntry>& entries) {
 }
 
 void AddOutputPapers(SheetContext& context, std::vector<ListEntry>& entries) {
+    // Without papers the list stays empty, so that the stored size is not given up for the first
+    // entry.
+    if (context.shared->lists[kListPaper] == nullptr) return;
     char text[128] = "";
     if (LoadStringA(context.strings, IDS_SAME_AS_ORIGINAL, text, sizeof text) != 0) {
         entries.push_back({text, 0});

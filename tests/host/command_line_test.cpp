@@ -120,11 +120,14 @@ class CommandLine : public testing::Test {
 };
 
 TEST_F(CommandLine, SetStoresAndGetReadsBack) {
-    const Ran set = Run("set RadioOrientation=2 ComboPaperSize=A5 EditCopies=2");
+    // Tray 2 is fitted to a new printer, tray 3 is not.
+    const Ran set = Run("set RadioOrientation=2 ComboPaperSize=A5 EditCopies=2 "
+                        "ComboPaperSource='Tray 2'");
     EXPECT_EQ(set.status, 0) << set.output;
     EXPECT_NE(set.output.find("dmPaperSize=11\n"), std::string::npos) << set.output;
-    EXPECT_EQ(Run("get dmOrientation dmPaperSize dmCopies").output,
-              "dmOrientation=2\ndmPaperSize=11\ndmCopies=2\n");
+    EXPECT_EQ(Run("get dmOrientation dmPaperSize dmCopies dmDefaultSource").output,
+              "dmOrientation=2\ndmPaperSize=11\ndmCopies=2\ndmDefaultSource=2\n");
+    EXPECT_EQ(Run("set ComboPaperSource=3").status, 2);
     EXPECT_EQ(Run("get dmCopies --json").output, "{\n  \"dmCopies\": 2\n}\n");
     EXPECT_EQ(fs::file_size(RecordFile()), 1296u);
 }

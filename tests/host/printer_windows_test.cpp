@@ -1,11 +1,17 @@
 // The windows of several printers, one after another.
+#include <host/control_driver.h>
+#include <winreg.h>
+#include <winspool.h>
+
+#include <cstring>
+
 #include "printer_fixture.h"
 
 namespace kvhost {
 namespace {
 
 class PrinterWindowsTest : public PrinterTest {
-   protected:
+ protected:
     void SetUp() override {
         PrinterTest::SetUp();
         for (const char* name : {"Lobby", "Office"}) Install(name);
@@ -58,6 +64,42 @@ TEST_F(PrinterWindowsTest, APrinterThatIsGoneWhenItsTurnComesIsToldAndTheOthersO
     ASSERT_TRUE(kvcore::RemovePrinter("Lobby", error)) << error;
     EXPECT_EQ(windows.Run(), kBadInput);
     EXPECT_EQ(titles_, (Names{"Hall", "Office"}));
+}
+
+// The list is left alone, and so are the settings whose values it would name.
+TEST_F(PrinterWindowsTest, AListThatCannotBeReadIsSaidAndNothingIsLostByIt) {
+    kv::Headless().SetPolicy(nullptr);
+    char list[] = "not a list";
+    char name[] = "Hall";
+    PRINTER_DEFAULTSA access{nullptr, nullptr, PRINTER_ACCESS_ADMINISTER | PRINTER_ACCESS_USE};
+    HANDLE printer = nullptr;
+    ASSERT_TRUE(OpenPrinterA(name, &printer, &access));
+    ASSERT_EQ(SetPrinterDataA(printer, "KVList.Papers", REG_BINARY, reinterpret_cast<BYTE*>(list),
+                              sizeof list),
+              ERROR_SUCCESS);
+    Session session;
+    ASSERT_TRUE(session.Open({}));
+    constexpr DWORD kOutputPaper = 0x214;
+    const DWORD custom = 600;
+    std::memcpy(session.record().data() + sizeof(DEVMODEA) + kOutputPaper, &custom, sizeof custom);
+    reinterpret_cast<DEVMODEA*>(session.record().data())->dmPaperSize = 601;
+    testing::internal::CaptureStderr();
+    ASSERT_NE(session.OpenHeadlessSheet(), nullptr);
+    ControlDriver driver(session, ConflictPolicy::kCancel);
+    EXPECT_EQ(driver.Set(*FindControl("ComboNup"), "4").status, kDone);
+    EXPECT_EQ(driver.Accept().status, kDone);
+    session.CloseHeadlessSheet();
+    const std::string told = testing::internal::GetCapturedStderr();
+    EXPECT_NE(told.find("may be missing"), std::string::npos) << told;
+    EXPECT_EQ(ReadRecordField(session.record().data(), *FindField("mdmOutputPaper")), 600);
+    EXPECT_EQ(ReadRecordField(session.record().data(), *FindField("dmPaperSize")), 601);
+    char kept[64] = "";
+    DWORD type = 0, size = 0;
+    EXPECT_EQ(GetPrinterDataA(printer, "KVList.Papers", &type, reinterpret_cast<BYTE*>(kept),
+                              sizeof kept, &size),
+              ERROR_SUCCESS);
+    EXPECT_STREQ(kept, list);
+    ClosePrinter(printer);
 }
 
 }  // namespace

@@ -70,8 +70,12 @@ TEST_F(CoreServices, DefaultsFillAWholeRecordThatIsConsistent) {
     EXPECT_EQ(record.dmSize, 156);
     EXPECT_EQ(record.dmSize + record.dmDriverExtra, 1296);
     EXPECT_EQ(record.dmPaperSize, 9);
-    EXPECT_EQ(record.dmPaperWidth, 2100);
-    EXPECT_EQ(record.dmPaperLength, 2970);
+    // Nobody keeps these true when the paper or the collation changes.
+    EXPECT_EQ(record.dmFields, 0x7F03u);
+    EXPECT_EQ(record.dmPaperWidth, 0);
+    EXPECT_EQ(record.dmPaperLength, 0);
+    EXPECT_EQ(record.dmCollate, 0);
+    EXPECT_EQ(record.dmFormName[0], 0);
     EXPECT_EQ(record.dmColor, 2);
     EXPECT_EQ(settings.mdmOtherSettings & kvui::kOtherColor, kvui::kOtherColor);
     // What pages derive from each other must agree, or opening them would change the record.

@@ -2,6 +2,7 @@
 #include <kvlist.h>
 
 #include <cstring>
+#include <span>
 #include <vector>
 
 #include "tests/framework/printer_fixture.h"
@@ -140,7 +141,7 @@ TEST_F(Lists, TextWithoutEndIsRefused) {
     EXPECT_FALSE(QDMMLTAddPaper(papers, &printer, &record, 1));
 }
 
-TEST_F(Lists, DamagedStoredListsCountAsEmpty) {
+TEST_F(Lists, AListThatCannotBeReadIsNoEmptyOne) {
     const auto list = [](DWORD recordSize, DWORD count, const std::string& records) {
         const DWORD head[] = {recordSize, count, 0};
         return "KVL1" + std::string(reinterpret_cast<const char*>(head), sizeof head) + records;
@@ -151,30 +152,60 @@ TEST_F(Lists, DamagedStoredListsCountAsEmpty) {
     CustomPaperRecord endless = Paper(600, "");
     std::memset(endless.displayName, 'x', sizeof endless.displayName);
     const std::string good = bytesOf(Paper(600, "good"));
+    // type, stored bytes
     struct {
         DWORD type;
         std::string bytes;
-        std::vector<std::string> names;
     } const cases[] = {
-        {REG_BINARY, "", {}},
-        {REG_BINARY, "KVL1", {}},
-        {REG_BINARY, list(168, 2, good), {}},
-        {REG_BINARY, list(168, 0xFFFFFFFF, good), {}},
-        {REG_BINARY, list(344, 1, good), {}},
-        {REG_BINARY, list(0, 5, ""), {}},
-        {REG_SZ, list(168, 1, good), {}},
-        {REG_BINARY, list(168, 1, bytesOf(endless)), {}},
-        {REG_BINARY, list(168, 1, bytesOf(Paper(9, "not the user's"))), {}},
-        {REG_BINARY, list(168, 2, good + good), {"good"}},
+        {REG_BINARY, ""},
+        {REG_BINARY, "KVL1"},
+        {REG_BINARY, list(168, 2, good)},
+        {REG_BINARY, list(168, 0xFFFFFFFF, good)},
+        {REG_BINARY, list(344, 1, good)},
+        {REG_BINARY, list(0, 5, "")},
+        {REG_BINARY, std::string((1 << 20) - 7, 'x')},
+        {REG_SZ, list(168, 1, good)},
+        {REG_BINARY, list(168, 1, bytesOf(endless))},
+        {REG_BINARY, list(168, 1, bytesOf(Paper(9, "not the user's")))},
+        {REG_BINARY, list(168, 2, good + good)},
     };
+    HKEY own = nullptr;
+    RegCreateKeyExA(HKEY_CURRENT_USER, "Software\\Varnell\\Tessora\\Lists\\Office Tessora", 0,
+                    nullptr, 0, KEY_WRITE, nullptr, &own, nullptr);
     for (const auto& row : cases) {
+        const int number = static_cast<int>(&row - cases);
         ASSERT_EQ(Put("KVList.Papers", row.type, row.bytes), ERROR_SUCCESS);
-        Drop();
-        EXPECT_EQ(Names(kScopeCommon), row.names) << &row - cases;
+        EXPECT_FALSE(QDMMLTReadPaper(&printer)) << number;
+        Put("KVList.Papers", REG_BINARY, list(168, 1, good));
+        RegSetValueExA(own, "Papers", 0, row.type, reinterpret_cast<const BYTE*>(row.bytes.data()),
+                       static_cast<DWORD>(row.bytes.size()));
+        EXPECT_FALSE(QDMMLTReadPaper(&printer)) << number << " of the user's own";
+        RegDeleteValueA(own, "Papers");
     }
-    ASSERT_TRUE(AddTo(1, 601, "new"));
+    RegCloseKey(own);
+    Drop();
+    EXPECT_THAT(Names(kScopeUser), testing::ElementsAre("good"));
+}
+
+// Neither more than the reader takes nor, for large records, more bytes.
+TEST_F(Lists, WhatCouldNotBeReadAgainIsRefusedWhenItIsWritten) {
+    constexpr int kMost = 4096;
+    for (int i = 0; i < kMost; ++i) ASSERT_TRUE(AddTo(2, 512 + static_cast<DWORD>(i), "many"));
     Commit();
-    EXPECT_THAT(Names(kScopeCommon), testing::ElementsAre("good", "new"));
+    ASSERT_EQ(Names(kScopeUser).size(), static_cast<size_t>(kMost));
+    for (const DWORD scope : {2, 1}) {
+        const ListHandle marks = QDMMLTReadWatermark(&printer);
+        ASSERT_TRUE(marks);
+        WatermarkRecord mark{};
+        for (mark.id = 128; mark.id < 128 + 3100; ++mark.id) {
+            ASSERT_TRUE(QDMMLTAddWatermark(marks, &printer, &mark, scope));
+        }
+        EXPECT_FALSE(QDMMLTWriteWatermark(marks, &printer)) << scope;
+    }
+    ASSERT_TRUE(AddTo(2, 512 + kMost, "one too many"));
+    EXPECT_FALSE(QDMMLTWritePaper(papers, &printer));
+    papers = QDMMLTReadPaper(&printer);
+    EXPECT_EQ(Names(kScopeUser).size(), static_cast<size_t>(kMost)) << "what was stored is kept";
 }
 
 TEST_F(Lists, AnOwnEntryWhoseIdBecameCommonGetsAnother) {
@@ -225,24 +256,30 @@ class Bins : public PrinterTest {
     }
 };
 
-TEST_F(Bins, AListBeginsWithTheSourcesThatNeedNoOption) {
+TEST_F(Bins, AListBeginsWithAllSourcesAndHoldsWhatWasWritten) {
     ListHandle first = QDMMLTReadBin(&printer, 0);
-    EXPECT_THAT(Sources(first), testing::ElementsAre(7, 1, 4));
+    // Readers leave out those whose option is missing.
+    EXPECT_THAT(Sources(first), testing::ElementsAre(7, 1, 2, 3, 5, 11, 4));
     BinRecord described[64];
     ASSERT_EQ(QDMMLTLoadQDDBinInfo(first, &printer, described, 0), 7);
     EXPECT_STREQ(described[2].displayName, "Tray 2");
     EXPECT_STREQ(described[2].optionItem, "BinTray2");
     EXPECT_EQ(QDMMLTLoadQDDBinInfo(first, &printer, described, 2), 0);
 
-    EXPECT_TRUE(QDMMLTDeleteBin(first, &printer, &described[0]));
-    EXPECT_TRUE(QDMMLTAddBin(first, &printer, &described[2]));
+    for (const BinRecord& bin : std::span(described, 7)) {
+        EXPECT_TRUE(QDMMLTDeleteBin(first, &printer, &bin));
+    }
+    EXPECT_TRUE(QDMMLTWriteBin(first, &printer, 0));
+    first = QDMMLTReadBin(&printer, 0);
+    EXPECT_THAT(Sources(first), testing::IsEmpty());
+    for (const int i : {1, 6, 2}) EXPECT_TRUE(QDMMLTAddBin(first, &printer, &described[i]));
     EXPECT_FALSE(QDMMLTAddBin(first, &printer, &described[2])) << "already there";
     EXPECT_FALSE(QDMMLTWriteBin(first, &printer, 1)) << "a copy of list 0";
     EXPECT_TRUE(QDMMLTWriteBin(first, &printer, 0));
     first = QDMMLTReadBin(&printer, 0);
     ListHandle second = QDMMLTReadBin(&printer, 1);
     EXPECT_THAT(Sources(first), testing::ElementsAre(1, 4, 2));
-    EXPECT_THAT(Sources(second), testing::ElementsAre(7, 1, 4));
+    EXPECT_THAT(Sources(second), testing::SizeIs(7));
     QDMMLTCancelBin(first, &printer);
     QDMMLTCancelBin(second, &printer);
 }
