@@ -56,9 +56,9 @@ ExitStatus PrinterWindow::Run() {
         request.startPage = static_cast<UINT>(std::max(0, PageIndexOfDialog(place_.page)));
         if (place_.corner) kv::CurrentDisplay().OpenNextSheetAt(*place_.corner);
         request.applied = [this](HWND sheet, bool closing) { return Apply(sheet, closing); };
+        request.ending = [this] { session_.DropUnstored(); };
         const PlaceWatcher watcher(names_, session_.record(), place_);
         result = session_.module().RunSheet(request);
-        // The pages take back in the record what was not applied; what is stored counts.
         if (openAgain_) session_.StartFromStored();
     } while (openAgain_ && result >= 0);
     KeepWindowPlace(session_.store(), place_);

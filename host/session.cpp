@@ -99,6 +99,7 @@ HWND Session::OpenHeadlessSheet() {
     request_.record = record_.data();
     request_.caption = printer_.printerName;
     request_.extraPages = {{"TAB4", "DDMTAB4"}};
+    request_.ending = [this] { DropUnstored(); };
     // What the pages have to say while they open (lists that cannot be read) is said here; there is
     // nothing to choose.
     kv::Headless().SetPolicy([](HWND dialog) {
@@ -111,14 +112,12 @@ HWND Session::OpenHeadlessSheet() {
     sheet_ = module_->CreateSheet(request_);
     kv::Headless().SetPolicy(nullptr);
     if (sheet_ == nullptr) PrintError("the property sheet could not be opened");
-    opened_ = record_;
     return sheet_;
 }
 
+void Session::DropUnstored() { record_ = stored_; }
+
 void Session::CloseHeadlessSheet() {
-    // The sheet's end writes what the record says of the printer. What was not stored does not
-    // count there.
-    if (record_ != stored_) record_ = opened_;
     if (sheet_ != nullptr && IsWindow(sheet_)) DestroyWindow(sheet_);
     sheet_ = nullptr;
 }

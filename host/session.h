@@ -31,6 +31,7 @@ class Session {
     void ShareModule(const Session& other) { module_ = other.module_; }
     // Opens the sheet without a screen. Job Management is there too.
     HWND OpenHeadlessSheet();
+    // The record is then what is stored, as it is for the pages that write printer data as they go.
     void CloseHeadlessSheet();
     // Stores the record whatever is stored now.
     bool StoreRecord();
@@ -44,6 +45,8 @@ class Session {
     // Begins anew with what is stored; says which values the rules in force do not allow any more,
     // and puts them back. They are stored with the next change.
     void StartFromStored();
+    // What pages changed in the record and nobody stored is gone.
+    void DropUnstored();
     // What somebody else stored is known and may be overwritten.
     void AcceptStored(const Record& found) { stored_ = found; }
 
@@ -58,7 +61,6 @@ class Session {
     PrinterBlock printer_{};
     Record record_{};
     Record stored_{};
-    Record opened_{};  // as the open sheet began with it
     std::string problem_;
     std::unique_ptr<RecordStore> store_;
     std::shared_ptr<DriverModule> module_;

@@ -23,12 +23,16 @@ struct SheetRequest {
     DWORD mode = 0;  // kMode... bits handed to QDMGetMode
     HWND owner{};
     std::string caption;  // empty: the printer's name
+    // The sheet begins with its first page and is turned to this one before it is shown.
     UINT startPage = 0;
     // Extra pages beside those of the module's table, by template and procedure name
     // ("TAB4", "DDMTAB4").
     std::vector<std::pair<std::string, std::string>> extraPages;
     // Called after all pages accepted an Apply or OK.
     std::function<Applied(HWND sheet, bool closing)> applied;
+    // Called before the pages are destroyed, which then write printer-level settings as the record
+    // has them: the owner puts back what is stored.
+    std::function<void()> ending;
 };
 
 // The loaded module. Loading failures say why.

@@ -94,7 +94,7 @@ INT_PTR OpenSheet(Sheet& sheet, DWORD flags) {
     header.hInstance = sheet.module;
     header.pszCaption = caption.c_str();
     header.nPages = static_cast<UINT>(pages.size());
-    header.nStartPage = request.startPage < header.nPages ? request.startPage : 0;
+    header.nStartPage = 0;
     header.ppsp = pages.data();
     return PropertySheetA(&header);
 }

@@ -13,6 +13,8 @@
 #include <cstring>
 #include <map>
 
+#include "sheet_owner.h"
+
 namespace kvhost {
 namespace {
 
@@ -115,6 +117,7 @@ void BindPage(Page& page, HWND window) {
     if (sheet.window) return;
     sheet.window = GetParent(window);
     sheet.shared.sheet = sheet.window;
+    OwnSheet(sheet.window);
     if (sheet.request.applied) {
         kv::OnSheetApplied(sheet.window, [applied = sheet.request.applied](HWND at, bool closing) {
             return applied(at, closing) == Applied::kStored ? kv::SheetAnswer::kTaken
