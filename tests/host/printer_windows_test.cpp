@@ -88,11 +88,11 @@ TEST_F(PrinterWindowsTest, AListThatCannotBeReadIsSaidAndNothingIsLostByIt) {
     ControlDriver driver(session, ConflictPolicy::kCancel);
     EXPECT_EQ(driver.Set(*FindControl("ComboNup"), "4").status, kDone);
     EXPECT_EQ(driver.Accept().status, kDone);
+    EXPECT_EQ(ReadRecordField(session.record().data(), *FindField("mdmOutputPaper")), 600);
+    EXPECT_EQ(ReadRecordField(session.record().data(), *FindField("dmPaperSize")), 601);
     session.CloseHeadlessSheet();
     const std::string told = testing::internal::GetCapturedStderr();
     EXPECT_NE(told.find("may be missing"), std::string::npos) << told;
-    EXPECT_EQ(ReadRecordField(session.record().data(), *FindField("mdmOutputPaper")), 600);
-    EXPECT_EQ(ReadRecordField(session.record().data(), *FindField("dmPaperSize")), 601);
     char kept[64] = "";
     DWORD type = 0, size = 0;
     EXPECT_EQ(GetPrinterDataA(printer, "KVList.Papers", &type, reinterpret_cast<BYTE*>(kept),
