@@ -201,11 +201,9 @@ TEST_F(BasicPage, AUserWithoutAdministerAccessSeesNoCustomPaperButton) {
 
 TEST_F(BasicPage, ResetRestoresWhatChangedSinceTheLastSnapshot) {
     OpenSheet();
-    const HWND page = PageWindow(kLayout);
     ChooseValue(1410, 4, kLayout);
     EXPECT_EQ(Private(kNup), 4u);
-    PSHNOTIFY reset{{sheet_, 0, PSN_RESET}, 0};
-    SendMessageA(page, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&reset));
+    Reset(kLayout);
     EXPECT_EQ(Private(kNup), 0u);
 }
 

@@ -8,7 +8,7 @@ namespace {
 
 enum : int {
     kAcross = 1902, kAcrossSpin = 1903, kAcrossRange = 1905, kDown = 1907, kDownSpin = 1908,
-    kDownRange = 1910, kInch = 9933, kMillimetre = 9934, kOpener = 1912,
+    kDownRange = 1910, kInch = 9933, kMillimetre = 9934, kOpener = 1912, kRotate = 2032,
 };
 constexpr size_t kOffsetX = 0x264, kOffsetY = 0x268;
 constexpr DWORD kShiftOn = 0x400, kTenths = 0x8000, kNegative = 0x4000;
@@ -66,6 +66,7 @@ TEST_F(ImageShift, LeavingAnEditShowsTheLimitInTheUnitsFormat) {
     Open(IDOK, [&](HWND dialog) {
         for (const auto& row : rows) {
             ASSERT_TRUE(kv::input::Click(GetDlgItem(dialog, row.unit)));
+            EXPECT_EQ(SendMessageA(GetDlgItem(dialog, row.edit), EM_GETLIMITTEXT, 0, 0), 5);
             TypeIn(dialog, row.edit, row.typed);
             ASSERT_TRUE(kv::input::Focus(GetDlgItem(dialog, IDOK)));
             char expected[16];
@@ -138,6 +139,22 @@ TEST_F(ImageShift, TheUnitIsRememberedUntilACancelForgetsIt) {
     EXPECT_EQ(Private(kOffsetX) | Private(kOffsetY), 0u) << "no inch is no shift";
     Open(IDCANCEL, [&](HWND dialog) { EXPECT_TRUE(Checked(dialog, kInch)); });
     Open(IDCANCEL, [&](HWND dialog) { EXPECT_TRUE(Checked(dialog, kMillimetre)); });
+}
+
+TEST_F(ImageShift, OnlyAnAcceptedShiftIsAChangeAndOutlivesAReset) {
+    OpenSheet();
+    for (const int closer : {IDCANCEL, IDOK, IDOK}) {
+        const bool before = CanApply();
+        Open(closer, [&](HWND dialog) { TypeIn(dialog, kAcross, "0.5"); });
+        EXPECT_EQ(CanApply(), before || closer == IDOK);
+        Reset(kLayout);
+        EXPECT_EQ(Private(kOffsetX), closer == IDOK ? 50u : 0u);
+    }
+    // A choice on the page is accepted by the dialog's opening.
+    ASSERT_TRUE(kv::input::Click(Item(kRotate, kLayout)));
+    Open(IDCANCEL, [&](HWND) {});
+    Reset(kLayout);
+    EXPECT_TRUE(Private(kOtherSettings) & 0x80);
 }
 
 TEST_F(ImageShift, TypingStopsAtWhatCannotStandThere) {

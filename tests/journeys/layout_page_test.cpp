@@ -134,14 +134,12 @@ TEST_F(LayoutPage, ABorderIsDroppedOnlyWhenThereWereNoPagesToBorder) {
 TEST_F(LayoutPage, DefaultsReachTheImageShiftAndTheSnapshot) {
     SetPrivate(kOffsetX, 0x4020);
     StartWith(20, 7, 5);
-    const HWND page = PageWindow(kLayout);
     ASSERT_TRUE(kv::input::Click(Item(kDefaultsButton, kLayout)));
     EXPECT_EQ(Private(kNup), 0u);
     EXPECT_EQ(Private(kDuplexMode), 1u);
     EXPECT_EQ(Private(kNupStyle), 0u);
     EXPECT_EQ(Private(kOffsetX), 0u);
-    PSHNOTIFY reset{{sheet_, 0, PSN_RESET}, 0};
-    SendMessageA(page, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&reset));
+    Reset(kLayout);
     EXPECT_EQ(Private(kNup), 20u);
     EXPECT_EQ(Private(kDuplexMode), 4u);
 }
@@ -181,11 +179,28 @@ TEST_F(LayoutPage, DetailsOfferTheOrdersOfTheLayout) {
 
 TEST_F(LayoutPage, DetailsStoreTheShownOrderAndKeepTheBorder) {
     StartWith(4, 4);
+    struct Watcher : kv::Display {
+        HWND preview{};
+        int redraws = 0;
+        void Invalidated(HWND window) override { redraws += window == preview; }
+        bool WaitForInput(HWND) override { return false; }
+    } watcher;
+    const auto redrawsWhile = [&](const std::function<void()>& act) {
+        watcher.redraws = 0;
+        const HDC dc = CreateCompatibleDC(nullptr);
+        kv::PaintWindow(watcher.preview, dc);
+        DeleteDC(dc);
+        kv::UseDisplay(&watcher);
+        act();
+        kv::UseDisplay(nullptr);
+        return watcher.redraws;
+    };
     InDetails(IDOK, [&](HWND dialog) {
+        watcher.preview = GetDlgItem(dialog, 14002);
         EXPECT_EQ(SendMessageA(GetDlgItem(dialog, kBorderBox), BM_GETCHECK, 0, 0),
                   static_cast<LRESULT>(BST_CHECKED));
         EXPECT_EQ(Private(kNupStyle), 4u) << "opening changes nothing";
-        ChooseIn(dialog, kCornerOrder, 3);
+        EXPECT_GT(redrawsWhile([&] { ChooseIn(dialog, kCornerOrder, 3); }), 0);
         EXPECT_EQ(Private(kNupStyle), 7u);
         ChooseIn(dialog, kNupBox, 2);
         EXPECT_TRUE(IsWindowVisible(GetDlgItem(dialog, kSideways)));
@@ -195,6 +210,14 @@ TEST_F(LayoutPage, DetailsStoreTheShownOrderAndKeepTheBorder) {
     });
     EXPECT_EQ(Private(kNUpField), 2u);
     EXPECT_EQ(Private(kNupMode) & 7, 1u);
+    InDetails(IDOK, [&](HWND dialog) {
+        watcher.preview = GetDlgItem(dialog, 14002);
+        EXPECT_GT(redrawsWhile([&] { kv::input::Click(GetDlgItem(dialog, kDefaultsButton)); }), 0);
+        EXPECT_EQ(Private(kNupMode) & 7, 1u) << "derived with OK";
+    });
+    EXPECT_EQ(Private(kNupMode) & 7, 0u);
+    Reset(kLayout);
+    EXPECT_EQ(Private(kNupStyle), 0u) << "accepted in the dialog";
     InDetails(IDOK, [&](HWND dialog) {
         ChooseIn(dialog, kNupBox, 20);
         EXPECT_EQ(Private(kDuplexMode), 4u);

@@ -74,6 +74,12 @@ class Preferences : public testing::Test {
         ASSERT_NE(sheet_, nullptr);
         kv::PumpPendingMessages();
     }
+    // What the sheet's Cancel tells a page.
+    void Reset(int page) {
+        PSHNOTIFY reset{{sheet_, 0, PSN_RESET}, 0};
+        SendMessageA(PageWindow(page), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&reset));
+    }
+    bool CanApply() { return IsWindowEnabled(GetDlgItem(sheet_, 0x3021)) != FALSE; }
     void CloseSheet() {
         if (sheet_ != nullptr && IsWindow(sheet_)) DestroyWindow(sheet_);
         sheet_ = nullptr;

@@ -28,6 +28,7 @@ enum : int {
     kText = 3248,
     kLineArt = 3235,
     kDefaults = 12,
+    kView = 14002,
 };
 
 // Offsets in the private part.
@@ -54,6 +55,15 @@ class QualityPage : public Preferences {
     HWND On(int id) { return Item(id, kQuality); }
     LONG Stored(const Slider& slider) { return static_cast<LONG>(Private(slider.field)); }
     LRESULT Position(int slider) { return SendMessageA(On(slider), TBM_GETPOS, 0, 0); }
+    // The preview panel, which is on the page.
+    HWND Panel() {
+        HWND child = GetWindow(PageWindow(kQuality), GW_CHILD);
+        while (child != nullptr && GetDlgItem(child, kView) == nullptr) {
+            child = GetWindow(child, GW_HWNDNEXT);
+        }
+        return child;
+    }
+    std::string Sample() { return Text(GetDlgItem(Panel(), kView)); }
 };
 
 TEST_F(QualityPage, TypedNumbersMoveTheSliderAndAreStoredInRange) {
@@ -139,11 +149,7 @@ LRESULT CALLBACK CountRedraws(HWND panel, UINT message, WPARAM wParam, LPARAM lP
 
 TEST_F(QualityPage, TheSharedViewHearsOfEveryAcceptedChange) {
     OpenSheet();
-    HWND panel = nullptr;
-    for (HWND child = GetWindow(PageWindow(kQuality), GW_CHILD); child != nullptr;
-         child = GetWindow(child, GW_HWNDNEXT)) {
-        if (GetDlgItem(child, 14002) != nullptr) panel = child;
-    }
+    const HWND panel = Panel();
     ASSERT_NE(panel, nullptr);
     panelProcedure = reinterpret_cast<WNDPROC>(
         SetWindowLongPtrA(panel, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(CountRedraws)));
@@ -156,6 +162,33 @@ TEST_F(QualityPage, TheSharedViewHearsOfEveryAcceptedChange) {
     EXPECT_EQ(redraws, 2);
     ASSERT_TRUE(kv::input::Click(On(kDefaults)));
     EXPECT_EQ(redraws, 3);
+}
+
+const char kColourSample[] = "Sample picture, in color", kGreySample[] = "Sample picture, in black and white";
+
+TEST_F(QualityPage, TheSampleIsColourWhileColourIsBothChosenAndPossible) {
+    // What the panel says when the page takes it over, before it is active.
+    struct Watcher : kv::Display {
+        std::string first;
+        void Changed(HWND window, unsigned changes) override {
+            if (changes & kv::kChangedParent) first = Text(GetDlgItem(window, kView));
+        }
+        bool WaitForInput(HWND) override { return false; }
+    } watcher;
+    Public().dmColor = 1;
+    OpenSheet();
+    kv::UseDisplay(&watcher);
+    PageWindow(kQuality);
+    kv::UseDisplay(nullptr);
+    EXPECT_EQ(watcher.first, kGreySample);
+    const struct { SHORT colour; DWORD bit; const char* sample; } rows[] = {
+        {1, 0x10, kGreySample}, {2, 0x10, kColourSample}, {2, 0, kGreySample}};
+    for (const auto& row : rows) {  // what another page has changed
+        PageWindow(kBasic);
+        Public().dmColor = row.colour;
+        SetPrivate(kOtherSettings, (Private(kOtherSettings) & ~0x10u) | row.bit);
+        EXPECT_EQ(Sample(), row.sample);
+    }
 }
 
 TEST_F(QualityPage, AResolutionPublishesTheTablesOfItsAspect) {
@@ -198,6 +231,7 @@ TEST_F(QualityPage, DefaultsResetThePageAndCountAsColour) {
     ChooseValue(kResolution, 1200, kQuality);
     TypeInto(kContrastEdit, "90", kQuality);
     Public().dmCopies = 9;
+    EXPECT_EQ(Sample(), kGreySample);
     ASSERT_TRUE(kv::input::Click(On(kDefaults)));
     EXPECT_EQ(Public().dmColor, 2);
     EXPECT_EQ(Public().dmPrintQuality, 600);
@@ -205,6 +239,7 @@ TEST_F(QualityPage, DefaultsResetThePageAndCountAsColour) {
     EXPECT_EQ(Private(kContrastField), 0u);
     EXPECT_EQ(Text(On(kContrastEdit)), "50");
     EXPECT_EQ(Private(kOtherSettings) & 0x14, 0x10u);
+    EXPECT_EQ(Sample(), kColourSample);
     EXPECT_EQ(Private(kMatchingSetting), 2u);
     EXPECT_EQ(Private(kColorMatching), 1u);
 }

@@ -2,7 +2,6 @@
 // lists open, and the pixels of what a painter draws.
 #pragma once
 
-#include <framework/core/install_printer.h>
 #include <kvcore.h>
 
 #include <cstdio>
@@ -28,13 +27,8 @@ class PaintedSheet : public ScratchSheet {
    public:
     PaintedSheet() {
         setenv("FONTCONFIG_FILE", KV_SOURCE_DIR "/tests/support/fonts.conf", 1);
-        std::string error;
-        if (!kvcore::InstallPrinter("Office", "USB001", KV_SOURCE_DIR "/models", error) ||
-            !kvcore::MakePrinterBlock("Office", printer, error) ||
-            !QDMGetStdDefaults(&printer, context.settings, nullptr)) {
-            std::fprintf(stderr, "no printer to paint with: %s\n", error.c_str());
-            std::abort();
-        }
+        InstallPrinter();
+        QDMGetStdDefaults(&printer, context.settings, nullptr);
         shared.lists[kListPaper] = QDMMLTReadPaper(&printer);
         shared.lists[kListWatermark] = QDMMLTReadWatermark(&printer);
     }

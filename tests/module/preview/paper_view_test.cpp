@@ -59,17 +59,22 @@ TEST(WatermarkText, StandsAroundTheCentreMovedByItsOffsets) {
 }
 
 TEST(WatermarkText, FontFollowsTheScaleAndIsNeverTooSmallToSee) {
-    const struct { DWORD size; LONG angle; int scale; LONG height, escapement; } rows[] = {
-        {72, 45, 10, 10, 450}, {72, -30, 2, 3, -300}, {200, 0, 8, 22, 0},
-        {0xFFFFFFFF, 0x7FFFFFFF, 8, 22, 1270}, {0, 0, 0, 3, 0},
+    const struct { DWORD size; LONG angle; int scale; LONG height, escapement; BYTE bold, italic; }
+    rows[] = {
+        {72, 45, 10, 10, 450, 0, 0}, {72, -30, 2, 3, -300, 1, 0}, {200, 0, 8, 22, 0, 0, 1},
+        {0xFFFFFFFF, 0x7FFFFFFF, 8, 22, 1270, 1, 1}, {0, 0, 0, 3, 0, 0, 0},
     };
     for (const auto& row : rows) {
         WatermarkRecord record{};
         record.size = row.size;
         record.angle = row.angle;
+        record.bold = row.bold;
+        record.italic = row.italic;
         const LOGFONTA font = WatermarkFont(record, row.scale);
         EXPECT_EQ(font.lfHeight, row.height) << row.size;
         EXPECT_EQ(font.lfEscapement, row.escapement) << row.angle;
+        EXPECT_EQ(font.lfWeight, row.bold ? 700 : 400);
+        EXPECT_EQ(font.lfItalic, row.italic);
     }
 }
 
@@ -180,6 +185,29 @@ TEST_F(PaperView, TheSecondLabelNamesTheOutputPaper) {
     const auto changed = Differences(Paint(), same);
     EXPECT_FALSE(changed.empty());
     for (const POINT& point : changed) ASSERT_TRUE(point.y >= 27 && point.y < 56 && point.x > 14);
+}
+
+// On a narrowing view they come close to the left edge, then go.
+TEST_F(PaperView, DimensionsThatBeginTooFarLeftAreNotShown) {
+    int shown = 0, hidden = 0;
+    for (LONG width = 60; width < 120; ++width) {
+        const Pixels picture = sheet.Paint(PaintPaperView, {width, 194});
+        int first = width;
+        for (int y = 18; y < 26; ++y) {  // the second line
+            for (int x = 0; x < first; ++x) {
+                if ((picture.At(x, y) & 0xFF) > 0xC0) first = x;
+            }
+        }
+        if (first == width) {
+            EXPECT_EQ(shown, 0) << width;
+            ++hidden;
+            continue;
+        }
+        ASSERT_GT(first, 30) << width;
+        if (++shown == 1) { EXPECT_LT(first, 34) << width; }
+    }
+    EXPECT_GT(shown, 0);
+    EXPECT_GT(hidden, 0);
 }
 
 // One picture a file, drawn with the fonts of the tests. KVPREFS_WRITE_REFERENCES=1 writes them anew.

@@ -8,6 +8,7 @@
 //   button ITEM LIST VALUE   grays a button of a list dialog by the selected entry
 //   hide CONTROL             hides the control by its line
 //   condition KEY            evaluates an additional condition
+//   printer                  installs a printer, for steps that ask for sizes of papers
 // The output of each step is compared with expected.txt as a whole.
 #include <gtest/gtest.h>
 #include <platform/display/headless.h>
@@ -145,7 +146,9 @@ class CaseRun {
         std::string verb, name, second;
         DWORD value = 0;
         words >> verb >> name;
-        if (verb == "set") {
+        if (verb == "printer") {
+            sheet_.InstallPrinter();
+        } else if (verb == "set") {
             words >> value;
             sheet_.Set(name.c_str(), value);
         } else if (verb == "answer") {

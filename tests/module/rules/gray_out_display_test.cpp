@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "rules/gray_out.h"
+#include "settings/control_fill.h"
 #include "tests/module/support/sheet_fixture.h"
 
 namespace kvui {
@@ -23,19 +24,51 @@ class Listener : public kv::Display {
     int other = 0;
 };
 
+constexpr int kStaple = 1303, kPunch = 1306, kFolding = 1312;
+
+// A page with three lists, whose rows stand in this order.
+HWND MakePage() {
+    const HWND page = CreateWindowExA(0, "STATIC", "", WS_POPUP | WS_VISIBLE, 0, 0, 10, 10, nullptr,
+                                      nullptr, nullptr, nullptr);
+    for (const int id : {kStaple, kPunch, kFolding}) {
+        CreateWindowExA(0, "COMBOBOX", "", WS_CHILD | WS_VISIBLE | CBS_DROPDOWNLIST, 0, 0, 1, 1,
+                        page, reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)), nullptr, nullptr);
+    }
+    return page;
+}
+
+TEST(GrayOutDisplay, ARefreshWalksTwiceForWhatItGrayedUnlessAHiddenRowFollows) {
+    const std::string punch = "ComboMediaType0=(2),0,1,(ComboPunch,0,0,(0),3)\n",
+                      staple = "ComboPunch0=(3),0,1,(ComboStaple,0,0,(0),H)\n",
+                      hidden = "[ShowItemAccordingToOption]\nComboFolding=0,0,0,0\n",
+                      chain = "ComboMediaType0=(2),0,1,(ComboFolding,0,0,(0),1)\n"
+                              "ComboFolding0=(1),0,1,(ComboPunch,0,0,(0),3)\n";
+    const struct { std::string rules; bool foldingHidden; bool staple; } rows[] = {
+        {punch + staple, false, false},
+        {punch + staple + hidden, false, false},
+        {punch + staple + hidden, true, true},
+        {chain + staple, false, true},
+    };
+    for (const auto& row : rows) {
+        ScratchSheet sheet;
+        sheet.UseRules("[ConflictConditions]\n" + row.rules);
+        sheet.Set("MediaType", 2);
+        const HWND page = MakePage();
+        if (row.foldingHidden) ShowWindow(GetDlgItem(page, kFolding), SW_HIDE);
+        RefreshDialog(sheet.context, SettingChanged::kYes, page, "DLGTAB01");
+        EXPECT_FALSE(IsWindowEnabled(GetDlgItem(page, kPunch))) << &row - rows;
+        EXPECT_EQ(IsWindowEnabled(GetDlgItem(page, kStaple)) != FALSE, row.staple) << &row - rows;
+        DestroyWindow(page);
+    }
+}
+
 TEST(GrayOutDisplay, HearsOnlyWhatChanged) {
-    constexpr int kStaple = 1303, kPunch = 1306, kFolding = 1312;
     ScratchSheet sheet;
     sheet.UseRules(
         "[ConflictConditions]\n"
         "ComboMediaType0=(2),0,1,(ComboStaple,0,0,(0),H),(ComboPunch,0,0,(0),H)\n"
         "ComboMediaType1=(2,3),0,1,(ComboFolding,0,0,(0),H)\n");
-    const HWND page = CreateWindowExA(0, "STATIC", "", WS_POPUP | WS_VISIBLE, 0, 0, 10, 10, nullptr,
-                                      nullptr, nullptr, nullptr);
-    for (const int id : {kStaple, kPunch, kFolding}) {
-        CreateWindowExA(0, "STATIC", "", WS_CHILD | WS_VISIBLE, 0, 0, 1, 1, page,
-                        reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)), nullptr, nullptr);
-    }
+    const HWND page = MakePage();
     {
         Listener display;
         const auto heardWith = [&](DWORD media) {

@@ -3,6 +3,7 @@
 #include "rules/rules_file.h"
 
 #include <gtest/gtest.h>
+#include <winspool.h>
 
 #include <string>
 #include <vector>
@@ -46,6 +47,36 @@ TEST(Token, EndsAtTheStopOrTakesTheRestAndNeverOverflows) {
     ReadToken(text, ',', field, sizeof field);
     EXPECT_STREQ(field, "");
     EXPECT_EQ(*text, '\0');
+}
+
+// The sheet that copies the file into the Windows directory reads it there; later ones find the copy
+// made, and read the driver's.
+TEST(RulesFile, IsCopiedOnceWhenThePrinterAsksForIt) {
+    ScratchSheet sheet;
+    sheet.InstallPrinter();
+    char folder[MAX_PATH] = "";
+    GetWindowsDirectoryA(folder, sizeof folder);
+    const std::string copy = std::string(folder) + "\\KVUIMOD.ini", value = "CopySUINI";
+    ComputeRulesFilePath(sheet.context);
+    const std::string drivers = RulesFilePath();
+    EXPECT_NE(drivers.find("\\3\\KVUIMOD.ini"), std::string::npos) << drivers;
+    EXPECT_EQ(GetFileAttributesA(copy.c_str()), INVALID_FILE_ATTRIBUTES);
+
+    char name[] = "Office";
+    PRINTER_DEFAULTSA access{nullptr, nullptr, PRINTER_ALL_ACCESS};
+    HANDLE printer = nullptr;
+    ASSERT_TRUE(OpenPrinterA(name, &printer, &access));
+    DWORD wanted = 1;
+    SetPrinterDataA(printer, const_cast<char*>(value.c_str()), REG_DWORD,
+                    reinterpret_cast<BYTE*>(&wanted), sizeof wanted);
+    ClosePrinter(printer);
+    for (const std::string& path : {std::string("KVUIMOD.ini"), drivers}) {
+        ComputeRulesFilePath(sheet.context);
+        EXPECT_EQ(RulesFilePath(), path);
+        EXPECT_EQ(GetPrivateProfileIntA("EditAttribute", "EditCopies", 0, RulesFilePath()), 3u);
+        WritePrivateProfileStringA("EditAttribute", "EditCopies", "77", copy.c_str());
+    }
+    EXPECT_EQ(GetPrivateProfileIntA("EditAttribute", "EditCopies", 0, copy.c_str()), 77u);
 }
 
 TEST(EditAttribute, NeedsExactlyThreeNumbers) {

@@ -2,10 +2,13 @@
 // over a fresh settings record, a scratch state directory and the rules text that the test gives.
 #pragma once
 
+#include <framework/core/install_printer.h>
+#include <kvcore.h>
 #include <platform/registry/state_directory.h>
 #include <windows.h>
 
 #include <cstdint>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -72,6 +75,16 @@ class ScratchSheet {
         UseRulesFile(path.c_str());
         LoadRulesCache(context);
         BuildGrayOutIndex(context);
+    }
+
+    // Makes `printer` one of the served model.
+    void InstallPrinter() {
+        std::string error;
+        if (!kvcore::InstallPrinter("Office", "USB001", KV_SOURCE_DIR "/models", error) ||
+            !kvcore::MakePrinterBlock("Office", printer, error)) {
+            std::fprintf(stderr, "no printer to test with: %s\n", error.c_str());
+            std::abort();
+        }
     }
 
     void Set(const char* field, DWORD value) { WriteSettingByName(context.settings, field, value); }

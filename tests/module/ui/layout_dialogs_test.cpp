@@ -6,6 +6,7 @@
 #include <platform/window/paint.h>
 
 #include <functional>
+#include <vector>
 
 #include "../support/sheet_fixture.h"
 #include "ui/exports.h"
@@ -76,20 +77,42 @@ TEST_F(LayoutDialogs, ThePunchPictureFollowsEdgeAndHoles) {
     EXPECT_EQ(sheet.Get("mdmHolePunch"), 0u);
 }
 
-TEST_F(LayoutDialogs, ARefusedPunchLeavesSettingAndPicture) {
-    sheet.UseRules("[ConflictConditions]\r\nComboPunch0=(2),0,0,(ComboFolding,0,0,(1-5),0)\r\n");
+TEST_F(LayoutDialogs, ThePictureShowsAChosenPunchBeforeAnybodyAsksOrRefusesIt) {
+    struct Watcher : kv::HeadlessDisplay {
+        HWND picture{};
+        std::vector<LRESULT> icons;
+        void Changed(HWND window, unsigned) override {
+            if (window == picture) icons.push_back(SendMessageA(picture, STM_GETICON, 0, 0));
+        }
+    } watcher;
+    sheet.UseRules("[ConflictConditions]\r\nComboPunch0=(2,4),0,0,(ComboFolding,0,0,(1-5),0)\r\n");
     sheet.Set("mdmHolePunch", 3);
-    sheet.Set("mdmHolePunchNumber", 4);
     sheet.Set("mdmFolding", 3);
-    kv::Headless().PushAnswer([&](HWND dialog) {
-        kv::Headless().PushAnswer([](HWND box) { kv::input::Key(VK_ESCAPE), (void)box; });
-        ChooseIn(dialog, kPunchBox, 2);
-        EXPECT_EQ(sheet.Get("mdmHolePunch"), 3u);
-        EXPECT_EQ(SendMessageA(GetDlgItem(dialog, kPunchPictureId), STM_GETICON, 0, 0), Icon(1663));
-        kv::input::Click(GetDlgItem(dialog, IDOK));
+    // No model offers the right edge.
+    const struct { DWORD edge, holes; int chosen, kept; } rows[] = {
+        {2, 4, 1666, 1663}, {4, 4, 1669, 1663}, {4, 3, 1668, 1662}, {4, 2, 1667, 1661}};
+    Run("_DLGTAB01", DDMTAB01, IDOK, [&](HWND dialog) {
+        watcher.picture = GetDlgItem(dialog, kPunchPictureId);
+        const HWND box = GetDlgItem(dialog, kPunchBox);
+        for (const auto& row : rows) {
+            ChooseIn(dialog, kHolesBox, row.holes);
+            kv::input::Focus(box);
+            const LRESULT entry = SendMessageA(box, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>("Any"));
+            SendMessageA(box, CB_SETITEMDATA, static_cast<WPARAM>(entry), row.edge);
+            SendMessageA(box, CB_SETCURSEL, static_cast<WPARAM>(entry), 0);
+            watcher.PushAnswer([](HWND) { kv::input::Key(VK_ESCAPE); });
+            watcher.icons.clear();
+            kv::UseDisplay(&watcher);
+            SendMessageA(dialog, WM_COMMAND, MAKEWPARAM(kPunchBox, CBN_SELENDOK),
+                         reinterpret_cast<LPARAM>(box));
+            kv::UseDisplay(nullptr);
+            EXPECT_EQ(watcher.PendingAnswers(), 0u) << row.chosen;
+            ASSERT_FALSE(watcher.icons.empty()) << row.chosen;
+            EXPECT_EQ(watcher.icons.front(), Icon(row.chosen)) << row.chosen;
+            EXPECT_EQ(SendMessageA(watcher.picture, STM_GETICON, 0, 0), Icon(row.kept)) << row.chosen;
+            EXPECT_EQ(sheet.Get("mdmHolePunch"), 3u) << row.chosen;
+        }
     });
-    DialogBoxParamA(sheet.context.resources, "_DLGTAB01", nullptr, DDMTAB01,
-                    reinterpret_cast<LPARAM>(&sheet.context));
     EXPECT_EQ(sheet.Get("mdmFolding"), 3u);
 }
 
