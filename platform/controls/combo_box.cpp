@@ -355,8 +355,7 @@ LRESULT LimitText(Window& window, WPARAM limit) {
 
 LRESULT OnKillFocus(HWND handle) {
     CloseList(handle, Ending::kCancel);
-    Notify(handle, CBN_KILLFOCUS);
-    return 0;
+    return NotifyFocus(handle, Focused::kNo, CBN_KILLFOCUS);
 }
 
 LRESULT OnMouseDown(HWND handle) {
@@ -416,7 +415,7 @@ LRESULT ComboBoxProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lPara
         case WM_SETTEXT:
             return SetText(*window, wParam, lParam);
         case WM_SETFOCUS:
-            return Notify(handle, CBN_SETFOCUS), 0;
+            return NotifyFocus(handle, Focused::kYes, CBN_SETFOCUS);
         case WM_KILLFOCUS:
             return OnKillFocus(handle);
         case WM_KEYDOWN:

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 namespace kv {
 
@@ -11,6 +12,14 @@ bool Notify(HWND control, WORD code) {
     if (!window) return false;
     NotifyParent(*window, code);
     return WindowFromHandle(control) != nullptr;
+}
+
+LRESULT NotifyFocus(HWND control, Focused now, WORD code) {
+    const Window* window = WindowFromHandle(control);
+    if (!window || !window->state) return 0;
+    const bool focused = now == Focused::kYes;
+    if (std::exchange(window->state->focused, focused) != focused) Notify(control, code);
+    return 0;
 }
 
 LRESULT NotifyWith(HWND control, NMHDR& header, UINT code) {
@@ -31,7 +40,7 @@ LRESULT CopyOut(std::string_view text, LPARAM buffer) {
 
 bool TakeFocus(HWND control) {
     if (GetFocus() != control) SetFocus(control);
-    return WindowFromHandle(control) != nullptr;
+    return WindowFromHandle(control) && GetFocus() == control;
 }
 
 bool InClient(const Window& window, POINT point) {

@@ -13,6 +13,10 @@ namespace kv {
 
 // Sends WM_COMMAND with the code; false when the control is gone afterwards.
 bool Notify(HWND control, WORD code);
+// EN_SETFOCUS, EN_KILLFOCUS and their like. They come in pairs: a control that was passed over,
+// since a handler moved the focus on before it arrived, says nothing.
+enum class Focused { kNo, kYes };
+LRESULT NotifyFocus(HWND control, Focused now, WORD code);
 // Sends WM_NOTIFY with a structure that begins with `header`, whose fields are filled here.
 LRESULT NotifyWith(HWND control, NMHDR& header, UINT code);
 
@@ -31,7 +35,8 @@ inline bool KeyIsDown(int virtualKey) {
     return GetKeyState(virtualKey) < 0;
 }
 
-// Moves the focus to a control that a mouse button went down in; false when the control is gone.
+// Moves the focus to a control that a mouse button went down in; false when a handler took it away
+// again, which ends the click, or when the control is gone.
 bool TakeFocus(HWND control);
 
 inline unsigned TypeBits(const Window& window, DWORD mask) {

@@ -188,9 +188,9 @@ LRESULT EditProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_LBUTTONDBLCLK:
             return OnDoubleClick(handle);
         case WM_SETFOCUS:
-            return Notify(handle, EN_SETFOCUS), 0;
+            return NotifyFocus(handle, Focused::kYes, EN_SETFOCUS);
         case WM_KILLFOCUS:
-            return Notify(handle, EN_KILLFOCUS), 0;
+            return NotifyFocus(handle, Focused::kNo, EN_KILLFOCUS);
         case EM_GETSEL:
             return GetSelection(*window, wParam, lParam);
         case EM_SETSEL:

@@ -38,9 +38,18 @@ Holds HoldsWhat(const Window& window) {
 }
 
 // Without LBS_NOTIFY a list box keeps silent.
-void NotifyList(HWND handle, WORD code) {
+bool IsSilent(HWND handle) {
     const Window* window = WindowFromHandle(handle);
-    if (window && (window->style & LBS_NOTIFY) != 0) Notify(handle, code);
+    return !window || (window->style & LBS_NOTIFY) == 0;
+}
+
+void NotifyList(HWND handle, WORD code) {
+    if (!IsSilent(handle)) Notify(handle, code);
+}
+
+LRESULT OnFocusChange(HWND handle, Focused now) {
+    if (IsSilent(handle)) return 0;
+    return NotifyFocus(handle, now, now == Focused::kYes ? LBN_SETFOCUS : LBN_KILLFOCUS);
 }
 
 int VisibleEntries(const Window& window, const ListState& state) {
@@ -391,9 +400,9 @@ LRESULT ListBoxProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam
         case WM_SETREDRAW:
             return SetEntriesRedraw(*window, StateFor(*window), wParam, lParam);
         case WM_SETFOCUS:
-            return NotifyList(handle, LBN_SETFOCUS), 0;
+            return OnFocusChange(handle, Focused::kYes);
         case WM_KILLFOCUS:
-            return NotifyList(handle, LBN_KILLFOCUS), 0;
+            return OnFocusChange(handle, Focused::kNo);
         case WM_LBUTTONDOWN:
             return OnMouseDown(handle, lParam);
         case WM_LBUTTONDBLCLK:

@@ -14,136 +14,11 @@
 namespace kv {
 namespace {
 
-constexpr LRESULT kNextPage = -1;  // answer to PSN_SETACTIVE: not this page
-
 enum class Closing { kNo, kYes };
-
-int PageCount(const SheetState& sheet) {
-    return static_cast<int>(sheet.pages.size());
-}
-
-bool HasPage(const SheetState& sheet, int index) {
-    return index >= 0 && index < PageCount(sheet);
-}
-
-HWND WindowOfPage(HWND handle, int index) {
-    const SheetState* sheet = SheetOf(handle);
-    return sheet && HasPage(*sheet, index) ? sheet->pages[static_cast<size_t>(index)]->window
-                                           : nullptr;
-}
 
 HWND ActiveWindow(HWND handle) {
     const SheetState* sheet = SheetOf(handle);
     return sheet ? WindowOfPage(handle, sheet->active) : nullptr;
-}
-
-LRESULT NotifyPage(HWND handle, HWND page, UINT code, LPARAM extra = 0) {
-    if (!page) return 0;
-    PSHNOTIFY notice{};
-    notice.hdr = {handle, 0, code};
-    notice.lParam = extra;
-    return SendMessageA(page, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notice));
-}
-
-void EnableButton(HWND handle, int id, bool enabled) {
-    HWND button = GetDlgItem(handle, id);
-    if (button && (IsWindowEnabled(button) != FALSE) != enabled) EnableWindow(button, enabled);
-}
-
-// PSN_KILLACTIVE: whether the active page lets itself be left.
-bool MayLeave(HWND handle) {
-    return NotifyPage(handle, ActiveWindow(handle), PSN_KILLACTIVE) == 0;
-}
-
-int IndexOfTemplate(const SheetState& sheet, LRESULT id) {
-    for (int i = 0; i < PageCount(sheet); ++i) {
-        const LPCSTR name = sheet.pages[static_cast<size_t>(i)]->Record().pszTemplate;
-        if (IS_INTRESOURCE(name) && reinterpret_cast<LRESULT>(name) == id) return i;
-    }
-    return -1;
-}
-
-void RemovePage(HWND handle, int index) {
-    SheetState* sheet = SheetOf(handle);
-    if (!sheet || !HasPage(*sheet, index)) return;
-    // The record outlives the page's window, which may still read it while it is destroyed.
-    const std::unique_ptr<SheetPage> page = std::move(sheet->pages[static_cast<size_t>(index)]);
-    sheet->pages.erase(sheet->pages.begin() + index);
-    if (sheet->active == index) sheet->active = -1;
-    if (sheet->active > index) --sheet->active;
-    SendMessageA(sheet->tab, TCM_DELETEITEM, static_cast<WPARAM>(index), 0);
-    if (page->window) DestroyWindow(page->window);
-}
-
-// Creates pages as needed and asks each by PSN_SETACTIVE, until one accepts. Answers its index.
-int FindAcceptingPage(HWND handle, int index) {
-    const SheetState* sheet = SheetOf(handle);
-    // A page may send on to any other; a ring of refusals must end.
-    for (int tries = sheet ? PageCount(*sheet) : 0; tries > 0; --tries) {
-        HWND page = EnsurePage(handle, index);
-        sheet = SheetOf(handle);
-        if (!sheet) return -1;
-        if (!page) {
-            RemovePage(handle, index);
-            index = std::min(index, PageCount(*sheet) - 1);
-            if (index < 0) return -1;
-            continue;
-        }
-        const LRESULT answer = NotifyPage(handle, page, PSN_SETACTIVE);
-        sheet = SheetOf(handle);
-        if (!sheet) return -1;
-        if (answer == 0) return index;
-        const int other = answer == kNextPage ? index + 1 : IndexOfTemplate(*sheet, answer);
-        if (!HasPage(*sheet, other)) return index;
-        index = other;
-    }
-    return sheet && HasPage(*sheet, index) ? index : -1;
-}
-
-bool FocusIsIn(HWND window) {
-    HWND focus = GetFocus();
-    return window && focus && (focus == window || IsChild(window, focus));
-}
-
-// PSN_QUERYINITIALFOCUS lets the page name another control than its first.
-void FocusPage(HWND handle, HWND page) {
-    HWND first = GetNextDlgTabItem(page, nullptr, FALSE);
-    const auto answer =
-        NotifyPage(handle, page, PSN_QUERYINITIALFOCUS, reinterpret_cast<LPARAM>(first));
-    auto chosen = reinterpret_cast<HWND>(answer);
-    if (!chosen || !IsWindow(chosen) || !IsChild(page, chosen)) chosen = first;
-    if (chosen && SheetOf(handle)) {
-        SendMessageA(handle, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(chosen), TRUE);
-    }
-}
-
-enum class FocusChange { kIntoPage, kIfItWasInPage };
-
-// Brings a page to the front. The page left has agreed before.
-bool Activate(HWND handle, int index, FocusChange focus) {
-    HWND previous = ActiveWindow(handle);
-    const int accepted = FindAcceptingPage(handle, index);
-    SheetState* sheet = SheetOf(handle);
-    if (!sheet || accepted < 0) return false;
-    sheet->active = accepted;
-    SendMessageA(sheet->tab, TCM_SETCURSEL, static_cast<WPARAM>(accepted), 0);
-    const SheetPage& page = *sheet->pages[static_cast<size_t>(accepted)];
-    HWND current = page.window;
-    EnableButton(handle, IDHELP, (page.Record().dwFlags & PSP_HASHELP) != 0);
-    const bool moveFocus = focus == FocusChange::kIntoPage || FocusIsIn(previous) || !GetFocus();
-    ShowWindow(current, SW_SHOW);
-    // The focus leaves the old page while that can still be seen, as its edits expect.
-    if (moveFocus && current != previous && IsWindowVisible(handle)) FocusPage(handle, current);
-    if (previous && previous != current && IsWindow(previous)) ShowWindow(previous, SW_HIDE);
-    return SheetOf(handle) != nullptr;
-}
-
-LRESULT SelectPage(HWND handle, int index) {
-    const SheetState* sheet = SheetOf(handle);
-    if (!sheet || !HasPage(*sheet, index)) return FALSE;
-    if (sheet->active == index) return TRUE;
-    if (!MayLeave(handle)) return FALSE;
-    return Activate(handle, index, FocusChange::kIfItWasInPage);
 }
 
 // The way of a click on a tab: the tab control asks (TCN_SELCHANGING) and reports.
@@ -163,7 +38,7 @@ void UpdateApply(HWND handle) {
     if (!sheet) return;
     const bool changed = std::any_of(sheet->pages.begin(), sheet->pages.end(),
                                      [](const auto& page) { return page->changed; });
-    EnableButton(handle, kSheetApplyButton, changed);
+    EnableSheetButton(handle, kSheetApplyButton, changed);
 }
 
 LRESULT MarkChanged(HWND handle, HWND window, bool changed) {
@@ -188,33 +63,46 @@ bool AskPagesToApply(HWND handle, Closing closing) {
         sheet = SheetOf(handle);
         if (!sheet) return false;
         if (answer == PSNRET_INVALID && sheet->active != i) {
-            Activate(handle, i, FocusChange::kIntoPage);
+            TurnTo(handle, i, FocusChange::kIntoPage);
         } else {
-            NotifyPage(handle, ActiveWindow(handle), PSN_SETACTIVE);
+            TellActive(handle);
         }
         return false;
     }
     return sheet != nullptr;
 }
 
+// While pages answer what OK, Apply or Cancel ask, none of the three begins anew.
+class Deciding {
+ public:
+    explicit Deciding(HWND handle) : handle_(handle) { SheetOf(handle)->deciding = true; }
+    ~Deciding() {
+        if (SheetState* sheet = SheetOf(handle_)) sheet->deciding = false;
+    }
+    Deciding(const Deciding&) = delete;
+    Deciding& operator=(const Deciding&) = delete;
+
+ private:
+    HWND handle_;
+};
+
 // OK and Apply. The active page was told that it is left (PSN_KILLACTIVE), so when the sheet stays
 // open it is told that it is active again.
 bool Apply(HWND handle, Closing closing) {
+    if (SheetOf(handle)->deciding) return false;
+    const Deciding deciding(handle);
     if (!MayLeave(handle) || !AskPagesToApply(handle, closing)) return false;
     SheetState* sheet = SheetOf(handle);
     if (!sheet) return false;
     const SheetApplied applied = sheet->applied;
-    const bool taken =
-        !applied || applied(handle, closing == Closing::kYes) == SheetAnswer::kTaken;
+    const bool taken = !applied || applied(handle, closing == Closing::kYes) == SheetAnswer::kTaken;
     sheet = SheetOf(handle);
     if (!sheet) return true;
     if (taken) {
         for (const auto& page : sheet->pages) page->changed = false;
         UpdateApply(handle);
     }
-    if (!taken || closing == Closing::kNo) {
-        NotifyPage(handle, ActiveWindow(handle), PSN_SETACTIVE);
-    }
+    if (!taken || closing == Closing::kNo) TellActive(handle);
     return taken;
 }
 
@@ -228,6 +116,8 @@ void End(HWND handle, INT_PTR result) {
 enum class CancelledBy { kButton, kCloseBox };
 
 void Cancel(HWND handle, CancelledBy by) {
+    if (SheetOf(handle)->deciding) return;
+    const Deciding deciding(handle);
     if (NotifyPage(handle, ActiveWindow(handle), PSN_QUERYCANCEL) != 0) return;
     const SheetState* sheet = SheetOf(handle);
     for (int i = 0; sheet && i < PageCount(*sheet); ++i, sheet = SheetOf(handle)) {
@@ -265,7 +155,7 @@ LRESULT OnNotify(HWND handle, const NMHDR& header) {
     if (header.code == TCN_SELCHANGING) return MayLeave(handle) ? FALSE : TRUE;
     if (header.code == TCN_SELCHANGE) {
         const auto index = static_cast<int>(SendMessageA(sheet->tab, TCM_GETCURSEL, 0, 0));
-        Activate(handle, index, FocusChange::kIfItWasInPage);
+        TurnTo(handle, index, FocusChange::kIfItWasInPage);
     }
     return 0;
 }
@@ -288,7 +178,7 @@ LRESULT PressButton(HWND handle, WPARAM button) {
 // A change that cannot be taken back was made: OK becomes Close, Cancel is dead.
 LRESULT CancelToClose(HWND handle) {
     SetDlgItemTextA(handle, IDOK, "Close");
-    EnableButton(handle, IDCANCEL, false);
+    EnableSheetButton(handle, IDCANCEL, false);
     return 0;
 }
 
@@ -305,19 +195,21 @@ LRESULT AskSiblings(HWND handle, WPARAM wParam, LPARAM lParam) {
 
 LRESULT RemoveByMessage(HWND handle, int index) {
     const SheetState* sheet = SheetOf(handle);
-    if (!HasPage(*sheet, index)) return FALSE;
+    if (sheet->destroying || !HasPage(*sheet, index)) return FALSE;
+    const std::shared_ptr<SheetPage> page = sheet->pages[static_cast<size_t>(index)];
+    const int count = PageCount(*sheet);
+    if (page->busy || count < 2) return FALSE;
     if (sheet->active == index) {
-        const int count = PageCount(*sheet);
-        if (count < 2) return FALSE;
         if (!SelectPage(handle, index + 1 < count ? index + 1 : index - 1)) return FALSE;
     }
-    RemovePage(handle, index);
+    RemovePage(handle, page);
     UpdateApply(handle);
     return TRUE;
 }
 
 // The pages go in their order, before the sheet's own controls.
 LRESULT OnDestroy(HWND handle) {
+    SheetOf(handle)->destroying = true;
     for (int i = 0; SheetOf(handle) && HasPage(*SheetOf(handle), i); ++i) {
         HWND page = WindowOfPage(handle, i);
         if (page) DestroyWindow(page);
@@ -388,14 +280,6 @@ LRESULT SheetProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) 
         default:
             return DefDlgProcA(handle, message, wParam, lParam);
     }
-}
-
-bool ShowPageAtStart(HWND sheet, int index) {
-    return Activate(sheet, index, FocusChange::kIntoPage);
-}
-
-void FocusActivePage(HWND sheet) {
-    if (HWND page = ActiveWindow(sheet)) FocusPage(sheet, page);
 }
 
 void OnSheetApplied(HWND sheet, SheetApplied applied) {

@@ -57,8 +57,8 @@ SIZE LargestPage(const SheetState& sheet) {
     return {MulDiv(units.cx, kUnitsX, 4), MulDiv(units.cy, kUnitsY, 8)};
 }
 
-std::unique_ptr<SheetPage> CopyPage(const PROPSHEETPAGEA& source) {
-    auto page = std::make_unique<SheetPage>();
+std::shared_ptr<SheetPage> CopyPage(const PROPSHEETPAGEA& source) {
+    auto page = std::make_shared<SheetPage>();
     const size_t given = std::max<size_t>(source.dwSize, sizeof source);
     page->bytes.resize(given);
     std::memcpy(page->bytes.data(), &source, source.dwSize < sizeof source ? source.dwSize : given);
@@ -92,7 +92,7 @@ bool CopyPages(SheetState& sheet, const PROPSHEETHEADERA& header) {
     const auto* at = reinterpret_cast<const std::byte*>(header.ppsp);
     for (UINT i = 0; i < header.nPages; ++i) {
         const auto& source = *reinterpret_cast<const PROPSHEETPAGEA*>(at);
-        std::unique_ptr<SheetPage> page = CopyPage(source);
+        std::shared_ptr<SheetPage> page = CopyPage(source);
         if (!page) return false;
         sheet.pages.push_back(std::move(page));
         at += source.dwSize;
@@ -171,10 +171,10 @@ HWND CreateSheet(const PROPSHEETHEADERA& header) {
     if (!CopyPages(*sheet, header)) return DestroyWindow(handle), nullptr;
     Furnish(handle, header.dwFlags);
     const UINT first = std::min(header.nStartPage, header.nPages - 1);
-    if (!ShowPageAtStart(handle, static_cast<int>(first))) {
-        DestroyWindow(handle);
-        return nullptr;
-    }
+    TurnTo(handle, static_cast<int>(first), FocusChange::kIntoPage);
+    sheet = SheetOf(handle);
+    if (!sheet) return nullptr;
+    if (sheet->active < 0) return DestroyWindow(handle), nullptr;
     ShowWindow(handle, SW_SHOW);
     SetActiveWindow(handle);
     FocusActivePage(handle);
@@ -214,21 +214,22 @@ void PrepareSheetWindow(HWND handle) {
 HWND EnsurePage(HWND handle, int index) {
     SheetState* sheet = SheetOf(handle);
     if (!sheet || index < 0 || index >= static_cast<int>(sheet->pages.size())) return nullptr;
-    SheetPage& page = *sheet->pages[static_cast<size_t>(index)];
-    if (page.window) return page.window;
-    const PROPSHEETPAGEA& record = page.Record();
-    const std::vector<std::byte> dialog = ChildTemplate(*page.dialog);
+    const std::shared_ptr<SheetPage> page = sheet->pages[static_cast<size_t>(index)];
+    if (page->window) return page->window;
+    const PageBusy busy(page);
+    const PROPSHEETPAGEA& record = page->Record();
+    const std::vector<std::byte> dialog = ChildTemplate(*page->dialog);
     DialogCreation creation;
     creation.bytes = {reinterpret_cast<const BYTE*>(dialog.data()), dialog.size()};
     creation.instance = record.hInstance;
     creation.owner = handle;
     creation.procedure = record.pfnDlgProc;
     creation.initParam = reinterpret_cast<LPARAM>(&record);
-    creation.templateName = page.templateName;
+    creation.templateName = page->templateName;
     HWND created = CreateDialogFrom(creation);
     sheet = SheetOf(handle);
     if (!sheet || !created) return nullptr;
-    page.window = created;
+    page->window = created;
     const RECT area = sheet->pageArea;
     SetWindowPos(created, sheet->tab, area.left, area.top, area.right - area.left,
                  area.bottom - area.top, SWP_NOACTIVATE);

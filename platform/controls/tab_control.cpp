@@ -114,9 +114,12 @@ LRESULT Choose(HWND handle, int index) {
     }
     window = WindowFromHandle(handle);
     if (!window || !Has(StateFor(*window), index)) return 0;
+    const int before = StateFor(*window).selection;
     SetCurrent(*window, index);
     NotifyWith(handle, header, TCN_SELCHANGE);
-    return 1;
+    // What the change brought about may have turned back.
+    window = WindowFromHandle(handle);
+    return !window || StateFor(*window).selection != before;
 }
 
 LRESULT OnKeyDown(Window& window, int virtualKey) {

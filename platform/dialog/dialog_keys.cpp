@@ -62,6 +62,11 @@ bool OnEnter(HWND dialog, HWND focus, LRESULT code) {
     return Command(dialog, DefaultIdOf(dialog));
 }
 
+// A handler of the loss may have sent the focus back: then the key has done all it can.
+bool HasFocus(HWND control) {
+    return FindWindowRecord(control) && GetFocus() == control;
+}
+
 bool OnArrow(HWND dialog, HWND focus, WPARAM key) {
     if (focus == dialog) return true;
     const bool back = key == VK_LEFT || key == VK_UP;
@@ -70,8 +75,7 @@ bool OnArrow(HWND dialog, HWND focus, WPARAM key) {
     const LRESULT code = CodeOf(next, nullptr);
     MoveDialogFocus(dialog, next);
     // Walking through radio buttons chooses each.
-    if ((code & DLGC_RADIOBUTTON) != 0 && FindWindowRecord(next))
-        SendMessageA(next, BM_CLICK, 0, 0);
+    if ((code & DLGC_RADIOBUTTON) != 0 && HasFocus(next)) SendMessageA(next, BM_CLICK, 0, 0);
     return true;
 }
 
@@ -111,7 +115,7 @@ bool OnMnemonic(HWND dialog, HWND focus, char letter) {
     MoveDialogFocus(dialog, target.control);
     // With one letter on several controls it only walks among them.
     if (target.itsOwn && target.unique && (code & (DLGC_BUTTON | kPushButton)) != 0 &&
-        FindWindowRecord(target.control)) {
+        HasFocus(target.control)) {
         SendMessageA(target.control, BM_CLICK, 0, 0);
     }
     return true;

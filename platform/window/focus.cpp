@@ -28,17 +28,52 @@ bool AcceptsFocus(HWND handle) {
     return true;
 }
 
+// Handlers of a focus message move the focus again, show message boxes, turn pages. A window is not
+// told the same thing a second time while it still handles the first: two windows that send the
+// focus back to themselves would go on without end. What it believes is put right afterwards. The
+// record outlives the window, see CallScope.
+class FocusMessage {
+ public:
+    FocusMessage(Window& window, bool& underWay) : window_(window), underWay_(underWay) {
+        underWay_ = true;
+    }
+    ~FocusMessage() {
+        underWay_ = false;
+        const bool has = state.focus == window_.handle;
+        window_.knowsFocus = has;
+        if (window_.state) window_.state->focused = has;
+    }
+    FocusMessage(const FocusMessage&) = delete;
+    FocusMessage& operator=(const FocusMessage&) = delete;
+
+ private:
+    Window& window_;
+    bool& underWay_;
+};
+
+void TellLoser(HWND from, HWND to) {
+    Window* window = FindWindowRecord(from);
+    if (!window || window->hearsLoss) return;
+    window->knowsFocus = false;
+    const FocusMessage message(*window, window->hearsLoss);
+    SendMessageA(from, WM_KILLFOCUS, reinterpret_cast<WPARAM>(to), 0);
+}
+
+void TellWinner(HWND to, HWND from) {
+    Window* window = FindWindowRecord(to);
+    if (!window || window->hearsGain || window->knowsFocus) return;
+    window->knowsFocus = true;
+    const FocusMessage message(*window, window->hearsGain);
+    SendMessageA(to, WM_SETFOCUS, reinterpret_cast<WPARAM>(from), 0);
+}
+
 // The loser hears first, while GetFocus already answers the winner. Its handler may move the focus
 // elsewhere; then the winner hears nothing.
 void MoveFocus(HWND to) {
     const CallScope scope;
     const HWND from = std::exchange(state.focus, to);
-    if (from && FindWindowRecord(from)) {
-        SendMessageA(from, WM_KILLFOCUS, reinterpret_cast<WPARAM>(to), 0);
-    }
-    if (to && state.focus == to && FindWindowRecord(to)) {
-        SendMessageA(to, WM_SETFOCUS, reinterpret_cast<WPARAM>(from), 0);
-    }
+    TellLoser(from, to);
+    if (state.focus == to) TellWinner(to, from);
     TellFocus();
 }
 

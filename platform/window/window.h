@@ -20,6 +20,7 @@ struct Window;
 class ControlState {
  public:
     virtual ~ControlState() = default;
+    bool focused = false;  // its parent heard that it has the focus
 };
 
 // What the dialog manager keeps for a dialog window.
@@ -94,6 +95,9 @@ struct Window {
     bool announced = false;        // the display knows the window
     unsigned deferredChanges = 0;  // gathered while redrawing is off
     HWND savedFocus{};             // top-level windows: the focus to restore on activation
+    bool knowsFocus = false;       // its last message on the focus was WM_SETFOCUS
+    bool hearsGain = false;        // WM_SETFOCUS is under way,
+    bool hearsLoss = false;        // and so is WM_KILLFOCUS
 
     bool IsVisibleStyle() const { return (style & WS_VISIBLE) != 0; }
     bool IsDisabledStyle() const { return (style & WS_DISABLED) != 0; }

@@ -4,6 +4,8 @@
 
 #include <platform/controls/page_template.h>
 
+#include <random>
+
 namespace kv {
 namespace {
 
@@ -302,6 +304,116 @@ TEST_F(SheetTest, AModalSheetReturnsWhatEndedIt) {
     display.OnUnanswered(nullptr);
     EXPECT_TRUE(IsWindowEnabled(owner));
     DestroyWindow(owner);
+}
+
+// Two edits that must not be left empty: the one that is left complains, brings its page back and
+// takes the focus again, while the other would complain as well.
+TEST_F(SheetTest, AnEditThatTakesTheFocusBackShowsOneBoxAndItsPage) {
+    Open();
+    const HWND first = GetDlgItem(Page(0), 10);
+    const HWND second =
+        CreateWindowExA(0, "EDIT", "", WS_CHILD | WS_VISIBLE | WS_TABSTOP, 5, 60, 60, 14, Page(0),
+                        reinterpret_cast<HMENU>(INT_PTR{12}), nullptr, nullptr);
+    bool guarded = true;
+    int boxes = 0;
+    int complaining = 0;
+    atEvent = [&](const std::string& event, HWND edit) {
+        if (event != "Alpha EN_KILLFOCUS" || (guarded && complaining > 0)) return;
+        ++complaining;
+        ++boxes;
+        Headless().PushAnswer([](HWND box) { input::Click(GetDlgItem(box, IDOK)); });
+        MessageBoxA(sheet, "Four digits, please.", "Number", MB_OK);
+        SendMessageA(sheet, PSM_SETCURSEL, 0, 0);
+        SetFocus(edit);
+        --complaining;
+    };
+    OnSheetApplied(sheet, [&](HWND, bool) {
+        ADD_FAILURE() << "a press that was lost to the box";
+        return SheetAnswer::kTaken;
+    });
+    const std::function<void()> ways[] = {
+        [&] { input::Click(second); },
+        [&] { input::Key(VK_TAB); },
+        [&] { EXPECT_FALSE(input::SelectPage(sheet, 1)); },
+        [&] { input::Click(Button(IDOK)); },
+        [&] { input::Click(Button(kSheetApplyButton)); },
+        [&] { input::Key('A', input::kAlt); },
+        [&] { SendMessageA(sheet, PSM_SETCURSEL, 2, 0); },
+        // A page that takes no focus: that leaves when the old page is hidden.
+        [&] { EnableWindow(Page(1), FALSE), input::SelectPage(sheet, 1); },
+    };
+    SendMessageA(sheet, PSM_CHANGED, reinterpret_cast<WPARAM>(Page(0)), 0);
+    for (const bool guard : {true, false}) {
+        guarded = guard;
+        for (size_t way = 0; way < std::size(ways); ++way) {
+            SCOPED_TRACE(way);
+            guarded = true;
+            complaining = 1;
+            SetFocus(first);
+            complaining = 0;
+            guarded = guard;
+            boxes = 0;
+            ways[way]();
+            EXPECT_EQ(ActivePage(), 0);
+            EXPECT_TRUE(GetFocus() == first || (!guard && GetFocus() == second));
+            EXPECT_TRUE(boxes == 1 || (!guard && boxes == 2)) << boxes;
+            ASSERT_EQ(Headless().PendingAnswers(), 0u);
+        }
+    }
+    guarded = true;
+    complaining = 1;
+    EXPECT_TRUE(input::SelectPage(sheet, 1));
+    EXPECT_EQ(ActivePage(), 1);
+}
+
+// Whatever pages do while they are asked, one page is shown, that of the chosen tab, and the sheet
+// goes on working.
+TEST_F(SheetTest, PagesThatTurnPagesFromEveryNotificationLeaveOneShown) {
+    constexpr unsigned kSeed = 7720;
+    constexpr int kSequences = 300;
+    std::mt19937 random(kSeed);
+    Headless().SetPolicy([](HWND box) { input::Click(GetDlgItem(box, IDOK)); });
+    for (int sequence = 0; sequence < kSequences; ++sequence) {
+        SCOPED_TRACE("seed " + std::to_string(kSeed) + ", sequence " + std::to_string(sequence));
+        std::map<std::string, unsigned> habits;
+        atEvent = nullptr;
+        answers.clear();
+        Open();
+        atEvent = [&](const std::string& event, HWND) {
+            ASSERT_LT(log.size(), 20000u);
+            const auto found =
+                habits.try_emplace(event, static_cast<unsigned>(random() % 24)).first;
+            const unsigned habit = found->second;
+            const int page = static_cast<int>(habit % 3);
+            if (habit < 9) SendMessageA(sheet, PSM_SETCURSEL, static_cast<WPARAM>(page), 0);
+            if (habit >= 6 && habit < 12) SetFocus(GetDlgItem(Page(page), 10));
+            if (habit == 12) MessageBoxA(sheet, "", "", MB_OK);
+            if (habit == 13) SendMessageA(sheet, PSM_PRESSBUTTON, PSBTN_OK, 0);
+            if (habit == 14) SendMessageA(sheet, PSM_PRESSBUTTON, PSBTN_CANCEL, 0);
+            if (habit == 15) SendMessageA(sheet, PSM_REMOVEPAGE, 2, 0);
+            if (habit == 16) answers[event] = random() % 2 != 0 ? -1 : 0;
+            if (habit == 17 && random() % 8 == 0) DestroyWindow(sheet);
+        };
+        for (int step = 0; step < 12 && IsWindow(sheet) && !SheetEnded(sheet); ++step) {
+            const unsigned what = static_cast<unsigned>(random() % 8);
+            if (what < 3) input::SelectPage(sheet, static_cast<int>(what));
+            if (what == 3) input::Key(VK_TAB, input::kControl);
+            if (what == 4) input::Key(VK_TAB);
+            if (what == 5) input::Click(GetDlgItem(Page(ActivePage()), 10));
+            if (what == 6) input::Click(Button(kSheetApplyButton));
+            if (what == 7) SendMessageA(sheet, PSM_CHANGED, reinterpret_cast<WPARAM>(Page(0)), 0);
+            EXPECT_TRUE(!IsWindow(sheet) || ActivePage() >= 0);
+        }
+        atEvent = nullptr;
+        answers.clear();
+        if (!IsWindow(sheet)) continue;
+        for (const int page : {1, 0}) {
+            input::SelectPage(sheet, page);
+            EXPECT_EQ(ActivePage(), page);
+        }
+        DestroyWindow(sheet);
+    }
+    Headless().SetPolicy(nullptr);
 }
 
 TEST_F(SheetTest, RemovingAndCountingPages) {

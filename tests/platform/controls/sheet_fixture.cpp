@@ -194,6 +194,10 @@ INT_PTR SheetTest::PageProcedure(HWND page, UINT message, WPARAM wParam, LPARAM 
         case WM_COMMAND:
             if (HIWORD(wParam) == EN_KILLFOCUS) {
                 current->log.push_back(CaptionOf(page) + " EN_KILLFOCUS");
+                if (current->atEvent) {
+                    current->atEvent(CaptionOf(page) + " EN_KILLFOCUS",
+                                     reinterpret_cast<HWND>(lParam));
+                }
             }
             return FALSE;
         case WM_NOTIFY: {

@@ -44,7 +44,7 @@ class SheetTest : public ::testing::Test {
     std::vector<std::string> log;
     // Answers of pages to notifications: "Alpha KILLACTIVE" -> TRUE.
     std::map<std::string, LRESULT> answers;
-    // Runs at a notification, before it is answered.
+    // Runs at a notification, before it is answered; at an EN_KILLFOCUS with the edit.
     std::function<void(const std::string& event, HWND page)> atEvent;
     LPARAM initParam = 0;
 

@@ -41,6 +41,35 @@ TEST_F(FocusOrder, HandlerOfTheLossMaySendTheFocusElsewhere) {
     EXPECT_THAT(TakeLog(), ElementsAre("first killfocus", "second killfocus", "top setfocus"));
 }
 
+// Each of the two wants what the other has, so the newest wish that can be met holds, and both
+// believe what is true.
+TEST_F(FocusOrder, WindowsThatSendTheFocusOnFromEveryMessageComeToAnEnd) {
+    hook = [&](HWND window, UINT message) {
+        if (message == WM_KILLFOCUS && window != top) SetFocus(window);
+    };
+    SetFocus(second);
+    EXPECT_EQ(GetFocus(), second);
+    EXPECT_THAT(TakeLog(), ElementsAre("first killfocus", "second killfocus", "second setfocus"));
+    hook = [&](HWND window, UINT message) {
+        if (message == WM_SETFOCUS && window != top) SetFocus(window == first ? second : first);
+    };
+    SetFocus(first);
+    EXPECT_EQ(GetFocus(), first);
+    EXPECT_THAT(TakeLog(), ElementsAre("second killfocus", "first setfocus", "first killfocus",
+                                       "second setfocus", "second killfocus"));
+    hook = [&](HWND window, UINT message) {
+        if (message == WM_KILLFOCUS && window == first) DestroyWindow(second);
+    };
+    EXPECT_EQ(SetFocus(second), first);
+    EXPECT_FALSE(IsWindow(second));
+    hook = nullptr;
+    TakeLog();
+    SetFocus(first);
+    SetFocus(top);
+    EXPECT_THAT(TakeLog(),
+                ElementsAre("top killfocus", "first setfocus", "first killfocus", "top setfocus"));
+}
+
 TEST_F(FocusOrder, DisablingTheFocusedWindowLeavesTheFocusNowhere) {
     EXPECT_FALSE(EnableWindow(first, FALSE));
     EXPECT_EQ(GetFocus(), nullptr);
