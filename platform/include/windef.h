@@ -40,6 +40,7 @@ using LPBYTE = BYTE*;
 using LPDWORD = DWORD*;
 using PVOID = void*;
 using PDWORD = DWORD*;
+using PUINT = UINT*;
 
 // Handles are opaque: their values come from checked tables and are never dereferenced by callers.
 using HANDLE = void*;

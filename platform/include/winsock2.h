@@ -68,6 +68,8 @@ int WINAPI WSAGetLastError();
 // The answer is valid until the thread's next look-up.
 hostent* WINAPI gethostbyname(const char* name);
 u_long WINAPI inet_addr(const char* text);
+// The answer is valid until the thread's next call.
+char* WINAPI inet_ntoa(in_addr address);
 u_short WINAPI htons(u_short value);
 SOCKET WINAPI socket(int family, int type, int protocol);
 int WINAPI connect(SOCKET socket, const sockaddr* address, int length);

@@ -7,16 +7,25 @@
 constexpr DWORD PRINTER_ACCESS_ADMINISTER = 0x00000004;
 constexpr DWORD PRINTER_ACCESS_USE = 0x00000008;
 constexpr DWORD PRINTER_ALL_ACCESS = 0x000F000C;
+constexpr DWORD PRINTER_ATTRIBUTE_QUEUED = 0x00000001;
+constexpr DWORD PRINTER_ATTRIBUTE_DIRECT = 0x00000002;
 constexpr DWORD PRINTER_ATTRIBUTE_SHARED = 0x00000008;
 constexpr DWORD PRINTER_ATTRIBUTE_NETWORK = 0x00000010;
 constexpr DWORD PRINTER_ATTRIBUTE_LOCAL = 0x00000040;
 constexpr DWORD PRINTER_ATTRIBUTE_ENABLE_BIDI = 0x00000800;
 constexpr DWORD PRINTER_ENUM_LOCAL = 0x00000002;
+constexpr DWORD PRINTER_ENUM_ICON8 = 0x00800000;
 
 struct PRINTER_DEFAULTSA {
     LPSTR pDatatype;
     DEVMODEA* pDevMode;
     DWORD DesiredAccess;
+};
+struct PRINTER_INFO_1A {
+    DWORD Flags;
+    LPSTR pDescription;
+    LPSTR pName;
+    LPSTR pComment;
 };
 struct PRINTER_INFO_2A {
     LPSTR pServerName;
@@ -49,6 +58,9 @@ struct DRIVER_INFO_2A {
     LPSTR pDataFile;
     LPSTR pConfigFile;
 };
+struct PRINTPROCESSOR_INFO_1A {
+    LPSTR pName;
+};
 
 extern "C" {
 BOOL WINAPI OpenPrinterA(LPCSTR printerName, HANDLE* printer, const PRINTER_DEFAULTSA* defaults);
@@ -65,4 +77,7 @@ BOOL WINAPI GetPrinterDriverA(HANDLE printer, LPCSTR environment, DWORD level, L
                               DWORD size, LPDWORD needed);
 BOOL WINAPI GetPrinterDriverDirectoryA(LPCSTR server, LPCSTR environment, DWORD level,
                                        LPBYTE directory, DWORD size, LPDWORD needed);
+BOOL WINAPI EnumPrintProcessorsA(LPSTR server, LPSTR environment, DWORD level, LPBYTE buffer,
+                                 DWORD size, LPDWORD needed, LPDWORD returned);
+BOOL WINAPI AddPrintProcessorA(LPSTR server, LPSTR environment, LPSTR path, LPSTR name);
 }

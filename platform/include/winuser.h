@@ -142,8 +142,12 @@ using TIMERPROC = void (*)(HWND, UINT, UINT_PTR, DWORD);
 inline LPSTR MAKEINTRESOURCEA(unsigned id) {
     return reinterpret_cast<LPSTR>(static_cast<ULONG_PTR>(static_cast<WORD>(id)));
 }
-inline bool IS_INTRESOURCE(LPCSTR name) { return (reinterpret_cast<ULONG_PTR>(name) >> 16) == 0; }
-inline LPSTR RT_BITMAP() { return MAKEINTRESOURCEA(RT_BITMAP_ID); }
+inline bool IS_INTRESOURCE(LPCSTR name) {
+    return (reinterpret_cast<ULONG_PTR>(name) >> 16) == 0;
+}
+inline LPSTR RT_BITMAP() {
+    return MAKEINTRESOURCEA(RT_BITMAP_ID);
+}
 
 // Window messages.
 constexpr UINT WM_NULL = 0x0000;
@@ -495,6 +499,10 @@ constexpr UINT MB_ICONWARNING = MB_ICONEXCLAMATION;
 constexpr UINT MB_ICONINFORMATION = MB_ICONASTERISK;
 constexpr UINT MB_RTLREADING = 0x00100000;
 
+constexpr int SM_CXFRAME = 32;
+constexpr int SM_CYFRAME = 33;
+constexpr int SM_CXSIZEFRAME = SM_CXFRAME;
+constexpr int SM_CYSIZEFRAME = SM_CYFRAME;
 constexpr int SM_CXEDGE = 45;
 constexpr int SM_CYEDGE = 46;
 constexpr int SM_CXICON = 11;
@@ -521,11 +529,18 @@ constexpr UINT DT_CALCRECT = 0x0400;
 constexpr UINT DT_NOPREFIX = 0x0800;
 constexpr UINT DT_RTLREADING = 0x00020000;
 
-inline LPSTR IDC_ARROW() { return MAKEINTRESOURCEA(32512); }
-inline LPSTR IDC_WAIT() { return MAKEINTRESOURCEA(32514); }
-inline LPSTR IDC_HAND() { return MAKEINTRESOURCEA(32649); }
+inline LPSTR IDC_ARROW() {
+    return MAKEINTRESOURCEA(32512);
+}
+inline LPSTR IDC_WAIT() {
+    return MAKEINTRESOURCEA(32514);
+}
+inline LPSTR IDC_HAND() {
+    return MAKEINTRESOURCEA(32649);
+}
 
 extern "C" {
+UINT WINAPI RegisterWindowMessageA(LPCSTR name);
 ATOM WINAPI RegisterClassA(const WNDCLASSA* windowClass);
 HWND WINAPI CreateWindowExA(DWORD exStyle, LPCSTR className, LPCSTR text, DWORD style, int x, int y,
                             int width, int height, HWND parent, HMENU idOrMenu, HINSTANCE instance,
@@ -549,6 +564,7 @@ HWND WINAPI GetParent(HWND window);
 HWND WINAPI SetParent(HWND window, HWND newParent);
 HWND WINAPI GetWindow(HWND window, UINT command);
 HWND WINAPI GetDesktopWindow();
+BOOL WINAPI EnumWindows(WNDENUMPROC callback, LPARAM param);
 BOOL WINAPI EnumChildWindows(HWND parent, WNDENUMPROC callback, LPARAM param);
 HWND WINAPI GetFocus();
 HWND WINAPI SetFocus(HWND window);
