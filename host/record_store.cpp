@@ -5,10 +5,12 @@
 #include <fcntl.h>
 #include <kvcore.h>
 #include <platform/registry/state_directory.h>
-#include <sys/file.h>
+#include <platform/shell/errors.h>
+#include <platform/shell/folder_lock.h>
+#include <platform/shell/paths.h>
+#include <platform/shell/whole_file.h>
 #include <sys/stat.h>
 #include <unistd.h>
-#include <winbase.h>
 
 #include <cerrno>
 #include <cstdio>
@@ -30,8 +32,9 @@ std::string EscapedName(const std::string& name) {
     return escaped;
 }
 
-std::string SystemMessage(const std::string& path) {
-    return path + ": " + std::strerror(errno);
+bool Tell(std::string& error, const std::string& path, int problem) {
+    if (problem != 0) error = path + ": " + kv::ErrnoInWords(problem);
+    return problem == 0;
 }
 
 std::string FreeAsideName(const std::string& path) {
@@ -42,109 +45,69 @@ std::string FreeAsideName(const std::string& path) {
     return path + ".bad";
 }
 
-std::string FolderOf(const std::string& path) {
-    return path.substr(0, path.find_last_of('/'));
+enum class Reading { kWhole, kTooLarge, kMissing, kFailed };
+
+// `flags` go to open() beside the usual ones.
+Reading ReadFileAt(const std::string& path, int flags, size_t limit, std::string& bytes,
+                   std::string& error) {
+    const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC | flags);
+    if (file < 0) {
+        const bool missing = errno == ENOENT || errno == ENOTDIR;
+        Tell(error, path, errno);
+        return missing ? Reading::kMissing : Reading::kFailed;
+    }
+    bytes.resize(limit + 1);
+    size_t size = 0;
+    int problem = 0;
+    while (size < bytes.size()) {
+        const ssize_t got = read(file, bytes.data() + size, bytes.size() - size);
+        if (got < 0 && errno == EINTR) continue;
+        if (got < 0) problem = errno;
+        if (got <= 0) break;
+        size += static_cast<size_t>(got);
+    }
+    close(file);
+    if (!Tell(error, path, problem)) return Reading::kFailed;
+    bytes.resize(size);
+    if (size <= limit) return Reading::kWhole;
+    error = path + ": larger than " + std::to_string(limit) + " bytes";
+    return Reading::kTooLarge;
 }
-
-// While it is held nobody else stores records. A lock on the folder leaves no file behind.
-class FolderLock {
- public:
-    FolderLock(const std::string& folder, std::string& error)
-        : folder_(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
-        constexpr int kAttempts = 1000;  // five seconds
-        constexpr DWORD kPause = 5;
-        for (int attempt = 0; folder_ >= 0 && attempt < kAttempts; ++attempt) {
-            held_ = flock(folder_, LOCK_EX | LOCK_NB) == 0;
-            if (held_) return;
-            if (errno != EWOULDBLOCK && errno != EINTR) break;
-            Sleep(kPause);
-        }
-        error = SystemMessage(folder);
-    }
-    ~FolderLock() {
-        if (folder_ >= 0) close(folder_);
-    }
-    FolderLock(const FolderLock&) = delete;
-    FolderLock& operator=(const FolderLock&) = delete;
-    bool IsHeld() const { return held_; }
-
- private:
-    int folder_;
-    bool held_ = false;
-};
 
 }  // namespace
 
 bool ReadWholeFile(const std::string& path, size_t limit, std::string& bytes, std::string& error) {
-    const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    if (file < 0) {
-        error = SystemMessage(path);
-        return false;
-    }
-    bytes.resize(limit + 1);
-    size_t size = 0;
-    while (size < bytes.size()) {
-        const ssize_t got = read(file, bytes.data() + size, bytes.size() - size);
-        if (got < 0 && errno == EINTR) continue;
-        if (got < 0) {
-            error = SystemMessage(path);
-            close(file);
-            return false;
-        }
-        if (got == 0) break;
-        size += static_cast<size_t>(got);
-    }
-    close(file);
-    if (size > limit) {
-        error = path + ": larger than " + std::to_string(limit) + " bytes";
-        return false;
-    }
-    bytes.resize(size);
-    return true;
+    return ReadFileAt(path, 0, limit, bytes, error) == Reading::kWhole;
 }
 
 bool WriteWholeFile(const std::string& path, const void* bytes, size_t size, std::string& error) {
-    const std::string temporary = path + ".new" + std::to_string(getpid());
-    const int file = open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
-    if (file < 0) {
-        error = SystemMessage(path);
-        return false;
-    }
-    size_t written = 0;
-    bool good = true;
-    while (good && written < size) {
-        const ssize_t put = write(file, static_cast<const char*>(bytes) + written, size - written);
-        if (put < 0 && errno == EINTR) continue;
-        good = put > 0;
-        if (good) written += static_cast<size_t>(put);
-    }
-    good = good && fsync(file) == 0;
-    if (!good) error = SystemMessage(path);
-    close(file);
-    if (good && rename(temporary.c_str(), path.c_str()) != 0) {
-        error = SystemMessage(path);
-        good = false;
-    }
-    if (!good) {
-        unlink(temporary.c_str());
-        return false;
-    }
-    // The new name is durable only when its folder is.
-    const int directory = open(FolderOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (directory >= 0) {
-        fsync(directory);
-        close(directory);
-    }
-    return true;
+    kv::WholeFile file(path, 0600);
+    file.Write({static_cast<const char*>(bytes), size});
+    return file.TakePlace() || Tell(error, path, file.Problem());
 }
 
 RecordStore::RecordStore(const std::string& printerName)
     : path_(kv::StateDirectory() + "/records/" + EscapedName(printerName) + ".record") {}
 
 RecordStore::Found RecordStore::Read(Record& record, std::string& problem) const {
-    if (access(path_.c_str(), F_OK) != 0) return Found::kNothing;
+    struct stat info {};
+    if (stat(path_.c_str(), &info) == 0 && !S_ISREG(info.st_mode)) {
+        problem = path_ + ": expected a file";
+        return Found::kUnreadable;
+    }
     std::string bytes;
-    if (!ReadWholeFile(path_, kRecordBytes, bytes, problem)) return Found::kBad;
+    // A pipe that takes the place now must not be waited for.
+    switch (ReadFileAt(path_, O_NONBLOCK, kRecordBytes, bytes, problem)) {
+        case Reading::kMissing:
+            problem.clear();
+            return Found::kNothing;
+        case Reading::kFailed:
+            return Found::kUnreadable;
+        case Reading::kTooLarge:
+            return Found::kBad;
+        case Reading::kWhole:
+            break;
+    }
     problem = CheckRecord(reinterpret_cast<const BYTE*>(bytes.data()), bytes.size());
     if (!problem.empty()) return Found::kBad;
     std::memcpy(record.data(), bytes.data(), kRecordBytes);
@@ -159,36 +122,44 @@ bool RecordStore::ReadDefaults(PrinterBlock& printer, Record& record, std::strin
 
 bool RecordStore::Load(PrinterBlock& printer, Record& record, std::string& warning,
                        std::string& error) {
-    std::string problem;
-    const Found found = Read(record, problem);
+    Found found = Read(record, error);
+    if (found == Found::kBad) found = PutAside(record, warning, error);
     if (found == Found::kGood) return true;
-    if (found == Found::kBad) {
-        const std::string aside = FreeAsideName(path_);
-        const bool moved = rename(path_.c_str(), aside.c_str()) == 0;
-        warning = "stored settings refused (" + problem + "); the printer's defaults are used" +
-                  (moved ? ", the old file is kept as " + aside : std::string());
-    }
+    if (found == Found::kUnreadable) return false;
     return ReadDefaults(printer, record, error);
 }
 
+// Somebody else may have put it aside, and stored a good one, since it was read: that one is taken.
+RecordStore::Found RecordStore::PutAside(Record& record, std::string& warning,
+                                         std::string& problem) const {
+    const kv::FolderLock lock(kv::FolderOf(path_));
+    const Found found = Read(record, problem);
+    if (found != Found::kBad) return found;
+    const std::string aside = FreeAsideName(path_);
+    const bool moved = lock.Problem() == 0 && rename(path_.c_str(), aside.c_str()) == 0;
+    warning = "stored settings refused (" + problem + "); the printer's defaults are used" +
+              (moved ? ", the old file is kept as " + aside : std::string());
+    return found;
+}
+
 bool RecordStore::MakeFolder(std::string& error) const {
-    const std::string folder = FolderOf(path_);
+    const std::string folder = kv::FolderOf(path_);
     if (mkdir(folder.c_str(), 0700) == 0 || errno == EEXIST) return true;
-    error = SystemMessage(folder);
-    return false;
+    return Tell(error, folder, errno);
 }
 
 bool RecordStore::Store(const Record& record, std::string& error) {
     if (!MakeFolder(error)) return false;
-    const FolderLock lock(FolderOf(path_), error);
-    return lock.IsHeld() && WriteWholeFile(path_, record.data(), record.size(), error);
+    const kv::FolderLock lock(kv::FolderOf(path_));
+    return Tell(error, kv::FolderOf(path_), lock.Problem()) &&
+           WriteWholeFile(path_, record.data(), record.size(), error);
 }
 
 RecordStore::Outcome RecordStore::StoreUnlessChanged(const Record& expected, const Record& record,
                                                      Record& found, std::string& error) {
     if (!MakeFolder(error)) return Outcome::kFailed;
-    const FolderLock lock(FolderOf(path_), error);
-    if (!lock.IsHeld()) return Outcome::kFailed;
+    const kv::FolderLock lock(kv::FolderOf(path_));
+    if (!Tell(error, kv::FolderOf(path_), lock.Problem())) return Outcome::kFailed;
     std::string problem;
     switch (Read(found, problem)) {
         case Found::kGood:
@@ -199,6 +170,9 @@ RecordStore::Outcome RecordStore::StoreUnlessChanged(const Record& expected, con
             // Settings that nobody can use; kept for whoever wants to look at them.
             rename(path_.c_str(), FreeAsideName(path_).c_str());
             break;
+        case Found::kUnreadable:
+            error = problem;
+            return Outcome::kFailed;
         case Found::kNothing:
             break;
     }

@@ -14,16 +14,17 @@ constexpr unsigned kRecordBytes = 1296;
 using Record = std::array<BYTE, kRecordBytes>;
 
 class RecordStore {
-   public:
+ public:
     explicit RecordStore(const std::string& printerName);
     const std::string& path() const { return path_; }
 
-    enum class Found { kNothing, kGood, kBad };
-    // Reads the file and leaves it alone; `problem` says what is wrong with a bad one.
+    // A bad one was read and is no record; an unreadable one may well be good.
+    enum class Found { kNothing, kGood, kBad, kUnreadable };
+    // Reads the file and leaves it alone; `problem` says what is wrong with it.
     Found Read(Record& record, std::string& problem) const;
     static bool ReadDefaults(PrinterBlock& printer, Record& record, std::string& error);
     // The stored record, else the printer's defaults. `warning` tells of a record that was put
-    // aside. False with an error when there are no defaults either.
+    // aside. False with an error when the record cannot be read, or there are no defaults either.
     bool Load(PrinterBlock& printer, Record& record, std::string& warning, std::string& error);
     // Atomic and durable: the old record or the new one, never half of either.
     bool Store(const Record& record, std::string& error);
@@ -37,7 +38,9 @@ class RecordStore {
     // Makes the folder of the records; false when that is impossible.
     bool MakeFolder(std::string& error) const;
 
-   private:
+ private:
+    Found PutAside(Record& record, std::string& warning, std::string& problem) const;
+
     std::string path_;
 };
 

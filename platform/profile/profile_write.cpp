@@ -3,7 +3,6 @@
 #include <winbase.h>
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -18,46 +17,13 @@
 #include <platform/profile/profile_edit.h>
 #include <platform/registry/state_directory.h>
 #include <platform/shell/errors.h>
-#include <platform/shell/file_changes.h>
+#include <platform/shell/folder_lock.h>
 #include <platform/shell/paths.h>
+#include <platform/shell/whole_file.h>
 
 namespace kv {
 
 namespace {
-
-constexpr int kLockAttempts = 400;  // of 5 ms: two seconds
-constexpr DWORD kLockPause = 5;
-
-// A lock on the folder leaves no lock files behind, and stays put while files in it are replaced.
-class FolderLock {
- public:
-    explicit FolderLock(const std::string& folder)
-        : fd_(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
-        if (fd_ < 0) {
-            error_ = errno == ENOENT ? DWORD{ERROR_PATH_NOT_FOUND} : ErrorFromErrno(errno);
-            return;
-        }
-        for (int attempt = 0; attempt < kLockAttempts; ++attempt) {
-            if (flock(fd_, LOCK_EX | LOCK_NB) == 0) return;
-            if (errno != EWOULDBLOCK && errno != EINTR) {
-                error_ = ErrorFromErrno(errno);
-                return;
-            }
-            Sleep(kLockPause);
-        }
-        error_ = ERROR_SHARING_VIOLATION;
-    }
-    ~FolderLock() {
-        if (fd_ >= 0) close(fd_);
-    }
-    FolderLock(const FolderLock&) = delete;
-    FolderLock& operator=(const FolderLock&) = delete;
-    DWORD Error() const { return error_; }
-
- private:
-    int fd_;
-    DWORD error_ = ERROR_SUCCESS;
-};
 
 // A link is followed to the file that it names: the rename must not replace the link.
 std::string FinalPath(const std::string& path) {
@@ -71,44 +37,13 @@ bool IsInStateDirectory(const std::string& path) {
     return FinalPath(FolderOf(path)).append("/").rfind(state, 0) == 0;
 }
 
-bool WriteAll(int fd, const std::string& text) {
-    std::size_t done = 0;
-    while (done < text.size()) {
-        const ssize_t put = write(fd, text.data() + done, text.size() - done);
-        if (put < 0 && errno == EINTR) continue;
-        if (put < 0) return false;
-        done += static_cast<std::size_t>(put);
-    }
-    return true;
-}
-
-// `existing` gives mode and owner of the file to replace, null for a new one. The lock is held, so
-// a copy that lies there is left from a program that was killed.
+// `existing` gives mode and owner of the file to replace, null for a new one.
 DWORD ReplaceFile(const std::string& path, const std::string& text, const struct stat* existing) {
-    const std::string folder = FolderOf(path);
-    const std::string temporary = folder + "/." + std::string(BaseName(path)) + ".new";
-    unlink(temporary.c_str());
     const mode_t newMode = IsInStateDirectory(path) ? 0600 : 0666;
-    const int fd =
-        open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, existing ? 0600 : newMode);
-    if (fd < 0) return ErrorFromErrno(errno, path);
-    bool done = WriteAll(fd, text);
-    if (done && existing) {
-        // Only root can give a file away; for others the owner is the same already.
-        if (fchown(fd, existing->st_uid, existing->st_gid) != 0) errno = 0;
-        done = fchmod(fd, existing->st_mode & 07777) == 0;
-    }
-    done = done && fsync(fd) == 0;
-    int failure = done ? 0 : errno;
-    close(fd);
-    if (done && rename(temporary.c_str(), path.c_str()) != 0) failure = errno;
-    if (failure != 0) {
-        unlink(temporary.c_str());
-        return ErrorFromErrno(failure, path);
-    }
-    NoteFileChange();
-    SyncFolder(folder);
-    return ERROR_SUCCESS;
+    WholeFile file(path, existing ? 0600 : newMode);
+    file.Write(text);
+    if (existing) file.TakeRightsOf(existing->st_uid, existing->st_gid, existing->st_mode & 07777);
+    return file.TakePlace() ? DWORD{ERROR_SUCCESS} : ErrorFromErrno(file.Problem(), path);
 }
 
 using Edit = std::function<std::string(const std::string&)>;
@@ -117,7 +52,8 @@ DWORD ChangeProfile(LPCSTR fileName, const Edit& edit) {
     const std::string path = FinalPath(ProfilePath(fileName));
     if (path.empty()) return ERROR_PATH_NOT_FOUND;
     const FolderLock lock(FolderOf(path));
-    if (lock.Error() != ERROR_SUCCESS) return lock.Error();
+    if (lock.Problem() == ENOENT) return ERROR_PATH_NOT_FOUND;
+    if (lock.Problem() != 0) return ErrorFromErrno(lock.Problem());
     struct stat info;
     const bool exists = stat(path.c_str(), &info) == 0;
     std::string text;

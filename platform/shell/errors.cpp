@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 
 #include <cerrno>
+#include <cstring>
 
 namespace {
 
@@ -64,6 +65,30 @@ DWORD ErrorFromErrno(int error, const std::string& path) {
             return kErrorFileTooLarge;
         default:
             return kErrorIoDevice;
+    }
+}
+
+std::string ErrnoInWords(int error) {
+    switch (error) {
+        case ENOSPC:
+        case EDQUOT:
+            return "the disk is full";
+        case EACCES:
+        case EPERM:
+            return "not permitted; check its owner and mode";
+        case EROFS:
+            return "the disk can only be read";
+        case EIO:
+            return "the disk reports an error";
+        case EWOULDBLOCK:
+            return "another program is storing there; try again";
+        case EMFILE:
+        case ENFILE:
+            return "too many files are open";
+        case ENOMEM:
+            return "not enough memory";
+        default:
+            return std::strerror(error);
     }
 }
 

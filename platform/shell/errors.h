@@ -29,4 +29,7 @@ constexpr DWORD kErrorPrinterAlreadyExists = 1802;
 // `path` tells a missing file from a missing folder; it may be empty.
 DWORD ErrorFromErrno(int error, const std::string& path = {});
 
+// What an errno means to a person, to go behind the name of a file and a colon.
+std::string ErrnoInWords(int error);
+
 }  // namespace kv

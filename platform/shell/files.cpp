@@ -7,12 +7,12 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdio>
 
 #include <platform/shell/errors.h>
 #include <platform/shell/file_changes.h>
 #include <platform/shell/kernel_objects.h>
 #include <platform/shell/paths.h>
+#include <platform/shell/whole_file.h>
 
 namespace kv {
 
@@ -45,22 +45,6 @@ int OpenFlags(DWORD access, DWORD disposition) {
     return mode | kDispositionFlags[disposition] | O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
 }
 
-bool CopyBytes(int from, int to) {
-    char buffer[65536];
-    for (;;) {
-        const ssize_t got = read(from, buffer, sizeof buffer);
-        if (got == 0) return true;
-        if (got < 0 && errno == EINTR) continue;
-        if (got < 0) return false;
-        for (ssize_t done = 0; done < got;) {
-            const ssize_t put = write(to, buffer + done, static_cast<std::size_t>(got - done));
-            if (put < 0 && errno == EINTR) continue;
-            if (put < 0) return false;
-            done += put;
-        }
-    }
-}
-
 class Descriptor {
  public:
     explicit Descriptor(int fd) : fd_(fd) {}
@@ -75,23 +59,19 @@ class Descriptor {
     const int fd_;
 };
 
-// The copy appears whole or not at all: it is written beside the target and then renamed; without
-// overwriting, a link refuses an existing target where a rename would not.
+// The copy appears whole or not at all.
 DWORD CopyWhole(int source, mode_t mode, const std::string& target, bool overwrite) {
-    char suffix[48];
-    std::snprintf(suffix, sizeof suffix, ".%ld.copy", static_cast<long>(getpid()));
-    const std::string temporary = target + suffix;
-    unlink(temporary.c_str());
-    const Descriptor copy(
-        open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode & 0777));
-    if (copy.Get() < 0) return ErrorFromErrno(errno, target);
-    bool done = CopyBytes(source, copy.Get()) && fsync(copy.Get()) == 0;
-    if (done && overwrite) done = rename(temporary.c_str(), target.c_str()) == 0;
-    if (done && !overwrite) done = link(temporary.c_str(), target.c_str()) == 0;
-    const DWORD error = done ? ERROR_SUCCESS : ErrorFromErrno(errno, target);
-    if (!done || !overwrite) unlink(temporary.c_str());
-    if (done) SyncFolder(FolderOf(target));
-    return error;
+    WholeFile copy(target, mode & 0777);
+    std::string buffer(65536, '\0');
+    while (copy.Problem() == 0) {
+        const ssize_t got = read(source, buffer.data(), buffer.size());
+        if (got < 0 && errno == EINTR) continue;
+        if (got < 0) return ErrorFromErrno(errno);
+        if (got == 0) break;
+        copy.Write({buffer.data(), static_cast<std::size_t>(got)});
+    }
+    const bool done = overwrite ? copy.TakePlace() : copy.TakeFreePlace();
+    return done ? DWORD{ERROR_SUCCESS} : ErrorFromErrno(copy.Problem(), target);
 }
 
 }  // namespace
@@ -186,7 +166,6 @@ BOOL CopyFileA(LPCSTR existing, LPCSTR created, BOOL failIfExists) {
     const kv::Descriptor file(open(from.c_str(), O_RDONLY | O_CLOEXEC));
     if (file.Get() < 0) return kv::Fail(kv::ErrorFromErrno(errno, from));
     const DWORD error = kv::CopyWhole(file.Get(), source.st_mode, to, !failIfExists);
-    kv::NoteFileChange();
     return error == ERROR_SUCCESS ? TRUE : kv::Fail(error);
 }
 

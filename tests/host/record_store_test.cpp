@@ -6,17 +6,27 @@
 #include <host/record_store.h>
 #include <host/session.h>
 #include <platform/registry/state_directory.h>
+#include <platform/shell/folder_lock.h>
+#include <platform/shell/paths.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
+#include <csignal>
 #include <cstddef>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <optional>
+
+#include "tests/support/faults.h"
 
 namespace kvhost {
 namespace {
 
 namespace fs = std::filesystem;
+using kv::test::Call;
 
 class RecordStoreTest : public testing::Test {
  protected:
@@ -120,7 +130,7 @@ TEST_F(RecordStoreTest, OnlyValuesInTheBoundsInForceAreTakenAndTheRestOfTheRecor
     }
 }
 
-TEST_F(RecordStoreTest, AHugeFileOrAFolderInItsPlaceIsPutAside) {
+TEST_F(RecordStoreTest, AHugeFileIsPutAside) {
     const Record defaults = Defaults();
     RecordStore store(kName);
     std::string error;
@@ -130,14 +140,62 @@ TEST_F(RecordStoreTest, AHugeFileOrAFolderInItsPlaceIsPutAside) {
     EXPECT_EQ(Load(warning), defaults);
     EXPECT_NE(warning.find("larger than 1296 bytes"), std::string::npos) << warning;
     EXPECT_EQ(fs::file_size(store.path() + ".bad1"), std::uintmax_t{1} << 40);
-
-    fs::create_directory(store.path());
-    EXPECT_EQ(Load(warning), defaults);
-    EXPECT_TRUE(fs::is_directory(store.path() + ".bad2")) << warning;
     ASSERT_TRUE(store.Store(defaults, error)) << error;
     warning.clear();
     EXPECT_EQ(Load(warning), defaults);
     EXPECT_EQ(warning, "");
+}
+
+TEST_F(RecordStoreTest, ARecordThatCannotBeReadIsSaidAndNothingIsTouched) {
+    const Record defaults = Defaults();
+    Record record = defaults;
+    Record found{};
+    record[200] ^= 1;
+    RecordStore store(kName);
+    std::string error, warning;
+    ASSERT_TRUE(store.Store(record, error)) << error;
+    const std::string kept = state_ + "/kept";
+    // the call that fails, how; the kind of file that stands there instead; how it is said
+    const struct {
+        Call call;
+        int error;
+        mode_t kind;
+        const char* words;
+    } kCases[] = {
+        {Call::kOpen, EMFILE, 0, "too many files are open"},
+        {Call::kOpen, EACCES, 0, "check its owner and mode"},
+        {Call::kRead, EIO, 0, "the disk reports an error"},
+        {Call::kRead, ENOMEM, 0, "not enough memory"},
+        {Call::kOpen, 0, S_IFDIR, "expected a file"},
+        {Call::kOpen, 0, S_IFIFO, "expected a file"},
+    };
+    for (const auto& [call, number, kind, words] : kCases) {
+        for (const bool storing : {false, true}) {
+            std::optional<kv::test::Fault> fault;
+            if (number != 0) fault.emplace(call, number, ".record");
+            if (kind != 0) fs::rename(store.path(), kept);
+            if (kind == S_IFDIR) fs::create_directory(store.path());
+            if (kind == S_IFIFO) mkfifo(store.path().c_str(), 0600);
+            error.clear();
+            if (storing) {
+                EXPECT_EQ(store.StoreUnlessChanged(record, defaults, found, error),
+                          RecordStore::Outcome::kFailed);
+            } else {
+                EXPECT_FALSE(store.Load(printer_, found, warning, error));
+            }
+            EXPECT_NE(error.find(words), error.npos) << error;
+            EXPECT_EQ(warning, "");
+            fault.reset();
+            if (kind != 0) {
+                fs::remove(store.path());
+                fs::rename(kept, store.path());
+            }
+            ASSERT_EQ(store.Read(found, error), RecordStore::Found::kGood) << error;
+            EXPECT_EQ(found, record);
+        }
+    }
+    const auto files = fs::directory_iterator(fs::path(state_) / "records");
+    EXPECT_EQ(std::distance(begin(files), end(files)), 1);
 }
 
 TEST_F(RecordStoreTest, ARecordThatCannotBeWrittenLeavesTheOldOneAndNothingElse) {
@@ -159,6 +217,67 @@ TEST_F(RecordStoreTest, ARecordThatCannotBeWrittenLeavesTheOldOneAndNothingElse)
     error.clear();
     EXPECT_FALSE(store.Store(record, error));
     EXPECT_FALSE(error.empty());
+}
+
+TEST_F(RecordStoreTest, AKilledWriterLeavesTheOldOrTheNewRecordAndTheNextOneClearsUp) {
+    const auto content = [](BYTE mark) {
+        Record record;
+        record.fill(mark);
+        return record;
+    };
+    RecordStore store(kName);
+    std::string error;
+    ASSERT_TRUE(store.Store(content(0), error)) << error;
+    const std::string abandoned = store.path() + ".new123456789";
+    std::ofstream(abandoned) << "half a rec";
+    const std::string others = state_ + "/records/Other.record.new123456789";
+    std::ofstream(others) << "not ours";
+    for (int round = 0; round < 10; ++round) {
+        const pid_t child = fork();
+        if (child == 0) {
+            for (BYTE mark = 1;; ++mark) store.Store(content(mark), error);
+        }
+        usleep(static_cast<useconds_t>(3000 + 1700 * round));
+        kill(child, SIGKILL);
+        waitpid(child, nullptr, 0);
+        std::string bytes;
+        ASSERT_TRUE(ReadWholeFile(store.path(), kRecordBytes, bytes, error)) << error;
+        ASSERT_EQ(bytes, std::string(kRecordBytes, bytes[0])) << "round " << round;
+    }
+    ASSERT_TRUE(store.Store(content(1), error)) << error;
+    const auto files = fs::directory_iterator(fs::path(state_) / "records");
+    EXPECT_EQ(std::distance(begin(files), end(files)), 2);
+    EXPECT_TRUE(fs::exists(others));
+}
+
+TEST_F(RecordStoreTest, WhyARecordCannotBeStoredIsSaidInWords) {
+    const Record record = Defaults();
+    Record found{};
+    RecordStore store(kName);
+    std::string error;
+    ASSERT_TRUE(store.Store(record, error)) << error;
+    const std::string fresh = ".new" + std::to_string(getpid());
+    const auto storing = [&] {
+        error.clear();
+        EXPECT_FALSE(store.Store(Record{}, error));
+        return error;
+    };
+    {
+        const kv::test::Fault fault(Call::kWrite, ENOSPC, fresh);
+        EXPECT_EQ(storing(), store.path() + ": the disk is full");
+    }
+    {
+        const kv::test::Fault fault(Call::kSync, EIO, fresh);
+        EXPECT_EQ(storing(), store.path() + ": the disk reports an error");
+    }
+    {
+        const kv::FolderLock other(kv::FolderOf(store.path()));
+        EXPECT_NE(storing().find("another program is storing there"), error.npos) << error;
+        EXPECT_EQ(store.Read(found, error), RecordStore::Found::kGood)
+            << "reading waits for nobody";
+    }
+    EXPECT_EQ(store.Read(found, error), RecordStore::Found::kGood);
+    EXPECT_EQ(found, record);
 }
 
 }  // namespace
