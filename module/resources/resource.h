@@ -300,6 +300,12 @@
 #define IDC_PIC_SUB_VIEW      14001
 #define IDC_PIC_MAIN_VIEW     14002
 #define IDC_BTN_CHANGE_VIEW   14003
+#define IDC_STRIP_1           9501
+#define IDC_STRIP_2           9502
+#define IDC_STRIP_3           9503
+#define IDC_STRIP_4           9504
+#define IDC_STRIP_5           9505
+#define IDC_STRIP_6           9506
 #define IDC_COMBO_EASY_SET    9507
 #define IDC_ST_EASY_SET       15001
 #define IDC_BTN_EASY_SET_SAVE 15002
@@ -478,3 +484,11 @@
 #define IDC_COMBO_SORTING 2023
 #define IDC_COMBO_HALFTONE 3005
 #define IDC_COMBO_COMPRESS_METHOD 3208
+
+// Controls that no template holds, but the catalogue, the help table or the rules name.
+#define IDC_PIC_SORTING        2022
+#define IDC_PIC_COLOR_MODE     3014
+#define IDC_PIC_COLOR_MATCHING 3027
+#define IDC_BTN_WM_LIST_NEW    9703
+#define IDC_BTN_WM_LIST_DELETE 9704
+#define IDC_BTN_WM_LIST_EDIT   9705

@@ -1,5 +1,7 @@
 // The records of the catalogue's check boxes, radio groups, edits, sliders and buttons. The rows in
 // catalogue_rows.cpp point to them.
+#include "resources/picture_ids.h"
+#include "resources/resource.h"
 #include "settings/catalogue_tables.h"
 #include "ui/exports.h"
 #include "ui/sub_dialogs.h"
@@ -62,8 +64,8 @@ constexpr ButtonItem Moves(const MoveRecord* move) {
     return {kButtonMoveEntries, "", nullptr, move, 0};
 }
 
-constexpr MoveRecord kFromInstallable = {4003, "mdmInstalledOptions"};
-constexpr MoveRecord kFromInstalled = {4007, "mdmInstalledOptions"};
+constexpr MoveRecord kFromInstallable = {IDC_LIST_INSTALLABLE, "mdmInstalledOptions"};
+constexpr MoveRecord kFromInstalled = {IDC_LIST_INSTALLED, "mdmInstalledOptions"};
 
 }  // namespace
 
@@ -74,7 +76,7 @@ constexpr CheckItem kAllPaperSizeCheck          = Equals(0x40,       0);
 constexpr CheckItem kOutPaperCheck              = AnyBit(0x80000000, 0);
 constexpr CheckItem kFitToPaperCheck            = Equals(1,          0);
 constexpr CheckItem k1stPageSourceCheck         = Equals(1,          0);
-constexpr CheckItem kCollateCheck               = Equals(1,          0, 1694, 1693);
+constexpr CheckItem kCollateCheck               = Equals(1,          0, IDI_COLLATE_ON, IDI_COLLATE_OFF);
 constexpr CheckItem kTransmitOnceCheck          = Equals(0x8,        0);
 constexpr CheckItem kProofPrintCheck            = Equals(0x2,        0);
 constexpr CheckItem kRotateCheck                = Equals(0x80,       0);
@@ -103,62 +105,62 @@ constexpr CheckItem kInterleaveWithImageCheck   = AnyBit(0x40000000, 0);
 
 // Columns: button, value, icon.
 constexpr RadioItem kScalingButtons[] = {
-    Choice(1787, 0),
-    Choice(1788, 1),
+    Choice(IDC_RADIO_SCALING_AUTO,   0),
+    Choice(IDC_RADIO_SCALING_MANUAL, 1),
     kNoMoreChoices,
 };
 constexpr RadioItem kOrientationButtons[] = {
-    Choice(2026, 1, 1692),
-    Choice(2027, 2, 1691),
+    Choice(IDC_RADIO_PORTRAIT,  1, IDI_PORTRAIT),
+    Choice(IDC_RADIO_LANDSCAPE, 2, IDI_LANDSCAPE),
     kNoMoreChoices,
 };
 constexpr RadioItem kColorModeButtons[] = {
-    Choice(3202, 1),
-    Choice(3203, 2),
+    Choice(IDC_RADIO_GRAYSCALE, 1),
+    Choice(IDC_RADIO_COLOR,     2),
     kNoMoreChoices,
 };
 constexpr RadioItem kColorMatchingButtons[] = {
-    Choice(3205, 0),
-    Choice(3206, 2),
+    Choice(IDC_RADIO_MATCHING_OFF, 0),
+    Choice(IDC_RADIO_MATCHING_ON,  2),
     kNoMoreChoices,
 };
 constexpr RadioItem kNupStyleButtons[] = {
-    Choice(1461, 0),
-    Choice(1462, 1),
-    Choice(1463, 2),
-    Choice(1464, 3),
+    Choice(IDC_RADIO_STYLE_1, 0),
+    Choice(IDC_RADIO_STYLE_2, 1),
+    Choice(IDC_RADIO_STYLE_3, 2),
+    Choice(IDC_RADIO_STYLE_4, 3),
     kNoMoreChoices,
 };
 
 // Columns: most characters, minimum, maximum, spin, range text.
-constexpr EditAttribute kScalingEdit      = Digits(3, 20, 400, 2010, 2012);
-constexpr EditAttribute kCopiesEdit       = Digits(3, 1, 999, 2015, 2028);
+constexpr EditAttribute kScalingEdit      = Digits(3, 20, 400, IDC_SPIN_SCALING, IDC_ST_SCALING_RANGE);
+constexpr EditAttribute kCopiesEdit       = Digits(3, 1, 999, IDC_SPIN_COPIES, IDC_ST_COPIES_RANGE);
 constexpr EditAttribute kAccessNumberEdit = Digits(4, 1, 999);
 constexpr EditAttribute kPasswordEdit     = Digits(4, 0, 9999);
-constexpr EditAttribute kDistStartEdit    = Digits(3, 1, 999, 5015);
+constexpr EditAttribute kDistStartEdit    = Digits(3, 1, 999, IDC_SPIN_DISTRIBUTION_START);
 // The image shift dialog works in inches or millimetres and keeps its own limits; these are its
 // widest, in tenths of a millimetre.
-constexpr EditAttribute kOffsetXEdit      = SignedDigits(5, -159, 159, 1903, 1905);
-constexpr EditAttribute kOffsetYEdit      = SignedDigits(5, -71, 71, 1908, 1910);
+constexpr EditAttribute kOffsetXEdit      = SignedDigits(5, -159, 159, IDC_SPIN_OFFSET_X, IDC_ST_OFFSET_X_RANGE);
+constexpr EditAttribute kOffsetYEdit      = SignedDigits(5, -71, 71, IDC_SPIN_OFFSET_Y, IDC_ST_OFFSET_Y_RANGE);
 // The user name travels in printer job commands, so the characters that delimit those are refused.
 constexpr EditAttribute kUserNameEdit =
     Characters(kEditText, R"(!@#$%^&*()-+}{[]|?><'\/.,=`~:;")", 8, 0, 0, 0, 0);
 
 // Columns: value edit, texts at the minimum and the maximum end, spin.
-constexpr SliderItem kContrastSlider   = Percent(3009, 3020, 3021, 1068);
-constexpr SliderItem kBrightnessSlider = Percent(3012, 3022, 3023, 1069);
-constexpr SliderItem kSaturationSlider = Percent(3211, 3212, 3213, 1070);
-constexpr SliderItem kSharpnessSlider  = Percent(3216, 3217, 3218, 1071);
+constexpr SliderItem kContrastSlider   = Percent(IDC_EDIT_CONTRAST, IDC_ST_CONTRAST_MIN, IDC_ST_CONTRAST_MAX, IDC_SPIN_CONTRAST);
+constexpr SliderItem kBrightnessSlider = Percent(IDC_EDIT_BRIGHTNESS, IDC_ST_BRIGHTNESS_MIN, IDC_ST_BRIGHTNESS_MAX, IDC_SPIN_BRIGHTNESS);
+constexpr SliderItem kSaturationSlider = Percent(IDC_EDIT_SATURATION, IDC_ST_SATURATION_MIN, IDC_ST_SATURATION_MAX, IDC_SPIN_SATURATION);
+constexpr SliderItem kSharpnessSlider  = Percent(IDC_EDIT_SHARPNESS, IDC_ST_SHARPNESS_MIN, IDC_ST_SHARPNESS_MAX, IDC_SPIN_SHARPNESS);
 
 // Columns: template, procedure, combo box that then shows the dialog's result.
-constexpr ButtonItem kOpenCustomPapers       = OpensAndSelects("_LBPCUSTOMPAPERS", DDMCUSTOMPAPER, 2002);
+constexpr ButtonItem kOpenCustomPapers       = OpensAndSelects("_LBPCUSTOMPAPERS", DDMCUSTOMPAPER, IDC_COMBO_PAPER_SIZE);
 constexpr ButtonItem kOpenFirstPage          = Opens("_LBPFIRSTPAGE", FirstPageDlgProc);
 constexpr ButtonItem kOpenPaperSourceDetails = Opens("_DLGTAB00", DDMTAB00);
 constexpr ButtonItem kOpenOutputDetails      = Opens("_DLGTAB01", DDMTAB01);
 constexpr ButtonItem kOpenNupDetails         = Opens("_DLGCOMBINATION", CombinationDlgProc);
 constexpr ButtonItem kOpenImageShift         = Opens("_LBPIMAGESHIFT", ImageShiftDlgProc);
 constexpr ButtonItem kOpenWatermarkEditor    = Opens("_LBPQUARNWATERCOLOR", WatermarkEditorDlgProc);
-constexpr ButtonItem kOpenOverlayEditor      = OpensAndSelects("_LBPEDITOVERLAY", EditOverlayDlgProc, 1891);
+constexpr ButtonItem kOpenOverlayEditor      = OpensAndSelects("_LBPEDITOVERLAY", EditOverlayDlgProc, IDC_LIST_OVERLAY);
 constexpr ButtonItem kOpenMailBox            = Opens("_MAILBOXR", DDMMailBox);
 constexpr ButtonItem kOpenAbout              = Opens("_ABOUTKVI", DDMAbout);
 constexpr ButtonItem kInstallOptions         = Moves(&kFromInstallable);

@@ -1,5 +1,8 @@
 // The value lists of the catalogue's combo boxes and list boxes. Which entries a user sees is decided
 // when a list is filled, by the installed options and the rules file.
+#include "resources/picture_ids.h"
+#include "resources/resource.h"
+#include "resources/string_ids.h"
 #include "settings/catalogue_tables.h"
 
 namespace kvui {
@@ -19,191 +22,191 @@ constexpr SelectItem kRunTimeEntries[] = {kNoMoreEntries};
 // Columns: caption string, value, icon, entry name.
 // clang-format off
 constexpr SelectItem kMediaEntries[] = {
-    Entry(1151, 1,    0,    "MediaPlain"),
-    Entry(1152, 264,  0,    "MediaRecycled"),
-    Entry(1153, 256,  0,    "MediaThickstock1"),
-    Entry(1154, 3,    0,    "MediaGlossy"),
-    Entry(1155, 2,    0,    "MediaTransparency"),
-    Entry(1156, 257,  0,    "MediaEnvelope"),
-    Entry(1157, 259,  0,    "MediaLetterhead"),
-    Entry(1158, 262,  0,    "MediaPostcard"),
-    Entry(1159, 263,  0,    "MediaLabels"),
+    Entry(IDS_MEDIA_PLAIN,        1,   0, "MediaPlain"),
+    Entry(IDS_MEDIA_RECYCLED,     264, 0, "MediaRecycled"),
+    Entry(IDS_MEDIA_THICK,        256, 0, "MediaThickstock1"),
+    Entry(IDS_MEDIA_GLOSSY,       3,   0, "MediaGlossy"),
+    Entry(IDS_MEDIA_TRANSPARENCY, 2,   0, "MediaTransparency"),
+    Entry(IDS_MEDIA_ENVELOPE,     257, 0, "MediaEnvelope"),
+    Entry(IDS_MEDIA_LETTERHEAD,   259, 0, "MediaLetterhead"),
+    Entry(IDS_MEDIA_POSTCARD,     262, 0, "MediaPostcard"),
+    Entry(IDS_MEDIA_LABELS,       263, 0, "MediaLabels"),
     kNoMoreEntries,
 };
 constexpr SelectItem kInstalledStateEntries[] = {
-    Entry(1143, 1,    0,    "Installed"),
-    Entry(1144, 264,  0,    "Not Installed"),
+    Entry(IDS_INSTALLED,     1,   0, "Installed"),
+    Entry(IDS_NOT_INSTALLED, 264, 0, "Not Installed"),
     kNoMoreEntries,
 };
 constexpr SelectItem kFirstPageMediaEntries[] = {
-    Entry(1151, 1,    0,    "MediaPlain"),
-    Entry(1152, 264,  0,    "MediaRecycled"),
-    Entry(1153, 256,  0,    "MediaThickstock1"),
-    Entry(1154, 3,    0,    "MediaGlossy"),
-    Entry(1155, 2,    0,    "MediaTransparency"),
-    Entry(1156, 257,  0,    "MediaEnvelope"),
-    Entry(1157, 259,  0,    "MediaLetterhead"),
-    Entry(1158, 262,  0,    "MediaPostcard"),
-    Entry(1159, 263,  0,    "MediaLabels"),
+    Entry(IDS_MEDIA_PLAIN,        1,   0, "MediaPlain"),
+    Entry(IDS_MEDIA_RECYCLED,     264, 0, "MediaRecycled"),
+    Entry(IDS_MEDIA_THICK,        256, 0, "MediaThickstock1"),
+    Entry(IDS_MEDIA_GLOSSY,       3,   0, "MediaGlossy"),
+    Entry(IDS_MEDIA_TRANSPARENCY, 2,   0, "MediaTransparency"),
+    Entry(IDS_MEDIA_ENVELOPE,     257, 0, "MediaEnvelope"),
+    Entry(IDS_MEDIA_LETTERHEAD,   259, 0, "MediaLetterhead"),
+    Entry(IDS_MEDIA_POSTCARD,     262, 0, "MediaPostcard"),
+    Entry(IDS_MEDIA_LABELS,       263, 0, "MediaLabels"),
     kNoMoreEntries,
 };
 constexpr SelectItem kOutBinEntries[] = {
-    Entry(1801, 65,  0,    "OutBinTopOutput"),
-    Entry(1804, 75,  0,    "OutBinTopOffset"),
-    Entry(1805, 76,  0,    "OutBinElevator"),
-    Entry(1811, 1,   0,    "OutBinMailbin1"),
-    Entry(1807, 69,  0,    "OutBinMailbin"),
+    Entry(IDS_OUT_BIN_TOP,        65, 0, "OutBinTopOutput"),
+    Entry(IDS_OUT_BIN_TOP_OFFSET, 75, 0, "OutBinTopOffset"),
+    Entry(IDS_OUT_BIN_ELEVATOR,   76, 0, "OutBinElevator"),
+    Entry(IDS_OUT_BIN_1,          1,  0, "OutBinMailbin1"),
+    Entry(IDS_OUT_BIN_MAILBIN,    69, 0, "OutBinMailbin"),
     kNoMoreEntries,
 };
 constexpr SelectItem kNupEntries[] = {
-    Entry(1411, 0,    1411, "ComboNupOff"),
-    Entry(1412, 2,    1412, "ComboNup2"),
-    Entry(1413, 4,    1413, "ComboNup4"),
-    Entry(1414, 6,    1414, "ComboNup6"),
-    Entry(1415, 9,    1415, "ComboNup9"),
-    Entry(1416, 16,   1416, "ComboNup16"),
-    Entry(1417, 20,   1417, "ComboNupBooklet"),
-    Entry(1424, 102,  1424, "2x2"),
-    Entry(1425, 103,  1425, "3x3"),
-    Entry(1426, 104,  1426, "4x4"),
-    Entry(1427, 105,  1427, "5x5"),
+    Entry(IDS_NUP_1,       0,   IDI_NUP_1,       "ComboNupOff"),
+    Entry(IDS_NUP_2,       2,   IDI_NUP_2,       "ComboNup2"),
+    Entry(IDS_NUP_4,       4,   IDI_NUP_4,       "ComboNup4"),
+    Entry(IDS_NUP_6,       6,   IDI_NUP_6,       "ComboNup6"),
+    Entry(IDS_NUP_9,       9,   IDI_NUP_9,       "ComboNup9"),
+    Entry(IDS_NUP_16,      16,  IDI_NUP_16,      "ComboNup16"),
+    Entry(IDS_NUP_BOOKLET, 20,  IDI_NUP_BOOKLET, "ComboNupBooklet"),
+    Entry(IDS_POSTER_2X2,  102, IDI_POSTER_2X2,  "2x2"),
+    Entry(IDS_POSTER_3X3,  103, IDI_POSTER_3X3,  "3x3"),
+    Entry(IDS_POSTER_4X4,  104, IDI_POSTER_4X4,  "4x4"),
+    Entry(IDS_POSTER_5X5,  105, IDI_POSTER_5X5,  "5x5"),
     kNoMoreEntries,
 };
 constexpr SelectItem kDuplexEntries[] = {
-    Entry(1501, 1,  1501, "ComboDuplexBookletOff"),
-    Entry(1502, 3,  1502, "ComboDuplexBookletShortBind"),
-    Entry(1503, 2,  1503, "ComboDuplexBookletLongBind"),
+    Entry(IDS_DUPLEX_OFF,        1, IDI_DUPLEX_OFF,        "ComboDuplexBookletOff"),
+    Entry(IDS_DUPLEX_SHORT_EDGE, 3, IDI_DUPLEX_SHORT_EDGE, "ComboDuplexBookletShortBind"),
+    Entry(IDS_DUPLEX_LONG_EDGE,  2, IDI_DUPLEX_LONG_EDGE,  "ComboDuplexBookletLongBind"),
     kNoMoreEntries,
 };
 constexpr SelectItem kSortingEntries[] = {
-    Entry(2041, 0,  1695, "SortOff"),
-    Entry(2042, 1,  1696, "SortOn"),
+    Entry(IDS_SORT_OFF, 0, IDI_SORT_OFF, "SortOff"),
+    Entry(IDS_SORT_ON,  1, IDI_SORT_ON,  "SortOn"),
     kNoMoreEntries,
 };
 constexpr SelectItem kOverlayPagesEntries[] = {
-    Entry(1861, 0,  0,    "All Pages"),
-    Entry(1862, 1,  0,    "First Page"),
+    Entry(IDS_OVERLAY_ALL_PAGES,  0, 0, "All Pages"),
+    Entry(IDS_OVERLAY_FIRST_PAGE, 1, 0, "First Page"),
     kNoMoreEntries,
 };
 constexpr SelectItem kPhotoIntentEntries[] = {
-    Entry(3251, 0x100, 0,    "RenderPhotoPerceptual"),
-    Entry(3252, 0x200, 0,    "RenderPhotoColorMetric"),
-    Entry(3253, 0x300, 0,    "RenderPhotoSaturation"),
+    Entry(IDS_INTENT_PERCEPTUAL,   0x100, 0, "RenderPhotoPerceptual"),
+    Entry(IDS_INTENT_COLORIMETRIC, 0x200, 0, "RenderPhotoColorMetric"),
+    Entry(IDS_INTENT_SATURATION,   0x300, 0, "RenderPhotoSaturation"),
     kNoMoreEntries,
 };
 constexpr SelectItem kGraphicsIntentEntries[] = {
-    Entry(3251, 1,  0,    "RenderGraphicsPerceptual"),
-    Entry(3252, 2,  0,    "RenderGraphicsColorMetric"),
-    Entry(3253, 3,  0,    "RenderGraphicsSaturation"),
+    Entry(IDS_INTENT_PERCEPTUAL,   1, 0, "RenderGraphicsPerceptual"),
+    Entry(IDS_INTENT_COLORIMETRIC, 2, 0, "RenderGraphicsColorMetric"),
+    Entry(IDS_INTENT_SATURATION,   3, 0, "RenderGraphicsSaturation"),
     kNoMoreEntries,
 };
 constexpr SelectItem kTextIntentEntries[] = {
-    Entry(3251, 0x10000,  0,    "RenderTextPerceptual"),
-    Entry(3252, 0x20000,  0,    "RenderTextColorMetric"),
-    Entry(3253, 0x30000,  0,    "RenderTextSaturation"),
+    Entry(IDS_INTENT_PERCEPTUAL,   0x10000, 0, "RenderTextPerceptual"),
+    Entry(IDS_INTENT_COLORIMETRIC, 0x20000, 0, "RenderTextColorMetric"),
+    Entry(IDS_INTENT_SATURATION,   0x30000, 0, "RenderTextSaturation"),
     kNoMoreEntries,
 };
 constexpr SelectItem kCompressEntries[] = {
-    Entry(3261, 0,    0,    "CompressPackBitHigh"),
-    Entry(3262, 512,  0,    "CompressPackBitLow"),
+    Entry(IDS_COMPRESS_HIGH, 0,   0, "CompressPackBitHigh"),
+    Entry(IDS_COMPRESS_LOW,  512, 0, "CompressPackBitLow"),
     kNoMoreEntries,
 };
 constexpr SelectItem kResolutionEntries[] = {
-    Entry(3051, 600,   1630, "Resolution600"),
-    Entry(3052, 1200,  1631, "Resolution1200"),
-    Entry(3053, 2400,  1632, "Resolution2400"),
+    Entry(IDS_RESOLUTION_600,  600,  IDI_RESOLUTION_600,  "Resolution600"),
+    Entry(IDS_RESOLUTION_1200, 1200, IDI_RESOLUTION_1200, "Resolution1200"),
+    Entry(IDS_RESOLUTION_2400, 2400, IDI_RESOLUTION_2400, "Resolution2400"),
     kNoMoreEntries,
 };
 constexpr SelectItem kInstallableEntries[] = {
-    Entry(4130, 4,         0,    "UnInstTray2"),
-    Entry(4131, 8,         0,    "UnInstTray3"),
-    Entry(4112, 0x10,      0,    "UnInstTray4"),
-    Entry(4114, 0x4000,    0,    "UnInstLCC"),
-    Entry(4115, 0x800000,  0,    "UnInst2Cabinet"),
-    Entry(4117, 0x80,      0,    "UnInstDuplex"),
-    Entry(4121, 0x80000,   0,    "UnInstMSFinisher"),
-    Entry(4122, 0x100000,  0,    "UnInstSSFinisher"),
-    Entry(4129, 0x400,     0,    "UnInstMailbin10"),
+    Entry(IDS_OPTION_TRAY_2,        4,        0, "UnInstTray2"),
+    Entry(IDS_OPTION_TRAY_3,        8,        0, "UnInstTray3"),
+    Entry(IDS_OPTION_TRAY_4,        0x10,     0, "UnInstTray4"),
+    Entry(IDS_OPTION_LCC,           0x4000,   0, "UnInstLCC"),
+    Entry(IDS_OPTION_CABINET,       0x800000, 0, "UnInst2Cabinet"),
+    Entry(IDS_OPTION_DUPLEX,        0x80,     0, "UnInstDuplex"),
+    Entry(IDS_OPTION_MULTI_STAPLE,  0x80000,  0, "UnInstMSFinisher"),
+    Entry(IDS_OPTION_SINGLE_STAPLE, 0x100000, 0, "UnInstSSFinisher"),
+    Entry(IDS_OPTION_MAILBIN,       0x400,    0, "UnInstMailbin10"),
     kNoMoreEntries,
 };
 constexpr SelectItem kInstalledEntries[] = {
-    Entry(4130, 4,         0,    "InstTray2"),
-    Entry(4131, 8,         0,    "InstTray3"),
-    Entry(4112, 0x10,      0,    "InstTray4"),
-    Entry(4114, 0x4000,    0,    "InstLCC"),
-    Entry(4115, 0x800000,  0,    "Inst2Cabinet"),
-    Entry(4117, 0x80,      0,    "InstDuplex"),
-    Entry(4121, 0x80000,   0,    "InstMSFinisher"),
-    Entry(4122, 0x100000,  0,    "InstSSFinisher"),
-    Entry(4129, 0x400,     0,    "InstMailbin10"),
+    Entry(IDS_OPTION_TRAY_2,        4,        0, "InstTray2"),
+    Entry(IDS_OPTION_TRAY_3,        8,        0, "InstTray3"),
+    Entry(IDS_OPTION_TRAY_4,        0x10,     0, "InstTray4"),
+    Entry(IDS_OPTION_LCC,           0x4000,   0, "InstLCC"),
+    Entry(IDS_OPTION_CABINET,       0x800000, 0, "Inst2Cabinet"),
+    Entry(IDS_OPTION_DUPLEX,        0x80,     0, "InstDuplex"),
+    Entry(IDS_OPTION_MULTI_STAPLE,  0x80000,  0, "InstMSFinisher"),
+    Entry(IDS_OPTION_SINGLE_STAPLE, 0x100000, 0, "InstSSFinisher"),
+    Entry(IDS_OPTION_MAILBIN,       0x400,    0, "InstMailbin10"),
     kNoMoreEntries,
 };
 constexpr SelectItem kDensityEntries[] = {
-    Entry(5021, 0x10000000,  0,    "DensDark"),
-    Entry(5022, 0x8000000,   0,    "DensMiddle"),
-    Entry(5023, 0x4000000,   0,    "DensLighter"),
+    Entry(IDS_DENSITY_DARKER,  0x10000000, 0, "DensDark"),
+    Entry(IDS_DENSITY_MIDDLE,  0x8000000,  0, "DensMiddle"),
+    Entry(IDS_DENSITY_LIGHTER, 0x4000000,  0, "DensLighter"),
     kNoMoreEntries,
 };
 constexpr SelectItem kCornerOrderEntries[] = {
-    Entry(1431, 0,  1431, "Sideways from Upper-Left"),
-    Entry(1432, 2,  1432, "Downward from Upper-Left"),
-    Entry(1433, 1,  1433, "Sideways from Upper-Right"),
-    Entry(1434, 3,  1434, "Downward from Upper-Right"),
+    Entry(IDS_ORDER_ACROSS_LEFT,  0, IDI_ORDER_ACROSS_LEFT,  "Sideways from Upper-Left"),
+    Entry(IDS_ORDER_DOWN_LEFT,    2, IDI_ORDER_DOWN_LEFT,    "Downward from Upper-Left"),
+    Entry(IDS_ORDER_ACROSS_RIGHT, 1, IDI_ORDER_ACROSS_RIGHT, "Sideways from Upper-Right"),
+    Entry(IDS_ORDER_DOWN_RIGHT,   3, IDI_ORDER_DOWN_RIGHT,   "Downward from Upper-Right"),
     kNoMoreEntries,
 };
 constexpr SelectItem kAcrossOrderEntries[] = {
-    Entry(1435, 0,  1435, "Left-to-Right"),
-    Entry(1436, 1,  1436, "Right-to-Left"),
+    Entry(IDS_ORDER_LEFT_TO_RIGHT, 0, IDI_ORDER_LEFT_TO_RIGHT, "Left-to-Right"),
+    Entry(IDS_ORDER_RIGHT_TO_LEFT, 1, IDI_ORDER_RIGHT_TO_LEFT, "Right-to-Left"),
     kNoMoreEntries,
 };
 constexpr SelectItem kDownOrderEntries[] = {
-    Entry(1437, 2,  1437, "Top-to-Bottom"),
+    Entry(IDS_ORDER_TOP_TO_BOTTOM, 2, IDI_ORDER_TOP_TO_BOTTOM, "Top-to-Bottom"),
     kNoMoreEntries,
 };
 constexpr SelectItem kBookletBindingEntries[] = {
-    Entry(1504, 4,  1504, "Left Binding"),
-    Entry(1505, 5,  1505, "Right Binding"),
+    Entry(IDS_BOOKLET_LEFT,  4, IDI_BOOKLET_LEFT,  "Left Binding"),
+    Entry(IDS_BOOKLET_RIGHT, 5, IDI_BOOKLET_RIGHT, "Right Binding"),
     kNoMoreEntries,
 };
 constexpr SelectItem kStapleEntries[] = {
-    Entry(1321, 0,  1650, "StapleOff"),
-    Entry(1322, 2,  1651, "StapleCorner"),
-    Entry(1323, 4,  1652, "StapleLongEdge"),
-    Entry(1324, 3,  1653, "StapleShortEdge"),
+    Entry(IDS_STAPLE_OFF,        0, IDI_STAPLE_OFF,        "StapleOff"),
+    Entry(IDS_STAPLE_CORNER,     2, IDI_STAPLE_CORNER,     "StapleCorner"),
+    Entry(IDS_STAPLE_LONG_EDGE,  4, IDI_STAPLE_LONG_EDGE,  "StapleLongEdge"),
+    Entry(IDS_STAPLE_SHORT_EDGE, 3, IDI_STAPLE_SHORT_EDGE, "StapleShortEdge"),
     kNoMoreEntries,
 };
 constexpr SelectItem kPunchEntries[] = {
-    Entry(1331, 0,  1660, "PunchOff"),
-    Entry(1332, 3,  1661, "PunchLongEdge"),
-    Entry(1333, 2,  1664, "PunchShortEdge"),
+    Entry(IDS_PUNCH_OFF,        0, IDI_PUNCH_OFF,     "PunchOff"),
+    Entry(IDS_PUNCH_LONG_EDGE,  3, IDI_PUNCH_LONG_2,  "PunchLongEdge"),
+    Entry(IDS_PUNCH_SHORT_EDGE, 2, IDI_PUNCH_SHORT_2, "PunchShortEdge"),
     kNoMoreEntries,
 };
 constexpr SelectItem kPunchNumEntries[] = {
-    Entry(1341, 2,  0,    "PunchNum2"),
-    Entry(1342, 3,  0,    "PunchNum3"),
-    Entry(1343, 4,  0,    "PunchNum4"),
+    Entry(IDS_PUNCH_2, 2, 0, "PunchNum2"),
+    Entry(IDS_PUNCH_3, 3, 0, "PunchNum3"),
+    Entry(IDS_PUNCH_4, 4, 0, "PunchNum4"),
     kNoMoreEntries,
 };
 constexpr SelectItem kFoldingEntries[] = {
-    Entry(1351, 0,  1670, "FoldOff"),
-    Entry(1352, 3,  1671, "FoldZ"),
-    Entry(1353, 4,  1672, "FoldZA4"),
-    Entry(1354, 5,  1673, "FoldZB5"),
-    Entry(1355, 2,  1674, "FoldHalf"),
-    Entry(1356, 1,  1675, "FoldCrease"),
+    Entry(IDS_FOLD_OFF,    0, IDI_FOLD_OFF,    "FoldOff"),
+    Entry(IDS_FOLD_Z,      3, IDI_FOLD_Z,      "FoldZ"),
+    Entry(IDS_FOLD_Z_A4,   4, IDI_FOLD_Z_A4,   "FoldZA4"),
+    Entry(IDS_FOLD_Z_B5,   5, IDI_FOLD_Z_B5,   "FoldZB5"),
+    Entry(IDS_FOLD_HALF,   2, IDI_FOLD_HALF,   "FoldHalf"),
+    Entry(IDS_FOLD_CREASE, 1, IDI_FOLD_CREASE, "FoldCrease"),
     kNoMoreEntries,
 };
 constexpr SelectItem kMailBoxAssignEntries[] = {
-    Entry(4212, 0x7FC, 0,    "MBAssign2"),
-    Entry(4213, 0x7F8, 0,    "MBAssign3"),
-    Entry(4214, 0x7F0, 0,    "MBAssign4"),
-    Entry(4215, 0x7E0, 0,    "MBAssign5"),
-    Entry(4216, 0x7C0, 0,    "MBAssign6"),
-    Entry(4217, 0x780, 0,    "MBAssign7"),
-    Entry(4218, 0x700, 0,    "MBAssign8"),
-    Entry(4219, 0x600, 0,    "MBAssign9"),
-    Entry(4220, 0x400, 0,    "MBAssign10"),
-    Entry(4210, 0,     0,    "MBAssignNone"),
+    Entry(IDS_MAILBOX_2_10,  0x7FC, 0, "MBAssign2"),
+    Entry(IDS_MAILBOX_3_10,  0x7F8, 0, "MBAssign3"),
+    Entry(IDS_MAILBOX_4_10,  0x7F0, 0, "MBAssign4"),
+    Entry(IDS_MAILBOX_5_10,  0x7E0, 0, "MBAssign5"),
+    Entry(IDS_MAILBOX_6_10,  0x7C0, 0, "MBAssign6"),
+    Entry(IDS_MAILBOX_7_10,  0x780, 0, "MBAssign7"),
+    Entry(IDS_MAILBOX_8_10,  0x700, 0, "MBAssign8"),
+    Entry(IDS_MAILBOX_9_10,  0x600, 0, "MBAssign9"),
+    Entry(IDS_MAILBOX_10_10, 0x400, 0, "MBAssign10"),
+    Entry(IDS_MAILBOX_NONE,  0,     0, "MBAssignNone"),
     kNoMoreEntries,
 };
 // clang-format on
