@@ -89,7 +89,7 @@ TEST_F(CoreServices, DefaultsFillAWholeRecordThatIsConsistent) {
     ResolutionInfo resolutions[kMaxResolutions];
     EXPECT_EQ(settings.CellSize + 1,
               static_cast<DWORD>(QDMGetResolutionList(&printer, resolutions)));
-    EXPECT_EQ(settings.reserved040[7], 0) << "no byte of the buffer survives";
+    EXPECT_EQ(settings.reserved044[3], 0) << "no byte of the buffer survives";
     EXPECT_EQ(settings.mdmInstalledOptions, 0x85u);
 }
 
