@@ -7,6 +7,7 @@
 #include <winspool.h>
 
 #include <gmock/gmock.h>
+#include <test_paths.h>
 
 #include <string>
 

@@ -2,6 +2,7 @@
 // files.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <test_paths.h>
 #include <pty.h>
 #include <sys/wait.h>
 #include <unistd.h>

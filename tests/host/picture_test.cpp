@@ -2,6 +2,7 @@
 // the files of `kvprefs shot`.
 #include <commctrl.h>
 #include <gtest/gtest.h>
+#include <test_paths.h>
 #include <host/picture/picture_fonts.h>
 #include <host/picture/png_writer.h>
 #include <host/picture/window_picture.h>

@@ -3,6 +3,7 @@
 #include "printer_fixture.h"
 
 #include <gmock/gmock.h>
+#include <test_paths.h>
 #include <host/commands/commands.h>
 #include <host/record_differences.h>
 #include <sys/wait.h>

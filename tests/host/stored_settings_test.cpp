@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 #include <host/sheet_pages.h>
 #include <platform/security/access.h>
+#include <test_paths.h>
 #include <winspool.h>
 
 #include <functional>

@@ -1,4 +1,5 @@
 // Help buttons and F1: which page the desktop's browser is asked to open, and that it is there.
+#include <test_paths.h>
 #include "preferences.h"
 
 #include <regex>

@@ -4,6 +4,7 @@
 
 #include <framework/core/install_printer.h>
 #include <gtest/gtest.h>
+#include <test_paths.h>
 #include <kvcore.h>
 #include <platform/display/headless.h>
 #include <platform/registry/state_directory.h>

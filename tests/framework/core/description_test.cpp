@@ -1,4 +1,5 @@
 // The printer description's grammar and the installation of printers from it.
+#include <test_paths.h>
 #include <framework/core/description.h>
 #include <framework/core/description_parser.h>
 

@@ -1,4 +1,5 @@
 // Opening printers with rights, level-2 information in packed buffers, enumeration and drivers.
+#include <test_paths.h>
 #include <cstring>
 #include <vector>
 

@@ -1,4 +1,5 @@
 // What pages get from the UI host, with page windows made directly over the host's page records.
+#include <test_paths.h>
 #include <framework/uihost/sheets.h>
 #include <prsht.h>
 

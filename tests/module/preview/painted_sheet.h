@@ -2,6 +2,7 @@
 // lists open, and the pixels of what a painter draws.
 #pragma once
 
+#include <test_paths.h>
 #include <kvcore.h>
 
 #include <cstdio>

@@ -3,6 +3,7 @@
 #include "preview/paper_view.h"
 
 #include <gtest/gtest.h>
+#include <test_paths.h>
 #include <png.h>
 
 #include <array>

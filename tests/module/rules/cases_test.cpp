@@ -11,6 +11,7 @@
 //   printer                  installs a printer, for steps that ask for sizes of papers
 // The output of each step is compared with expected.txt as a whole.
 #include <gtest/gtest.h>
+#include <test_paths.h>
 #include <platform/display/headless.h>
 #include <platform/window/input.h>
 

@@ -1,5 +1,6 @@
 // The conflicts dialog over a report that the test prepares, and the module's message boxes.
 #include <gtest/gtest.h>
+#include <test_paths.h>
 #include <platform/display/headless.h>
 #include <platform/window/input.h>
 

@@ -1,5 +1,6 @@
 // The shipped rules as data: every name they use exists, and the defaults stand in no conflict.
 #include <gtest/gtest.h>
+#include <test_paths.h>
 
 #include <cstring>
 #include <set>

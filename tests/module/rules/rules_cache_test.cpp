@@ -2,6 +2,7 @@
 #include "rules/rules_cache.h"
 
 #include <gtest/gtest.h>
+#include <test_paths.h>
 
 #include <random>
 #include <string>

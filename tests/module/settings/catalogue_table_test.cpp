@@ -1,6 +1,7 @@
 // The catalogue row by row against an independent list, and its data as data: references resolve,
 // values fit their masks, ids are unique where they must be.
 #include <gtest/gtest.h>
+#include <test_paths.h>
 
 #include <fstream>
 #include <set>

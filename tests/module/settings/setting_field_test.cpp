@@ -2,6 +2,7 @@
 #include "settings/setting_field.h"
 
 #include <gtest/gtest.h>
+#include <test_paths.h>
 
 #include <fstream>
 #include <sstream>

@@ -1,4 +1,5 @@
 // Gives every test of this program the same font family, before any text is measured.
+#include <test_paths.h>
 #include <cstdlib>
 
 namespace {
