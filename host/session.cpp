@@ -40,7 +40,7 @@ bool Session::Open(const Options& options) {
     }
     std::string error;
     if (printers.empty() && name.empty()) {
-        if (!kvcore::InstallPrinter(kvcore::kDriverName, "USB001", DataPath("models"), error)) {
+        if (!kvcore::InstallFirstPrinter(DataPath("models"), error)) {
             PrintError(error);
             return false;
         }
@@ -115,7 +115,9 @@ HWND Session::OpenHeadlessSheet() {
     return sheet_;
 }
 
-void Session::DropUnstored() { record_ = stored_; }
+void Session::DropUnstored() {
+    record_ = stored_;
+}
 
 void Session::CloseHeadlessSheet() {
     if (sheet_ != nullptr && IsWindow(sheet_)) DestroyWindow(sheet_);

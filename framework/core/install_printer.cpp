@@ -6,6 +6,7 @@
 #include <platform/registry/state_store.h>
 #include <platform/shell/errors.h>
 #include <platform/shell/paths.h>
+#include <platform/shell/whole_file.h>
 #include <winreg.h>
 #include <winspool.h>
 
@@ -14,6 +15,7 @@
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
+#include <fstream>
 #include <system_error>
 
 #include "description.h"
@@ -51,17 +53,28 @@ bool CheckName(const std::string& name, std::string& error) {
 }
 
 std::string StoreProblem(const std::string& what, DWORD code) {
+    if (code == kv::kErrorPrinterAlreadyExists) return what + " exists already";
     const std::string message = kv::StateStore::Get().LastMessage();
     return what + ": " + (message.empty() ? "error " + std::to_string(code) : message);
 }
 
-// Written beside its place and moved there, so that a reader never sees half a file.
-void CopyFileWhole(const fs::path& from, const fs::path& to, std::error_code& failed) {
-    const fs::path fresh = to.string() + ".new";
-    fs::copy_file(from, fresh, fs::copy_options::overwrite_existing, failed);
+enum class Existing { kReplace, kKeep };
+
+// Whole or not at all, so that a reader never sees half a file, and another program that copies the
+// same one does no harm.
+void CopyFileWhole(const fs::path& from, const fs::path& to, Existing existing,
+                   std::error_code& failed) {
+    std::string bytes(fs::file_size(from, failed), '\0');
+    std::ifstream file(from, std::ios::binary);
+    if (!failed && !file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()))) {
+        failed = std::make_error_code(std::errc::io_error);
+    }
     if (failed) return;
-    fs::permissions(fresh, fs::perms::owner_read | fs::perms::owner_write, failed);
-    if (!failed) fs::rename(fresh, to, failed);
+    kv::WholeFile copy(to.string(), 0600);
+    copy.Write(bytes);
+    const bool done = existing == Existing::kReplace ? copy.TakePlace() : copy.TakeFreePlace();
+    const bool kept = existing == Existing::kKeep && copy.Problem() == EEXIST;
+    if (!done && !kept) failed = {copy.Problem(), std::generic_category()};
 }
 
 void CopyHelp(const fs::path& from, const fs::path& to, std::error_code& failed) {
@@ -79,17 +92,20 @@ bool CopyDriverFiles(const fs::path& models, const Description& description, std
     const std::string native = kv::NativePath(kvspool::DriverFile("").c_str());
     const fs::path folder = fs::path(native).parent_path();
     if (!kv::MakeFolders(folder.string())) {
-        error = folder.string() + ": " + std::strerror(errno);
+        error = folder.string() + ": " + kv::ErrnoInWords(errno);
         return false;
     }
     std::error_code failed;
-    CopyFileWhole(models / kvspool::kDescriptionFile, folder / kvspool::kDescriptionFile, failed);
-    const fs::path rules = folder / kvspool::kRulesFile;
+    CopyFileWhole(models / kvspool::kDescriptionFile, folder / kvspool::kDescriptionFile,
+                  Existing::kReplace, failed);
     // The rules file also holds lists that users stored; an installed one is theirs.
-    if (!failed && !fs::exists(rules)) CopyFileWhole(models / kvspool::kRulesFile, rules, failed);
+    if (!failed) {
+        CopyFileWhole(models / kvspool::kRulesFile, folder / kvspool::kRulesFile, Existing::kKeep,
+                      failed);
+    }
     const std::string help = HelpFolder(description);
     if (!failed && !help.empty()) CopyHelp(models / kHelpSource, folder / help, failed);
-    if (failed) error = folder.string() + ": " + failed.message();
+    if (failed) error = folder.string() + ": " + kv::ErrnoInWords(failed.value());
     return !failed;
 }
 
@@ -144,7 +160,7 @@ bool InstallPrinter(const std::string& name, const std::string& port, const std:
     kv::PrinterRecord existing;
     const DWORD found = store.GetPrinter(name, existing);
     if (found == ERROR_SUCCESS) {
-        error = "printer \"" + existing.name + "\" exists already";
+        error = StoreProblem("printer \"" + existing.name + "\"", kv::kErrorPrinterAlreadyExists);
         return false;
     }
     // A store that cannot be read, of a newer version for one, belongs to files that are not ours.
@@ -160,6 +176,12 @@ bool InstallPrinter(const std::string& name, const std::string& port, const std:
     if (code == ERROR_SUCCESS) code = transaction.Commit();
     if (code != ERROR_SUCCESS) error = StoreProblem("printer \"" + name + "\"", code);
     return code == ERROR_SUCCESS;
+}
+
+bool InstallFirstPrinter(const std::string& modelsDir, std::string& error) {
+    if (InstallPrinter(kDriverName, "USB001", modelsDir, error)) return true;
+    kv::PrinterRecord made;
+    return kv::StateStore::Get().GetPrinter(kDriverName, made) == ERROR_SUCCESS;
 }
 
 bool RemovePrinter(const std::string& name, std::string& error) {

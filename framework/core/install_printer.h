@@ -16,6 +16,8 @@ extern const char* const kDriverName;
 // also holds what users stored. False with one line for people in `error`; nothing is created then.
 bool InstallPrinter(const std::string& name, const std::string& port, const std::string& modelsDir,
                     std::string& error);
+// The printer of a first run. When another program makes it at the same moment, that one will do.
+bool InstallFirstPrinter(const std::string& modelsDir, std::string& error);
 bool RemovePrinter(const std::string& name, std::string& error);
 
 // The block that the module and the framework's services work with.

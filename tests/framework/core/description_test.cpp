@@ -2,6 +2,11 @@
 #include <test_paths.h>
 #include <framework/core/description.h>
 #include <framework/core/description_parser.h>
+#include <framework/spool/driver_folder.h>
+#include <platform/registry/state_store.h>
+#include <sys/wait.h>
+
+#include <set>
 
 #include "tests/framework/printer_fixture.h"
 
@@ -106,6 +111,50 @@ TEST_F(Installation, ASecondPrinterKeepsTheInstalledRulesFile) {
               0);
     EXPECT_STREQ(address, "10.0.0.5");
     RegCloseKey(key);
+}
+
+// What a program that makes a printer, or without a name the first one, ends with.
+int Install(const std::string& name) {
+    std::string error;
+    const char* const models = KV_SOURCE_DIR "/models";
+    const bool done = name.empty() ? kvcore::InstallFirstPrinter(models, error)
+                                   : kvcore::InstallPrinter(name, "USB001", models, error);
+    const bool taken = error == "printer \"" + name + "\" exists already";
+    if (!done && !taken) std::fprintf(stderr, "%s\n", error.c_str());
+    return done ? 0 : taken ? 1 : 2;
+}
+
+TEST_F(Installation, ManyProgramsAtOnceMakeEachPrinterOnce) {
+    // Two first runs, one name twice, others once. What each ends with, the two of a name in order.
+    const char* const kNames[] = {"", "", "Twice", "Twice", "A", "B", "C"};
+    const std::multiset<int> kEnds = {0, 0, 0, 0, 0, 0, 1};
+    for (int round = 0; round < 4; ++round) {
+        kv::CloseStateStore();
+        std::filesystem::remove_all(State());
+        int gate[2];
+        ASSERT_EQ(pipe(gate), 0);
+        for (const char* name : kNames) {
+            if (fork() != 0) continue;
+            close(gate[1]);
+            char ignored = 0;
+            _exit(read(gate[0], &ignored, 1) == 0 ? Install(name) : 3);
+        }
+        close(gate[1]);  // all at once
+        std::multiset<int> ends;
+        for (int status = 0; wait(&status) > 0;) ends.insert(WEXITSTATUS(status));
+        close(gate[0]);
+        EXPECT_EQ(ends, kEnds);
+        std::vector<kv::PrinterRecord> printers;
+        EXPECT_EQ(kv::StateStore::Get().ListPrinters(printers), ERROR_SUCCESS);
+        EXPECT_EQ(printers.size(), 5u);
+        for (const char* file : {kvspool::kRulesFile, kvspool::kDescriptionFile}) {
+            EXPECT_EQ(Read(State() + "/driver/3/" + file),
+                      Read(std::string(KV_SOURCE_DIR "/models/") + file));
+        }
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(State())) {
+            EXPECT_EQ(entry.path().string().find(".new"), std::string::npos) << entry.path();
+        }
+    }
 }
 
 }  // namespace
