@@ -178,6 +178,7 @@ TEST_F(LayoutPage, DetailsOfferTheOrdersOfTheLayout) {
 }
 
 TEST_F(LayoutPage, DetailsStoreTheShownOrderAndKeepTheBorder) {
+    SetPrivate(kScale, 150);
     StartWith(4, 4);
     struct Watcher : kv::Display {
         HWND preview{};
@@ -200,6 +201,7 @@ TEST_F(LayoutPage, DetailsStoreTheShownOrderAndKeepTheBorder) {
         EXPECT_EQ(SendMessageA(GetDlgItem(dialog, kBorderBox), BM_GETCHECK, 0, 0),
                   static_cast<LRESULT>(BST_CHECKED));
         EXPECT_EQ(Private(kNupStyle), 4u) << "opening changes nothing";
+        EXPECT_EQ(Private(kScaleSize), 150u);
         EXPECT_GT(redrawsWhile([&] { ChooseIn(dialog, kCornerOrder, 3); }), 0);
         EXPECT_EQ(Private(kNupStyle), 7u);
         ChooseIn(dialog, kNupBox, 2);
@@ -210,6 +212,7 @@ TEST_F(LayoutPage, DetailsStoreTheShownOrderAndKeepTheBorder) {
     });
     EXPECT_EQ(Private(kNUpField), 2u);
     EXPECT_EQ(Private(kNupMode) & 7, 1u);
+    EXPECT_EQ(Private(kScaleSize), 100u) << "OK derives what other pages chose, too";
     InDetails(IDOK, [&](HWND dialog) {
         watcher.preview = GetDlgItem(dialog, 14002);
         EXPECT_GT(redrawsWhile([&] { kv::input::Click(GetDlgItem(dialog, kDefaultsButton)); }), 0);

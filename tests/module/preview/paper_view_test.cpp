@@ -6,6 +6,7 @@
 #include <test_paths.h>
 #include <png.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <cstring>
@@ -141,6 +142,47 @@ TEST_F(PaperView, WatermarksStayInTheirCellsAndOnTheFirstPageIfAsked) {
     for (const POINT& point : first) ASSERT_TRUE(point.x < 79 && point.y < 110);
 }
 
+// A cell of so many pixels stands for the printable height of the paper, or for the whole height of a
+// user's own, in whichever unit these are measured.
+TEST_F(PaperView, WatermarksAreScaledByTheHeightOfThePaper) {
+    CustomPaperRecord own{};
+    own.id = 512;
+    own.widthTenths = 1000;
+    own.heightTenths = 2000;
+    ASSERT_NE(QDMMLTAddPaper(sheet.shared.lists[kListPaper], &sheet.printer, &own, kScopeCommon), 0);
+    ChooseWatermark("H", 0, 0, 0, 0);
+    const PaperArea letter = *QDMGetPaperArea(&sheet.printer, 1), a4 = *QDMGetPaperArea(&sheet.printer, 9);
+    const struct { SHORT paper, orientation; double tenths; } rows[] = {
+        {9, 1, a4.bottom - a4.top + 0.0}, {9, 2, a4.right - a4.left + 0.0},
+        {1, 1, letter.bottom - letter.top + 0.0}, {1, 2, letter.right - letter.left + 0.0},
+        {512, 1, 2000}, {512, 2, 1000},
+    };
+    constexpr SIZE kCell{1000, 2000};
+    double share = 0;  // of the text's height that an H takes
+    for (const auto& row : rows) {
+        context().settings->dmPaperSize = row.paper;
+        context().settings->dmOrientation = row.orientation;
+        const Pixels drawn = sheet.Paint(
+            [](SheetContext& context, HDC dc, SIZE size) {
+                WatermarkPen(context).Draw(dc, {0, 0, size.cx, size.cy});
+            }, kCell);
+        int ink = 0;
+        for (int y = 0; y < kCell.cy; ++y) {
+            const auto begin = drawn.values.begin() + y * kCell.cx;
+            ink += std::any_of(begin, begin + kCell.cx, [](DWORD pixel) { return pixel < 0x808080; });
+        }
+        // Points of an inch for inch papers; else the text is as many tenths of a millimetre high.
+        const double scale = kCell.cy * 100 / (row.paper == 1 ? row.tenths / 2.54 : row.tenths);
+        const double height = 200 * scale / 72;
+        if (share == 0) share = ink / height;
+        EXPECT_NEAR(ink, share * height, 2) << row.paper << " " << row.orientation;
+        EXPECT_NEAR(share, 0.6, 0.05);
+    }
+    context().settings->dmPaperSize = 300;
+    EXPECT_EQ(Differences(Paint(), (Settings().mdmWatermark = 0, Paint())).size(), 0u)
+        << "a paper without a size";
+}
+
 TEST_F(PaperView, ARepeatedWatermarkCoversThePageAtEveryAngle) {
     const Pixels plain = Paint();
     for (const LONG angle : {0, 30, 45, 90, 135, -60, 180}) {
@@ -218,8 +260,8 @@ TEST_F(PaperView, LooksAsItsReferencePicturesDo) {
         SHORT orientation, colour, paper;
         DWORD nup, style, duplex, overlay, watermark, mode, output;
     } rows[] = {
-        {"one-page",         1, 2, 9, 0,  0, 1, 0, 0, 0,    0},
-        {"two-landscape",    2, 2, 9, 2,  4, 3, 0, 0, 0,    0},
+        {"one-page",         1, 2, 9, 0,  0, 1, 0, 2, 0x10, 0},
+        {"two-landscape",    2, 2, 9, 2,  4, 3, 0, 1, 0x10, 0},
         {"six-long-edge",    1, 1, 9, 6,  5, 2, 0, 0, 0,    8},
         {"sixteen-down",     1, 2, 1, 16, 7, 1, 0, 0, 0,    0},
         {"booklet-right",    2, 2, 9, 20, 0, 5, 0, 0, 0,    0},
