@@ -74,6 +74,7 @@ QFont FontThatFits(const QFont& font, const QString& text, int width) {
 }
 
 Mirror::~Mirror() {
+    receiver_.reset();
     if (!widget_) return;
     display_.Unregister(widget_);
     widget_->hide();

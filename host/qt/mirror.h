@@ -49,6 +49,9 @@ class Mirror {
 
  protected:
     void SetWidget(QWidget* widget);
+    // Receives the widget's signals on behalf of a mirror that acts on them itself: the widget,
+    // which may be in the middle of an event, outlives the mirror and goes on signalling.
+    const QObject* Receiver() const { return receiver_.get(); }
     virtual void SyncState(unsigned changes) = 0;
     virtual void SyncGeometry();
     virtual void SyncEnabled();
@@ -69,6 +72,7 @@ class Mirror {
     QtDisplay& display_;
     HWND window_;
     QPointer<QWidget> widget_;
+    std::unique_ptr<QObject> receiver_ = std::make_unique<QObject>();
 };
 
 using MirrorPointer = std::unique_ptr<Mirror>;

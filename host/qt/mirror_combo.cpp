@@ -102,9 +102,9 @@ class ComboWidget : public QComboBox {
                                                     QStyle::SC_ComboBoxEditField, this);
         if (!IsOwnerDrawn(window_)) {
             // The opened list shows the whole text.
-            option.currentText = Directed(
-                fontMetrics().elidedText(currentText(), Qt::ElideRight, field.width() - 2),
-                layoutDirection());
+            option.currentText =
+                Directed(fontMetrics().elidedText(currentText(), Qt::ElideRight, field.width() - 2),
+                         layoutDirection());
             painter.drawControl(QStyle::CE_ComboBoxLabel, option);
             return;
         }
@@ -143,7 +143,7 @@ class ComboMirror : public Mirror {
         });
         if (!hasField) return;
         combo_->setCompleter(nullptr);
-        QObject::connect(combo_->lineEdit(), &QLineEdit::textEdited, combo_,
+        QObject::connect(combo_->lineEdit(), &QLineEdit::textEdited, Receiver(),
                          [this](const QString& text) { Report(text); });
     }
 

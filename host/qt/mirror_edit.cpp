@@ -50,7 +50,7 @@ class LineMirror : public Mirror {
         line_->setFrame(HasFrame(handle));
         if (HasArrows(handle)) line_->setLayoutDirection(Qt::LeftToRight);  // a number
         SetWidget(line_);
-        QObject::connect(line_, &QLineEdit::textEdited, line_,
+        QObject::connect(line_, &QLineEdit::textEdited, Receiver(),
                          [this](const QString& text) { Report(text); });
     }
 
@@ -137,7 +137,7 @@ class TextMirror : public Mirror {
         area_->document()->setDocumentMargin(2);
         if (!HasFrame(handle)) area_->setFrameShape(QFrame::NoFrame);
         SetWidget(area_);
-        QObject::connect(area_, &QPlainTextEdit::textChanged, area_, [this] { Report(); });
+        QObject::connect(area_, &QPlainTextEdit::textChanged, Receiver(), [this] { Report(); });
     }
 
  protected:

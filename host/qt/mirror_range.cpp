@@ -51,9 +51,9 @@ class TrackBarMirror : public Mirror {
         slider_->setInvertedAppearance(vertical);
         slider_->setFocusPolicy(Qt::TabFocus);
         SetWidget(slider_);
-        QObject::connect(slider_, &QSlider::valueChanged, slider_,
+        QObject::connect(slider_, &QSlider::valueChanged, Receiver(),
                          [this](int position) { Report(position); });
-        QObject::connect(slider_, &QSlider::sliderReleased, slider_, [this] {
+        QObject::connect(slider_, &QSlider::sliderReleased, Receiver(), [this] {
             const int position = slider_->value();
             display().Act(window(),
                           [window = window(), position] { kv::input::DragTo(window, position); });
@@ -127,8 +127,8 @@ class ArrowsWidget : public QWidget {
         button->setArrowType(arrow);
         button->setAutoRepeat(true);
         button->setFocusPolicy(Qt::NoFocus);
-        const auto name = notches > 0 ? QAbstractSpinBox::tr("&Step up")
-                                      : QAbstractSpinBox::tr("Step &down");
+        const auto name =
+            notches > 0 ? QAbstractSpinBox::tr("&Step up") : QAbstractSpinBox::tr("Step &down");
         button->setAccessibleName(WithoutMnemonic(name));
         QObject::connect(button, &QToolButton::clicked, button, [&display, window, notches] {
             display.Act(window, [window, notches] { kv::input::Step(window, notches); });

@@ -246,5 +246,49 @@ TEST_F(QtDisplayTest, ListsSelectAsTheCoreDoes) {
     EXPECT_EQ(Send(list, LB_GETCARETINDEX), 2);
 }
 
+struct Signals : QObject {
+    using QObject::receivers;
+};
+
+// A handler may destroy a control while its widget is in the middle of an event, or between a press
+// and the release. The widget lives a little longer, but there is nobody to tell any more.
+TEST_F(QtDisplayTest, WidgetsThatOutliveTheirControlsTellNobody) {
+    Add(TRACKBAR_CLASSA, WS_TABSTOP, 3, {10, 10, 150, 40});
+    Add("EDIT", WS_TABSTOP, 4, {10, 50, 150, 70});
+    Add("EDIT", WS_TABSTOP | ES_MULTILINE, 5, {10, 80, 150, 120});
+    Add("COMBOBOX", WS_TABSTOP | CBS_DROPDOWN, 6, {10, 130, 150, 200});
+    Show();
+    reaction = [&](UINT message, WPARAM, LPARAM lParam) -> std::optional<INT_PTR> {
+        const bool told = message == WM_COMMAND || message == WM_HSCROLL;
+        if (told && !log.back().ends_with("FOCUS")) DestroyWindow(reinterpret_cast<HWND>(lParam));
+        return std::nullopt;
+    };
+    auto* slider = Find<QSlider>();
+    auto* area = Find<QPlainTextEdit>();
+    auto* combo = Find<QComboBox>();
+    auto* field = combo->lineEdit();
+    QLineEdit* line = nullptr;
+    for (QLineEdit* any : DialogTitled("Test")->findChildren<QLineEdit*>()) {
+        if (any != field) line = any;
+    }
+    slider->setSliderDown(true);
+    slider->setSliderPosition(40);
+    slider->setSliderPosition(50);
+    slider->setSliderDown(false);
+    for (QWidget* widget :
+         {static_cast<QWidget*>(line), static_cast<QWidget*>(area), static_cast<QWidget*>(field)}) {
+        QTest::keyClicks(widget, "ab");
+    }
+    for (const int id : {3, 4, 5, 6}) EXPECT_EQ(GetDlgItem(dialog, id), nullptr) << id;
+    for (const auto& [widget, signal] :
+         {std::pair<QObject*, const char*>{slider, SIGNAL(valueChanged(int))},
+          {slider, SIGNAL(sliderReleased())},
+          {line, SIGNAL(textEdited(QString))},
+          {area, SIGNAL(textChanged())},
+          {field, SIGNAL(textEdited(QString))}}) {
+        EXPECT_EQ((widget->*&Signals::receivers)(signal), 0) << signal;
+    }
+}
+
 }  // namespace
 }  // namespace kv
