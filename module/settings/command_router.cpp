@@ -8,6 +8,7 @@
 
 #include "lists/watermark_angle.h"
 #include "resources/resource.h"
+#include "rules/gray_out.h"
 #include "settings/control_fill.h"
 #include "settings/defaults.h"
 #include "settings/notification.h"
@@ -160,10 +161,15 @@ RouteResult AutoConfigure(const Command& command) {
 
 RouteResult JobCheck(const Command& command) {
     const bool changed = Dispatch(command);
-    if (changed && IsDlgButtonChecked(command.page, static_cast<int>(command.id)) == BST_CHECKED) {
-        SetFocus(Control(command, command.id == IDC_CHK_ACCESS_CODE ? IDC_EDIT_ACCESS_NUMBER
-                                                                    : IDC_EDIT_PASSWORD));
+    if (IsDlgButtonChecked(command.page, static_cast<int>(command.id)) != BST_CHECKED) {
+        return {true, changed};
     }
+    const ControlItem* edit = ItemById(
+        command.id == IDC_CHK_ACCESS_CODE ? IDC_EDIT_ACCESS_NUMBER : IDC_EDIT_PASSWORD);
+    // The edit was grayed while the box was off, and a grayed window takes no focus.
+    FillControl(command.context, command.page, *edit);
+    ApplyGrayOutIndex(command.context, command.page, *edit);
+    SetFocus(Control(command, edit->controlId));
     return {true, changed};
 }
 

@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <utility>
 
 #include "resources/resource.h"
 #include "resources/string_ids.h"
@@ -71,13 +72,32 @@ void ShowJobManagementPage(SheetContext& context) {
     SendMessageA(sheet, PSM_SETCURSEL, index, 0);
 }
 
-// An empty job number whose check box is on: tell the user, come back to it, store "empty".
+// The page whose empty job number is being talked about. The question, the page that comes back and
+// the focus that is moved make other empty numbers lose the focus in between; they have WM_KILLFOCUS
+// of their own, and would answer each other without end.
+HWND pageInQuestion = nullptr;
+class Question {
+   public:
+    explicit Question(HWND page) : before_(std::exchange(pageInQuestion, page)) {}
+    ~Question() { pageInQuestion = before_; }
+    Question(const Question&) = delete;
+    Question& operator=(const Question&) = delete;
+
+   private:
+    HWND before_;
+};
+
+// An empty job number whose check box is on: store "empty", tell the user and come back to it. What
+// was erased is gone before the page can show it again. Nobody is there to answer when the edit goes
+// with its window.
 void RefuseEmptyJobEdit(SheetContext& context, HWND edit, const ControlItem& item,
                         const JobEdit& job) {
+    WriteItemValue(context.settings, item, job.emptyValue, nullptr);
+    if (pageInQuestion == context.page || !IsWindowVisible(edit)) return;
+    const Question question(context.page);
     ShowMessageString(context.page, context.strings, job.textId, job.titleId, MB_ICONEXCLAMATION);
     ShowJobManagementPage(context);
     SetFocus(edit);
-    WriteItemValue(context.settings, item, job.emptyValue, nullptr);
 }
 
 std::string NumberText(const ControlItem& item, DWORD value) {

@@ -14,9 +14,6 @@ namespace {
 constexpr PageTraits kDeviceOptionsPage   = {"DLGTAB3",       1401, kViewDevice,    kOrdinaryPage};
 constexpr PageTraits kWatermarkPage       = {"DLGTABWM",      1103, kViewWatermark, kOrdinaryPage};
 constexpr PageTraits kOverlayPage         = {"DLGTABOVER",    5114, kViewPage,      kOrdinaryPage};
-constexpr PageTraits kJobManagementPage   = {"DLGTAB4",       1501, kViewKept,      kKeepsChanges};
-constexpr PageTraits kSparePage5          = {"DLGTAB5",       0,    kNoView,        kKeepsChanges};
-constexpr PageTraits kSparePage6          = {"DLGTAB6",       0,    kNoView,        kKeepsChanges};
 // clang-format on
 
 void ShowProduct(SheetContext& context) {
@@ -50,15 +47,6 @@ INT_PTR CALLBACK DDMTABWM(HWND page, UINT message, WPARAM wParam, LPARAM lParam)
 }
 INT_PTR CALLBACK DDMTABOVER(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
     return kvui::RunPage(kvui::kOverlayPage, page, message, wParam, lParam);
-}
-INT_PTR CALLBACK DDMTAB4(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
-    return kvui::RunPage(kvui::kJobManagementPage, page, message, wParam, lParam);
-}
-INT_PTR CALLBACK DDMTAB5(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
-    return kvui::RunPage(kvui::kSparePage5, page, message, wParam, lParam);
-}
-INT_PTR CALLBACK DDMTAB6(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
-    return kvui::RunPage(kvui::kSparePage6, page, message, wParam, lParam);
 }
 INT_PTR CALLBACK DDMAbout(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
     const bool dialog = (GetWindowLongA(page, GWL_STYLE) & WS_CHILD) == 0;

@@ -25,6 +25,10 @@ namespace {
 
 constexpr int kNoticeTextSize = 1024;
 
+// To the common area: whose part it is to show.
+constexpr UINT kMessageCommonPart = WM_USER + 301;
+constexpr WPARAM kPartJobManagement = 9503;
+
 bool Has(const PageTraits& traits, PageFeature feature) {
     return (traits.features & feature) != 0;
 }
@@ -75,6 +79,11 @@ void Refresh(const PageTraits& traits, SheetContext& context, SettingChanged cha
     DisableIfReadOnly(context, context.page);
 }
 
+void TellCommonArea(const SheetContext& context, UINT message, WPARAM wParam) {
+    const HWND area = context.shared->viewPanel;
+    if (area != nullptr) SendMessageA(area, message, wParam, 0);
+}
+
 bool IsDefaults(const PageTraits& traits, DWORD id) {
     return Has(traits, kHasDefaults) && id == IDC_DEFAULTS;
 }
@@ -105,10 +114,18 @@ void OnCommand(const PageTraits& traits, SheetContext& context, HWND control, WP
     if (traits.onCommand != nullptr) traits.onCommand(context, id, HIWORD(wParam));
     const auto changed =
         result.handled && result.changed ? SettingChanged::kYes : SettingChanged::kNo;
-    if (changed == SettingChanged::kYes) TakeChange(traits, context, id);
+    const bool comparesFirst = Has(traits, kComparesFirst);
+    const bool taken =
+        changed == SettingChanged::kYes && (!comparesFirst || ChangedSinceSnapshot(context));
+    if (taken) TakeChange(traits, context, id);
     if (traits.afterCommand != nullptr) traits.afterCommand(context, changed);
     if (changed == SettingChanged::kNo) return;
     Refresh(traits, context, changed);
+    if (comparesFirst) {
+        RunActivationHook(context, context.page, traits.dialogName);
+        DisableIfReadOnly(context, context.page);
+        if (taken) TellCommonArea(context, kMessageRefreshAll, 0);
+    }
     UpdateSharedView(context);
 }
 
@@ -153,7 +170,7 @@ void OnNotify(const PageTraits& traits, SheetContext& context, HWND page, const 
             break;
         case PSN_APPLY:
             if (traits.onApply != nullptr) traits.onApply(context);
-            TakeSnapshot(context);
+            if (!Has(traits, kAppliesNothing)) TakeSnapshot(context);
             break;
         case PSN_RESET:
             RestoreSnapshot(context);
@@ -225,6 +242,9 @@ void RunActivationHook(SheetContext& context, HWND dialog, const char* dialogNam
             stored[kUserNameSize - 1] = '\0';
             SetWindowTextA(edit, stored);
         }
+    }
+    if (std::strcmp(dialogName, "DLGTAB4") == 0) {
+        TellCommonArea(context, kMessageCommonPart, kPartJobManagement);
     }
     if (std::strcmp(dialogName, "DLGTAB1") == 0 && (context.flags & kSheetDataNotWritable)) {
         ShowWindow(GetDlgItem(dialog, IDC_BTN_CUSTOM_PAPER), SW_HIDE);

@@ -16,6 +16,10 @@ enum PageFeature : unsigned {
     kShowsNotice = 0x2,   // of shared printers
     kSetsCaptions = 0x4,  // by control id
     kHasDefaults = 0x8,
+    // A command that leaves the settings as the snapshot has them is no change: nothing is derived
+    // and nobody told. After one that is, the hook runs again and the common area fills anew.
+    kComparesFirst = 0x10,
+    kAppliesNothing = 0x20,  // not even a snapshot
 };
 constexpr unsigned kOrdinaryPage = kShowsNotice | kSetsCaptions | kHasDefaults;
 

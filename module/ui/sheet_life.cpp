@@ -151,13 +151,16 @@ void EndSheet(SheetContext& context) {
     if (IsAdministrator()) WritePrinterLevelOptions(context);
 }
 
+void ReleaseShared(SheetContext& context) {
+    HostUiBlock& host = *context.host;
+    if (--context.shared->pageCount != 0) return;
+    GlobalUnlock(host.sharedView);
+    GlobalFree(std::exchange(host.sharedView, nullptr));
+}
+
 void ReleasePage(SheetContext& context, HWND page) {
     if (context.strings != context.resources) FreeLibrary(context.strings);
-    HostUiBlock& host = *context.host;
-    if (--context.shared->pageCount == 0) {
-        GlobalUnlock(host.sharedView);
-        GlobalFree(std::exchange(host.sharedView, nullptr));
-    }
+    ReleaseShared(context);
     QDMEndDialog(page, 0);
 }
 

@@ -13,7 +13,9 @@ SheetContext* BeginPageMessage(HWND page, UINT message, LPARAM lParam, DWORD tai
 void LoadSheetRules(SheetContext& context);
 // Effective once per sheet, from the first WM_DESTROY of a page.
 void EndSheet(SheetContext& context);
-// Gives the page's block back (the last step of WM_DESTROY).
+// The page takes no part in the sheet's shared block any more; the last page frees it.
+void ReleaseShared(SheetContext& context);
+// That, and gives the page's block back (the last step of WM_DESTROY).
 void ReleasePage(SheetContext& context, HWND page);
 
 }  // namespace kvui

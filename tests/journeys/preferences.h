@@ -70,7 +70,7 @@ class Preferences : public testing::Test {
         request_.printer = &printer_;
         request_.record = record_.data();
         request_.mode = mode;
-        request_.extraPages = {{"TAB4", "DDMTAB4"}};
+        request_.extraPages = extraPages_;
         sheet_ = module_->CreateSheet(request_);
         ASSERT_NE(sheet_, nullptr);
         kv::PumpPendingMessages();
@@ -143,6 +143,7 @@ class Preferences : public testing::Test {
     std::array<BYTE, kRecordBytes> record_{};
     std::unique_ptr<kvhost::DriverModule> module_;
     kvhost::SheetRequest request_;
+    std::vector<std::pair<std::string, std::string>> extraPages_ = {{"TAB4", "DDMTAB4"}};
     HWND sheet_{};
 };
 

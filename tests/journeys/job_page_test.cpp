@@ -1,0 +1,317 @@
+// Journeys over the Job Management page: job numbers that are typed, left empty and confirmed, and
+// what the page tells the sheet and the common area. Also the spare pages of its family.
+#include <commctrl.h>
+
+#include <algorithm>
+#include <functional>
+#include <random>
+
+#include "preferences.h"
+
+namespace journey {
+namespace {
+
+using kv::input::Click;
+using kv::input::Key;
+
+enum : int {
+    kAccessBox = 5002,
+    kAccess = 5004,
+    kLockBox = 5005,
+    kPassword = 5007,
+    kDistribution = 5009,
+    kFirstOnly = 5010,
+    kDensity = 5012,
+    kStart = 5014,
+    kApply = 0x3021,
+    kView = 14002,
+};
+constexpr size_t kSecurity = 0x228, kAccessNumber = 0x22C, kJobPassword = 0x230,
+                 kDistributionField = 0x234, kStartField = 0x238;
+constexpr DWORD kNone = 0xFFFFFFFF;
+
+class JobPage : public Preferences {
+ protected:
+    void SetUp() override {
+        Preferences::SetUp();
+        stored_ = record_;
+        request_.applied = [this](HWND, bool) {
+            stored_ = record_;
+            ++applied_;
+            return kvhost::Applied::kStored;
+        };
+        request_.ending = [this] { record_ = stored_; };
+        kv::Headless().SetPolicy([this](HWND dialog) {
+            boxes_.push_back(Text(dialog));
+            Click(GetDlgItem(dialog, IDOK));
+        });
+    }
+    HWND On(int id) { return Item(id, kJob); }
+    int ShownPages() {
+        int shown = 0;
+        for (int page = kBasic; page <= kJob; ++page) {
+            shown += IsWindowVisible(
+                reinterpret_cast<HWND>(SendMessageA(sheet_, PSM_INDEXTOHWND, page, 0)));
+        }
+        return shown;
+    }
+    LRESULT ActiveTab() {
+        const auto tabs = reinterpret_cast<HWND>(SendMessageA(sheet_, PSM_GETTABCONTROL, 0, 0));
+        return SendMessageA(tabs, TCM_GETCURSEL, 0, 0);
+    }
+    DWORD Stored(size_t offset) {
+        DWORD value = 0;
+        std::memcpy(&value, stored_.data() + sizeof(DEVMODEA) + offset, sizeof value);
+        return value;
+    }
+
+    std::array<BYTE, kRecordBytes> stored_{};
+    int applied_ = 0;
+    std::vector<std::string> boxes_;
+};
+
+TEST_F(JobPage, NumbersAreStoredInRangeAndShownWithFourDigits) {
+    const struct {
+        int box, edit;
+        size_t field;
+        const char* typed;
+        DWORD stored;
+        const char* shown;
+    } rows[] = {
+        {kAccessBox, kAccess, kAccessNumber, "1234", 999, "0999"},
+        {kAccessBox, kAccess, kAccessNumber, "0000", 1, "0001"},
+        {kLockBox, kPassword, kJobPassword, "0042", 42, "0042"},
+        {kLockBox, kPassword, kJobPassword, "0", 0, "0000"},
+    };
+    OpenSheet();
+    for (const auto& row : rows) {
+        ASSERT_FALSE(IsWindowEnabled(On(row.edit)));
+        ASSERT_TRUE(Click(On(row.box)));
+        EXPECT_EQ(GetFocus(), On(row.edit)) << "ticking the box goes to its number";
+        ASSERT_TRUE(kv::input::Type(row.typed));
+        ASSERT_TRUE(kv::input::Focus(On(kDistribution)));
+        EXPECT_EQ(Private(row.field), row.stored) << row.typed;
+        EXPECT_EQ(Text(On(row.edit)), row.shown);
+        ASSERT_TRUE(Click(On(row.box)));
+        EXPECT_EQ(Text(On(row.edit)), "") << "the number goes with its box";
+    }
+    EXPECT_TRUE(boxes_.empty());
+}
+
+TEST_F(JobPage, ANumberConfirmedWithEnterIsStoredAndNothingIsWrittenLater) {
+    OpenSheet();
+    ASSERT_TRUE(Click(On(kAccessBox)));
+    ASSERT_TRUE(kv::input::Type("77"));
+    SendMessageA(sheet_, PSM_APPLY, 0, 0);
+    EXPECT_EQ(Stored(kAccessNumber), 77u);
+    EXPECT_EQ(GetFocus(), On(kAccess)) << "the person goes on typing";
+    SendMessageA(GetFocus(), EM_SETSEL, 0, -1);
+    ASSERT_TRUE(kv::input::Type("88"));
+    ASSERT_TRUE(Key(VK_RETURN));
+    EXPECT_EQ(Stored(kAccessNumber), 88u);
+    EXPECT_EQ(applied_, 2);
+    EXPECT_EQ(SendMessageA(sheet_, PSM_GETCURRENTPAGEHWND, 0, 0), 0) << "OK closes the sheet";
+    CloseSheet();
+    EXPECT_EQ(record_, stored_);
+}
+
+TEST_F(JobPage, AnErasedNumberIsAskedForOnceWhereverThePersonGoes) {
+    const struct {
+        int edit;
+        size_t field;
+        DWORD empty;
+        const char* title;
+    } edits[] = {{kAccess, kAccessNumber, 0, "Access Number Error"},
+                 {kPassword, kJobPassword, kNone, "Password Error"}};
+    const std::pair<const char*, std::function<void()>> ways[] = {
+        {"another control", [&] { kv::input::Focus(On(kDistribution)); }},
+        {"the other number", [&] { Click(On(GetFocus() == On(kAccess) ? kPassword : kAccess)); }},
+        {"the box of the other number",
+         [&] { Click(On(GetFocus() == On(kAccess) ? kLockBox : kAccessBox)); }},
+        {"Tab", [] { Key(VK_TAB); }},
+        {"another tab", [&] { kv::input::SelectPage(sheet_, kLayout); }},
+        {"the next page", [] { Key(VK_TAB, kv::input::kControl); }},
+        {"Apply",
+         [&] {
+             SendMessageA(sheet_, PSM_CHANGED, SendMessageA(sheet_, PSM_INDEXTOHWND, kJob, 0), 0);
+             Click(GetDlgItem(sheet_, kApply));
+         }},
+        {"OK", [&] { Click(GetDlgItem(sheet_, IDOK)); }},
+        {"Enter", [] { Key(VK_RETURN); }},
+        {"Cancel", [&] { Click(GetDlgItem(sheet_, IDCANCEL)); }},
+        {"applying", [&] { EXPECT_EQ(SendMessageA(sheet_, PSM_APPLY, 0, 0), FALSE); }},
+    };
+    UseRules("");
+    for (const DWORD number : {0u, 5u}) {
+        for (const auto& edit : edits) {
+            for (const auto& [name, leave] : ways) {
+                SetPrivate(kSecurity, 3);
+                SetPrivate(kAccessNumber, number);
+                SetPrivate(kJobPassword, number == 0 ? kNone : number);
+                stored_ = record_;
+                OpenSheet();
+                SCOPED_TRACE(std::string(edit.title) + ", " + name + ", " + std::to_string(number));
+                kv::input::SelectPage(sheet_, kJob);
+                boxes_.clear();
+                SetFocus(On(edit.edit));
+                boxes_.clear();
+                SendMessageA(GetFocus(), EM_SETSEL, 0, -1);
+                Key(VK_DELETE);
+                leave();
+                EXPECT_EQ(boxes_, std::vector<std::string>{edit.title});
+                EXPECT_EQ(ActiveTab(), kJob);
+                EXPECT_EQ(ShownPages(), 1);
+                ASSERT_EQ(GetFocus(), On(edit.edit));
+                EXPECT_EQ(Text(GetFocus()), "");
+                EXPECT_EQ(Private(edit.field), edit.empty);
+                EXPECT_EQ(applied_, 0);
+                // Escape gives up, without another word.
+                ASSERT_TRUE(Key(VK_ESCAPE));
+                CloseSheet();
+                EXPECT_EQ(boxes_.size(), 1u);
+                EXPECT_EQ(record_, stored_);
+            }
+        }
+    }
+}
+
+TEST_F(JobPage, AnyOrderOfActionsWithEmptyNumbersEndsWell) {
+    constexpr unsigned kSequences = 300, kSteps = 12;
+    const char* wanted = std::getenv("KV_TEST_SEED");
+    const unsigned seed = wanted != nullptr ? static_cast<unsigned>(std::atol(wanted)) : 7720;
+    std::mt19937 random(seed);
+    const auto pick = [&](unsigned count) { return static_cast<int>(random() % count); };
+    const int targets[] = {kAccessBox,    kAccess,    kLockBox, kPassword,
+                           kDistribution, kFirstOnly, kStart,   kDensity};
+    for (const char* rules : {"",
+                              "[GrayOutConditions]\nChkAccessCode0=(0),1,1,(Password,0,0,(0),H),"
+                              "(ChkLockJob,0,0,(1),H)\n"}) {
+        UseRules(rules);
+        for (unsigned i = 0; i < kSequences / 2; ++i) {
+            SCOPED_TRACE("KV_TEST_SEED=" + std::to_string(seed) + ", sequence " +
+                         std::to_string(i));
+            SetPrivate(kSecurity, random() % 4);
+            SetPrivate(kAccessNumber, random() % 2);
+            SetPrivate(kJobPassword, random() % 2 - 1);
+            stored_ = record_;
+            OpenSheet();
+            kv::input::SelectPage(sheet_, kJob);
+            for (unsigned step = 0; step < kSteps; ++step) {
+                boxes_.clear();
+                const auto job =
+                    reinterpret_cast<HWND>(SendMessageA(sheet_, PSM_INDEXTOHWND, kJob, 0));
+                switch (pick(9)) {
+                    case 0:
+                        Key(VK_TAB, pick(2) ? kv::input::kShift : kv::input::kNoModifier);
+                        break;
+                    case 1:
+                        Key(VK_DELETE), Key(VK_BACK);
+                        break;
+                    case 2:
+                        kv::input::Type("7");
+                        break;
+                    case 3:
+                        Key(VK_RETURN);
+                        break;
+                    case 4:
+                        pick(4) == 0 ? Key(VK_ESCAPE) : Key(VK_SPACE);
+                        break;
+                    case 5:
+                        kv::input::SelectPage(sheet_, pick(8));
+                        break;
+                    case 6:
+                        Click(GetDlgItem(sheet_, pick(2) ? kApply : IDOK));
+                        break;
+                    default:
+                        Click(GetDlgItem(job, targets[pick(8)]));
+                        break;
+                }
+                ASSERT_LE(boxes_.size(), 1u);
+                ASSERT_EQ(ShownPages(), 1);
+                if (SendMessageA(sheet_, PSM_GETCURRENTPAGEHWND, 0, 0) == 0) break;
+            }
+            CloseSheet();
+            ASSERT_EQ(record_, stored_);
+        }
+    }
+}
+
+std::vector<UINT> told;
+WNDPROC panelProcedure = nullptr;
+LRESULT CALLBACK NoteTold(HWND panel, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_USER + 300 || (message == WM_USER + 301 && wParam == 9503)) {
+        told.push_back(message - WM_USER);
+    }
+    return CallWindowProcA(panelProcedure, panel, message, wParam, lParam);
+}
+
+TEST_F(JobPage, TellsTheCommonAreaWhatWasReallyChanged) {
+    SetPrivate(kDistributionField, 0xA8000000);
+    OpenSheet();
+    HWND panel = GetWindow(PageWindow(kJob), GW_CHILD);
+    while (panel != nullptr && GetDlgItem(panel, kView) == nullptr) {
+        panel = GetWindow(panel, GW_HWNDNEXT);
+    }
+    ASSERT_NE(panel, nullptr);
+    panelProcedure = reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrA(panel, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(NoteTold)));
+    told.clear();
+    kv::input::SelectPage(sheet_, kBasic);
+    kv::input::SelectPage(sheet_, kJob);
+    EXPECT_EQ(told, std::vector<UINT>{301}) << "at activation";
+    const HWND apply = GetDlgItem(sheet_, kApply);
+    told.clear();
+    // Behind the page's back, then what its snapshot has: no change.
+    SetPrivate(kDistributionField, 0xA4000000);
+    ChooseValue(kDensity, 0x08000000, kJob);
+    EXPECT_FALSE(IsWindowEnabled(apply));
+    EXPECT_EQ(told, std::vector<UINT>{301});
+    told.clear();
+    ChooseValue(kDensity, 0x04000000, kJob);
+    EXPECT_TRUE(IsWindowEnabled(apply));
+    EXPECT_EQ(told, (std::vector<UINT>{301, 300}));
+    EXPECT_EQ(Private(kDistributionField), 0xA4000000u) << "the other bits stay";
+    ASSERT_TRUE(Click(On(kFirstOnly)));
+    ASSERT_TRUE(Click(On(kFirstOnly)));
+    EXPECT_EQ(Private(kDistributionField), 0xA4000000u) << "never both clear";
+    // Apply leaves the snapshot alone: what is taken back goes to the page's last change.
+    SetPrivate(kStartField, 9);
+    PSHNOTIFY notice{{sheet_, 0, PSN_APPLY}, 0};
+    SendMessageA(PageWindow(kJob), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notice));
+    notice.hdr.code = PSN_RESET;
+    SendMessageA(PageWindow(kJob), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notice));
+    EXPECT_NE(Private(kStartField), 9u);
+}
+
+TEST_F(JobPage, SparePagesDispatchAndTellButDeriveAndHelpNothing) {
+    for (const char* number : {"5", "6"}) {
+        extraPages_ = {{"DLGTAB" + std::string(number), "DDMTAB" + std::string(number)}};
+        OpenSheet();
+        const HWND page = PageWindow(kJob);
+        ASSERT_NE(page, nullptr);
+        const HWND apply = GetDlgItem(sheet_, kApply);
+        const auto tells = [&](UINT message) {
+            SendMessageA(sheet_, PSM_UNCHANGED, reinterpret_cast<WPARAM>(page), 0);
+            SendMessageA(page, message, 1, 0);
+            return IsWindowEnabled(apply) != FALSE;
+        };
+        EXPECT_TRUE(tells(WM_COMMAND)) << "it begins without a snapshot";
+        EXPECT_FALSE(tells(WM_COMMAND)) << "each command takes one";
+        SetPrivate(kNup, 20);
+        EXPECT_TRUE(tells(WM_HSCROLL));
+        EXPECT_TRUE(tells(WM_HSCROLL)) << "a scroll takes none";
+        EXPECT_FALSE(tells(WM_VSCROLL));
+        EXPECT_EQ(Private(kNUpField), 0u) << "nothing is derived";
+        PSHNOTIFY notice{{sheet_, 0, PSN_RESET}, 0};
+        SendMessageA(page, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notice));
+        EXPECT_EQ(Private(kNup), 20u) << "nothing is taken back";
+        HELPINFO help{};
+        const DLGPROC procedure = module_->Procedure(("DDMTAB" + std::string(number)).c_str());
+        EXPECT_TRUE(procedure(page, WM_HELP, 0, reinterpret_cast<LPARAM>(&help)));
+        CloseSheet();
+        record_ = stored_;
+    }
+}
+
+}  // namespace
+}  // namespace journey
