@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <cstring>
 #include <iterator>
 
 #include "lists/watermark_angle.h"
@@ -13,6 +14,7 @@
 #include "settings/defaults.h"
 #include "settings/notification.h"
 #include "settings/reactor.h"
+#include "ui/snapshot.h"
 
 namespace kvui {
 namespace {
@@ -42,18 +44,28 @@ RouteResult ResetRecord(const Command& command) {
 
 RouteResult ChangedOnly(const Command&) { return {true, true}; }
 
+// Cancelling the dialog that the box opens unticks the box and undoes what ticking it forced.
 RouteResult FirstPageSource(const Command& command) {
-    PrivateDevmode& settings = *command.context.privateSettings;
+    constexpr INT_PTR kCancelled = 0;
+    SheetContext& context = command.context;
+    PrivateDevmode& settings = *context.privateSettings;
     if (settings.mdmFirstPageMedia == 0) settings.mdmFirstPageMedia = settings.MediaType;
+    BYTE before[kRecordSize];
+    std::memcpy(before, context.settings, sizeof before);
     const bool changed = Dispatch(command);
-    if (command.code == BN_CLICKED && settings.mdmFirstPage == 1) {
-        const ControlItem* item = ItemById(command.id);
-        if (item != nullptr && item->button != nullptr) {
-            DialogBoxParamA(command.context.resources, item->button->templateName, command.page,
-                            item->button->procedure, reinterpret_cast<LPARAM>(&command.context));
-        }
+    const ControlItem* item = ItemById(command.id);
+    if (command.code != BN_CLICKED || settings.mdmFirstPage != 1 || item == nullptr ||
+        item->button == nullptr) {
+        return {true, changed};
     }
-    return {true, changed};
+    const INT_PTR result =
+        DialogBoxParamA(context.resources, item->button->templateName, command.page,
+                        item->button->procedure, reinterpret_cast<LPARAM>(&context));
+    if (result != kCancelled) return {true, changed};
+    std::memcpy(context.settings, before, sizeof before);
+    TakeSnapshot(context);  // the dialog has taken one of its own there
+    FillControl(context, command.page, *item);
+    return {true, false};
 }
 
 // While a booklet is chosen, the first entry reads "On" and cannot be chosen.

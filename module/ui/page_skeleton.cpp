@@ -16,6 +16,7 @@
 #include "settings/reactor.h"
 #include "ui/entry_drawing.h"
 #include "ui/help.h"
+#include "ui/other_page_refresh.h"
 #include "ui/page_table.h"
 #include "ui/sheet_life.h"
 #include "ui/snapshot.h"
@@ -266,9 +267,34 @@ void TellSheetChanged(HWND page) {
     SendMessageA(GetParent(page), PSM_CHANGED, reinterpret_cast<WPARAM>(page), 0);
 }
 
+namespace {
+
+INT_PTR OnMessage(const PageTraits& traits, SheetContext* context, HWND page, UINT message,
+                  WPARAM wParam, LPARAM lParam);
+
+bool MayChangeSettings(UINT message) {
+    return message == WM_COMMAND || message == WM_HSCROLL || message == WM_VSCROLL ||
+           message == WM_NOTIFY;
+}
+
+}  // namespace
+
 INT_PTR RunPage(const PageTraits& traits, HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
     SheetContext* context = BeginPageMessage(page, message, lParam, traits.tailSize);
     if (context == nullptr) return FALSE;
+    if (!MayChangeSettings(message)) {
+        return OnMessage(traits, context, page, message, wParam, lParam);
+    }
+    const SettingsBefore before(*context);
+    const INT_PTR handled = OnMessage(traits, context, page, message, wParam, lParam);
+    if (IsWindow(page)) before.RefreshOtherPages(*context, page, traits.dialogName);
+    return handled;
+}
+
+namespace {
+
+INT_PTR OnMessage(const PageTraits& traits, SheetContext* context, HWND page, UINT message,
+                  WPARAM wParam, LPARAM lParam) {
     if (traits.onMessage != nullptr && traits.onMessage(*context, message, wParam, lParam)) {
         return TRUE;
     }
@@ -306,4 +332,5 @@ INT_PTR RunPage(const PageTraits& traits, HWND page, UINT message, WPARAM wParam
     }
 }
 
+}  // namespace
 }  // namespace kvui

@@ -70,6 +70,9 @@ void TakeSnapshot(SheetContext& context) {
     std::memcpy(snapshot.watermark, context.privateSettings->watermarkRecord, kWatermarkCopySize);
     std::memcpy(snapshot.userName, context.privateSettings->userName, kUserNameSize);
     CopyText(snapshot.overlayPath, context.overlayPath);
+    snapshot.layoutFlags = context.privateSettings->layoutFlags;
+    snapshot.posterTiles[0] = context.privateSettings->posterTilesAcross;
+    snapshot.posterTiles[1] = context.privateSettings->posterTilesDown;
 }
 
 void RestoreSnapshot(SheetContext& context) {
@@ -80,6 +83,9 @@ void RestoreSnapshot(SheetContext& context) {
     std::memcpy(context.privateSettings->watermarkRecord, snapshot.watermark, kWatermarkCopySize);
     std::memcpy(context.privateSettings->userName, snapshot.userName, kUserNameSize);
     CopyText(context.overlayPath, snapshot.overlayPath);
+    context.privateSettings->layoutFlags = snapshot.layoutFlags;
+    context.privateSettings->posterTilesAcross = snapshot.posterTiles[0];
+    context.privateSettings->posterTilesDown = snapshot.posterTiles[1];
 }
 
 bool ChangedSinceSnapshot(const SheetContext& context) {

@@ -19,6 +19,9 @@ struct SettingsSnapshot {
     BYTE watermark[kWatermarkCopySize];
     char userName[kUserNameSize];
     char overlayPath[261];
+    // No settings of their own: what was derived from those above goes back with them.
+    DWORD layoutFlags;
+    BYTE posterTiles[2];
 
     // A field of the module region inside the snapshot, by its offset in PrivateDevmode.
     DWORD& ModuleWord(size_t offset) {

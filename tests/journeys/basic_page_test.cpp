@@ -150,15 +150,17 @@ TEST_F(BasicPage, CancelOfTheFirstPageDialogUndoesWhatItChanged) {
         kv::input::Key(VK_ESCAPE);
     });
     ASSERT_TRUE(kv::input::Click(Item(kFirstPageBox)));
-    EXPECT_EQ(Private(kFirstPage), 1u);
+    EXPECT_EQ(Private(kFirstPage), 0u);
     EXPECT_EQ(Private(kFirstPageMedia), 264u);
-    ASSERT_TRUE(kv::input::Click(Item(kFirstPageBox)));
+    EXPECT_EQ(SendMessageA(Item(kFirstPageBox), BM_GETCHECK, 0, 0), LRESULT{BST_UNCHECKED});
+    EXPECT_FALSE(IsWindowEnabled(GetDlgItem(sheet_, 0x3021))) << "nothing is to be applied";
     kv::Headless().PushAnswer([](HWND dialog) {
         const HWND media = GetDlgItem(dialog, 1176);
         kv::input::Choose(media, IndexOf(media, 259));
         kv::input::Click(GetDlgItem(dialog, IDOK));
     });
     ASSERT_TRUE(kv::input::Click(Item(kFirstPageBox)));
+    EXPECT_EQ(Private(kFirstPage), 1u);
     EXPECT_EQ(Private(kFirstPageMedia), 259u);
 }
 

@@ -71,6 +71,18 @@ TEST_F(Conflicts, ResolveForcesEveryTargetOfTheChain) {
     EXPECT_EQ(Text(Item(2014)), "7") << "the page shows what was forced";
 }
 
+TEST_F(Conflicts, AnotherPageShowsWhatWasForcedBeforeItReadsBack) {
+    UseRules("[ConflictConditions]\nComboNup0=(2),0,0,(EditCopies,0,0,(1),7)\n");
+    OpenSheet();
+    PageWindow(kLayout);
+    const auto basic = reinterpret_cast<HWND>(SendMessageA(sheet_, PSM_INDEXTOHWND, kBasic, 0));
+    Expect("Pages/Sheet:=2|Copies=1|7", kResolve);
+    ChooseValue(1410, 2, kLayout);
+    EXPECT_EQ(Text(GetDlgItem(basic, 2014)), "7");
+    ASSERT_TRUE(PressOk());
+    EXPECT_EQ(Public().dmCopies, 7);
+}
+
 TEST_F(Conflicts, EveryWayToCancelLeavesTheRecordAsItWas) {
     UseRules(MediaRule("RadioOrientation,0,0,(1),2"));
     OpenSheet();

@@ -42,6 +42,7 @@ class LayoutPage : public Preferences {
         SetPrivate(kNUpField, nup);
         SetPrivate(kNupStyle, style);
         SetPrivate(kDuplexMode, duplex);
+        SetPrivate(kNupMode, duplex == 5 ? 1 : 0);
         OpenSheet();
     }
 };
@@ -248,6 +249,15 @@ TEST_F(LayoutPage, DetailsDefaultsAndCancel) {
     EXPECT_EQ(Private(kDuplexMode), 5u);
     EXPECT_EQ(Private(kNup), 20u);
     EXPECT_EQ(Private(kNupMode) & 3, 1u);
+    CloseSheet();
+    StartWith(4, 0);
+    const auto before = record_;
+    InDetails(IDCANCEL, [&](HWND dialog) {
+        ChooseIn(dialog, kNupBox, 20);
+        EXPECT_EQ(Private(kFlagWord) & 2, 2u);
+    });
+    EXPECT_EQ(record_, before);
+    EXPECT_FALSE(IsWindowEnabled(GetDlgItem(sheet_, 0x3021))) << "nothing is to be applied";
 }
 
 // The entry of four pages, read from one side: which columns are not white.
