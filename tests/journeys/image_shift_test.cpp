@@ -147,13 +147,13 @@ TEST_F(ImageShift, OnlyAnAcceptedShiftIsAChangeAndOutlivesAReset) {
         const bool before = CanApply();
         Open(closer, [&](HWND dialog) { TypeIn(dialog, kAcross, "0.5"); });
         EXPECT_EQ(CanApply(), before || closer == IDOK);
-        Reset(kLayout);
+        Notify(kLayout, PSN_RESET);
         EXPECT_EQ(Private(kOffsetX), closer == IDOK ? 50u : 0u);
     }
     // A choice on the page is accepted by the dialog's opening.
     ASSERT_TRUE(kv::input::Click(Item(kRotate, kLayout)));
     Open(IDCANCEL, [&](HWND) {});
-    Reset(kLayout);
+    Notify(kLayout, PSN_RESET);
     EXPECT_TRUE(Private(kOtherSettings) & 0x80);
 }
 

@@ -102,7 +102,10 @@ TEST_F(LayoutPage, RightBindingOutlivesPagesAppliesAndRefusals) {
 
 TEST_F(LayoutPage, PaintingTheBookletEntryNamesTheFirstDuplexEntry) {
     OpenSheet();
-    ChooseValue(kDuplexBox, 2, kLayout);
+    for (const SHORT edge : {3, 2}) {
+        ChooseValue(kDuplexBox, edge, kLayout);
+        EXPECT_EQ(Public().dmDuplex, edge);
+    }
     const HWND duplex = Duplex();
     SendMessageA(duplex, CB_DELETESTRING, 0, 0);
     SendMessageA(duplex, CB_INSERTSTRING, 0, reinterpret_cast<LPARAM>("On"));
@@ -140,7 +143,7 @@ TEST_F(LayoutPage, DefaultsReachTheImageShiftAndTheSnapshot) {
     EXPECT_EQ(Private(kDuplexMode), 1u);
     EXPECT_EQ(Private(kNupStyle), 0u);
     EXPECT_EQ(Private(kOffsetX), 0u);
-    Reset(kLayout);
+    Notify(kLayout, PSN_RESET);
     EXPECT_EQ(Private(kNup), 20u);
     EXPECT_EQ(Private(kDuplexMode), 4u);
 }
@@ -220,7 +223,7 @@ TEST_F(LayoutPage, DetailsStoreTheShownOrderAndKeepTheBorder) {
         EXPECT_EQ(Private(kNupMode) & 7, 1u) << "derived with OK";
     });
     EXPECT_EQ(Private(kNupMode) & 7, 0u);
-    Reset(kLayout);
+    Notify(kLayout, PSN_RESET);
     EXPECT_EQ(Private(kNupStyle), 0u) << "accepted in the dialog";
     InDetails(IDOK, [&](HWND dialog) {
         ChooseIn(dialog, kNupBox, 20);

@@ -75,10 +75,11 @@ class Preferences : public testing::Test {
         ASSERT_NE(sheet_, nullptr);
         kv::PumpPendingMessages();
     }
-    // What the sheet's Cancel tells a page.
-    void Reset(int page) {
-        PSHNOTIFY reset{{sheet_, 0, PSN_RESET}, 0};
-        SendMessageA(PageWindow(page), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&reset));
+    // What the sheet tells a page, such as its Cancel; the focus stays where it is.
+    void Notify(int page, UINT code) {
+        const auto window = reinterpret_cast<HWND>(SendMessageA(sheet_, PSM_INDEXTOHWND, page, 0));
+        PSHNOTIFY notice{{sheet_, 0, code}, 0};
+        SendMessageA(window, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notice));
     }
     bool CanApply() { return IsWindowEnabled(GetDlgItem(sheet_, 0x3021)) != FALSE; }
     void CloseSheet() {

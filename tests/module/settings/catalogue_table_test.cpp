@@ -191,6 +191,20 @@ TEST(HelpTable, NamesEachControlOnceAndAgreesWithTheCatalogue) {
             EXPECT_EQ(pair.helpId, item->helpId);
         }
     }
+    // What belongs to a control explains itself as the control does.
+    for (const ControlItem& item : kCatalogue) {
+        std::vector<DWORD> companions{item.pictureId};
+        for (const RadioItem& button : RadioButtons(item)) companions.push_back(button.buttonId);
+        if (item.edit != nullptr) companions.insert(companions.end(), {item.edit->spinId, item.edit->rangeTextId});
+        if (item.slider != nullptr) {
+            companions.insert(companions.end(), {item.slider->valueEditId, item.slider->spinId,
+                                                 item.slider->minimumTextId, item.slider->maximumTextId});
+        }
+        for (const DWORD id : companions) {
+            const DWORD topic = id != 0 ? HelpIdFor(id) : 0;
+            EXPECT_TRUE(topic == 0 || topic == item.helpId) << id << " of " << item.controlId;
+        }
+    }
 }
 
 }  // namespace
