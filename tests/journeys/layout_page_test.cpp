@@ -63,6 +63,19 @@ TEST_F(LayoutPage, ChoosingBookletTurnsLeftBindingOn) {
     EXPECT_EQ(Public().dmDuplex, 3);
 }
 
+TEST_F(LayoutPage, ASheetStartsWithWhatIsPrintedUnlessItIsABookletOrAPoster) {
+    const struct { DWORD nup, printed, duplex, shown; } rows[] = {
+        {0, 4, 1, 4}, {9, 0, 2, 0}, {103, 0, 1, 103}, {20, 2, 4, 20}, {20, 2, 5, 20}};
+    for (const auto& row : rows) {
+        SetPrivate(kNup, row.nup);
+        SetPrivate(kNUpField, row.printed);
+        SetPrivate(kDuplexMode, row.duplex);
+        OpenSheet();
+        EXPECT_EQ(Private(kNup), row.shown) << row.nup;
+        CloseSheet();
+    }
+}
+
 TEST_F(LayoutPage, ABookletStaysBoundWhateverTheDuplexListIsAskedFor) {
     OpenSheet();
     ChooseValue(kNupBox, 20, kLayout);

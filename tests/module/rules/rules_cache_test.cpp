@@ -31,7 +31,7 @@ TEST(RulesCache, HoldsTheTwoSectionsAndMatchesNamesExactly) {
     sheet.UseRules(
         "[ConflictConditions]\r\nKey0=(1),0,0=x\nAlone\n\r\nKey1 = (2) "
         "\r[AddCondition]\n1=Name,(1)\n"
-        "[SHOWITEMACCORDINGTOOPTION]\nKey0=4\n");
+        "[SHOWITEMACCORDINGTOOPTION]\nKey0=4\nKey0=5\n");
     EXPECT_EQ(Lookup(sheet, "ConflictConditions", "Key0"), "(1),0,0=x");
     EXPECT_EQ(Lookup(sheet, "ConflictConditions", "Key1"), "(2)");
     EXPECT_EQ(Lookup(sheet, "ConflictConditions", "key0"), "(absent)");
