@@ -13,17 +13,6 @@ enum : int {
 
 class BasicPage : public Preferences {};
 
-TEST_F(BasicPage, LandscapeA5TwoCopiesReachTheRecord) {
-    OpenSheet();
-    ASSERT_TRUE(kv::input::Click(Item(kLandscape)));
-    ChooseValue(kPaperSize, 11);
-    TypeInto(kCopies, "2");
-    ASSERT_TRUE(PressOk());
-    EXPECT_EQ(Public().dmOrientation, 2);
-    EXPECT_EQ(Public().dmPaperSize, 11);
-    EXPECT_EQ(Public().dmCopies, 2);
-}
-
 TEST_F(BasicPage, EveryPageOpensAndOnlyHarmlessFieldsMove) {
     const auto before = record_;
     OpenSheet();
@@ -114,8 +103,10 @@ TEST_F(BasicPage, SendOnceFollowsTheCopiesWhileTheyAreTyped) {
     EXPECT_TRUE(IsWindowEnabled(Item(kSendOnce)));
 }
 
-TEST_F(BasicPage, OkStoresAnEditThatStillHasTheFocus) {
+TEST_F(BasicPage, OkStoresWhatWasChosenAndAnEditThatStillHasTheFocus) {
     OpenSheet();
+    ASSERT_TRUE(kv::input::Click(Item(kLandscape)));
+    ChooseValue(kPaperSize, 11);
     ASSERT_TRUE(kv::input::Click(Item(kManual)));
     TypeInto(kZoom, "150");
     Notify(kBasic, PSN_APPLY);
@@ -127,6 +118,8 @@ TEST_F(BasicPage, OkStoresAnEditThatStillHasTheFocus) {
     TypeInto(kCopies, "7");
     ASSERT_TRUE(kv::input::Key(VK_RETURN));
     EXPECT_EQ(Public().dmCopies, 7);
+    EXPECT_EQ(Public().dmOrientation, 2);
+    EXPECT_EQ(Public().dmPaperSize, 11);
 }
 
 TEST_F(BasicPage, DefaultsResetThisPageOnlyAndKeepWhatTheyMust) {

@@ -2,6 +2,8 @@
 // that follows every choice.
 #include <platform/window/paint.h>
 
+#include <set>
+
 #include "tests/journeys/preferences.h"
 
 namespace journey {
@@ -98,6 +100,27 @@ TEST_F(Preview, SwitchingShowsAnotherPictureAndComesBack) {
     EXPECT_TRUE(printer != paper);
     ASSERT_TRUE(kv::input::Click(GetDlgItem(panel, kSwitch)));
     EXPECT_TRUE(Picture(panel) == paper);
+}
+
+TEST_F(Preview, AChoiceRepaintsBothViews) {
+    struct Watcher : kv::Display {
+        std::set<HWND> repainted;
+        void Invalidated(HWND window) override { repainted.insert(window); }
+        bool WaitForInput(HWND) override { return false; }
+    } watcher;
+    OpenSheet();
+    const struct { int page, button; } rows[] = {{kBasic, kLandscape}, {kLayout, 2032}};
+    for (const auto& row : rows) {
+        const HWND panel = Panel(row.page), button = Item(row.button, row.page);
+        for (const int id : {kView, kStrip}) Picture(panel, id);  // nothing is left to paint
+        kv::UseDisplay(&watcher);
+        kv::input::Click(button);
+        kv::UseDisplay(nullptr);
+        for (const int id : {kView, kStrip}) {
+            EXPECT_EQ(watcher.repainted.count(GetDlgItem(panel, id)), 1u) << row.page << " " << id;
+        }
+        watcher.repainted.clear();
+    }
 }
 
 TEST_F(Preview, EdgesOfBothViewsAreDark) {
