@@ -1,0 +1,66 @@
+// How pages begin, become active and apply: what every page does in its order, whatever its
+// controls are.
+#include "preferences.h"
+#include "ui/sheet_context.h"
+
+namespace journey {
+namespace {
+
+class SheetLife : public Preferences {
+ protected:
+    const kvui::SheetContext& ContextOf(int page) {
+        void* state = nullptr;
+        EXPECT_TRUE(QDMCrackInfo(PageWindow(page), WM_NULL, 0, nullptr, nullptr, nullptr, &state,
+                                 nullptr, nullptr, nullptr, nullptr));
+        return *static_cast<const kvui::SheetContext*>(state);
+    }
+};
+
+TEST_F(SheetLife, FlagsTellWhatMayBeChanged) {
+    const struct {
+        DWORD mode;
+        bool administrator;
+        DWORD flags;
+    } rows[] = {{0, true, 0}, {0x20, true, 1}, {0x8, true, 2}, {0x40, true, 0}, {0, false, 4}};
+    for (const auto& row : rows) {
+        kv::SetActingAsAdministrator(row.administrator);
+        OpenSheet(row.mode);
+        for (const int page : {kBasic, kQuality, kJob}) {
+            EXPECT_EQ(ContextOf(page).flags & 7, row.flags) << row.mode << " page " << page;
+        }
+        CloseSheet();
+    }
+}
+
+int firstActivations = 0;
+WNDPROC pageProcedure = nullptr;
+LRESULT CALLBACK CountFirstActivations(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
+    firstActivations += message == WM_USER + 2;
+    return CallWindowProcA(pageProcedure, page, message, wParam, lParam);
+}
+
+TEST_F(SheetLife, TheFirstActivationAsksForThePortOnce) {
+    request_.printer = &printer_;
+    request_.record = record_.data();
+    sheet_ = module_->CreateSheet(request_);
+    const auto page = reinterpret_cast<HWND>(SendMessageA(sheet_, PSM_INDEXTOHWND, kBasic, 0));
+    pageProcedure = reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrA(page, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(CountFirstActivations)));
+    firstActivations = 0;
+    kv::PumpPendingMessages();
+    EXPECT_EQ(firstActivations, 1);
+    for (const int other : {kLayout, kBasic, kQuality, kBasic}) PageWindow(other);
+    EXPECT_EQ(firstActivations, 1);
+}
+
+TEST_F(SheetLife, ApplyingTheLayoutPageShowsWhatTheRecordHas) {
+    OpenSheet();
+    const HWND combo = Item(1410, kLayout);
+    SetPrivate(kNup, 4);
+    PSHNOTIFY notice{{sheet_, 0, PSN_APPLY}, 0};
+    SendMessageA(PageWindow(kLayout), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notice));
+    EXPECT_EQ(SendMessageA(combo, CB_GETCURSEL, 0, 0), IndexOf(combo, 4));
+}
+
+}  // namespace
+}  // namespace journey
