@@ -4,9 +4,20 @@
 #include <algorithm>
 #include <cstdio>
 #include <nlohmann/json.hpp>
+#include <string_view>
 
 namespace kvhost {
 namespace {
+
+// The frame of a radio group stays enabled when its buttons are grayed.
+bool IsEnabled(const Control& control, HWND window) {
+    if (std::string_view(control.kind) != "radio") return IsWindowEnabled(window) != FALSE;
+    return std::any_of(
+        control.choices, control.choices + control.choiceCount, [&](const Choice& choice) {
+            const int id = static_cast<int>(choice.buttonId);
+            return IsWindowEnabled(GetDlgItem(GetParent(window), id)) != FALSE;
+        });
+}
 
 nlohmann::ordered_json Describe(Session& session, ControlDriver& driver, const Control& control) {
     const HWND window = driver.WindowOf(control);
@@ -23,7 +34,7 @@ nlohmann::ordered_json Describe(Session& session, ControlDriver& driver, const C
         for (const ChoiceText& choice : ControlDriver::ChoicesOf(control, window)) {
             row["choices"].push_back({{"value", choice.value}, {"text", choice.text}});
         }
-        row["enabled"] = IsWindowEnabled(window) != FALSE;
+        row["enabled"] = IsEnabled(control, window);
         row["visible"] = IsWindowVisible(window) != FALSE;
     } else {
         for (unsigned i = 0; i < control.choiceCount; ++i) {

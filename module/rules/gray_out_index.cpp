@@ -85,6 +85,13 @@ void EnableWithCompanions(HWND dialog, const ControlItem& item, DWORD target, BO
     EnableControl(dialog, target, enable);
 }
 
+// A rule that does not hold gives back only what the installed options leave. Captions and radio
+// buttons are enabled whatever their option line says.
+bool OptionsAllow(SheetContext& context, const ControlItem& item) {
+    return item.type == kItemText || item.type == kItemRadio ||
+           IsShownByOptions(context, item.optionKey) == 1;
+}
+
 const GrayOutEntry* EntryNamed(const GrayOutIndex& index, const char* name) {
     for (LONG i = 0; i < index.count; ++i) {
         if (std::strcmp(index.entries[i].targetName, name) == 0) return &index.entries[i];
@@ -109,8 +116,10 @@ int ApplyGrayOutIndex(SheetContext& context, HWND dialog, const ControlItem& ite
     if (grayed && entry.forcedValue != kForcedNothing) {
         ForceSetting(context, target, entry.forcedValue);
     }
+    const bool enable =
+        !grayed && OptionsAllow(context, target.item != nullptr ? *target.item : item);
     EnableWithCompanions(dialog, item, target.item != nullptr ? target.item->controlId : 0,
-                         grayed ? FALSE : TRUE);
+                         enable ? TRUE : FALSE);
     return grayed ? 1 : 0;
 }
 
