@@ -132,13 +132,9 @@ void CreateSharedView(SheetContext& context) {
 }
 
 void ShowViewKind(SheetContext& context, ViewKind kind) {
-    SetStartingView(context, kind == kViewDevice ? 1 : 0);
+    context.shared->viewIndex = kind == kViewDevice ? 1 : 0;
     context.shared->pageKind = kind;
     ShowView(context);
-}
-
-void SetStartingView(SheetContext& context, int index) {
-    context.shared->viewIndex = index != 0 ? 1 : 0;
 }
 
 void AttachSharedView(SheetContext& context) {

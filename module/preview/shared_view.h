@@ -21,8 +21,6 @@ void CreateSharedView(SheetContext& context);
 // Switches the shared view to the views of the page's kind, starting with the printer figure where the
 // page is about the device and with the page's own view elsewhere.
 void ShowViewKind(SheetContext& context, ViewKind kind);
-// Which of the two views (0 or 1) the next page that takes the panel over starts with.
-void SetStartingView(SheetContext& context, int index);
 // The page becomes the panel's parent.
 void AttachSharedView(SheetContext& context);
 // Repaints the panel after a change of a setting.

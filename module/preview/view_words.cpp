@@ -70,13 +70,17 @@ void AddPaperName(Sentence& sentence, const SheetContext& context, DWORD code, U
     }
 }
 
-// The bar along the binding edge shows which side of the sheet it is.
+// The bar along the binding edge, or the fold of a booklet, shows which side of the sheet it is. A
+// landscape booklet is a portrait one turned by a quarter.
 UINT BindingSide(const PaperSettings& settings) {
     constexpr WORD kUprightBars[] = {13506, 13516};
-    constexpr DWORD kBookletLeft = 4;
-    constexpr DWORD kBookletRight = 5;
-    if (settings.duplexMode == kBookletLeft) return IDS_WORDS_BOUND_LEFT;
-    if (settings.duplexMode == kBookletRight) return IDS_WORDS_BOUND_RIGHT;
+    const bool upright = settings.document == Shape::kPortrait;
+    if (settings.duplexMode == kDuplexBookletLeft) {
+        return upright ? IDS_WORDS_BOUND_LEFT : IDS_WORDS_BOUND_TOP;
+    }
+    if (settings.duplexMode == kDuplexBookletRight) {
+        return upright ? IDS_WORDS_BOUND_RIGHT : IDS_WORDS_BOUND_BOTTOM;
+    }
     const LayoutKind kind = LayoutOf(settings.nup).kind;
     const BindingRow* row = BindingOf(settings.duplexMode, kind, settings.document);
     if (row == nullptr) return 0;

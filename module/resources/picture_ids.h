@@ -77,9 +77,8 @@
 // Bitmaps of the preview. A mask has the number that follows its picture's.
 #define IDB_VIEW_TILE 13101
 
-// The colour test picture of the quality view, and how it prints in black and white.
+// The colour test picture of the quality view.
 #define IDB_SAMPLE_COLOR 13201
-#define IDB_SAMPLE_GREY  13202
 
 // Page numbers, shown at the corners of the sheet.
 #define IDB_NUMBER_1  13401

@@ -58,7 +58,6 @@ struct SharedSheet {
     int viewIndex;           // which of the page kind's two views the panel shows, 0 or 1
     int sampleMode;          // colour sample of the quality view: SampleMode
     ConflictReport report;
-    LPVOID subDialogBlock;   // edit block of the sub-dialog that is open
 };
 
 struct SheetContext {
@@ -74,7 +73,6 @@ struct SheetContext {
     PrinterBlock* printer;
     HostUiBlock* host;
     SettingsSnapshot* snapshot;
-    LPVOID work[3];           // work areas of the previews
     DWORD platformId;
     DWORD flags;              // kSheet...
     char overlayPath[261];    // file of the chosen overlay

@@ -292,7 +292,7 @@ TEST_F(Accessible, ThePreviewSaysInWordsWhatItShows) {
     EXPECT_EQ(Words(kLayout),
               "A4, 2 pages per sheet, landscape, two-sided, bound at the left, in color");
     ChooseValue(1410, 20, kLayout);
-    EXPECT_EQ(Words(kLayout), "A4, booklet, landscape, bound at the left, in color");
+    EXPECT_EQ(Words(kLayout), "A4, booklet, landscape, bound at the top, in color");
     EXPECT_EQ(Words(kQuality), "Sample picture, in color");
 }
 

@@ -142,6 +142,21 @@ TEST_F(Preview, EdgesOfBothViewsAreDark) {
     }
 }
 
+TEST_F(Preview, ABookletsWordsNameTheEdgeThatItsPictureShowsFolded) {
+    const struct { SHORT orientation; DWORD binding; const char* edge; } rows[] = {
+        {1, 4, "left"}, {1, 5, "right"}, {2, 4, "top"}, {2, 5, "bottom"},
+    };
+    SetPrivate(kNup, 20);
+    for (const auto& row : rows) {
+        Public().dmOrientation = row.orientation;
+        SetPrivate(kDuplexMode, row.binding);
+        OpenSheet();
+        const std::string words = Text(FindIn(PageWindow(kBasic), kView));
+        EXPECT_NE(words.find(std::string("bound at the ") + row.edge), std::string::npos) << words;
+        CloseSheet();
+    }
+}
+
 TEST_F(Preview, AReadOnlySheetLocksTheSwitch) {
     OpenSheet(0x20);
     EXPECT_FALSE(IsWindowEnabled(GetDlgItem(Panel(kBasic), kSwitch)));

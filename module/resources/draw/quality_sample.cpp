@@ -211,7 +211,6 @@ void DrawSample(cairo_t* to, const Box& area, int) {
 
 constexpr BitmapPicture kSamples[] = {
     {IDB_SAMPLE_COLOR, 140, 170, DrawSample, 0, Finish::kAsDrawn},
-    {IDB_SAMPLE_GREY, 140, 170, DrawSample, 0, Finish::kGrey},
 };
 
 }  // namespace
