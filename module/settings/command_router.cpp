@@ -8,6 +8,7 @@
 #include <iterator>
 
 #include "lists/watermark_angle.h"
+#include "lists/watermark_list.h"
 #include "resources/resource.h"
 #include "rules/gray_out.h"
 #include "settings/control_fill.h"
@@ -201,6 +202,8 @@ RouteResult WatermarkChoice(const Command& command) {
     command.context.privateSettings->mdmWatermark = static_cast<DWORD>(
         SendMessageA(list, isList ? LB_GETITEMDATA : CB_GETITEMDATA, index, 0));
     UpdateChosenWatermark(command.context);
+    // Without a watermark too: nothing of the last one may be left for the rendering side.
+    CopyChosenWatermark(command.context);
     return {true, true};
 }
 

@@ -12,8 +12,6 @@ namespace {
 // dialog, help topic, view, features
 // clang-format off
 constexpr PageTraits kDeviceOptionsPage   = {"DLGTAB3",       1401, kViewDevice,    kOrdinaryPage};
-constexpr PageTraits kWatermarkPage       = {"DLGTABWM",      1103, kViewWatermark, kOrdinaryPage};
-constexpr PageTraits kOverlayPage         = {"DLGTABOVER",    5114, kViewPage,      kOrdinaryPage};
 // clang-format on
 
 void ShowProduct(SheetContext& context) {
@@ -41,12 +39,6 @@ constexpr PageTraits kTroubleshootingPage = {
 
 INT_PTR CALLBACK DDMTAB3(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
     return kvui::RunPage(kvui::kDeviceOptionsPage, page, message, wParam, lParam);
-}
-INT_PTR CALLBACK DDMTABWM(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
-    return kvui::RunPage(kvui::kWatermarkPage, page, message, wParam, lParam);
-}
-INT_PTR CALLBACK DDMTABOVER(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
-    return kvui::RunPage(kvui::kOverlayPage, page, message, wParam, lParam);
 }
 INT_PTR CALLBACK DDMAbout(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
     const bool dialog = (GetWindowLongA(page, GWL_STYLE) & WS_CHILD) == 0;

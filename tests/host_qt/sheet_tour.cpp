@@ -45,7 +45,7 @@ constexpr Row kDialogs[] = {
     {"page-order",        kLayout,    Way::kExport,   0,     0, 0,    0,  "_DLGTAB02",           "DDMTAB02"},
     {"output-details",    kLayout,    Way::kExport,   0,     0, 0,    0,  "_DLGTAB01",           "DDMTAB01"},
     {"image-shift",       kLayout,    Way::kClick,    1912,  0, 1901, 1,  nullptr,               nullptr},
-    {"overlay-editor",    kOverlay,   Way::kClick,    1892,  0, 0,    0,  nullptr,               nullptr},
+    {"overlay-editor",    kOverlay,   Way::kClick,    1893,  0, 0,    0,  nullptr,               nullptr},
     {"watermark-editor",  kWatermark, Way::kClick,    8006,  0, 0,    0,  nullptr,               nullptr},
     {"record-editor",     kWatermark, Way::kExport,   0,     0, 0,    0,  "_DLGEDIT0",           "DDMEDIT0"},
     {"quality-list",      kQuality,   Way::kExport,   0,     0, 0,    0,  "_DLGTAB20",           "DDMTAB20"},
