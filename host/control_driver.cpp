@@ -383,14 +383,13 @@ SetOutcome ControlDriver::Set(const Control& control, const std::string& value) 
     return outcome;
 }
 
-// A page may ignore a choice that others forbid, without asking. The field may hold more than the
-// entry's bits.
+// A page may ignore a choice that others forbid, without asking.
 bool ControlDriver::IsTaken(const Control& control, HWND combo, int index, const ChoiceText& wanted,
                             const std::string& value) {
     if (control.setting[0] == '\0' || conflicts_.refusal() != ConflictRefusal::kNone) return true;
     if (SendMessageA(combo, CB_GETCURSEL, 0, 0) != index) return false;
-    const DWORD stored = ReadControlValue(session_.record().data(), control);
-    return CaptionMatches(wanted.text, value) || (stored & wanted.value) == wanted.value;
+    return CaptionMatches(wanted.text, value) ||
+           HoldsValue(session_.record().data(), control, wanted.value);
 }
 
 SetOutcome ControlDriver::SetOnPage(const Control& control, const std::string& value, HWND window) {
@@ -444,6 +443,13 @@ SetOutcome ControlDriver::SetInSubDialog(const Control& control, const std::stri
         kv::input::Click(window);
     }
     pending_ = nullptr;
+    const auto held = HeldShiftOf(session_.record().data(), control);
+    if (held && pendingOutcome_.status == kDone) {
+        pendingOutcome_.notes.clear();
+        if (DecimalOf(held->number) == DecimalOf(value)) return pendingOutcome_;
+        return StoredAs(control, value, held->number,
+                        std::string("the limit in whole ") + held->steps);
+    }
     return pendingOutcome_;
 }
 

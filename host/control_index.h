@@ -4,6 +4,8 @@
 
 #include <windef.h>
 
+#include <optional>
+#include <string>
 #include <string_view>
 
 namespace kvhost {
@@ -32,9 +34,9 @@ struct Control {
     DWORD mask;
     const Choice* choices;
     unsigned choiceCount;
-    LONG sliderBase;     // stored value at a slider's position 0
-    DWORD parts[2];      // ids of a slider's edit and of the arrows; 0 for none
-    LONG lowest;         // of an edit; the rules file may say otherwise
+    LONG sliderBase;  // stored value at a slider's position 0
+    DWORD parts[2];   // ids of a slider's edit and of the arrows; 0 for none
+    LONG lowest;      // of an edit; the rules file may say otherwise
     LONG highest;
 };
 
@@ -49,5 +51,15 @@ const Control* FindControl(std::string_view name);
 LONG ReadRecordField(const BYTE* record, const Field& field);
 // Value of a control's part of its setting.
 DWORD ReadControlValue(const BYTE* record, const Control& control);
+// Whether the control's part of its setting holds this value. Bits of the same setting that belong
+// to other controls (the border beside the order of pages) do not count.
+bool HoldsValue(const BYTE* record, const Control& control, DWORD value);
+// The image shift that the record holds, as its dialog shows it; empty for all other controls. The
+// steps of the record are coarser than the limits of the dialog.
+struct HeldShift {
+    std::string number;
+    const char* steps;
+};
+std::optional<HeldShift> HeldShiftOf(const BYTE* record, const Control& control);
 
 }  // namespace kvhost

@@ -25,7 +25,8 @@ enum class Opening {
     kExport,  // no control opens it: the module's export, on the page's state
 };
 
-// A dialog over a page (its index in the sheet).
+// A dialog over a page (its index in the sheet). What is stored is drawn; the control before is worked
+// only where the dialog does not open otherwise, or to meet a rule.
 struct DialogRow {
     const char* name;
     int page;
@@ -49,7 +50,7 @@ constexpr DialogRow kDialogs[] = {
     {"pages-per-sheet-style", 1, Opening::kExport, 0,     0, 0,    0, "_DLGTAB02", "DDMTAB02"},
     {"output-details",        1, Opening::kExport, 0,     0, 0,    0, "_DLGTAB01", "DDMTAB01"},
     {"image-shift",           1, Opening::kClick,  1912,  0, 1901, 1, nullptr,     nullptr},
-    {"overlay-editor",        2, Opening::kClick,  1892,  0, 0,    0, nullptr,     nullptr},
+    {"overlay-editor",        2, Opening::kClick,  1893,  0, 0,    0, nullptr,     nullptr},
     {"watermark-editor",      3, Opening::kClick,  8006,  0, 0,    0, nullptr,     nullptr},
     {"quality-list",          4, Opening::kExport, 0,     0, 0,    0, "_DLGTAB20", "DDMTAB20"},
     {"mailboxes",             5, Opening::kClick,  4008,  0, 0,    0, nullptr,     nullptr},
@@ -183,7 +184,9 @@ class Photographer {
     bool TakeDialog(const DialogRow& row) {
         const HWND page = Open(row.page);
         if (page == nullptr) return false;
-        if (row.controlBefore != 0) {
+        const bool opens = row.opening == Opening::kClick &&
+                           kv::input::CanReach(FindOnSheet(sheet_, page, row.control));
+        if (row.controlBefore != 0 && !opens) {
             Prepare(FindOnSheet(sheet_, page, row.controlBefore), row.valueBefore);
         }
         next_ = row.name;

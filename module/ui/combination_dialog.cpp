@@ -2,6 +2,7 @@
 // and borders, with a preview. The Layout page opens it.
 #include <cstddef>
 
+#include "preview/page_grid.h"
 #include "preview/shared_view.h"
 #include "resources/resource.h"
 #include "resources/string_ids.h"
@@ -54,6 +55,20 @@ void ShowOrderCombo(const SheetContext& context, HWND dialog) {
     const DWORD wanted = OrderComboOf(context);
     for (const DWORD id : kOrderCombos) {
         ShowWindow(GetDlgItem(dialog, static_cast<int>(id)), id == wanted ? SW_SHOW : SW_HIDE);
+    }
+}
+
+// An order that was chosen for more pages may be none that two pages can have; the preview then
+// goes by the side on which the first one lies, and so does the list.
+void SelectDrawnOrder(const SheetContext& context, HWND dialog) {
+    if (OrderComboOf(context) != IDC_COMBO_ORDER_ACROSS) return;
+    const HWND combo = GetDlgItem(dialog, IDC_COMBO_ORDER_ACROSS);
+    const DWORD drawn = context.privateSettings->mdmNupStyle & kOrderFromRight;
+    for (LRESULT i = SendMessageA(combo, CB_GETCOUNT, 0, 0) - 1; i >= 0; --i) {
+        if (static_cast<DWORD>(SendMessageA(combo, CB_GETITEMDATA, static_cast<WPARAM>(i), 0)) ==
+            drawn) {
+            SendMessageA(combo, CB_SETCURSEL, static_cast<WPARAM>(i), 0);
+        }
     }
 }
 
@@ -113,6 +128,7 @@ void OnInitDialog(SheetContext& context, HWND dialog) {
     SetChildCaptions(context, dialog);
     CheckDlgButton(dialog, IDC_CHK_NUP_BORDER, style & kNupBorder ? BST_CHECKED : BST_UNCHECKED);
     ShowOrderCombo(context, dialog);
+    SelectDrawnOrder(context, dialog);
     HookPaperView(context, GetDlgItem(dialog, IDC_PIC_MAIN_VIEW));
     RemoveEntriesWithoutDetails(context, GetDlgItem(dialog, IDC_COMBO_NUP));
 }
@@ -184,6 +200,16 @@ void OnDestroy(HWND dialog) {
 }
 
 }  // namespace
+
+void KeepOrderOfTwoPages(SheetContext& context) {
+    constexpr DWORD kDownward = 2;
+    PrivateDevmode& settings = *context.privateSettings;
+    if (settings.mdmNup != 2) return;
+    const DWORD order = context.settings->dmOrientation == kPortrait
+                            ? settings.mdmNupStyle & kOrderFromRight
+                            : kDownward;
+    settings.mdmNupStyle = (settings.mdmNupStyle & ~kNupOrderMask) | order;
+}
 
 INT_PTR CALLBACK CombinationDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     static constexpr DialogHandlers kCombination = {

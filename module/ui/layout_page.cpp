@@ -11,6 +11,7 @@
 #include "ui/exports.h"
 #include "ui/page_skeleton.h"
 #include "ui/snapshot.h"
+#include "ui/sub_dialogs.h"
 
 namespace kvui {
 namespace {
@@ -34,6 +35,10 @@ void BeforeCommand(SheetContext& context, DWORD id, WORD code) {
     if (settings.mdmNup == kNupOff || settings.mdmNup >= kNupPosterFirst) {
         settings.mdmNupStyle &= ~kNupBorder;
     }
+}
+
+void OnCommand(SheetContext& context, DWORD id, WORD code) {
+    if (id == IDC_COMBO_NUP && code == CBN_SELENDOK) KeepOrderOfTwoPages(context);
 }
 
 // A booklet is bound left unless its binding was chosen already.
@@ -123,6 +128,7 @@ const PageTraits kLayoutPage = {
     .features = kOrdinaryPage,
     .onInit = KeepBinding,
     .beforeCommand = BeforeCommand,
+    .onCommand = OnCommand,
     .onDefaults = OnDefaults,
     .afterCommand = AfterCommand,
     .afterRefresh = KeepBinding,

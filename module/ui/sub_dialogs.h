@@ -5,9 +5,13 @@
 
 namespace kvui {
 
+struct SheetContext;
+
 // "_LBPFIRSTPAGE", from the Basic page.
 INT_PTR CALLBACK FirstPageDlgProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 // "_DLGCOMBINATION", from the Layout page.
+// Leaves the two pages of a sheet an order that the dialog offers for them.
+void KeepOrderOfTwoPages(SheetContext& context);
 INT_PTR CALLBACK CombinationDlgProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 // "_LBPIMAGESHIFT", from the Layout page.
 INT_PTR CALLBACK ImageShiftDlgProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);

@@ -130,6 +130,41 @@ TEST_F(Conflicts, RulesInACircleEnd) {
     EXPECT_LE(kv::Headless().shown.size(), 4u);
 }
 
+// A newer file, none, a folder, and no text at all: the sheet goes on with the rules that it began
+// with, those that nobody asked for yet among them, and the next sheet takes the new ones.
+TEST_F(Conflicts, ARulesFileReplacedUnderAnOpenSheetLeavesItItsRules) {
+    const std::string rules = MediaRule("RadioOrientation,0,0,(1),2") +
+                              "RadioOrientation0=(2),0,1,(EditCopies,0,0,(0),H)\n"
+                              "[EditAttribute]\nEditCopies=3,1,50\n";
+    const std::string path = state_ + "/driver/3/KVUIMOD.ini";
+    const std::function<void()> replacements[] = {
+        [&] { UseRules("[ConflictConditions]\nComboMediaType0=(3),0,0,(EditCopies,0,0,(1),2)\n"); },
+        [&] { std::filesystem::remove(path); },
+        [&] { std::filesystem::remove(path), std::filesystem::create_directory(path); },
+        [&] { std::ofstream(path) << std::string(200000, '[') << std::string(70000, '\0'); },
+    };
+    for (const auto& replace : replacements) {
+        std::filesystem::remove_all(path);
+        std::ofstream(path) << rules;
+        OpenSheet();
+        replace();
+        for (int page = kBasic; page <= kJob; ++page) PageWindow(page);
+        PageWindow(kBasic);
+        Expect("Media Type:=Transparency|Orientation=Po&rtrait|&Landscape", kResolve);
+        ChooseValue(kMedia, kTransparency);
+        EXPECT_FALSE(IsWindowEnabled(Item(2014))) << "grayed while landscape is chosen";
+        ChooseValue(kMedia, 1);
+        ASSERT_TRUE(kv::input::Click(Item(2026)));
+        EXPECT_TRUE(IsWindowEnabled(Item(2014)));
+        CloseSheet();
+        OpenSheet();
+        ChooseValue(kMedia, kTransparency);
+        EXPECT_EQ(Public().dmOrientation, 1) << "the new file has no such rule";
+        ChooseValue(kMedia, 1);
+        CloseSheet();
+    }
+}
+
 // Where each kind of item finds the texts of its values.
 TEST_F(Conflicts, EveryKindOfItemIsNamed) {
     const std::string longName(200, 'W');

@@ -249,6 +249,32 @@ TEST_F(LayoutPage, DetailsStoreTheShownOrderAndKeepTheBorder) {
     EXPECT_EQ(Selected(Duplex()), "On");
 }
 
+// What the preview draws and what the list says must be the same, also for records of before.
+TEST_F(LayoutPage, TwoPagesKeepAnOrderThatTheirListOffers) {
+    const struct {
+        SHORT orientation;
+        DWORD nup, style, kept;
+        const char* shown;
+    } rows[] = {
+        {1, 4, 3, 1, "Right-to-Left"}, {1, 4, 7, 5, "Right-to-Left"}, {1, 4, 2, 0, "Left-to-Right"},
+        {2, 4, 3, 2, "Top-to-Bottom"}, {1, 2, 3, 3, "Right-to-Left"},
+    };
+    for (const auto& row : rows) {
+        Public().dmOrientation = row.orientation;
+        StartWith(row.nup, row.style);
+        if (row.nup != 2) ChooseValue(kNupBox, 2, kLayout);
+        EXPECT_EQ(Private(kNupStyle), row.kept) << row.style;
+        InDetails(IDOK, [&](HWND dialog) {
+            const HWND list = GetDlgItem(dialog, row.orientation == 1 ? kSideways : kTopToBottom);
+            EXPECT_TRUE(IsWindowVisible(list));
+            EXPECT_EQ(Selected(list), row.shown) << row.style;
+        });
+        EXPECT_EQ(Private(kNupStyle), row.kept) << row.style;
+        EXPECT_EQ(Private(kNupMode) & 1, row.kept & 1) << row.style;
+        CloseSheet();
+    }
+}
+
 TEST_F(LayoutPage, DetailsDefaultsAndCancel) {
     StartWith(20, 7, 5);
     InDetails(IDCANCEL, [&](HWND dialog) {
