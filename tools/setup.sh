@@ -24,6 +24,7 @@ test_packages=(
     "libgtest-dev: tests"
     "libgmock-dev: tests"
     "python3: lint"
+    "locales: numbers with a comma in the tests"
     "xvfb: tests of the window"
     "xauth: tests of the window"
     "openbox: window manager of the desktop's tests"

@@ -7,6 +7,7 @@
 #include <QIcon>
 #include <QLocale>
 
+#include <clocale>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
@@ -24,8 +25,8 @@ bool IsSet(const char* name) {
     return value && *value;
 }
 
-// Qt mirrors windows only where it has translations of its own; a desktop in a right-to-left language
-// is reason enough, whatever is installed.
+// Qt mirrors windows only where it has translations of its own; a desktop in a right-to-left
+// language is reason enough, whatever is installed.
 void FollowDesktopDirection() {
     const QString language = QLocale::system().uiLanguages().value(0);
     if (QLocale(language).textDirection() == Qt::RightToLeft) {
@@ -73,6 +74,8 @@ extern "C" KV_EXPORT kv::Display* KvCreateQtDisplay(int* argc, char** argv, cons
     }
     const QtMessageHandler previous = qInstallMessageHandler(ReportAndEnd);
     plugin.application = std::make_unique<QApplication>(*argc, argv);
+    // The application has taken the desktop's locale, whose numbers may have a comma.
+    std::setlocale(LC_NUMERIC, "C");
     qInstallMessageHandler(previous);
     QApplication::setQuitOnLastWindowClosed(false);
     // By these a desktop finds the name and the icon of an installed program.

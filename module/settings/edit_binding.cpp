@@ -5,9 +5,9 @@
 #include <prsht.h>
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <utility>
 
@@ -21,7 +21,6 @@
 
 namespace kvui {
 namespace {
-
 
 // Edits of job numbers: what an empty one means while its check box is on.
 struct JobEdit {
@@ -45,7 +44,9 @@ const JobEdit* JobEditOf(DWORD editId) {
     return nullptr;
 }
 
-double PowerOfTen(LONG exponent) { return std::pow(10.0, static_cast<double>(exponent)); }
+double PowerOfTen(LONG exponent) {
+    return std::pow(10.0, static_cast<double>(exponent));
+}
 
 void SetTextIfDifferent(HWND window, const char* text) {
     char current[256] = "";
@@ -73,23 +74,23 @@ void ShowJobManagementPage(SheetContext& context) {
 }
 
 // The page whose empty job number is being talked about. The question, the page that comes back and
-// the focus that is moved make other empty numbers lose the focus in between; they have WM_KILLFOCUS
-// of their own, and would answer each other without end.
+// the focus that is moved make other empty numbers lose the focus in between; they have
+// WM_KILLFOCUS of their own, and would answer each other without end.
 HWND pageInQuestion = nullptr;
 class Question {
-   public:
+ public:
     explicit Question(HWND page) : before_(std::exchange(pageInQuestion, page)) {}
     ~Question() { pageInQuestion = before_; }
     Question(const Question&) = delete;
     Question& operator=(const Question&) = delete;
 
-   private:
+ private:
     HWND before_;
 };
 
 // An empty job number whose check box is on: store "empty", tell the user and come back to it. What
-// was erased is gone before the page can show it again. Nobody is there to answer when the edit goes
-// with its window.
+// was erased is gone before the page can show it again. Nobody is there to answer when the edit
+// goes with its window.
 void RefuseEmptyJobEdit(SheetContext& context, HWND edit, const ControlItem& item,
                         const JobEdit& job) {
     WriteItemValue(context.settings, item, job.emptyValue, nullptr);
@@ -107,10 +108,11 @@ std::string NumberText(const ControlItem& item, DWORD value) {
         std::snprintf(text, sizeof text, "%04ld", static_cast<long>(static_cast<LONG>(value)));
         return text;
     }
-    const LONG decimals = std::clamp<LONG>(item.edit->decimals, 0, 9);
-    std::snprintf(text, sizeof text, "%.*f", static_cast<int>(decimals),
-                  static_cast<LONG>(value) / PowerOfTen(decimals));
-    return text;
+    const int decimals = std::clamp(static_cast<int>(item.edit->decimals), 0, 9);
+    const double number = static_cast<LONG>(value) / PowerOfTen(decimals);
+    return {
+        text,
+        std::to_chars(text, text + sizeof text, number, std::chars_format::fixed, decimals).ptr};
 }
 
 }  // namespace
@@ -182,6 +184,17 @@ void FilterTyping(HWND edit, const ControlItem& item) {
     SendMessageA(edit, EM_SETSEL, caret, static_cast<LPARAM>(caret));
 }
 
+double NumberOfText(const char* text) {
+    text += std::strspn(text, " ");
+    const bool plus = *text == '+';
+    if (plus) ++text;
+    // Otherwise "inf" and "nan" would be read as well; a person types decimal numbers only.
+    const size_t plain = std::strspn(text, plus ? ".0123456789" : "-.0123456789");
+    double number = 0;
+    std::from_chars(text, text + plain, number, std::chars_format::fixed);
+    return number;
+}
+
 EditReading ReadEdit(SheetContext& context, HWND dialog, const ControlItem& item) {
     const HWND edit = GetDlgItem(dialog, static_cast<int>(item.controlId));
     if (edit == nullptr || item.edit == nullptr) return {false, 0};
@@ -195,11 +208,8 @@ EditReading ReadEdit(SheetContext& context, HWND dialog, const ControlItem& item
         return {false, 0};
     }
     const EditLimits limits = LimitsOf(item);
-    // strtod also reads "inf", "nan" and hexadecimal; a person types decimal numbers only.
-    const size_t plain = std::strspn(text, "+-.0123456789 ");
-    text[plain] = '\0';
     const double number =
-        std::strtod(text, nullptr) * PowerOfTen(std::clamp<LONG>(item.edit->decimals, 0, 9));
+        NumberOfText(text) * PowerOfTen(std::clamp<LONG>(item.edit->decimals, 0, 9));
     const double clamped = std::clamp(std::trunc(number), static_cast<double>(limits.minimum),
                                       static_cast<double>(limits.maximum));
     return {true, static_cast<DWORD>(static_cast<LONG>(clamped))};

@@ -20,8 +20,11 @@ void FillEdit(SheetContext& context, HWND dialog, const ControlItem& item);
 // Removes what the edit does not accept, with a beep for each character; called while typing.
 void FilterTyping(HWND edit, const ControlItem& item);
 
+// The decimal number that a text begins with, 0 without one. The point is one in every locale.
+double NumberOfText(const char* text);
+
 struct EditReading {
-    bool valid;   // false: nothing to write (an empty job number was reported instead)
+    bool valid;  // false: nothing to write (an empty job number was reported instead)
     DWORD value;
 };
 // The typed number, scaled and clamped.

@@ -9,6 +9,7 @@
 #include "resources/resource.h"
 #include "resources/string_ids.h"
 #include "rules/rules_file.h"
+#include "settings/edit_binding.h"
 #include "ui/dialog_messages.h"
 #include "ui/help.h"
 #include "ui/page_skeleton.h"
@@ -65,7 +66,7 @@ ShiftUnit UnitAtOpening(const SheetContext& context) {
 double Typed(HWND dialog, const AxisRow& row) {
     char text[kTextSize] = "";
     GetDlgItemTextA(dialog, row.edit, text, sizeof text);
-    return ShiftOfText(text);
+    return NumberOfText(text);
 }
 
 void ShowAmount(HWND dialog, const AxisRow& row, double amount) {

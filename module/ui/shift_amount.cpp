@@ -2,9 +2,8 @@
 #include "ui/shift_amount.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
-#include <cstdio>
-#include <cstdlib>
 #include <cstring>
 
 namespace kvui {
@@ -19,12 +18,11 @@ constexpr double kMillimetresPerInch = 25.4;
 struct UnitRow {
     double stepsPerUnit;
     int decimals;
-    const char* format;
 };
-// inch, millimetre: steps in one unit, decimals, format
+// inch, millimetre: steps in one unit, decimals
 constexpr UnitRow kUnits[] = {
-    {100, 2, "%3.2lf"},
-    {10, 1, "%3.1lf"},
+    {100, 2},
+    {10, 1},
 };
 // horizontal, vertical, in inches
 constexpr double kLimits[] = {0.625, 5.0 / 18};
@@ -61,16 +59,13 @@ DWORD EncodeShift(double amount, ShiftUnit unit) {
 }
 
 std::string ShiftText(double amount, ShiftUnit unit) {
-    char text[32];
-    std::snprintf(text, sizeof text, RowOf(unit).format, amount);
+    char text[32] = "";
+    // The point is one in every locale.
+    std::to_chars(text, text + sizeof text - 1, amount, std::chars_format::fixed,
+                  RowOf(unit).decimals);
     // No sign before a zero.
     const bool zero = text[std::strspn(text, "-0.")] == '\0';
     return zero && text[0] == '-' ? text + 1 : text;
-}
-
-double ShiftOfText(const char* text) {
-    const std::string plain(text, std::strspn(text, "-.0123456789"));
-    return std::strtod(plain.c_str(), nullptr);
 }
 
 size_t AcceptedLength(const char* text, ShiftUnit unit) {

@@ -21,7 +21,6 @@ double DecodeShift(DWORD word, ShiftUnit unit);
 DWORD EncodeShift(double amount, ShiftUnit unit);
 
 std::string ShiftText(double amount, ShiftUnit unit);
-double ShiftOfText(const char* text);
 // How much of the text, from its start, can stand in the edit: sign, digits, one point and as many
 // decimals as the unit has.
 size_t AcceptedLength(const char* text, ShiftUnit unit);

@@ -23,6 +23,10 @@ using ::testing::IsEmpty;
 constexpr RECT kPlace{10, 10, 150, 30};
 constexpr RECT kBelow{10, 40, 150, 60};
 
+TEST(QtStart, LeavesNumbersAsTheyAre) {
+    EXPECT_EQ(decimalPointAfterStart, ".");
+}
+
 TEST_F(QtDisplayTest, TypingChangesTheEditAndNotifies) {
     const HWND edit = Add("EDIT", WS_TABSTOP | ES_AUTOHSCROLL, 7, kPlace);
     Show();

@@ -4,6 +4,7 @@
 #include <host/display_plugin.h>
 #include <platform/dialog/create_dialog.h>
 
+#include <clocale>
 #include <cstdio>
 #include <cstring>
 
@@ -46,6 +47,8 @@ std::string Describe(const CodeName (&names)[Count], HWND control, int id, WORD 
 }
 
 }  // namespace
+
+std::string decimalPointAfterStart;
 
 void Settle() {
     QCoreApplication::processEvents();
@@ -143,6 +146,7 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "%s\n", error);
         return 1;
     }
+    kv::decimalPointAfterStart = std::localeconv()->decimal_point;
     kv::UseDisplay(display);
     const int result = RUN_ALL_TESTS();
     kv::UseDisplay(nullptr);

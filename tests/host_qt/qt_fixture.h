@@ -24,6 +24,9 @@
 
 namespace kv {
 
+// What stood in numbers when the display had been made, on a desktop where it is a comma.
+extern std::string decimalPointAfterStart;
+
 // Lets the display bring the widgets up to date.
 void Settle();
 // The visible dialog of the desktop with a title.
