@@ -183,11 +183,13 @@ TEST_F(JobPage, AnyOrderOfActionsWithEmptyNumbersEndsWell) {
     const auto pick = [&](unsigned count) { return static_cast<int>(random() % count); };
     const int targets[] = {kAccessBox,    kAccess,    kLockBox, kPassword,
                            kDistribution, kFirstOnly, kStart,   kDensity};
-    for (const char* rules : {"",
-                              "[GrayOutConditions]\nChkAccessCode0=(0),1,1,(Password,0,0,(0),H),"
-                              "(ChkLockJob,0,0,(1),H)\n"}) {
+    // One box grays and forces the other.
+    const char* const rulesOf[] = {
+        "", "[ConflictConditions]\nChkAccessCode0=(0),1,1,(ChkLockJob,0,0,(0),2)\n",
+        "[ConflictConditions]\nChkLockJob0=(1),1,1,(ChkAccessCode,0,0,(0),1)\n"};
+    for (const char* rules : rulesOf) {
         UseRules(rules);
-        for (unsigned i = 0; i < kSequences / 2; ++i) {
+        for (unsigned i = 0; i < kSequences / 3; ++i) {
             SCOPED_TRACE("KV_TEST_SEED=" + std::to_string(seed) + ", sequence " +
                          std::to_string(i));
             SetPrivate(kSecurity, random() % 4);

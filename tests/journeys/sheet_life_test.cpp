@@ -1,5 +1,10 @@
 // How pages begin, become active and apply: what every page does in its order, whatever its
 // controls are.
+#include <sqlite3.h>
+
+#include <chrono>
+#include <thread>
+
 #include "preferences.h"
 #include "ui/sheet_context.h"
 
@@ -60,6 +65,28 @@ TEST_F(SheetLife, ApplyingTheLayoutPageShowsWhatTheRecordHas) {
     PSHNOTIFY notice{{sheet_, 0, PSN_APPLY}, 0};
     SendMessageA(PageWindow(kLayout), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notice));
     EXPECT_EQ(SendMessageA(combo, CB_GETCURSEL, 0, 0), IndexOf(combo, 4));
+}
+
+TEST_F(SheetLife, TheSheetsEndWaitsForAStoreThatIsLocked) {
+    SetPrivate(kInstalledOptions, 0x84);
+    OpenSheet();
+    sqlite3* other = nullptr;
+    ASSERT_EQ(sqlite3_open((state_ + "/store.sqlite").c_str(), &other), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(other, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
+    std::thread release([other] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(150));
+        sqlite3_exec(other, "COMMIT", nullptr, nullptr, nullptr);
+    });
+    const HWND sheet = sheet_;
+    CloseSheet();
+    release.join();
+    sqlite3_close(other);
+    EXPECT_FALSE(IsWindow(sheet));
+    // An ordinary user's next sheet has it from the printer.
+    SetPrivate(kInstalledOptions, 0);
+    kv::SetActingAsAdministrator(false);
+    OpenSheet();
+    EXPECT_EQ(Private(kInstalledOptions), 0x84u);
 }
 
 }  // namespace
