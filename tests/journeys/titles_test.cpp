@@ -1,8 +1,14 @@
 // What dialogs are called, and which product they say they belong to.
+#include <platform/window/paint.h>
+
+#include <algorithm>
+
 #include "preferences.h"
 
 namespace journey {
 namespace {
+
+constexpr int kFirstLink = 20024;
 
 class Titles : public Preferences {};
 
@@ -41,11 +47,52 @@ TEST_F(Titles, ExportedDialogsHaveTheirTitlesAndCaptions) {
 
 TEST_F(Titles, ThePageOfTheProductTellsItsNameAndVersionEachTimeItIsShown) {
     OpenSheet();
+    HFONT first = nullptr;
     for (int visit = 0; visit < 2; ++visit) {
-        EXPECT_EQ(Text(Item(4101, kTroubleshooting)), "Varnell Tessora(R) 7720MF");
+        const HWND name = Item(4101, kTroubleshooting);
+        EXPECT_EQ(Text(name), "Varnell Tessora(R) 7720MF");
+        const auto font = reinterpret_cast<HFONT>(SendMessageA(name, WM_GETFONT, 0, 0));
+        LOGFONTA look{};
+        ASSERT_NE(GetObjectA(font, sizeof look, &look), 0);
+        EXPECT_EQ(look.lfWeight, 700);
+        EXPECT_EQ(look.lfHeight, -13) << "10 points";
+        if (first == nullptr) first = font;
+        EXPECT_EQ(font, first);
         EXPECT_EQ(Text(Item(4102, kTroubleshooting)), "Version 1.0.0.0");
         PageWindow(kBasic);
     }
+}
+
+// In the colour of links, one that can be read on the page's ground, over a line.
+TEST_F(Titles, LinksLookLikeLinksOnLightAndDarkGround) {
+    OpenSheet();
+    const HWND link = Item(kFirstLink, kTroubleshooting);
+    const INT face = COLOR_BTNFACE;
+    const COLORREF before = GetSysColor(COLOR_BTNFACE);
+    const struct { COLORREF ground, text; } rows[] = {
+        {RGB(240, 240, 240), RGB(0, 0, 204)}, {RGB(40, 40, 40), RGB(138, 180, 248)}};
+    for (const auto& row : rows) {
+        SetSysColors(1, &face, &row.ground);
+        constexpr int kWidth = 195, kHeight = 20;
+        const HDC dc = CreateCompatibleDC(nullptr);
+        const HBITMAP bitmap = CreateBitmap(kWidth, kHeight, 1, 32, nullptr);
+        const HGDIOBJ old = SelectObject(dc, bitmap);
+        PatBlt(dc, 0, 0, kWidth, kHeight, WHITENESS);
+        EXPECT_EQ(kv::PaintWindow(link, dc), kv::Painting::kOwnerDrawn);
+        int longest = 0;
+        for (int y = 0; y < kHeight; ++y) {
+            int run = 0;
+            for (int x = 0; x < kWidth; ++x) {
+                run = GetPixel(dc, x, y) == row.text ? run + 1 : 0;
+                longest = std::max(longest, run);
+            }
+        }
+        EXPECT_GT(longest, 40) << row.ground;
+        SelectObject(dc, old);
+        DeleteObject(bitmap);
+        DeleteDC(dc);
+    }
+    SetSysColors(1, &face, &before);
 }
 
 }  // namespace
