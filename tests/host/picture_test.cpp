@@ -14,6 +14,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <functional>
 #include <nlohmann/json.hpp>
 #include <string>
@@ -324,6 +325,20 @@ TEST_F(Shot, PagesAndDialogsAreAskedForByName) {
     EXPECT_EQ(Run(Pictures() + " --page Fax"), 2);
     EXPECT_NE(output_.find("\"Fax\""), std::string::npos) << output_;
     EXPECT_NE(output_.find("Basic, Layout, Overlay"), std::string::npos) << output_;
+}
+
+TEST_F(Shot, ADialogShowsWhatIsStoredWhereItOpensWithThat) {
+    const auto details = [this](const std::string& pages) {
+        const std::string set = KV_BIN_DIR "/kvprefs --state " + (folder_ / "state").string() +
+                                " set ComboNup=" + pages + " >/dev/null";
+        EXPECT_EQ(std::system(set.c_str()), 0);
+        EXPECT_EQ(Run(Pictures() + " --page pages-per-sheet"), 0) << output_;
+        std::ifstream file(Pictures() + "/pages-per-sheet.png", std::ios::binary);
+        return std::string(std::istreambuf_iterator<char>(file), {});
+    };
+    const std::string four = details("4");
+    EXPECT_TRUE(details("16") != four);
+    EXPECT_TRUE(details("0") == four) << "one page per sheet has no details to show";
 }
 
 TEST_F(Shot, TheViewOfThePreviewIsChosenWhereThePageOffersIt) {
