@@ -221,13 +221,20 @@ DWORD StateStore::SetPrinterData(const std::string& printer, const std::string& 
     std::lock_guard guard(inside_->lock);
     if (size > kLargestValue || (size > 0 && !data)) return ERROR_INVALID_PARAMETER;
     if (const DWORD error = inside_->Prepare(StoreAccess::kWrite)) return error;
-    // A single statement is a transaction of its own: one synchronisation of the disk, and none
-    // when the value stands there already.
+    {
+        // A value that stands there already needs no other program to let go of the store.
+        Statement same = inside_->database.Use(
+            "SELECT 1 FROM printer_data d JOIN printer p ON p.id = d.printer"
+            " WHERE p.name = ?1 AND d.name = ?2 AND d.type = ?3 AND d.data = ?4");
+        if (same.Text(1, printer).Text(2, name).Number(3, type).Blob(4, data, size).NextRow()) {
+            return ERROR_SUCCESS;
+        }
+    }
+    // A single statement is a transaction of its own: one synchronisation of the disk.
     Statement upsert = inside_->database.Use(
         "INSERT INTO printer_data (printer, name, type, data)"
         " SELECT id, ?2, ?3, ?4 FROM printer WHERE name = ?1"
-        " ON CONFLICT (printer, name) DO UPDATE SET type = excluded.type, data = excluded.data"
-        " WHERE type IS NOT excluded.type OR data IS NOT excluded.data");
+        " ON CONFLICT (printer, name) DO UPDATE SET type = excluded.type, data = excluded.data");
     const int changed =
         upsert.Text(1, printer).Text(2, name).Number(3, type).Blob(4, data, size).Run();
     const DWORD failed = inside_->database.Fail(upsert.Result());

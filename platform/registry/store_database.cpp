@@ -19,7 +19,11 @@ namespace kv {
 
 namespace {
 
+// How long another program's write is waited for; soon after it was waited for in vain, which a
+// person has noticed, it is not worth as long again.
 constexpr int kBusyMilliseconds = 2000;
+constexpr int kBusyAgainMilliseconds = 100;
+constexpr auto kSoon = std::chrono::seconds(5);
 
 bool HasContent(const std::string& path) {
     struct stat info;
@@ -66,8 +70,12 @@ const char* Reason(DWORD error) {
             return "is damaged; it was left as it is";
         case kErrorDiskFull:
             return "cannot grow: the disk is full";
+        case kErrorTooManyOpenFiles:
+            return "cannot be opened: too many files are open";
+        case ERROR_NOT_ENOUGH_MEMORY:
+            return "cannot be used: not enough memory";
         default:
-            return "cannot be read or written";
+            return "cannot be read or written: the disk reports an error";
     }
 }
 
@@ -79,8 +87,26 @@ DWORD StoreDatabase::Refuse(DWORD error, const std::string& reason) {
 }
 
 DWORD StoreDatabase::Fail(int result) {
-    const DWORD error = ErrorFromResult(result);
-    return error == ERROR_SUCCESS ? error : Refuse(error, Reason(error));
+    DWORD error = ErrorFromResult(result);
+    if (error == ERROR_SUCCESS) return error;
+    if (error == ERROR_SHARING_VIOLATION) inVain_ = std::chrono::steady_clock::now();
+    // Of files that cannot be opened or written the system says more.
+    const int base = result & 0xFF;
+    const int number = connection_ ? sqlite3_system_errno(connection_) : 0;
+    if (number != 0 && (base == SQLITE_IOERR || base == SQLITE_CANTOPEN)) {
+        error = ErrorFromErrno(number, path_);
+    }
+    if (result == SQLITE_IOERR_FSYNC) Withdraw();
+    return Refuse(error, Reason(error));
+}
+
+// A change that the disk would not confirm stands in the log all the same, and would count as made
+// when the program ends now. Another one, which changes nothing, takes its place there.
+void StoreDatabase::Withdraw() {
+    if (!connection_ || readOnly_) return;
+    Rollback();
+    const std::string again = "PRAGMA user_version=" + std::to_string(kSchemaVersion);
+    Execute(again.c_str());
 }
 
 bool StoreDatabase::IsSameFile(const std::string& path) const {
@@ -110,10 +136,16 @@ DWORD StoreDatabase::Prepare(StoreAccess access) {
         // A connection belongs to the process that opened it, and to the file that was there then.
         // One that could only read is given up for a write: the rights may have been put right.
         const bool usable = owner_ == getpid() && IsSameFile(path);
-        if (usable && !(access == StoreAccess::kWrite && readOnly_)) return ERROR_SUCCESS;
+        if (usable && !(access == StoreAccess::kWrite && readOnly_)) return BePatient();
         Close();
     }
     return Open(path, access);
+}
+
+DWORD StoreDatabase::BePatient() {
+    const bool soon = std::chrono::steady_clock::now() - inVain_ < kSoon;
+    sqlite3_busy_timeout(connection_, soon ? kBusyAgainMilliseconds : kBusyMilliseconds);
+    return ERROR_SUCCESS;
 }
 
 DWORD StoreDatabase::Open(const std::string& path, StoreAccess access) {
@@ -140,7 +172,8 @@ DWORD StoreDatabase::Open(const std::string& path, StoreAccess access) {
         return Refuse(kErrorFileCorrupt, "is not a file");
     }
     DWORD error = OpenConnection(path, access);
-    if (error == ERROR_ACCESS_DENIED && access == StoreAccess::kRead) error = OpenUnchanging(path);
+    const bool noRoom = error == ERROR_ACCESS_DENIED || error == kErrorDiskFull;
+    if (noRoom && access == StoreAccess::kRead) error = OpenUnchanging(path, error);
     if (error != ERROR_SUCCESS) Close();
     return error;
 }
@@ -151,7 +184,7 @@ DWORD StoreDatabase::OpenConnection(const std::string& path, StoreAccess access)
     if (result != SQLITE_OK) return Fail(result);
     Remember(path);
     sqlite3_extended_result_codes(connection_, 1);
-    sqlite3_busy_timeout(connection_, kBusyMilliseconds);
+    BePatient();
     readOnly_ = sqlite3_db_readonly(connection_, "main") != 0;
     unchanging_ = false;
     if (readOnly_ && access == StoreAccess::kWrite) {
@@ -165,15 +198,16 @@ DWORD StoreDatabase::OpenConnection(const std::string& path, StoreAccess access)
     }
     // A short log is soon written over instead of growing: a synchronisation that need not extend
     // the file takes about half the time, and there are at most a few pages to carry over.
-    return Fail(Execute(
-        "PRAGMA synchronous=FULL; PRAGMA foreign_keys=ON; PRAGMA wal_autocheckpoint=64"));
+    return Fail(
+        Execute("PRAGMA synchronous=FULL; PRAGMA foreign_keys=ON; PRAGMA wal_autocheckpoint=64"));
 }
 
-// In a directory that cannot be written there is no room for the lock files of shared reading. The
+// In a directory that cannot be written, or on a full disk, there is no room for the lock files of
+// shared reading. The
 // file is then read as one that nobody changes; IsSameFile notices when somebody does.
-DWORD StoreDatabase::OpenUnchanging(const std::string& path) {
+DWORD StoreDatabase::OpenUnchanging(const std::string& path, DWORD why) {
     const std::string refusal = message_;
-    if (HasContent(path + "-wal")) return ERROR_ACCESS_DENIED;
+    if (HasContent(path + "-wal")) return why;
     Close();
     std::string uri = "file:";
     for (const char character : path) {
@@ -188,7 +222,7 @@ DWORD StoreDatabase::OpenUnchanging(const std::string& path) {
     const int result = sqlite3_open_v2(uri.c_str(), &connection_, kFlags, nullptr);
     if (result != SQLITE_OK) {
         message_ = refusal;
-        return ERROR_ACCESS_DENIED;
+        return why;
     }
     Remember(path);
     readOnly_ = unchanging_ = true;

@@ -7,6 +7,7 @@
 #include <sqlite3.h>
 #include <sys/types.h>
 
+#include <chrono>
 #include <map>
 #include <string>
 #include <string_view>
@@ -78,7 +79,9 @@ class StoreDatabase {
 
     DWORD Open(const std::string& path, StoreAccess access);
     DWORD OpenConnection(const std::string& path, StoreAccess access);
-    DWORD OpenUnchanging(const std::string& path);
+    DWORD OpenUnchanging(const std::string& path, DWORD why);
+    DWORD BePatient();
+    void Withdraw();
     DWORD CheckVersion(StoreAccess access);
     DWORD CreateSchema();
     int Execute(const char* sql);
@@ -92,8 +95,9 @@ class StoreDatabase {
     Identity identity_;
     pid_t owner_ = 0;
     bool readOnly_ = false;
-    bool unchanging_ = false;  // opened without locks, because the directory cannot be written
+    bool unchanging_ = false;  // opened without locks, for want of rights or room
     std::string message_;
+    std::chrono::steady_clock::time_point inVain_{};  // when another program was waited for last
 };
 
 }  // namespace kv

@@ -136,6 +136,14 @@ DWORD StateStore::SetValue(KeyId key, const std::string& name, DWORD type, const
     std::lock_guard guard(inside_->lock);
     if (size > kLargestValue || (size > 0 && !data)) return ERROR_INVALID_PARAMETER;
     if (const DWORD error = inside_->Prepare(StoreAccess::kWrite)) return error;
+    {
+        Statement same = inside_->database.Use(
+            "SELECT 1 FROM registry_value WHERE key = ?1 AND name = ?2 AND type = ?3 AND data = "
+            "?4");
+        if (same.Number(1, key).Text(2, name).Number(3, type).Blob(4, data, size).NextRow()) {
+            return ERROR_SUCCESS;
+        }
+    }
     Statement upsert = inside_->database.Use(
         "INSERT INTO registry_value (key, name, type, data)"
         " SELECT id, ?2, ?3, ?4 FROM registry_key WHERE id = ?1"

@@ -5,11 +5,13 @@
 #include <sys/wait.h>
 
 #include <chrono>
+#include <cerrno>
 #include <csignal>
 
 #include <platform/shell/errors.h>
 
 #include "tests/platform/shell/scratch.h"
+#include "tests/support/faults.h"
 
 namespace kv::test {
 
@@ -201,17 +203,67 @@ TEST_F(Store, AReadOnlyDirectoryCanBeReadButNotWritten) {
     EXPECT_EQ(Put("second"), ERROR_SUCCESS);
 }
 
-TEST_F(Store, ALockedStoreFailsAfterAWhileAndLosesNothing) {
+TEST_F(Store, ALockedStoreIsReadAtOnceAndWaitedForOnce) {
     FillAndClose();
+    KeyId key = 0;
+    bool created = false;
+    ASSERT_EQ(Get().CreateKey(kMachineRoot, "Soft", key, created), ERROR_SUCCESS);
+    ASSERT_EQ(Get().SetValue(key, "v", REG_SZ, "x", 2), ERROR_SUCCESS);
+    CloseStateStore();
     sqlite3* other = nullptr;
     ASSERT_EQ(sqlite3_open(File().c_str(), &other), SQLITE_OK);
     ASSERT_EQ(sqlite3_exec(other, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr), SQLITE_OK);
     const auto start = std::chrono::steady_clock::now();
+    const auto waited = [&] { return std::chrono::steady_clock::now() - start; };
+    EXPECT_EQ(Got(), "first");
+    EXPECT_EQ(Put("first"), ERROR_SUCCESS) << "what stands there need not be written";
+    EXPECT_EQ(Get().SetValue(key, "V", REG_SZ, "x", 2), ERROR_SUCCESS);
     EXPECT_EQ(Put("x"), ERROR_SHARING_VIOLATION);
-    EXPECT_GT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(1500));
+    EXPECT_GT(waited(), std::chrono::milliseconds(1500));
+    EXPECT_NE(Get().LastMessage().find("in use by another program"), std::string::npos);
+    for (int more = 0; more < 4; ++more) EXPECT_EQ(Put("x"), ERROR_SHARING_VIOLATION);
+    EXPECT_LT(waited(), std::chrono::milliseconds(8000));
     EXPECT_EQ(Got(), "first");
     sqlite3_close(other);
     EXPECT_EQ(Put("second"), ERROR_SUCCESS);
+}
+
+TEST_F(Store, ADiskThatIsFullOrBrokenIsNamedAndNothingHalfIsKept) {
+    FillAndClose();
+    // the file and call that fail, how; the answer and its words
+    const struct {
+        const char* file;
+        Call call;
+        int error;
+        DWORD answer;
+        const char* words;
+    } kCases[] = {
+        {"-shm", Call::kWrite, ENOSPC, kErrorDiskFull, "the disk is full"},
+        {"-wal", Call::kWrite, ENOSPC, kErrorDiskFull, "the disk is full"},
+        {"-wal", Call::kWrite, EIO, kErrorIoDevice, "the disk reports an error"},
+        {"-wal", Call::kSync, EIO, kErrorIoDevice, "the disk reports an error"},
+        {"sqlite", Call::kOpen, EMFILE, kErrorTooManyOpenFiles, "too many files are open"},
+    };
+    for (const auto& c : kCases) {
+        // A program that ends at once leaves the log as it is.
+        const pid_t child = fork();
+        if (child == 0) {
+            // What is written into a log that is in use already is all there when the disk is asked.
+            if (c.call == Call::kSync) Put("first", "Another");
+            const Fault fault(c.call, c.error, c.file);
+            // Reading needs no room.
+            if (c.error == ENOSPC && Got() != "first") _exit(1);
+            if (Get().AddPrinter(Printer("Other")) != c.answer) _exit(2);
+            _exit(Get().LastMessage().find(c.words) == std::string::npos ? 3 : 0);
+        }
+        int status = -1;
+        waitpid(child, &status, 0);
+        EXPECT_EQ(WEXITSTATUS(status), 0) << c.file << " " << c.error;
+        std::vector<PrinterRecord> printers;
+        EXPECT_EQ(Get().ListPrinters(printers), ERROR_SUCCESS) << Get().LastMessage();
+        EXPECT_EQ(printers.size(), 1u) << c.file << " " << c.error;
+        CloseStateStore();
+    }
 }
 
 TEST_F(Store, AReplacedOrRemovedFileIsNoticed) {
