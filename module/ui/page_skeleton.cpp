@@ -272,9 +272,20 @@ namespace {
 INT_PTR OnMessage(const PageTraits& traits, SheetContext* context, HWND page, UINT message,
                   WPARAM wParam, LPARAM lParam);
 
-bool MayChangeSettings(UINT message) {
-    return message == WM_COMMAND || message == WM_HSCROLL || message == WM_VSCROLL ||
-           message == WM_NOTIFY;
+bool MayChangeSettings(UINT message, LPARAM lParam) {
+    switch (message) {
+        case WM_COMMAND:
+        case WM_HSCROLL:
+        case WM_VSCROLL:
+            return true;
+        case WM_NOTIFY: {
+            // What is taken back at the end nobody looks at any more.
+            const UINT code = reinterpret_cast<const NMHDR*>(lParam)->code;
+            return code == PSN_SETACTIVE || code == PSN_APPLY;
+        }
+        default:
+            return false;
+    }
 }
 
 }  // namespace
@@ -282,7 +293,7 @@ bool MayChangeSettings(UINT message) {
 INT_PTR RunPage(const PageTraits& traits, HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
     SheetContext* context = BeginPageMessage(page, message, lParam, traits.tailSize);
     if (context == nullptr) return FALSE;
-    if (!MayChangeSettings(message)) {
+    if (!MayChangeSettings(message, lParam)) {
         return OnMessage(traits, context, page, message, wParam, lParam);
     }
     const SettingsBefore before(*context);
