@@ -55,10 +55,13 @@ bool Session::Open(const Options& options) {
     std::string warning;
     const bool loaded = store_->Load(printer_, record_, warning, error);
     if (!warning.empty()) PrintWarning(warning);
-    if (!loaded) PrintError(error);
+    if (!loaded) {
+        PrintError(error);
+        return false;
+    }
     AcceptStored(record_);
     StartFromStored();
-    return loaded;
+    return true;
 }
 
 void Session::StartFromStored() {
