@@ -220,16 +220,6 @@ TEST_F(PaperView, WatermarksAreGreyInBlackAndWhiteAndNeverTooLight) {
     }
 }
 
-TEST_F(PaperView, TheSecondLabelNamesTheOutputPaper) {
-    const Pixels same = Paint();
-    Settings().mdmOutputPaper = 1;
-    EXPECT_TRUE(Paint() == same);
-    Settings().mdmOutputPaper = 8;  // A3
-    const auto changed = Differences(Paint(), same);
-    EXPECT_FALSE(changed.empty());
-    for (const POINT& point : changed) ASSERT_TRUE(point.y >= 27 && point.y < 56 && point.x > 14);
-}
-
 // On a narrowing view they come close to the left edge, then go.
 TEST_F(PaperView, DimensionsThatBeginTooFarLeftAreNotShown) {
     int shown = 0, hidden = 0;
