@@ -97,6 +97,7 @@ void RefuseEmptyJobEdit(SheetContext& context, HWND edit, const ControlItem& ite
     if (pageInQuestion == context.page || !IsWindowVisible(edit)) return;
     const Question question(context.page);
     ShowMessageString(context.page, context.strings, job.textId, job.titleId, MB_ICONEXCLAMATION);
+    if (!IsWindow(edit)) return;  // the sheet was closed meanwhile
     ShowJobManagementPage(context);
     SetFocus(edit);
 }

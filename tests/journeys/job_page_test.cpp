@@ -175,6 +175,27 @@ TEST_F(JobPage, AnErasedNumberIsAskedForOnceWhereverThePersonGoes) {
     }
 }
 
+TEST_F(JobPage, ASheetMayGoWhileItsQuestionIsOpenAndATabMayHaveAnotherName) {
+    OpenSheet();
+    ASSERT_TRUE(Click(On(kAccessBox)));
+    const auto tabs = reinterpret_cast<HWND>(SendMessageA(sheet_, PSM_GETTABCONTROL, 0, 0));
+    char other[] = "Other";
+    TCITEMA item{};
+    item.mask = TCIF_TEXT;
+    item.pszText = other;
+    SendMessageA(tabs, TCM_SETITEMA, kJob, reinterpret_cast<LPARAM>(&item));
+    kv::input::SelectPage(sheet_, kBasic);
+    EXPECT_FALSE(boxes_.empty());
+    EXPECT_EQ(ActiveTab(), kBasic) << "no tab of that name to come back to";
+    EXPECT_EQ(ShownPages(), 1);
+    kv::input::SelectPage(sheet_, kJob);
+    ASSERT_TRUE(kv::input::Focus(On(kAccess)));
+    kv::Headless().PushAnswer([this](HWND) { DestroyWindow(sheet_); });
+    kv::input::Focus(On(kDistribution));
+    EXPECT_FALSE(IsWindow(sheet_));
+    EXPECT_EQ(record_, stored_);
+}
+
 TEST_F(JobPage, AnyOrderOfActionsWithEmptyNumbersEndsWell) {
     constexpr unsigned kSequences = 300, kSteps = 12;
     const char* wanted = std::getenv("KV_TEST_SEED");
