@@ -5,6 +5,7 @@
 #include <host/status_line.h>
 
 #include <commctrl.h>
+#include <platform/controls/property_sheet.h>
 #include <platform/dialog/message_box.h>
 #include <platform/display/display.h>
 #include <platform/window/window.h>
@@ -16,11 +17,13 @@ namespace kvhost {
 namespace {
 
 // The pages tell the sheet of every change, which enables this button.
-bool WasChanged(HWND sheet) { return IsWindowEnabled(GetDlgItem(sheet, kSheetApplyButton)) != 0; }
+bool WasChanged(HWND sheet) {
+    return IsWindowEnabled(GetDlgItem(sheet, kv::kSheetApplyButton)) != 0;
+}
 
 // Notes at each action where the window stands: the last one closes it.
 class PlaceWatcher : public StatusLine {
-   public:
+ public:
     PlaceWatcher(const SettingNames& names, const Record& record, WindowPlace& place)
         : StatusLine(names, record), place_(place) {}
 
@@ -35,7 +38,7 @@ class PlaceWatcher : public StatusLine {
         if (kv::CurrentDisplay().CornerOf(sheet, &corner)) place_.corner = corner;
     }
 
-   private:
+ private:
     WindowPlace& place_;
 };
 

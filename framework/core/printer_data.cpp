@@ -9,17 +9,18 @@
 namespace kvcore {
 
 std::optional<PrinterDataValue> ReadPrinterData(const PrinterBlock& printer, const char* name) {
-    const std::string printerName(printer.printerName,
-                                  strnlen(printer.printerName, sizeof printer.printerName));
+    std::string printerName(printer.printerName,
+                            strnlen(printer.printerName, sizeof printer.printerName));
+    std::string valueName = name;
     HANDLE handle = nullptr;
-    if (!OpenPrinterA(printerName.c_str(), &handle, nullptr)) return std::nullopt;
+    if (!OpenPrinterA(printerName.data(), &handle, nullptr)) return std::nullopt;
     PrinterDataValue value;
     DWORD needed = 0;
-    DWORD error = GetPrinterDataA(handle, name, &value.type, nullptr, 0, &needed);
+    DWORD error = GetPrinterDataA(handle, valueName.data(), &value.type, nullptr, 0, &needed);
     // Somebody else may store a longer value between the two calls.
     while (error == ERROR_MORE_DATA) {
         value.bytes.resize(needed);
-        error = GetPrinterDataA(handle, name, &value.type,
+        error = GetPrinterDataA(handle, valueName.data(), &value.type,
                                 reinterpret_cast<BYTE*>(value.bytes.data()), needed, &needed);
     }
     ClosePrinter(handle);

@@ -107,10 +107,10 @@ std::string DataName(const ListFormat& format) {
 DWORD WriteCommon(const ListFormat& format, const std::string& printer, const Records& records) {
     PRINTER_DEFAULTSA access{nullptr, nullptr, PRINTER_ACCESS_ADMINISTER | PRINTER_ACCESS_USE};
     HANDLE handle = nullptr;
-    if (!OpenPrinterA(printer.c_str(), &handle, &access)) return GetLastError();
+    if (!OpenPrinterA(const_cast<LPSTR>(printer.c_str()), &handle, &access)) return GetLastError();
     std::string bytes = Pack(format, records);
     const DWORD error =
-        SetPrinterDataA(handle, DataName(format).c_str(), REG_BINARY,
+        SetPrinterDataA(handle, DataName(format).data(), REG_BINARY,
                         reinterpret_cast<BYTE*>(bytes.data()), static_cast<DWORD>(bytes.size()));
     ClosePrinter(handle);
     return error;
@@ -134,14 +134,14 @@ DWORD WriteOwn(const ListFormat& format, const std::string& printer, const Recor
 StoredList ReadCommonList(const ListFormat& format, const std::string& printer, Records& records) {
     records.clear();
     HANDLE handle = nullptr;
-    if (!OpenPrinterA(printer.c_str(), &handle, nullptr)) {
+    if (!OpenPrinterA(const_cast<LPSTR>(printer.c_str()), &handle, nullptr)) {
         const DWORD error = GetLastError();
         return error == ERROR_INVALID_PRINTER_NAME ? StoredList::kMissing : Unreadable(error);
     }
-    const std::string name = DataName(format);
+    std::string name = DataName(format);
     Stored stored;
     const DWORD error = ReadStored(stored, [&](BYTE* data, DWORD& size) {
-        return GetPrinterDataA(handle, name.c_str(), &stored.type, data, size, &size);
+        return GetPrinterDataA(handle, name.data(), &stored.type, data, size, &size);
     });
     ClosePrinter(handle);
     return ListOf(format, error, stored, records);

@@ -44,8 +44,8 @@ DWORD ReadFromPrinter(const std::string& printer, LPCSTR request, LPDWORD type, 
 
 }  // namespace
 
-DWORD WINAPI GetPrinterDataA(HANDLE printer, LPCSTR valueName, LPDWORD type, LPBYTE data,
-                             DWORD size, LPDWORD needed) {
+DWORD WINAPI GetPrinterDataA(HANDLE printer, LPSTR valueName, LPDWORD type, LPBYTE data, DWORD size,
+                             LPDWORD needed) {
     const auto open = kvspool::FindHandle(printer);
     if (!open) return ERROR_INVALID_HANDLE;
     if (!valueName || !needed) return ERROR_INVALID_PARAMETER;
@@ -60,8 +60,7 @@ DWORD WINAPI GetPrinterDataA(HANDLE printer, LPCSTR valueName, LPDWORD type, LPB
     return CopyOut(value.data, data, size, needed);
 }
 
-DWORD WINAPI SetPrinterDataA(HANDLE printer, LPCSTR valueName, DWORD type, LPBYTE data,
-                             DWORD size) {
+DWORD WINAPI SetPrinterDataA(HANDLE printer, LPSTR valueName, DWORD type, LPBYTE data, DWORD size) {
     const auto open = kvspool::FindHandle(printer);
     if (!open) return ERROR_INVALID_HANDLE;
     if (!valueName || !*valueName || (!data && size != 0) || size > kMaxValueSize) {
@@ -77,7 +76,7 @@ DWORD WINAPI SetPrinterDataA(HANDLE printer, LPCSTR valueName, DWORD type, LPBYT
     return kv::StateStore::Get().SetPrinterData(open->name, valueName, type, data, size);
 }
 
-DWORD WINAPI DeletePrinterDataA(HANDLE printer, LPCSTR valueName) {
+DWORD WINAPI DeletePrinterDataA(HANDLE printer, LPSTR valueName) {
     const auto open = kvspool::FindHandle(printer);
     if (!open) return ERROR_INVALID_HANDLE;
     if (!valueName) return ERROR_INVALID_PARAMETER;

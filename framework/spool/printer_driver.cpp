@@ -42,7 +42,7 @@ std::size_t FillDriver(BYTE* buffer, const std::string& driver) {
 
 using kvspool::Fail;
 
-BOOL WINAPI GetPrinterDriverA(HANDLE printer, LPCSTR /*environment*/, DWORD level, LPBYTE buffer,
+BOOL WINAPI GetPrinterDriverA(HANDLE printer, LPSTR /*environment*/, DWORD level, LPBYTE buffer,
                               DWORD size, LPDWORD needed) {
     const auto open = kvspool::FindHandle(printer);
     if (!open) return FALSE;
@@ -55,7 +55,7 @@ BOOL WINAPI GetPrinterDriverA(HANDLE printer, LPCSTR /*environment*/, DWORD leve
     });
 }
 
-BOOL WINAPI GetPrinterDriverDirectoryA(LPCSTR server, LPCSTR /*environment*/, DWORD level,
+BOOL WINAPI GetPrinterDriverDirectoryA(LPSTR server, LPSTR /*environment*/, DWORD level,
                                        LPBYTE directory, DWORD size, LPDWORD needed) {
     if (level != 1) return Fail(kvspool::kErrorInvalidLevel);
     if (server && *server) return Fail(ERROR_INVALID_NAME);  // there is no server but this one

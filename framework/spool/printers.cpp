@@ -69,7 +69,7 @@ using kvspool::Fail;
 
 // Printing needs no rights; changing a printer takes an administrator. The right is checked here
 // and kept with the handle, so that a handle never gains rights later.
-BOOL WINAPI OpenPrinterA(LPCSTR printerName, HANDLE* printer, const PRINTER_DEFAULTSA* defaults) {
+BOOL WINAPI OpenPrinterA(LPSTR printerName, HANDLE* printer, PRINTER_DEFAULTSA* defaults) {
     if (!printer) return Fail(ERROR_INVALID_PARAMETER);
     *printer = nullptr;
     if (!printerName || !*printerName) return Fail(ERROR_INVALID_PRINTER_NAME);
@@ -134,7 +134,7 @@ BOOL WINAPI SetPrinterA(HANDLE printer, DWORD level, LPBYTE info, DWORD command)
     return TRUE;
 }
 
-BOOL WINAPI EnumPrintersA(DWORD flags, LPCSTR /*name*/, DWORD level, LPBYTE buffer, DWORD size,
+BOOL WINAPI EnumPrintersA(DWORD flags, LPSTR /*name*/, DWORD level, LPBYTE buffer, DWORD size,
                           LPDWORD needed, LPDWORD returned) {
     if (!needed || !returned) return Fail(ERROR_INVALID_PARAMETER);
     *needed = 0;

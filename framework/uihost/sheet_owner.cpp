@@ -1,6 +1,7 @@
 // The sheet's window procedure, with the host's part before the platform's.
 #include "sheet_owner.h"
 
+#include <platform/controls/property_sheet.h>
 #include <prsht.h>
 
 #include <utility>
@@ -22,7 +23,7 @@ bool Applies(UINT message, WPARAM wParam) {
         case PSM_APPLY:
             return true;
         case WM_COMMAND:
-            return LOWORD(wParam) == IDOK || LOWORD(wParam) == kSheetApplyButton;
+            return LOWORD(wParam) == IDOK || LOWORD(wParam) == kv::kSheetApplyButton;
         case PSM_PRESSBUTTON:
             return wParam == PSBTN_OK || wParam == PSBTN_APPLYNOW;
         default:

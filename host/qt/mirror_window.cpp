@@ -4,6 +4,7 @@
 #include <host/qt/mouse.h>
 #include <host/qt/picture.h>
 #include <host/qt/status_line.h>
+#include <platform/controls/property_sheet.h>
 #include <platform/dialog/message_box.h>
 #include <platform/window/input.h>
 
@@ -24,6 +25,8 @@
 
 namespace kvqt {
 namespace {
+
+using kv::kSheetApplyButton;
 
 // Around what a sheet holds, in pixels of the core.
 constexpr int kSheetMargin = 7;

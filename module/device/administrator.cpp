@@ -2,7 +2,6 @@
 #include "device/administrator.h"
 
 #include <windows.h>
-#include <winsecurity.h>
 
 #include <cstddef>
 #include <memory>
@@ -45,7 +44,7 @@ std::unique_ptr<std::max_align_t[]> ReadGroups(HANDLE token) {
 }
 
 bool ContainsAdministrators(const TOKEN_GROUPS& groups) {
-    const SID_IDENTIFIER_AUTHORITY authority = SECURITY_NT_AUTHORITY;
+    SID_IDENTIFIER_AUTHORITY authority = SECURITY_NT_AUTHORITY;
     PSID administrators = nullptr;
     if (!AllocateAndInitializeSid(&authority, 2, SECURITY_BUILTIN_DOMAIN_RID,
                                   DOMAIN_ALIAS_RID_ADMINS, 0, 0, 0, 0, 0, 0, &administrators)) {

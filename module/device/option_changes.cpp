@@ -23,7 +23,7 @@ struct OptionNumbers {
 OptionNumbers ReadOptions(const char* section, LONG option) {
     char key[16];
     char line[kLineSize];
-    std::snprintf(key, sizeof key, "%d", option);
+    std::snprintf(key, sizeof key, "%d", static_cast<int>(option));
     GetPrivateProfileStringA(section, key, "", line, sizeof line, RulesFilePath());
     OptionNumbers options;
     options.count = ReadCommaNumbers(line, options.numbers, kLineSize);

@@ -15,8 +15,13 @@ constexpr char kWriteTest[] = "WriteTest";
 constexpr char kInstalledOptions[] = "InstalledOptions";
 constexpr char kAutoConfigure[] = "AutoConfigure";
 
+// The spooler takes names as text that it might change, and only reads them.
+LPSTR Name(const char* name) {
+    return const_cast<LPSTR>(name);
+}
+
 class OpenPrinterHandle {
-   public:
+ public:
     OpenPrinterHandle(const SheetContext& context, DWORD access) {
         PRINTER_DEFAULTSA defaults{nullptr, nullptr, access};
         if (!OpenPrinterA(context.printer->printerName, &handle_, &defaults)) handle_ = nullptr;
@@ -29,21 +34,21 @@ class OpenPrinterHandle {
     explicit operator bool() const { return handle_ != nullptr; }
     HANDLE get() const { return handle_; }
 
-   private:
+ private:
     HANDLE handle_ = nullptr;
 };
 
 bool ReadNumber(HANDLE printer, const char* name, DWORD* value) {
     DWORD type = 0, needed = 0, number = 0;
-    const DWORD error = GetPrinterDataA(printer, name, &type, reinterpret_cast<BYTE*>(&number),
-                                        sizeof number, &needed);
+    const DWORD error = GetPrinterDataA(printer, Name(name), &type,
+                                        reinterpret_cast<BYTE*>(&number), sizeof number, &needed);
     if (error != ERROR_SUCCESS || needed != sizeof number) return false;
     *value = number;
     return true;
 }
 
 bool WriteNumber(HANDLE printer, const char* name, DWORD value) {
-    return SetPrinterDataA(printer, name, REG_DWORD, reinterpret_cast<BYTE*>(&value),
+    return SetPrinterDataA(printer, Name(name), REG_DWORD, reinterpret_cast<BYTE*>(&value),
                            sizeof value) == ERROR_SUCCESS;
 }
 
@@ -79,7 +84,7 @@ bool PrinterDataIsWritable(const SheetContext& context) {
     OpenPrinterHandle printer(context, PRINTER_ACCESS_ADMINISTER | PRINTER_ACCESS_USE);
     if (!printer) return GetLastError() != ERROR_ACCESS_DENIED;
     DWORD value = 1;
-    const DWORD error = SetPrinterDataA(printer.get(), kWriteTest, REG_DWORD,
+    const DWORD error = SetPrinterDataA(printer.get(), Name(kWriteTest), REG_DWORD,
                                         reinterpret_cast<BYTE*>(&value), sizeof value);
     if (error != ERROR_SUCCESS) return error != ERROR_ACCESS_DENIED;
     return ReadNumber(printer.get(), kWriteTest, &value);
@@ -89,8 +94,8 @@ DWORD ReadPrinterData(const SheetContext& context, const char* name, void* buffe
     const OpenPrinterHandle printer(context, PRINTER_ACCESS_USE);
     if (!printer) return 0;
     DWORD type = 0, needed = 0;
-    const DWORD error =
-        GetPrinterDataA(printer.get(), name, &type, static_cast<BYTE*>(buffer), size, &needed);
+    const DWORD error = GetPrinterDataA(printer.get(), Name(name), &type,
+                                        static_cast<BYTE*>(buffer), size, &needed);
     return error == ERROR_SUCCESS && needed <= size ? needed : 0;
 }
 

@@ -3,6 +3,11 @@
 // table unless strings/ says else.
 #pragma once
 
+// Texts that nobody refers to.
+#ifndef IDC_STATIC
+#define IDC_STATIC (-1)
+#endif
+
 // Every page and dialog.
 #define IDC_DEFAULTS     12
 #define IDC_NOTICE_TEXT  1490

@@ -56,7 +56,7 @@ bool IsSatisfied(const SheetContext& context, const ControlItem& item, const Con
 bool AnyListedLineFails(const SheetContext& context, const ConditionSet& keys) {
     for (LONG i = 0; i < keys.count; ++i) {
         char key[16];
-        std::snprintf(key, sizeof key, "%d", keys.values[i]);
+        std::snprintf(key, sizeof key, "%d", static_cast<int>(keys.values[i]));
         const ControlLine line = ReadControlLine(key);
         const ControlItem* item = ItemByName(line.name);
         if (item == nullptr || !IsSatisfied(context, *item, line.set)) return true;
@@ -132,7 +132,7 @@ bool EvaluatePaperLine(const SheetContext& context, const char* key, int chained
     }
     if (line.nextKey != 0) {
         char next[16];
-        std::snprintf(next, sizeof next, "%d", line.nextKey);
+        std::snprintf(next, sizeof next, "%d", static_cast<int>(line.nextKey));
         if (Evaluate(context, next, chained + 1)) return true;
     }
     PaperSizeInfo size = {};

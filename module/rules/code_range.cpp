@@ -45,7 +45,7 @@ bool ReadBound(const char* section, const char* key, LONG& bound) {
 
 bool ReadRecord(const char* section, LONG code, CodeRecord& record) {
     char key[16];
-    std::snprintf(key, sizeof key, "%i", code);
+    std::snprintf(key, sizeof key, "%i", static_cast<int>(code));
     char text[256];
     GetPrivateProfileStringA(section, key, kAbsent, text, sizeof text, RulesFilePath());
     if (std::strcmp(text, kAbsent) == 0) return false;

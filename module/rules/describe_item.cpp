@@ -127,7 +127,7 @@ void DescribeItemValue(SheetContext& context, DWORD controlId, LONG value, LONG 
     LoadText(context, item->captionId, name);
     switch (item->type) {
         case kItemEdit:
-            std::snprintf(text, kReportTextSize, "%d", value);
+            std::snprintf(text, kReportTextSize, "%d", static_cast<int>(value));
             break;
         case kItemCombo:
         case kItemList:

@@ -26,7 +26,7 @@ size_t RowOf(const ControlItem& item) {
 bool AdditionalConditionHolds(SheetContext& context, LONG key) {
     if (key == 0) return true;
     char text[16];
-    std::snprintf(text, sizeof text, "%d", key);
+    std::snprintf(text, sizeof text, "%d", static_cast<int>(key));
     return EvaluateAddCondition(context, text);
 }
 

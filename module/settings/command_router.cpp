@@ -1,5 +1,7 @@
 // Command router: a table from control ids to actions, and the few actions that are more than a
 // dispatch.
+#include <windows.h>
+
 #include <prsht.h>
 
 #include <algorithm>
@@ -36,14 +38,18 @@ HWND Control(const Command& command, DWORD id) {
     return GetDlgItem(command.page, static_cast<int>(id));
 }
 
-RouteResult DispatchOnly(const Command& command) { return {true, Dispatch(command)}; }
+RouteResult DispatchOnly(const Command& command) {
+    return {true, Dispatch(command)};
+}
 
 RouteResult ResetRecord(const Command& command) {
     ApplyRecordDefaults(command.context.settings, command.context.printer);
     return {true, true};
 }
 
-RouteResult ChangedOnly(const Command&) { return {true, true}; }
+RouteResult ChangedOnly(const Command&) {
+    return {true, true};
+}
 
 // Cancelling the dialog that the box opens unticks the box and undoes what ticking it forced.
 RouteResult FirstPageSource(const Command& command) {
@@ -140,7 +146,9 @@ RouteResult ColourMatching(const Command& command) {
     return {true, changed};
 }
 
-RouteResult NotAChange(const Command&) { return {true, false}; }
+RouteResult NotAChange(const Command&) {
+    return {true, false};
+}
 
 RouteResult DispatchWithoutChange(const Command& command) {
     Dispatch(command);
@@ -199,8 +207,8 @@ RouteResult WatermarkChoice(const Command& command) {
     const bool isList = lstrcmpiA(name, "LISTBOX") == 0;
     const LRESULT index = SendMessageA(list, isList ? LB_GETCURSEL : CB_GETCURSEL, 0, 0);
     if (index < 0) return {true, false};
-    command.context.privateSettings->mdmWatermark = static_cast<DWORD>(
-        SendMessageA(list, isList ? LB_GETITEMDATA : CB_GETITEMDATA, index, 0));
+    command.context.privateSettings->mdmWatermark =
+        static_cast<DWORD>(SendMessageA(list, isList ? LB_GETITEMDATA : CB_GETITEMDATA, index, 0));
     UpdateChosenWatermark(command.context);
     // Without a watermark too: nothing of the last one may be left for the rendering side.
     CopyChosenWatermark(command.context);

@@ -1,5 +1,7 @@
 // Notification dispatcher: finds the item, filters by notification, reads the control back into its
 // setting and lets the rules have their say.
+#include <windows.h>
+
 #include <commctrl.h>
 
 #include <cstring>
@@ -95,9 +97,8 @@ bool StoreValue(SheetContext& context, HWND page, const ControlItem& item, DWORD
 bool OpenButtonDialog(SheetContext& context, HWND page, const ButtonItem& button) {
     BYTE before[kRecordSize];
     std::memcpy(before, context.settings, kRecordSize);
-    const INT_PTR result =
-        DialogBoxParamA(context.resources, button.templateName, page, button.procedure,
-                        reinterpret_cast<LPARAM>(&context));
+    const INT_PTR result = DialogBoxParamA(context.resources, button.templateName, page,
+                                           button.procedure, reinterpret_cast<LPARAM>(&context));
     if (button.kind != kButtonOpenAndSelect) {
         return std::memcmp(before, context.settings, kRecordSize) != 0;
     }

@@ -33,8 +33,9 @@ struct ResourceBytes {
 
 TableNames NamesOf(const PrivateDevmode& settings, int plane, LONG dotGain, LONG aspect) {
     TableNames names;
-    std::snprintf(names.shortName, sizeof names.shortName, "dQDTA%X%X%X%d", settings.Dither & 0xF,
-                  settings.nGrayBits & 0xF, settings.CellSize & 0xF, plane);
+    const auto digit = [](DWORD setting) { return static_cast<unsigned>(setting & 0xF); };
+    std::snprintf(names.shortName, sizeof names.shortName, "dQDTA%X%X%X%d", digit(settings.Dither),
+                  digit(settings.nGrayBits), digit(settings.CellSize), plane);
     std::snprintf(names.longName, sizeof names.longName, "%.16s_D%d_A%d", names.shortName,
                   static_cast<int>(dotGain), static_cast<int>(aspect));
     return names;

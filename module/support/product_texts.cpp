@@ -25,9 +25,10 @@ constexpr DWORD kProductHigh = 4;
 constexpr DWORD kProductLow = 5;
 
 bool ReadProductVersion(HMODULE module, DWORD& high, DWORD& low) {
-    const HRSRC found = FindResourceA(module, MAKEINTRESOURCEA(1), MAKEINTRESOURCEA(RT_VERSION_ID));
+    const HRSRC found = FindResourceA(module, MAKEINTRESOURCEA(1), RT_VERSION);
     const HGLOBAL loaded = found != nullptr ? LoadResource(module, found) : nullptr;
-    const auto* bytes = static_cast<const BYTE*>(loaded != nullptr ? LockResource(loaded) : nullptr);
+    const auto* bytes =
+        static_cast<const BYTE*>(loaded != nullptr ? LockResource(loaded) : nullptr);
     const DWORD size = bytes != nullptr ? SizeofResource(module, found) : 0;
     for (DWORD at = 0; at + (kProductLow + 1) * sizeof(DWORD) <= size; at += sizeof(DWORD)) {
         DWORD numbers[kProductLow + 1];

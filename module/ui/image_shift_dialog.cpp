@@ -1,6 +1,8 @@
 // Image Shifting ("_LBPIMAGESHIFT"): how far the printed image moves, in inches or millimetres. The
 // Layout page opens it. Its edits hold decimals in a unit of the user's choice, so the dialog reads
 // and fills them itself.
+#include <windows.h>
+
 #include <commctrl.h>
 
 #include <optional>

@@ -1,6 +1,9 @@
 // The page table that GetPropSheetPages hands out, and the caption tables beside it.
 #include "ui/page_table.h"
 
+#include <windows.h>
+
+#include <commctrl.h>
 #include <kvcore.h>
 #include <prsht.h>
 
@@ -67,7 +70,9 @@ const PageCaption* CaptionOfTemplate(const char* templateName) {
 
 }  // namespace
 
-const char* DialogNameOfFamily(PageFamily family) { return kDialogNames[family]; }
+const char* DialogNameOfFamily(PageFamily family) {
+    return kDialogNames[family];
+}
 
 PageFamily FamilyOfPageWindow(const SheetContext& context, HWND page) {
     char title[64] = "";

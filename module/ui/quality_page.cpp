@@ -1,6 +1,8 @@
 // Quality page: colour mode, colour matching, resolution and the image adjustments, each a slider
 // with a value edit that follow each other. Also the small list dialog "_DLGTAB20", which nothing
 // opens but its export.
+#include <windows.h>
+
 #include <commctrl.h>
 
 #include <algorithm>

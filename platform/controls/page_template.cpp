@@ -90,7 +90,7 @@ std::optional<PageTemplate> ReadPageTemplate(std::span<const std::byte> bytes) {
 }
 
 std::optional<PageTemplate> FindPageTemplate(HINSTANCE instance, LPCSTR name) {
-    HRSRC resource = FindResourceA(instance, name, MAKEINTRESOURCEA(RT_DIALOG_ID));
+    HRSRC resource = FindResourceA(instance, name, RT_DIALOG);
     if (!resource) return std::nullopt;
     const void* data = LockResource(LoadResource(instance, resource));
     if (!data) return std::nullopt;

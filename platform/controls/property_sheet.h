@@ -9,6 +9,10 @@
 
 namespace kv {
 
+// Control ids of the sheet's own controls.
+constexpr int kSheetTabControl = 0x3020;
+constexpr int kSheetApplyButton = 0x3021;
+
 // What the owner made of what was applied: a sheet that is refused stays open, with its changes.
 enum class SheetAnswer { kTaken, kRefused };
 

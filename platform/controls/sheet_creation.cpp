@@ -2,6 +2,7 @@
 // page's dialog. PropertySheetA begins here.
 #include <platform/controls/classes.h>
 #include <platform/controls/control_support.h>
+#include <platform/controls/property_sheet.h>
 #include <platform/controls/sheet_state.h>
 #include <platform/dialog/create_dialog.h>
 #include <platform/shell/file_changes.h>

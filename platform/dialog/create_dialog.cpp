@@ -19,7 +19,7 @@ HFONT FontFor(const DialogHeader& header) {
         HFONT font;
     };
     static std::vector<Entry>* cache = new std::vector<Entry>;
-    if (!header.hasFont) return GetStockObject(DEFAULT_GUI_FONT);
+    if (!header.hasFont) return static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT));
     for (const Entry& entry : *cache) {
         const DialogHeader& key = entry.key;
         if (key.faceName == header.faceName && key.pointSize == header.pointSize &&
@@ -251,7 +251,7 @@ std::string NameOfTemplate(LPCSTR name) {
 }
 
 bool FindTemplate(HINSTANCE instance, LPCSTR name, DialogCreation& creation) {
-    const HRSRC resource = FindResourceA(instance, name, MAKEINTRESOURCEA(RT_DIALOG_ID));
+    const HRSRC resource = FindResourceA(instance, name, RT_DIALOG);
     if (!resource) return false;
     const void* bytes = LockResource(LoadResource(instance, resource));
     if (!bytes) return false;
@@ -280,8 +280,8 @@ HWND WINAPI CreateDialogParamA(HINSTANCE instance, LPCSTR templateName, HWND par
     });
 }
 
-HWND WINAPI CreateDialogIndirectParamA(HINSTANCE instance, LPCVOID dialogTemplate, HWND parent,
-                                       DLGPROC procedure, LPARAM initParam) {
+HWND WINAPI CreateDialogIndirectParamA(HINSTANCE instance, LPCDLGTEMPLATEA dialogTemplate,
+                                       HWND parent, DLGPROC procedure, LPARAM initParam) {
     if (!dialogTemplate) {
         SetLastError(ERROR_INVALID_PARAMETER);
         return nullptr;
@@ -290,7 +290,7 @@ HWND WINAPI CreateDialogIndirectParamA(HINSTANCE instance, LPCVOID dialogTemplat
         DialogCreation creation = Describe(instance, parent, procedure, initParam);
         // The call does not say how long the template is; its own counts end the reading.
         constexpr size_t kLongest = size_t{1} << 20;
-        creation.bytes = {static_cast<const BYTE*>(dialogTemplate), kLongest};
+        creation.bytes = {reinterpret_cast<const BYTE*>(dialogTemplate), kLongest};
         return CreateDialogFrom(creation);
     });
 }

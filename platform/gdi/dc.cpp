@@ -25,15 +25,24 @@ void Count(HGDIOBJ handle, int change) {
 }
 
 void CountSelected(const DcState& state, int change) {
-    for (HGDIOBJ object : {state.bitmap, state.brush, state.pen, state.font}) Count(object, change);
+    for (HGDIOBJ object : std::initializer_list<HGDIOBJ>{state.bitmap, state.brush, state.pen,
+                                                         state.font}) {
+        Count(object, change);
+    }
 }
 
-HGDIOBJ Replace(HGDIOBJ& selected, HGDIOBJ object) {
-    const HGDIOBJ previous = selected;
+template <class Handle>
+HGDIOBJ Replace(Handle& selected, HGDIOBJ object) {
+    const Handle previous = selected;
     Count(previous, -1);
     Count(object, +1);
-    selected = object;
+    selected = static_cast<Handle>(object);
     return previous;
+}
+
+template <class Handle>
+Handle Stock(int index) {
+    return static_cast<Handle>(GetStockObject(index));
 }
 
 bool IsAlive(HGDIOBJ handle) {
@@ -42,9 +51,9 @@ bool IsAlive(HGDIOBJ handle) {
 
 // A saved state may name objects that were deleted since, or a bitmap that another DC took.
 void MendState(DcState& state) {
-    if (!IsAlive(state.brush)) state.brush = GetStockObject(WHITE_BRUSH);
-    if (!IsAlive(state.pen)) state.pen = GetStockObject(BLACK_PEN);
-    if (!IsAlive(state.font)) state.font = GetStockObject(SYSTEM_FONT);
+    if (!IsAlive(state.brush)) state.brush = Stock<HBRUSH>(WHITE_BRUSH);
+    if (!IsAlive(state.pen)) state.pen = Stock<HPEN>(BLACK_PEN);
+    if (!IsAlive(state.font)) state.font = Stock<HFONT>(SYSTEM_FONT);
     const Bitmap* bitmap = ObjectOf<Bitmap>(state.bitmap);
     if (bitmap == nullptr || (!bitmap->permanent && bitmap->selections > 0)) {
         state.bitmap = DefaultBitmap();
@@ -95,9 +104,9 @@ HDC WINAPI CreateCompatibleDC(HDC like) {
     if (like != nullptr && ObjectOf<Dc>(like) == nullptr) return nullptr;
     auto dc = std::make_unique<Dc>();
     dc->state.bitmap = DefaultBitmap();
-    dc->state.brush = GetStockObject(WHITE_BRUSH);
-    dc->state.pen = GetStockObject(BLACK_PEN);
-    dc->state.font = GetStockObject(SYSTEM_FONT);
+    dc->state.brush = Stock<HBRUSH>(WHITE_BRUSH);
+    dc->state.pen = Stock<HPEN>(BLACK_PEN);
+    dc->state.font = Stock<HFONT>(SYSTEM_FONT);
     CountSelected(dc->state, +1);
     return NewHandle<HDC>(std::move(dc));
 }
@@ -169,7 +178,7 @@ HGDIOBJ WINAPI SelectObject(HDC handle, HGDIOBJ object) {
         case ObjectKind::kFont:
             return Replace(dc->state.font, object);
         case ObjectKind::kRegion:  // answers the kind of region, like SelectClipRgn
-            return reinterpret_cast<HGDIOBJ>(static_cast<INT_PTR>(SelectClipRgn(handle, object)));
+            return reinterpret_cast<HGDIOBJ>(static_cast<INT_PTR>(SelectClipRgn(handle, static_cast<HRGN>(object))));
         default:
             SetLastError(ERROR_INVALID_HANDLE);
             return nullptr;
@@ -178,20 +187,20 @@ HGDIOBJ WINAPI SelectObject(HDC handle, HGDIOBJ object) {
 
 int WINAPI SelectClipRgn(HDC handle, HRGN region) {
     Dc* dc = ObjectOf<Dc>(handle);
-    if (dc == nullptr) return ERROR_REGION;
+    if (dc == nullptr) return RGN_ERROR;
     if (region == nullptr) {
         dc->state.clip.reset();
         return KindOfRegion(*dc);
     }
     const Region* found = ObjectOf<Region>(region);
-    if (found == nullptr) return ERROR_REGION;
+    if (found == nullptr) return RGN_ERROR;
     dc->state.clip = found->rect;
     return KindOfRegion(*dc);
 }
 
 int WINAPI IntersectClipRect(HDC handle, int left, int top, int right, int bottom) {
     Dc* dc = ObjectOf<Dc>(handle);
-    if (dc == nullptr) return ERROR_REGION;
+    if (dc == nullptr) return RGN_ERROR;
     const RECT rect{left, top, right, bottom};
     dc->state.clip = Intersect(dc->state.clip.value_or(rect), rect);
     return KindOfRegion(*dc);
@@ -199,7 +208,7 @@ int WINAPI IntersectClipRect(HDC handle, int left, int top, int right, int botto
 
 int WINAPI GetClipBox(HDC handle, RECT* rect) {
     Dc* dc = ObjectOf<Dc>(handle);
-    if (dc == nullptr || rect == nullptr) return ERROR_REGION;
+    if (dc == nullptr || rect == nullptr) return RGN_ERROR;
     POINT origin{};
     *rect = SurfaceClip(*dc, &origin);
     if (rect->right <= rect->left) {

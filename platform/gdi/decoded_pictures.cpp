@@ -66,7 +66,7 @@ class Pictures {
 }  // namespace
 
 std::unique_ptr<Bitmap> DecodePicture(HINSTANCE module, LPCSTR name) {
-    const std::span<const BYTE> bytes = ResourceBytes(module, name, RT_BITMAP());
+    const std::span<const BYTE> bytes = ResourceBytes(module, name, RT_BITMAP);
     return !bytes.empty() ? DecodeDib(bytes) : nullptr;
 }
 

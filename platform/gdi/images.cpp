@@ -82,16 +82,14 @@ std::string ResourceText(LPCSTR name) {
 }
 
 HICON LoadIconOfSize(HINSTANCE module, LPCSTR name, int width, int height) {
-    const std::span<const BYTE> group =
-        ResourceBytes(module, name, MAKEINTRESOURCEA(RT_GROUP_ICON_ID));
+    const std::span<const BYTE> group = ResourceBytes(module, name, RT_GROUP_ICON);
     if (group.empty()) return nullptr;
     const unsigned id = ChooseIcon(group, std::max(width, height));
     if (id == 0) {
         SetLastError(ERROR_RESOURCE_DATA_NOT_FOUND);
         return nullptr;
     }
-    const std::span<const BYTE> bytes =
-        ResourceBytes(module, MAKEINTRESOURCEA(id), MAKEINTRESOURCEA(RT_ICON_ID));
+    const std::span<const BYTE> bytes = ResourceBytes(module, MAKEINTRESOURCEA(id), RT_ICON);
     if (bytes.empty()) return nullptr;
     auto icon = DecodeIconDib(bytes);
     if (!icon) return nullptr;

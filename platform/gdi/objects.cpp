@@ -88,7 +88,7 @@ HGDIOBJ Keep(HGDIOBJ object) {
     return object;
 }
 
-HGDIOBJ StockBrush(Brush::Style style, COLORREF color) {
+HBRUSH StockBrush(Brush::Style style, COLORREF color) {
     auto brush = std::make_unique<Brush>();
     brush->style = style;
     brush->color = color;

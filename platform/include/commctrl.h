@@ -62,7 +62,7 @@ constexpr UINT TTM_GETTEXTA = WM_USER + 11;
 constexpr UINT TTM_UPDATETIPTEXTA = WM_USER + 12;
 constexpr UINT TTM_GETTOOLCOUNT = WM_USER + 13;
 constexpr UINT TTM_ENUMTOOLSA = WM_USER + 14;
-struct TOOLINFOA {
+struct TTTOOLINFOA {
     UINT cbSize;
     UINT uFlags;
     HWND hwnd;
@@ -71,7 +71,9 @@ struct TOOLINFOA {
     HINSTANCE hinst;
     LPSTR lpszText;
     LPARAM lParam;
+    LPVOID lpReserved;
 };
+using TOOLINFOA = TTTOOLINFOA;
 
 // Tab controls.
 constexpr UINT TCM_GETITEMCOUNT = 0x1304;

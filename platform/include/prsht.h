@@ -2,8 +2,8 @@
 #pragma once
 #include <commctrl.h>
 
-struct PROPSHEETPAGEA;
-using HPROPSHEETPAGE = struct PROPSHEETPAGE__*;
+struct _PSP;
+using HPROPSHEETPAGE = _PSP*;
 
 constexpr DWORD PSP_DEFAULT = 0x0000;
 constexpr DWORD PSP_USETITLE = 0x0008;
@@ -15,31 +15,62 @@ constexpr DWORD PSH_HASHELP = 0x0200;
 constexpr DWORD PSH_MODELESS = 0x0400;
 constexpr DWORD PSH_RTLREADING = 0x0800;
 
+struct PROPSHEETPAGEA;
+using LPFNPSPCALLBACKA = UINT (*)(HWND, UINT, PROPSHEETPAGEA*);
+using PFNPROPSHEETCALLBACK = int (*)(HWND, UINT, LPARAM);
+
 // The page's dialog procedure receives a pointer to (a copy of) this record as the long parameter
 // of WM_INITDIALOG.
 struct PROPSHEETPAGEA {
     DWORD dwSize;
     DWORD dwFlags;
     HINSTANCE hInstance;
-    LPCSTR pszTemplate;
-    LPCSTR pszIcon;
+    union {
+        LPCSTR pszTemplate;
+        LPCDLGTEMPLATEA pResource;
+    };
+    union {
+        HICON hIcon;
+        LPCSTR pszIcon;
+    };
     LPCSTR pszTitle;
     DLGPROC pfnDlgProc;
     LPARAM lParam;
-    LPVOID pfnCallback;
+    LPFNPSPCALLBACKA pfnCallback;
     UINT* pcRefParent;
+    LPCSTR pszHeaderTitle;
+    LPCSTR pszHeaderSubTitle;
+    HANDLE hActCtx;
 };
 struct PROPSHEETHEADERA {
     DWORD dwSize;
     DWORD dwFlags;
     HWND hwndParent;
     HINSTANCE hInstance;
-    LPCSTR pszIcon;
+    union {
+        HICON hIcon;
+        LPCSTR pszIcon;
+    };
     LPCSTR pszCaption;
     UINT nPages;
-    UINT nStartPage;
-    const PROPSHEETPAGEA* ppsp;
-    LPVOID pfnCallback;
+    union {
+        UINT nStartPage;
+        LPCSTR pStartPage;
+    };
+    union {
+        const PROPSHEETPAGEA* ppsp;
+        HPROPSHEETPAGE* phpage;
+    };
+    PFNPROPSHEETCALLBACK pfnCallback;
+    union {
+        HBITMAP hbmWatermark;
+        LPCSTR pszbmWatermark;
+    };
+    HPALETTE hplWatermark;
+    union {
+        HBITMAP hbmHeader;
+        LPCSTR pszbmHeader;
+    };
 };
 struct PSHNOTIFY {
     NMHDR hdr;
@@ -70,17 +101,13 @@ constexpr UINT PSM_SETTITLEA = WM_USER + 111;
 constexpr UINT PSM_PRESSBUTTON = WM_USER + 113;
 constexpr UINT PSM_GETTABCONTROL = WM_USER + 116;
 constexpr UINT PSM_GETCURRENTPAGEHWND = WM_USER + 118;
-constexpr UINT PSM_INDEXTOHWND = WM_USER + 125;
+constexpr UINT PSM_INDEXTOHWND = WM_USER + 130;
 
 constexpr int PSBTN_OK = 3;
 constexpr int PSBTN_APPLYNOW = 4;
 constexpr int PSBTN_CANCEL = 5;
 constexpr int PSBTN_HELP = 6;
 constexpr int ID_PSRESTARTWINDOWS = 2;
-
-// Control ids of the sheet's own controls.
-constexpr int kSheetApplyButton = 0x3021;
-constexpr int kSheetTabControl = 0x3020;
 
 extern "C" {
 // Modal: 1 after OK, 0 after Cancel, -1 on failure. With PSH_MODELESS: the sheet's window handle.

@@ -1,7 +1,9 @@
 // Kernel services that the driver uses: last error, memory blocks, modules, files, profile (INI)
-// files, time and version. Implemented in platform/profile, platform/resource, platform/shell.
+// files, access tokens, time and version. Implemented in platform/profile, platform/resource,
+// platform/security, platform/shell.
 #pragma once
 #include <windef.h>
+#include <winnt.h>
 
 constexpr DWORD ERROR_SUCCESS = 0;
 constexpr DWORD ERROR_FILE_NOT_FOUND = 2;
@@ -52,7 +54,7 @@ constexpr DWORD GENERIC_WRITE = 0x40000000u;
 constexpr DWORD FILE_SHARE_READ = 0x1;
 constexpr DWORD OPEN_EXISTING = 3;
 constexpr DWORD CREATE_ALWAYS = 2;
-inline const HANDLE INVALID_HANDLE_VALUE = reinterpret_cast<HANDLE>(static_cast<INT_PTR>(-1));
+#define INVALID_HANDLE_VALUE ((HANDLE)(LONG_PTR)-1)
 
 constexpr DWORD VER_PLATFORM_WIN32_WINDOWS = 1;
 constexpr DWORD VER_PLATFORM_WIN32_NT = 2;
@@ -100,6 +102,7 @@ struct PROCESS_INFORMATION {
     DWORD dwProcessId;
     DWORD dwThreadId;
 };
+struct OVERLAPPED;
 struct OSVERSIONINFOA {
     DWORD dwOSVersionInfoSize;
     DWORD dwMajorVersion;
@@ -141,11 +144,12 @@ UINT WINAPI GetProfileIntA(LPCSTR section, LPCSTR key, INT defaultValue);
 DWORD WINAPI GetProfileStringA(LPCSTR section, LPCSTR key, LPCSTR defaultText, LPSTR buffer,
                                DWORD size);
 
-HANDLE WINAPI CreateFileA(LPCSTR fileName, DWORD access, DWORD share, LPVOID security,
+HANDLE WINAPI CreateFileA(LPCSTR fileName, DWORD access, DWORD share, SECURITY_ATTRIBUTES* security,
                           DWORD disposition, DWORD flags, HANDLE templateFile);
-BOOL WINAPI ReadFile(HANDLE file, LPVOID buffer, DWORD bytes, LPDWORD bytesRead, LPVOID overlapped);
+BOOL WINAPI ReadFile(HANDLE file, LPVOID buffer, DWORD bytes, LPDWORD bytesRead,
+                     OVERLAPPED* overlapped);
 BOOL WINAPI WriteFile(HANDLE file, LPCVOID buffer, DWORD bytes, LPDWORD bytesWritten,
-                      LPVOID overlapped);
+                      OVERLAPPED* overlapped);
 DWORD WINAPI GetFileSize(HANDLE file, LPDWORD sizeHigh);
 BOOL WINAPI CloseHandle(HANDLE object);
 BOOL WINAPI CopyFileA(LPCSTR existing, LPCSTR created, BOOL failIfExists);
@@ -162,6 +166,18 @@ BOOL WINAPI CreateProcessA(LPCSTR application, LPSTR commandLine, SECURITY_ATTRI
                            SECURITY_ATTRIBUTES* thread, BOOL inheritHandles, DWORD flags,
                            LPVOID environment, LPCSTR directory, STARTUPINFOA* startup,
                            PROCESS_INFORMATION* information);
+
+HANDLE WINAPI GetCurrentThread();
+HANDLE WINAPI GetCurrentProcess();
+BOOL WINAPI OpenThreadToken(HANDLE thread, DWORD access, BOOL openAsSelf, HANDLE* token);
+BOOL WINAPI OpenProcessToken(HANDLE process, DWORD access, HANDLE* token);
+BOOL WINAPI GetTokenInformation(HANDLE token, TOKEN_INFORMATION_CLASS infoClass, LPVOID info,
+                                DWORD size, PDWORD needed);
+BOOL WINAPI AllocateAndInitializeSid(PSID_IDENTIFIER_AUTHORITY authority, BYTE count, DWORD a0,
+                                     DWORD a1, DWORD a2, DWORD a3, DWORD a4, DWORD a5, DWORD a6,
+                                     DWORD a7, PSID* sid);
+BOOL WINAPI EqualSid(PSID left, PSID right);
+PVOID WINAPI FreeSid(PSID sid);
 
 BOOL WINAPI GetVersionExA(OSVERSIONINFOA* info);
 DWORD WINAPI GetTickCount();

@@ -47,7 +47,12 @@ using HANDLE = void*;
 struct HWND__;
 struct HINSTANCE__;
 struct HDC__;
-struct HGDIOBJ__;
+struct HBITMAP__;
+struct HBRUSH__;
+struct HPEN__;
+struct HFONT__;
+struct HRGN__;
+struct HPALETTE__;
 struct HICON__;
 struct HMENU__;
 struct HKEY__;
@@ -56,12 +61,13 @@ using HWND = HWND__*;
 using HINSTANCE = HINSTANCE__*;
 using HMODULE = HINSTANCE;
 using HDC = HDC__*;
-using HGDIOBJ = HGDIOBJ__*;
-using HBITMAP = HGDIOBJ;
-using HBRUSH = HGDIOBJ;
-using HPEN = HGDIOBJ;
-using HFONT = HGDIOBJ;
-using HRGN = HGDIOBJ;
+using HGDIOBJ = void*;
+using HBITMAP = HBITMAP__*;
+using HBRUSH = HBRUSH__*;
+using HPEN = HPEN__*;
+using HFONT = HFONT__*;
+using HRGN = HRGN__*;
+using HPALETTE = HPALETTE__*;
 using HICON = HICON__*;
 using HCURSOR = HICON;
 using HMENU = HMENU__*;
@@ -96,10 +102,18 @@ struct RECT {
     LONG bottom;
 };
 
-constexpr WORD LOWORD(std::uintptr_t value) { return static_cast<WORD>(value & 0xFFFF); }
-constexpr WORD HIWORD(std::uintptr_t value) { return static_cast<WORD>((value >> 16) & 0xFFFF); }
-constexpr BYTE LOBYTE(std::uintptr_t value) { return static_cast<BYTE>(value & 0xFF); }
-constexpr BYTE HIBYTE(std::uintptr_t value) { return static_cast<BYTE>((value >> 8) & 0xFF); }
+constexpr WORD LOWORD(std::uintptr_t value) {
+    return static_cast<WORD>(value & 0xFFFF);
+}
+constexpr WORD HIWORD(std::uintptr_t value) {
+    return static_cast<WORD>((value >> 16) & 0xFFFF);
+}
+constexpr BYTE LOBYTE(std::uintptr_t value) {
+    return static_cast<BYTE>(value & 0xFF);
+}
+constexpr BYTE HIBYTE(std::uintptr_t value) {
+    return static_cast<BYTE>((value >> 8) & 0xFF);
+}
 constexpr LONG MAKELONG(unsigned low, unsigned high) {
     return static_cast<LONG>((low & 0xFFFFu) | ((high & 0xFFFFu) << 16));
 }

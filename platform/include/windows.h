@@ -7,5 +7,4 @@
 #include <wingdi.h>
 #include <winnls.h>
 #include <winreg.h>
-#include <winsecurity.h>
 #endif

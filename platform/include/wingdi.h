@@ -6,9 +6,15 @@
 constexpr COLORREF RGB(unsigned red, unsigned green, unsigned blue) {
     return (red & 0xFF) | ((green & 0xFF) << 8) | ((blue & 0xFF) << 16);
 }
-constexpr BYTE GetRValue(COLORREF color) { return static_cast<BYTE>(color); }
-constexpr BYTE GetGValue(COLORREF color) { return static_cast<BYTE>(color >> 8); }
-constexpr BYTE GetBValue(COLORREF color) { return static_cast<BYTE>(color >> 16); }
+constexpr BYTE GetRValue(COLORREF color) {
+    return static_cast<BYTE>(color);
+}
+constexpr BYTE GetGValue(COLORREF color) {
+    return static_cast<BYTE>(color >> 8);
+}
+constexpr BYTE GetBValue(COLORREF color) {
+    return static_cast<BYTE>(color >> 16);
+}
 
 constexpr DWORD SRCCOPY = 0x00CC0020;
 constexpr DWORD SRCPAINT = 0x00EE0086;
@@ -57,7 +63,7 @@ constexpr int LF_FACESIZE = 32;
 constexpr int BLACKONWHITE = 1;
 constexpr int COLORONCOLOR = 3;
 constexpr int HALFTONE = 4;
-constexpr int ERROR_REGION = 0;
+constexpr int RGN_ERROR = 0;
 constexpr int NULLREGION = 1;
 constexpr int SIMPLEREGION = 2;
 constexpr DWORD GDI_ERROR = 0xFFFFFFFFu;
@@ -92,8 +98,16 @@ struct TEXTMETRICA {
     LONG tmAveCharWidth;
     LONG tmMaxCharWidth;
     LONG tmWeight;
+    LONG tmOverhang;
+    LONG tmDigitizedAspectX;
+    LONG tmDigitizedAspectY;
+    BYTE tmFirstChar;
+    BYTE tmLastChar;
+    BYTE tmDefaultChar;
+    BYTE tmBreakChar;
     BYTE tmItalic;
     BYTE tmUnderlined;
+    BYTE tmStruckOut;
     BYTE tmPitchAndFamily;
     BYTE tmCharSet;
 };

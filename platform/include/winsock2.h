@@ -15,7 +15,7 @@ constexpr int AF_INET = 2;
 constexpr int SOCK_STREAM = 1;
 constexpr int IPPROTO_TCP = 6;
 constexpr u_long INADDR_NONE = 0xFFFFFFFFu;
-constexpr LONG FIONBIO = static_cast<LONG>(0x8004667Eu);
+constexpr DWORD FIONBIO = 0x8004667Eu;
 
 constexpr int WSAEINTR = 10004;
 constexpr int WSAEACCES = 10013;
@@ -35,11 +35,11 @@ constexpr int WSAHOST_NOT_FOUND = 11001;
 struct WSADATA {
     WORD wVersion;
     WORD wHighVersion;
-    char szDescription[257];
-    char szSystemStatus[129];
     u_short iMaxSockets;
     u_short iMaxUdpDg;
     char* lpVendorInfo;
+    char szDescription[257];
+    char szSystemStatus[129];
 };
 struct in_addr {
     u_long s_addr;  // network byte order

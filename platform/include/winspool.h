@@ -63,19 +63,19 @@ struct PRINTPROCESSOR_INFO_1A {
 };
 
 extern "C" {
-BOOL WINAPI OpenPrinterA(LPCSTR printerName, HANDLE* printer, const PRINTER_DEFAULTSA* defaults);
+BOOL WINAPI OpenPrinterA(LPSTR printerName, HANDLE* printer, PRINTER_DEFAULTSA* defaults);
 BOOL WINAPI ClosePrinter(HANDLE printer);
 BOOL WINAPI GetPrinterA(HANDLE printer, DWORD level, LPBYTE buffer, DWORD size, LPDWORD needed);
 BOOL WINAPI SetPrinterA(HANDLE printer, DWORD level, LPBYTE info, DWORD command);
-DWORD WINAPI GetPrinterDataA(HANDLE printer, LPCSTR valueName, LPDWORD type, LPBYTE data,
-                             DWORD size, LPDWORD needed);
-DWORD WINAPI SetPrinterDataA(HANDLE printer, LPCSTR valueName, DWORD type, LPBYTE data, DWORD size);
-DWORD WINAPI DeletePrinterDataA(HANDLE printer, LPCSTR valueName);
-BOOL WINAPI EnumPrintersA(DWORD flags, LPCSTR name, DWORD level, LPBYTE buffer, DWORD size,
+DWORD WINAPI GetPrinterDataA(HANDLE printer, LPSTR valueName, LPDWORD type, LPBYTE data, DWORD size,
+                             LPDWORD needed);
+DWORD WINAPI SetPrinterDataA(HANDLE printer, LPSTR valueName, DWORD type, LPBYTE data, DWORD size);
+DWORD WINAPI DeletePrinterDataA(HANDLE printer, LPSTR valueName);
+BOOL WINAPI EnumPrintersA(DWORD flags, LPSTR name, DWORD level, LPBYTE buffer, DWORD size,
                           LPDWORD needed, LPDWORD returned);
-BOOL WINAPI GetPrinterDriverA(HANDLE printer, LPCSTR environment, DWORD level, LPBYTE buffer,
+BOOL WINAPI GetPrinterDriverA(HANDLE printer, LPSTR environment, DWORD level, LPBYTE buffer,
                               DWORD size, LPDWORD needed);
-BOOL WINAPI GetPrinterDriverDirectoryA(LPCSTR server, LPCSTR environment, DWORD level,
+BOOL WINAPI GetPrinterDriverDirectoryA(LPSTR server, LPSTR environment, DWORD level,
                                        LPBYTE directory, DWORD size, LPDWORD needed);
 BOOL WINAPI EnumPrintProcessorsA(LPSTR server, LPSTR environment, DWORD level, LPBYTE buffer,
                                  DWORD size, LPDWORD needed, LPDWORD returned);

@@ -121,15 +121,6 @@
 #define IDNO 7
 #define IDCLOSE 8
 #define IDHELP 9
-#define IDC_STATIC (-1)
-
-#define RT_BITMAP_ID 2
-#define RT_ICON_ID 3
-#define RT_DIALOG_ID 5
-#define RT_STRING_ID 6
-#define RT_RCDATA_ID 10
-#define RT_GROUP_ICON_ID 14
-#define RT_VERSION_ID 16
 
 #ifndef RC_INVOKED
 #include <wingdi.h>
@@ -139,15 +130,15 @@ using DLGPROC = INT_PTR (*)(HWND, UINT, WPARAM, LPARAM);
 using WNDENUMPROC = BOOL (*)(HWND, LPARAM);
 using TIMERPROC = void (*)(HWND, UINT, UINT_PTR, DWORD);
 
-inline LPSTR MAKEINTRESOURCEA(unsigned id) {
-    return reinterpret_cast<LPSTR>(static_cast<ULONG_PTR>(static_cast<WORD>(id)));
-}
-inline bool IS_INTRESOURCE(LPCSTR name) {
-    return (reinterpret_cast<ULONG_PTR>(name) >> 16) == 0;
-}
-inline LPSTR RT_BITMAP() {
-    return MAKEINTRESOURCEA(RT_BITMAP_ID);
-}
+#define MAKEINTRESOURCEA(id) ((LPSTR)(ULONG_PTR)(WORD)(id))
+#define IS_INTRESOURCE(name) (((ULONG_PTR)(name) >> 16) == 0)
+#define RT_BITMAP MAKEINTRESOURCEA(2)
+#define RT_ICON MAKEINTRESOURCEA(3)
+#define RT_DIALOG MAKEINTRESOURCEA(5)
+#define RT_STRING MAKEINTRESOURCEA(6)
+#define RT_RCDATA MAKEINTRESOURCEA(10)
+#define RT_GROUP_ICON MAKEINTRESOURCEA(14)
+#define RT_VERSION MAKEINTRESOURCEA(16)
 
 // Window messages.
 constexpr UINT WM_NULL = 0x0000;
@@ -410,10 +401,26 @@ struct HELPINFO {
 };
 constexpr int HELPINFO_WINDOW = 1;
 
+#pragma pack(push, 2)
+struct DLGTEMPLATE {
+    DWORD style;
+    DWORD dwExtendedStyle;
+    WORD cdit;
+    SHORT x;
+    SHORT y;
+    SHORT cx;
+    SHORT cy;
+};
+#pragma pack(pop)
+using LPCDLGTEMPLATEA = const DLGTEMPLATE*;
+
 struct PAINTSTRUCT {
     HDC hdc;
     BOOL fErase;
     RECT rcPaint;
+    BOOL fRestore;
+    BOOL fIncUpdate;
+    BYTE rgbReserved[32];
 };
 struct MSG {
     HWND hwnd;
@@ -462,8 +469,8 @@ constexpr int DWLP_MSGRESULT = 0;
 constexpr int DWLP_DLGPROC = 8;
 constexpr int DWLP_USER = 16;
 
-#define HWND_TOP (static_cast<HWND>(nullptr))
-#define HWND_BOTTOM (reinterpret_cast<HWND>(1))
+#define HWND_TOP ((HWND)0)
+#define HWND_BOTTOM ((HWND)1)
 
 constexpr int SW_HIDE = 0;
 constexpr int SW_SHOWNORMAL = 1;
@@ -529,15 +536,9 @@ constexpr UINT DT_CALCRECT = 0x0400;
 constexpr UINT DT_NOPREFIX = 0x0800;
 constexpr UINT DT_RTLREADING = 0x00020000;
 
-inline LPSTR IDC_ARROW() {
-    return MAKEINTRESOURCEA(32512);
-}
-inline LPSTR IDC_WAIT() {
-    return MAKEINTRESOURCEA(32514);
-}
-inline LPSTR IDC_HAND() {
-    return MAKEINTRESOURCEA(32649);
-}
+#define IDC_ARROW MAKEINTRESOURCEA(32512)
+#define IDC_WAIT MAKEINTRESOURCEA(32514)
+#define IDC_HAND MAKEINTRESOURCEA(32649)
 
 extern "C" {
 UINT WINAPI RegisterWindowMessageA(LPCSTR name);
@@ -607,8 +608,8 @@ INT_PTR WINAPI DialogBoxParamA(HINSTANCE instance, LPCSTR templateName, HWND own
                                DLGPROC procedure, LPARAM initParam);
 HWND WINAPI CreateDialogParamA(HINSTANCE instance, LPCSTR templateName, HWND parent,
                                DLGPROC procedure, LPARAM initParam);
-HWND WINAPI CreateDialogIndirectParamA(HINSTANCE instance, LPCVOID dialogTemplate, HWND parent,
-                                       DLGPROC procedure, LPARAM initParam);
+HWND WINAPI CreateDialogIndirectParamA(HINSTANCE instance, LPCDLGTEMPLATEA dialogTemplate,
+                                       HWND parent, DLGPROC procedure, LPARAM initParam);
 BOOL WINAPI EndDialog(HWND dialog, INT_PTR result);
 LRESULT WINAPI DefDlgProcA(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
 BOOL WINAPI IsDialogMessageA(HWND dialog, MSG* message);

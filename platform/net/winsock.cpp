@@ -196,7 +196,7 @@ int connect(SOCKET socket, const sockaddr* address, int length) {
 
 int ioctlsocket(SOCKET socket, LONG command, u_long* argument) {
     if (!IsOpen(socket)) return SOCKET_ERROR;
-    if (command != FIONBIO || !argument) return Fail(WSAEINVAL);
+    if (static_cast<DWORD>(command) != FIONBIO || !argument) return Fail(WSAEINVAL);
     const int result = Outcome(kv::SetBlocking(static_cast<int>(socket), *argument == 0));
     return result < 0 ? SOCKET_ERROR : 0;
 }

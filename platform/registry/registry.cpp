@@ -129,8 +129,8 @@ DWORD CopyName(const std::string& text, LPSTR name, LPDWORD size) {
 
 }  // namespace kv
 
-LSTATUS RegCreateKeyExA(HKEY key, LPCSTR subKey, DWORD, LPSTR, DWORD, REGSAM access, LPVOID,
-                        HKEY* result, LPDWORD disposition) {
+LSTATUS RegCreateKeyExA(HKEY key, LPCSTR subKey, DWORD, LPSTR, DWORD, REGSAM access,
+                        SECURITY_ATTRIBUTES*, HKEY* result, LPDWORD disposition) {
     kv::Place place;
     if (!result) return kv::Status(ERROR_INVALID_PARAMETER);
     *result = nullptr;
@@ -203,7 +203,7 @@ LSTATUS RegDeleteKeyA(HKEY key, LPCSTR subKey) {
 }
 
 LSTATUS RegEnumKeyExA(HKEY key, DWORD index, LPSTR name, LPDWORD nameSize, LPDWORD, LPSTR keyClass,
-                      LPDWORD classSize, LPVOID) {
+                      LPDWORD classSize, FILETIME*) {
     kv::KeyId id = 0;
     std::string text;
     DWORD error = kv::ResolveKey(key, KEY_ENUMERATE_SUB_KEYS, id);

@@ -48,6 +48,9 @@ std::span<const BYTE> TextInBlock(std::span<const BYTE> block, unsigned index) {
 
 extern "C" {
 
+// RT_STRING as the number that entries carry.
+constexpr WORD kStringTable = 6;
+
 int WINAPI LoadStringA(HINSTANCE instance, UINT id, LPSTR buffer, int size) {
     if (!buffer || size <= 0) {
         SetLastError(ERROR_INVALID_PARAMETER);
@@ -56,7 +59,7 @@ int WINAPI LoadStringA(HINSTANCE instance, UINT id, LPSTR buffer, int size) {
     buffer[0] = '\0';
     if (id > 0xFFFF) id &= 0xFFFF;
     const WORD block = static_cast<WORD>(id / kv::kStringsPerBlock + 1);
-    const kv::HeldEntry held = kv::FindEntryById(instance, RT_STRING_ID, block);
+    const kv::HeldEntry held = kv::FindEntryById(instance, kStringTable, block);
     std::span<const BYTE> text;
     if (held.entry) {
         text = kv::TextInBlock({held.entry->bytes, held.entry->size}, id % kv::kStringsPerBlock);

@@ -2,7 +2,7 @@
 #include <platform/security/sid.h>
 
 #include <winbase.h>
-#include <winsecurity.h>
+#include <winbase.h>
 
 #include <cstring>
 #include <iterator>
@@ -43,8 +43,8 @@ bool IsValid(PSID sid) {
 
 }  // namespace kv
 
-BOOL AllocateAndInitializeSid(const SID_IDENTIFIER_AUTHORITY* authority, BYTE count, DWORD a0,
-                              DWORD a1, DWORD a2, DWORD a3, DWORD a4, DWORD a5, DWORD a6, DWORD a7,
+BOOL AllocateAndInitializeSid(PSID_IDENTIFIER_AUTHORITY authority, BYTE count, DWORD a0, DWORD a1,
+                              DWORD a2, DWORD a3, DWORD a4, DWORD a5, DWORD a6, DWORD a7,
                               PSID* sid) {
     const DWORD subAuthorities[] = {a0, a1, a2, a3, a4, a5, a6, a7};
     if (!authority || !sid || count == 0 || count > std::size(subAuthorities)) {

@@ -1,6 +1,6 @@
 // Access tokens: threads have none of their own, the process has one that lists the user's groups.
 #include <winbase.h>
-#include <winsecurity.h>
+#include <winbase.h>
 
 #include <unistd.h>
 

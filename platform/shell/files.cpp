@@ -78,7 +78,8 @@ DWORD CopyWhole(int source, mode_t mode, const std::string& target, bool overwri
 
 }  // namespace kv
 
-HANDLE CreateFileA(LPCSTR fileName, DWORD access, DWORD, LPVOID, DWORD disposition, DWORD, HANDLE) {
+HANDLE CreateFileA(LPCSTR fileName, DWORD access, DWORD, SECURITY_ATTRIBUTES*, DWORD disposition,
+                   DWORD, HANDLE) {
     const std::string path = kv::NativePath(fileName);
     if (path.empty() || disposition == 0 || disposition > kv::kLastDisposition) {
         SetLastError(path.empty() ? ERROR_PATH_NOT_FOUND : ERROR_INVALID_PARAMETER);
@@ -102,7 +103,7 @@ HANDLE CreateFileA(LPCSTR fileName, DWORD access, DWORD, LPVOID, DWORD dispositi
     return reinterpret_cast<HANDLE>(handle);
 }
 
-BOOL ReadFile(HANDLE handle, LPVOID buffer, DWORD bytes, LPDWORD bytesRead, LPVOID) {
+BOOL ReadFile(HANDLE handle, LPVOID buffer, DWORD bytes, LPDWORD bytesRead, OVERLAPPED*) {
     if (bytesRead) *bytesRead = 0;
     const auto file = kv::KernelObjectOf<kv::FileObject>(handle);
     if (!file) return FALSE;
@@ -120,7 +121,7 @@ BOOL ReadFile(HANDLE handle, LPVOID buffer, DWORD bytes, LPDWORD bytesRead, LPVO
     return TRUE;
 }
 
-BOOL WriteFile(HANDLE handle, LPCVOID buffer, DWORD bytes, LPDWORD bytesWritten, LPVOID) {
+BOOL WriteFile(HANDLE handle, LPCVOID buffer, DWORD bytes, LPDWORD bytesWritten, OVERLAPPED*) {
     if (bytesWritten) *bytesWritten = 0;
     const auto file = kv::KernelObjectOf<kv::FileObject>(handle);
     if (!file) return FALSE;

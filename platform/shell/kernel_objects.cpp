@@ -2,7 +2,6 @@
 #include <platform/shell/kernel_objects.h>
 
 #include <winbase.h>
-#include <winsecurity.h>
 
 namespace kv {
 

@@ -80,7 +80,7 @@ LRESULT ChooseCursor(const Window& window, WPARAM wParam, LPARAM lParam) {
     // Only the window under the pointer falls back to a cursor of its class.
     if (!after || reinterpret_cast<HWND>(wParam) != handle) return FALSE;
     const HCURSOR cursor = after->windowClass->cursor;
-    SetCursor(cursor ? cursor : LoadCursorA(nullptr, IDC_ARROW()));
+    SetCursor(cursor ? cursor : LoadCursorA(nullptr, IDC_ARROW));
     return FALSE;
 }
 

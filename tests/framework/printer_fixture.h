@@ -33,14 +33,14 @@ class PrinterTest : public kv::test::ScratchTest {
     static HANDLE Open(DWORD access, const char* name = kPrinter) {
         PRINTER_DEFAULTSA defaults{nullptr, nullptr, access};
         HANDLE handle = nullptr;
-        return OpenPrinterA(name, &handle, &defaults) ? handle : nullptr;
+        return OpenPrinterA(const_cast<LPSTR>(name), &handle, &defaults) ? handle : nullptr;
     }
     static DWORD Put(const char* name, DWORD type, const std::string& bytes) {
         const HANDLE handle = Open(PRINTER_ACCESS_ADMINISTER | PRINTER_ACCESS_USE);
         std::string copy = bytes;
         const DWORD error =
-            SetPrinterDataA(handle, name, type, reinterpret_cast<BYTE*>(copy.data()),
-                            static_cast<DWORD>(copy.size()));
+            SetPrinterDataA(handle, const_cast<LPSTR>(name), type,
+                            reinterpret_cast<BYTE*>(copy.data()), static_cast<DWORD>(copy.size()));
         ClosePrinter(handle);
         return error;
     }

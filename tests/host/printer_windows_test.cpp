@@ -71,12 +71,13 @@ TEST_F(PrinterWindowsTest, AListThatCannotBeReadIsSaidAndNothingIsLostByIt) {
     kv::Headless().SetPolicy(nullptr);
     char list[] = "not a list";
     char name[] = "Hall";
+    char papers[] = "KVList.Papers";
     PRINTER_DEFAULTSA access{nullptr, nullptr, PRINTER_ACCESS_ADMINISTER | PRINTER_ACCESS_USE};
     HANDLE printer = nullptr;
     ASSERT_TRUE(OpenPrinterA(name, &printer, &access));
-    ASSERT_EQ(SetPrinterDataA(printer, "KVList.Papers", REG_BINARY, reinterpret_cast<BYTE*>(list),
-                              sizeof list),
-              ERROR_SUCCESS);
+    ASSERT_EQ(
+        SetPrinterDataA(printer, papers, REG_BINARY, reinterpret_cast<BYTE*>(list), sizeof list),
+        ERROR_SUCCESS);
     Session session;
     ASSERT_TRUE(session.Open({}));
     constexpr DWORD kOutputPaper = 0x214;
@@ -95,9 +96,9 @@ TEST_F(PrinterWindowsTest, AListThatCannotBeReadIsSaidAndNothingIsLostByIt) {
     EXPECT_NE(told.find("may be missing"), std::string::npos) << told;
     char kept[64] = "";
     DWORD type = 0, size = 0;
-    EXPECT_EQ(GetPrinterDataA(printer, "KVList.Papers", &type, reinterpret_cast<BYTE*>(kept),
-                              sizeof kept, &size),
-              ERROR_SUCCESS);
+    EXPECT_EQ(
+        GetPrinterDataA(printer, papers, &type, reinterpret_cast<BYTE*>(kept), sizeof kept, &size),
+        ERROR_SUCCESS);
     EXPECT_STREQ(kept, list);
     ClosePrinter(printer);
 }

@@ -6,6 +6,7 @@
 #include <test_paths.h>
 #include <host/commands/commands.h>
 #include <host/record_differences.h>
+#include <platform/controls/property_sheet.h>
 #include <sys/wait.h>
 
 #include <cstdio>
@@ -16,11 +17,11 @@ namespace {
 using testing::HasSubstr;
 using testing::Not;
 
-constexpr int kApply = kSheetApplyButton;
+constexpr int kApply = kv::kSheetApplyButton;
 constexpr int kCopies = 2014;
 
 class SecondWindowTest : public PrinterTest {
-   protected:
+ protected:
     static void Somebody(const std::string& pairs) {
         const std::string program = KV_BIN_DIR "/kvprefs --state ";
         const std::string command =
@@ -39,7 +40,7 @@ TEST_F(SecondWindowTest, ThePersonDecidesAboutSettingsStoredMeanwhile) {
         LONG orientation;
         bool staysOpen;
     } rows[] = {
-        {IDOK, IDYES, 5, 1, false}, {IDOK, IDNO, 3, 2, false}, {IDOK, IDCANCEL, 3, 2, true},
+        {IDOK, IDYES, 5, 1, false},  {IDOK, IDNO, 3, 2, false},  {IDOK, IDCANCEL, 3, 2, true},
         {kApply, IDYES, 5, 1, true}, {kApply, IDNO, 3, 2, true}, {kApply, IDCANCEL, 3, 2, true},
     };
     for (const auto& row : rows) {

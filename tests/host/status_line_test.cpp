@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 #include <host/setting_names.h>
+#include <platform/controls/property_sheet.h>
 
 #include <functional>
 
@@ -16,7 +17,7 @@ constexpr int kNup = 1410, kDetails = 1430, kOrder = 1418, kMedia = 1141, kZoom 
 constexpr int kPortrait = 2026, kLandscape = 2027, kDefaults = 12, kResolve = 9416;
 
 class StatusLineTest : public PrinterTest {
-   protected:
+ protected:
     // Works an open window; answers what its status line says after each step.
     static std::vector<std::string> After(std::vector<std::function<void(HWND)>> steps) {
         std::vector<std::string> lines;
@@ -40,12 +41,12 @@ TEST_F(StatusLineTest, AChoiceTellsWhatElseItChanged) {
         [](HWND sheet) { Choose(sheet, kBasic, kMedia, 0x108); },
         [](HWND sheet) { Choose(sheet, kLayout, kNup, 0); },
         [](HWND sheet) { Choose(sheet, kLayout, kNup, 20); },
-        [](HWND sheet) { Press(sheet, kSheetApplyButton); },
+        [](HWND sheet) { Press(sheet, kv::kSheetApplyButton); },
         [](HWND sheet) { kv::input::Click(Item(sheet, kLayout, kDefaults)); },
     });
-    EXPECT_THAT(lines, ElementsAre(kBooklet, kBooklet, "",
-                                   "Pages/Sheet 1 also set: 2-Sided Printing", kBooklet, kBooklet,
-                                   "Defaults set: Pages/Sheet, 2-Sided Printing"));
+    EXPECT_THAT(lines,
+                ElementsAre(kBooklet, kBooklet, "", "Pages/Sheet 1 also set: 2-Sided Printing",
+                            kBooklet, kBooklet, "Defaults set: Pages/Sheet, 2-Sided Printing"));
 }
 
 TEST_F(StatusLineTest, WhatWasTypedIsNoEffectOfTheChoiceThatLeavesTheEdit) {

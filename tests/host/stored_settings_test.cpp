@@ -4,6 +4,7 @@
 
 #include <gmock/gmock.h>
 #include <host/sheet_pages.h>
+#include <platform/controls/property_sheet.h>
 #include <platform/security/access.h>
 #include <test_paths.h>
 #include <winspool.h>
@@ -17,7 +18,7 @@ namespace {
 
 enum Page { kBasic, kLayout, kOverlay, kWatermark, kQuality, kDevice, kTroubleshooting, kPages };
 constexpr int kNup = 1410, kDetails = 1430, kAutoConfigure = 4012, kCopies = 2014, kZoom = 2009,
-              kManual = 1788, kLandscape = 2027, kGrayscale = 3202, kApply = kSheetApplyButton;
+              kManual = 1788, kLandscape = 2027, kGrayscale = 3202, kApply = kv::kSheetApplyButton;
 
 class StoredSettings : public PrinterTest {
  protected:

@@ -16,7 +16,8 @@ class PrinterData : public PrinterTest {
         const HANDLE handle = Open(PRINTER_ACCESS_USE);
         std::memset(buffer, '?', sizeof buffer);
         type = needed = 99;
-        const DWORD error = GetPrinterDataA(handle, name, &type, buffer, room, &needed);
+        const DWORD error =
+            GetPrinterDataA(handle, const_cast<LPSTR>(name), &type, buffer, room, &needed);
         ClosePrinter(handle);
         return error;
     }
@@ -44,16 +45,17 @@ TEST_F(PrinterData, ValuesComeBackWithTypeAndSize) {
 
 TEST_F(PrinterData, WritingAndDeletingNeedTheHandlesRight) {
     BYTE byte = 1;
+    char name[] = "WriteTest";
     const HANDLE use = Open(PRINTER_ACCESS_USE);
-    EXPECT_EQ(SetPrinterDataA(use, "WriteTest", REG_BINARY, &byte, 1), ERROR_ACCESS_DENIED);
+    EXPECT_EQ(SetPrinterDataA(use, name, REG_BINARY, &byte, 1), ERROR_ACCESS_DENIED);
     const HANDLE odd = Open(0xF0003);
-    EXPECT_EQ(SetPrinterDataA(odd, "WriteTest", REG_BINARY, &byte, 1), ERROR_ACCESS_DENIED);
+    EXPECT_EQ(SetPrinterDataA(odd, name, REG_BINARY, &byte, 1), ERROR_ACCESS_DENIED);
     const HANDLE all = Open(PRINTER_ALL_ACCESS);
-    EXPECT_EQ(SetPrinterDataA(all, "WriteTest", REG_BINARY, &byte, 1), ERROR_SUCCESS);
-    EXPECT_EQ(SetPrinterDataA(all, "WriteTest", REG_BINARY, nullptr, 1), ERROR_INVALID_PARAMETER);
-    EXPECT_EQ(DeletePrinterDataA(use, "WriteTest"), ERROR_ACCESS_DENIED);
-    EXPECT_EQ(DeletePrinterDataA(all, "WriteTest"), ERROR_SUCCESS);
-    EXPECT_EQ(DeletePrinterDataA(all, "WriteTest"), ERROR_FILE_NOT_FOUND);
+    EXPECT_EQ(SetPrinterDataA(all, name, REG_BINARY, &byte, 1), ERROR_SUCCESS);
+    EXPECT_EQ(SetPrinterDataA(all, name, REG_BINARY, nullptr, 1), ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(DeletePrinterDataA(use, name), ERROR_ACCESS_DENIED);
+    EXPECT_EQ(DeletePrinterDataA(all, name), ERROR_SUCCESS);
+    EXPECT_EQ(DeletePrinterDataA(all, name), ERROR_FILE_NOT_FOUND);
     for (HANDLE handle : {use, odd, all}) ClosePrinter(handle);
 }
 

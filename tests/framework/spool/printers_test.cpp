@@ -42,10 +42,11 @@ TEST_F(Printers, AClosedOrForeignHandleIsRefused) {
     EXPECT_FALSE(ClosePrinter(handle));
     DWORD needed = 0;
     int local = 0;
+    char value[] = "X";
     for (HANDLE bad : {handle, HANDLE{}, INVALID_HANDLE_VALUE, static_cast<HANDLE>(&local)}) {
         EXPECT_FALSE(GetPrinterA(bad, 2, nullptr, 0, &needed));
         EXPECT_EQ(GetLastError(), ERROR_INVALID_HANDLE);
-        EXPECT_EQ(GetPrinterDataA(bad, "X", nullptr, nullptr, 0, &needed), ERROR_INVALID_HANDLE);
+        EXPECT_EQ(GetPrinterDataA(bad, value, nullptr, nullptr, 0, &needed), ERROR_INVALID_HANDLE);
     }
 }
 

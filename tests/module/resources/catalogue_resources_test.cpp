@@ -11,8 +11,7 @@ namespace kvui {
 namespace {
 
 bool IconExists(DWORD id) {
-    return FindResourceA(nullptr, MAKEINTRESOURCEA(id), MAKEINTRESOURCEA(RT_GROUP_ICON_ID)) !=
-           nullptr;
+    return FindResourceA(nullptr, MAKEINTRESOURCEA(id), RT_GROUP_ICON) != nullptr;
 }
 
 TEST(CatalogueResources, EveryCaptionAndEntryIsInTheStringTable) {

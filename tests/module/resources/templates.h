@@ -24,7 +24,7 @@ struct Template {
 inline Template LoadTemplate(const char* name) {
     Template result;
     result.name = name;
-    const HRSRC resource = FindResourceA(nullptr, name, MAKEINTRESOURCEA(RT_DIALOG_ID));
+    const HRSRC resource = FindResourceA(nullptr, name, RT_DIALOG);
     if (!resource) return result;
     const auto* bytes = static_cast<const BYTE*>(LockResource(LoadResource(nullptr, resource)));
     kv::DialogTemplateReader reader({bytes, SizeofResource(nullptr, resource)});

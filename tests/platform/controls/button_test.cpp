@@ -103,7 +103,7 @@ TEST_F(ButtonTest, AHandlerMayDestroyTheButton) {
 
 TEST_F(ButtonTest, APictureControlAnswersOnlyForItsOwnKindOfPicture) {
     HWND icon = Add("STATIC", SS_ICON | SS_NOTIFY, 1);
-    const auto picture = reinterpret_cast<WPARAM>(LoadIconA(nullptr, IDC_ARROW()));
+    const auto picture = reinterpret_cast<WPARAM>(LoadIconA(nullptr, IDC_ARROW));
     HBITMAP bitmap = CreateBitmap(40, 20, 1, 1, nullptr);
     EXPECT_EQ(Send(icon, STM_SETIMAGE, IMAGE_BITMAP, reinterpret_cast<LPARAM>(bitmap)), 0);
     EXPECT_EQ(Send(icon, STM_GETIMAGE, IMAGE_BITMAP), 0);

@@ -3,6 +3,7 @@
 #include "sheet_fixture.h"
 
 #include <platform/controls/page_template.h>
+#include <platform/controls/property_sheet.h>
 
 #include <random>
 
@@ -38,16 +39,11 @@ TEST_F(SheetTest, ThePageGetsTheSheetsOwnCopyOfItsRecord) {
             pages[i].dwSize = sizeof(Extended);
             pages[i].extra = 70 + static_cast<int>(i);
         }
-        header = {sizeof header,
-                  PSH_PROPSHEETPAGE | PSH_MODELESS,
-                  nullptr,
-                  nullptr,
-                  nullptr,
-                  nullptr,
-                  2,
-                  1,
-                  pages.data(),
-                  nullptr};
+        header.dwSize = sizeof header;
+        header.dwFlags = PSH_PROPSHEETPAGE | PSH_MODELESS;
+        header.nPages = 2;
+        header.nStartPage = 1;
+        header.ppsp = pages.data();
         sheet = reinterpret_cast<HWND>(PropertySheetA(&header));
     }
     const auto& record = *reinterpret_cast<const Extended*>(initParam);
@@ -449,7 +445,7 @@ TEST_F(SheetTest, BadHeadersAndMissingTemplatesMakeNoSheet) {
 }
 
 TEST_F(SheetTest, DamagedTemplatesAreRefused) {
-    HRSRC resource = FindResourceA(nullptr, "PAGEA", MAKEINTRESOURCEA(RT_DIALOG_ID));
+    HRSRC resource = FindResourceA(nullptr, "PAGEA", RT_DIALOG);
     const auto* data = static_cast<const std::byte*>(LockResource(LoadResource(nullptr, resource)));
     // The header ends behind the font's name: 18 bytes, two empty names, the two texts and a size.
     const size_t header = 18 + 2 + 2 + 2 * sizeof "Alpha" + 2 + 2 * sizeof "MS Shell Dlg";

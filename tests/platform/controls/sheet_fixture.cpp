@@ -80,7 +80,7 @@ void AddResource(std::vector<unsigned char>& file, const std::string& name,
                  const std::vector<unsigned char>& data) {
     std::vector<unsigned char> header;
     Bytes names(header);
-    names.Ordinal(RT_DIALOG_ID);
+    names.Ordinal(5);
     names.Text(name);
     names.Align();
     Bytes bytes(file);

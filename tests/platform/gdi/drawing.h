@@ -17,6 +17,12 @@ constexpr std::uint32_t Pixel(int red, int green, int blue) {
     return static_cast<std::uint32_t>(red << 16 | green << 8 | blue);
 }
 
+// A stock object as what it is.
+template <class Handle>
+Handle Stock(int index) {
+    return static_cast<Handle>(GetStockObject(index));
+}
+
 class Drawing {
  public:
     Drawing(int width, int height) : dc(CreateCompatibleDC(nullptr)) {

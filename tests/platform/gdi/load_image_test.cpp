@@ -50,7 +50,7 @@ std::vector<BYTE> OneColor(int side, std::uint32_t pixel, bool isIcon) {
 class LoadImage : public ::testing::Test {
  protected:
     LoadImage() {
-        constexpr WORD kBitmap = RT_BITMAP_ID, kIcon = RT_ICON_ID, kGroup = RT_GROUP_ICON_ID;
+        constexpr WORD kBitmap = 2, kIcon = 3, kGroup = 14;
         resources.Add(kBitmap, 500, OneColor(6, 0x102030, false));
         std::vector<BYTE> cut = OneColor(6, 0x102030, false);
         cut.pop_back();

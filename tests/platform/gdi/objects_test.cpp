@@ -26,8 +26,8 @@ TEST(Handles, StaleAndForeignHandlesFailWithInvalidHandle) {
         [&] { return SelectObject(drawing.dc, brush) != nullptr; },
         [&] { return FillRect(drawing.dc, &rect, brush) != 0; },
         [&] { return GetObjectA(brush, sizeof record, &record) != 0; },
-        [&] { return CreatePatternBrush(another) != nullptr; },
-        [&] { return static_cast<bool>(ViewOf(another)); },
+        [&] { return CreatePatternBrush(reinterpret_cast<HBITMAP>(another)) != nullptr; },
+        [&] { return static_cast<bool>(ViewOf(reinterpret_cast<HBITMAP>(another))); },
         [&] { return DeleteDC(deadDc) != 0; },
         [&] { return DeleteDC(reinterpret_cast<HDC>(brush)) != 0; },
         [&] { return DeleteObject(reinterpret_cast<HGDIOBJ>(drawing.dc)) != 0; },
@@ -47,7 +47,7 @@ TEST(Handles, StaleAndForeignHandlesFailWithInvalidHandle) {
         [&] { return SetTextColor(deadDc, 0) != CLR_INVALID; },
         [&] { return GetPixel(deadDc, 0, 0) != CLR_INVALID; },
         [&] { return CreateCompatibleBitmap(deadDc, 1, 1) != nullptr; },
-        [&] { return SelectClipRgn(drawing.dc, another) != ERROR_REGION; },
+        [&] { return SelectClipRgn(drawing.dc, reinterpret_cast<HRGN>(another)) != RGN_ERROR; },
     };
     int index = 0;
     for (const auto& call : kCalls) {

@@ -206,7 +206,7 @@ TEST(Icons, DrawBlendedScaledAndClipped) {
     EXPECT_EQ(target.At(2, 1), 0u);
     EXPECT_EQ(target.At(1, 2), 0x808080u);
     EXPECT_TRUE(
-        DrawIconEx(target.dc, 0, 0, handle, 4, 4, 0, GetStockObject(WHITE_BRUSH), DI_NORMAL));
+        DrawIconEx(target.dc, 0, 0, handle, 4, 4, 0, Stock<HBRUSH>(WHITE_BRUSH), DI_NORMAL));
     EXPECT_EQ(target.At(0, 0), 0xFF0000u);
     EXPECT_EQ(target.At(3, 0), 0xFFFFFFu);  // transparent over the brush, not green
     EXPECT_EQ(target.At(4, 0), 0u);

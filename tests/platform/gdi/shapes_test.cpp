@@ -141,7 +141,7 @@ TEST_F(Shapes, FillAndFrameTakeBrushesAndSystemColours) {
               0);
     EXPECT_EQ(GetPixel(drawing.dc, 7, 5), GetSysColor(COLOR_BTNFACE));
     drawing.Fill(0);
-    EXPECT_NE(FrameRect(drawing.dc, &inner, GetStockObject(WHITE_BRUSH)), 0);
+    EXPECT_NE(FrameRect(drawing.dc, &inner, Stock<HBRUSH>(WHITE_BRUSH)), 0);
     EXPECT_EQ(Show(drawing),
               "........\n"
               "..oooo..\n"
@@ -150,8 +150,8 @@ TEST_F(Shapes, FillAndFrameTakeBrushesAndSystemColours) {
               "..oooo..\n"
               "........\n");
     const RECT huge{INT_MIN, INT_MIN, INT_MAX, INT_MAX};
-    EXPECT_NE(FrameRect(drawing.dc, &huge, GetStockObject(WHITE_BRUSH)), 0);
-    EXPECT_NE(FillRect(drawing.dc, &huge, GetStockObject(WHITE_BRUSH)), 0);
+    EXPECT_NE(FrameRect(drawing.dc, &huge, Stock<HBRUSH>(WHITE_BRUSH)), 0);
+    EXPECT_NE(FillRect(drawing.dc, &huge, Stock<HBRUSH>(WHITE_BRUSH)), 0);
     EXPECT_EQ(drawing.At(0, 0), 0xFFFFFFu);
 }
 

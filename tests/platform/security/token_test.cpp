@@ -26,7 +26,7 @@ class Token : public ScratchTest {
         EXPECT_EQ(needed, size);
         EXPECT_TRUE(CloseHandle(token));
 
-        const SID_IDENTIFIER_AUTHORITY authority = SECURITY_NT_AUTHORITY;
+        SID_IDENTIFIER_AUTHORITY authority = SECURITY_NT_AUTHORITY;
         PSID administrators{};
         EXPECT_TRUE(AllocateAndInitializeSid(&authority, 2, SECURITY_BUILTIN_DOMAIN_RID,
                                              DOMAIN_ALIAS_RID_ADMINS, 0, 0, 0, 0, 0, 0,
@@ -77,7 +77,7 @@ TEST_F(Token, WrongHandlesAndArgumentsFail) {
     EXPECT_FALSE(CloseHandle(token));
     EXPECT_EQ(GetLastError(), ERROR_INVALID_HANDLE);
     EXPECT_FALSE(GetTokenInformation(token, TokenGroups, nullptr, 0, &needed));
-    const SID_IDENTIFIER_AUTHORITY authority = SECURITY_NT_AUTHORITY;
+    SID_IDENTIFIER_AUTHORITY authority = SECURITY_NT_AUTHORITY;
     PSID sid{};
     EXPECT_FALSE(AllocateAndInitializeSid(&authority, 9, 0, 0, 0, 0, 0, 0, 0, 0, &sid));
     EXPECT_FALSE(EqualSid(nullptr, nullptr));

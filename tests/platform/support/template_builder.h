@@ -46,7 +46,8 @@ class TemplateBuilder {
 
     // The indirect call is not told the length, so the bytes must outlive it only.
     HWND Create(HWND parent, DLGPROC procedure, LPARAM param = 0) const {
-        return CreateDialogIndirectParamA(nullptr, bytes_.data(), parent, procedure, param);
+        return CreateDialogIndirectParamA(
+            nullptr, reinterpret_cast<const DLGTEMPLATE*>(bytes_.data()), parent, procedure, param);
     }
 
  private:

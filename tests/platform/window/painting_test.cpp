@@ -149,7 +149,7 @@ TEST_F(WindowPainting, RectangleAndColourHelpersKeepTheirRules) {
     EXPECT_EQ(brush.lbColor, dark);
     EXPECT_TRUE(SetSysColors(1, &index, &before));
     EXPECT_FALSE(SetSysColors(1, nullptr, &before));
-    EXPECT_EQ(SystemCursorId(LoadCursorA(nullptr, IDC_WAIT())), 32514u);
+    EXPECT_EQ(SystemCursorId(LoadCursorA(nullptr, IDC_WAIT)), 32514u);
     EXPECT_EQ(LoadCursorA(nullptr, MAKEINTRESOURCEA(1)), nullptr);
 }
 
