@@ -60,7 +60,9 @@ bool CaptionMatches(const std::string& caption, const std::string& wanted) {
     return plain == text || plain.substr(0, plain.find(" (")) == text;
 }
 
-std::string Quoted(const std::string& text) { return "\"" + text + "\""; }
+std::string Quoted(const std::string& text) {
+    return "\"" + text + "\"";
+}
 
 SetOutcome Refuse(ExitStatus status, const std::string& error, const std::string& expected = {}) {
     return {status, expected.empty() ? error : error + "; expected " + expected, {}, expected};
@@ -105,7 +107,9 @@ std::string ListText(HWND window, UINT lengthMessage, UINT textMessage, int inde
     return text;
 }
 
-bool IsListBox(HWND window) { return kv::KindOf(window) == "list"; }
+bool IsListBox(HWND window) {
+    return kv::KindOf(window) == "list";
+}
 
 // Several controls of a dialog may share a name when only one of them is shown at a time.
 const Control& ShownAlternative(const Control& control, HWND dialog) {
@@ -293,7 +297,9 @@ ControlDriver::ControlDriver(Session& session, ConflictPolicy policy)
     kv::Headless().SetPolicy([this](HWND dialog) { AnswerDialog(dialog); });
 }
 
-ControlDriver::~ControlDriver() { kv::Headless().SetPolicy(nullptr); }
+ControlDriver::~ControlDriver() {
+    kv::Headless().SetPolicy(nullptr);
+}
 
 HWND ControlDriver::WindowOf(const Control& control) {
     const int index = PageIndexOfDialog(control.dialog);
@@ -310,11 +316,10 @@ std::vector<ChoiceText> ControlDriver::EntriesOf(HWND window) {
     const LRESULT count = SendMessageA(window, list ? LB_GETCOUNT : CB_GETCOUNT, 0, 0);
     for (LRESULT i = 0; i < count; ++i) {
         const int index = static_cast<int>(i);
-        entries.push_back(
-            {static_cast<DWORD>(
-                 SendMessageA(window, list ? LB_GETITEMDATA : CB_GETITEMDATA, index, 0)),
-             list ? ListText(window, LB_GETTEXTLEN, LB_GETTEXT, index)
-                  : ListText(window, CB_GETLBTEXTLEN, CB_GETLBTEXT, index)});
+        entries.push_back({static_cast<DWORD>(SendMessageA(
+                               window, list ? LB_GETITEMDATA : CB_GETITEMDATA, index, 0)),
+                           list ? ListText(window, LB_GETTEXTLEN, LB_GETTEXT, index)
+                                : ListText(window, CB_GETLBTEXTLEN, CB_GETLBTEXT, index)});
     }
     return entries;
 }
@@ -325,9 +330,9 @@ std::vector<ChoiceText> ControlDriver::ChoicesOf(const Control& control, HWND wi
     std::vector<ChoiceText> choices;
     for (unsigned i = 0; i < control.choiceCount; ++i) {
         const Choice& choice = control.choices[i];
-        const HWND button =
-            choice.buttonId != 0 ? GetDlgItem(GetParent(window), static_cast<int>(choice.buttonId))
-                                 : nullptr;
+        const HWND button = choice.buttonId != 0
+                                ? GetDlgItem(GetParent(window), static_cast<int>(choice.buttonId))
+                                : nullptr;
         if (choice.buttonId != 0 && button == nullptr) continue;
         choices.push_back(
             {choice.value, button != nullptr ? WithoutMnemonic(WindowText(button)) : choice.name});
@@ -363,14 +368,15 @@ std::string ControlDriver::ShownText(const Control& control, HWND window) {
 
 SetOutcome ControlDriver::Set(const Control& control, const std::string& value) {
     notes_.clear();
+    lastMessage_.clear();
     conflicts_.Reset();
     SetOutcome outcome;
     if (PageIndexOfDialog(control.dialog) >= 0) {
         const HWND window = WindowOf(control);
-        outcome = window != nullptr
-                      ? SetOnPage(control, value, window)
-                      : Refuse(kRefused, std::string(control.name) + ": this printer's pages do not "
-                                                                     "offer it");
+        outcome = window != nullptr ? SetOnPage(control, value, window)
+                                    : Refuse(kRefused, std::string(control.name) +
+                                                           ": this printer's pages do not "
+                                                           "offer it");
     } else {
         outcome = SetInSubDialog(control, value);
     }
@@ -407,7 +413,18 @@ SetOutcome ControlDriver::SetOnPage(const Control& control, const std::string& v
     }
     const ChoiceText& wanted = offered[static_cast<size_t>(index)];
     if (kind == "radio") return PressRadio(control, wanted.value, window);
-    if (kind == "check") return SwitchCheck(control, index == 1, window);
+    if (kind == "check") {
+        const SetOutcome switched = SwitchCheck(control, index == 1, window);
+        const bool on = SendMessageA(window, BM_GETCHECK, 0, 0) == BST_CHECKED;
+        if (switched.status != kDone || on == (index == 1) ||
+            conflicts_.refusal() != ConflictRefusal::kNone) {
+            return switched;
+        }
+        return Refuse(kRefused, name + "=" + value + ": refused, " +
+                                    (lastMessage_.empty()
+                                         ? "the page keeps " + Quoted(ShownText(control, window))
+                                         : lastMessage_));
+    }
     if (!kv::input::Choose(window, index)) return Unreachable(control, window);
     if (kind == "combo" && !IsTaken(control, window, index, wanted, value)) {
         return Refuse(kRefused, name + "=" + value + ": refused, the page keeps " +
@@ -431,9 +448,9 @@ SetOutcome ControlDriver::SetInSubDialog(const Control& control, const std::stri
     pendingValue_ = value;
     pendingOutcome_ = Refuse(kRefused, std::string(control.name) + ": its dialog did not open");
     if (window != nullptr && !kv::input::CanReach(window)) {
-        pendingOutcome_.error =
-            std::string(control.name) + ": its dialog does not open, " + button->name +
-            (IsWindowVisible(window) ? " is disabled now" : " is not shown");
+        pendingOutcome_.error = std::string(control.name) + ": its dialog does not open, " +
+                                button->name +
+                                (IsWindowVisible(window) ? " is disabled now" : " is not shown");
     } else if (window != nullptr) {
         // A check box opens its dialog when it is turned on.
         const bool isCheck = std::string_view(button->kind) == "check";
@@ -474,13 +491,13 @@ void ControlDriver::AnswerDialog(HWND dialog) {
         if (const HWND window = GetDlgItem(dialog, static_cast<int>(control.id))) {
             pendingOutcome_ = SetOnPage(control, pendingValue_, window);
         }
-        kv::input::Click(
-            GetDlgItem(dialog, pendingOutcome_.status == kDone ? IDOK : IDCANCEL));
+        kv::input::Click(GetDlgItem(dialog, pendingOutcome_.status == kDone ? IDOK : IDCANCEL));
         return;
     }
     if (message != nullptr) {
         lastMessage_ = caption + ": " + WindowText(message);
         notes_.push_back(lastMessage_);
+        if (lastMessage_.back() == '.') lastMessage_.pop_back();  // the sentence goes on
     }
     for (const int id : {IDOK, IDYES, IDCLOSE, IDCANCEL}) {
         if (kv::input::Click(GetDlgItem(dialog, id))) return;

@@ -525,6 +525,13 @@ TEST_F(CommandLine, BadRulesFilesAreHarmless) {
         EXPECT_EQ(set.status, 0) << set.output;
         EXPECT_EQ(Run("set ComboMediaType=1").status, 0);
     }
+    // Both numbers are there to be left empty.
+    std::ofstream(RulesFile(), std::ios::trunc);
+    const Ran boxes = Run("set ChkAccessCode=on ChkLockJob=on");
+    EXPECT_EQ(boxes.status, 1) << boxes.output;
+    EXPECT_NE(boxes.output.find("ChkLockJob=on: refused, Access Number Error: "), std::string::npos)
+        << boxes.output;
+    EXPECT_EQ(Run("get mdmSecurity").output, "mdmSecurity=0\n");
     fs::remove(RulesFile());
     EXPECT_EQ(Run("set EditCopies=9").status, 0);
 }
