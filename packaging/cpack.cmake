@@ -1,5 +1,5 @@
 # Debian packages, made by `cpack` in the build folder: kvprefs for servers and scripts, kvprefs-gui
-# for desktops. What they depend on is read from the libraries that they link.
+# for desktops, kvuimod-genuine for people who assemble the driver. What they depend on is read from the libraries that they link.
 set(KV_MAINTAINER "kvprefs developers <root@localhost>" CACHE STRING "Maintainer of the packages")
 
 set(CPACK_GENERATOR DEB)
@@ -41,5 +41,16 @@ Opens the printing preferences of a colour laser multifunction printer in
 a window, with a preview of the sheet.")
 set(CPACK_DEBIAN_GUI_PACKAGE_DEPENDS "kvprefs (= ${PROJECT_VERSION})")
 set(CPACK_DEBIAN_GUI_PACKAGE_RECOMMENDS xdg-utils)  # opens help pages and links
+
+configure_file(genuine_package.cmake.in genuine_package.cmake @ONLY)
+set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_CURRENT_BINARY_DIR}/genuine_package.cmake)
+set(CPACK_DEBIAN_GENUINE_PACKAGE_NAME kvuimod-genuine)
+set(CPACK_DEBIAN_GENUINE_PACKAGE_SECTION misc)
+set(CPACK_DEBIAN_GENUINE_PACKAGE_ARCHITECTURE all)
+set(CPACK_DEBIAN_GENUINE_PACKAGE_SHLIBDEPS OFF)
+set(CPACK_DEBIAN_GENUINE_DESCRIPTION
+    "user-interface module of the Varnell Tessora 7720MF driver
+The module as a library for its genuine platform, to be put into the
+driver. Nothing on this system uses it.")
 
 include(CPack)

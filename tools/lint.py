@@ -1,14 +1,19 @@
 #!/usr/bin/env python3
 """Checks the house rules that a compiler does not.
 
-Without arguments: who includes whom, and that every folder has its five-line README.
-With --linked DIR: which libraries the built programs link, and what the module exports.
+Without arguments: who includes whom, that every folder has its five-line README, and that the headers
+of platform/include declare what the genuine ones do. The last needs the cross compiler: without it, it is
+left out with a note; with --complete that is a fault.
+With --linked DIR: which libraries the built programs link, what the module exports, and that
+framework/exports lists what the siblings do.
 Prints one line per fault; exit status 1 when there is any.
 """
 import pathlib
 import re
 import subprocess
 import sys
+
+import header_comparison
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 SOURCES = {".cpp", ".h", ".c", ".inc"}
@@ -102,13 +107,38 @@ def linked_faults(folder):
         yield f"libkvuimod.so does not export {name}"
     if not exported:
         yield "libkvuimod.so exports nothing"
+    yield from sibling_faults(bin_dir)
+
+
+def sibling_faults(bin_dir):
+    """The import libraries of the genuine build are made from these lists."""
+    for path in sorted((ROOT / "framework/exports").glob("*.def")):
+        where = path.relative_to(ROOT)
+        text = re.sub(r";.*", "", path.read_text())
+        listed = set(text.split("EXPORTS")[1].split())
+        out = subprocess.run(["nm", "-D", "--defined-only", bin_dir / f"lib{path.stem}.so"],
+                             capture_output=True, text=True, check=True).stdout
+        # C names only: what C++ offers besides is the host's and the siblings' own.
+        exported = set(re.findall(r" T ([A-Za-z]\w*)$", out, flags=re.M))
+        for name in sorted(exported - listed):
+            yield f"{where}: add {name}: lib{path.stem}.so exports it, so the module may call it"
+        for name in sorted(listed - exported):
+            yield (f"{where}: {name} is not exported by lib{path.stem}.so: declare it in extern \"C\" and "
+                   f"define it with the declared types, or take it out of the list")
 
 
 def main():
     if len(sys.argv) == 3 and sys.argv[1] == "--linked":
         faults = list(linked_faults(sys.argv[2]))
-    elif len(sys.argv) == 1:
+    elif sys.argv[1:] in ([], ["--complete"]):
         faults = [*include_faults(), *readme_faults()]
+        lacking = header_comparison.missing()
+        if not lacking:
+            faults += header_comparison.faults(ROOT)
+        elif sys.argv[1:]:
+            faults.append(lacking)
+        else:
+            print(f"lint: headers are not compared with the genuine ones: {lacking}", file=sys.stderr)
     else:
         print(__doc__)
         return 2

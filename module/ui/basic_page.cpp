@@ -1,5 +1,7 @@
 // Basic page: orientation, paper, scaling, copies, source and media; and its two sub-dialogs, First
 // Page and Detail of Paper Source.
+#include <winsock2.h>
+
 #include <windows.h>
 
 #include <winspool.h>

@@ -1,4 +1,6 @@
 // Job Management page, and the two spare pages of its family, whose templates have no controls.
+#include <windows.h>
+
 #include <prsht.h>
 
 #include "settings/control_fill.h"

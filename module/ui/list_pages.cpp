@@ -1,5 +1,7 @@
 // Watermark and Overlay pages: which of the buttons under their lists can act on the selected
 // entry, and what Delete does. Their editors have procedures of their own.
+#include <windows.h>
+
 #include <winspool.h>
 
 #include <cstring>

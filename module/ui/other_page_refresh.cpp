@@ -1,6 +1,9 @@
 // Which pages show a setting that a message has changed.
 #include "ui/other_page_refresh.h"
 
+#include <windows.h>
+
+#include <commctrl.h>
 #include <prsht.h>
 
 #include <algorithm>

@@ -19,6 +19,7 @@ VERSION = re.search(r"project\(kvprefs VERSION (\S+)", (SOURCE / "CMakeLists.txt
 PASSED_ON = ("ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS")
 SCRATCH = tempfile.TemporaryDirectory(prefix="kvinstall")
 ROOT = pathlib.Path(SCRATCH.name)
+GENUINE = SOURCE / "build/genuine/bin/KVUIMOD.dll"
 
 
 def run(*command, **variables):
@@ -190,7 +191,8 @@ class Packed(unittest.TestCase):
         return run("dpkg-deb", "-f", self.packages[package], name).stdout.strip()
 
     def test_dependencies_keep_qt_out_of_the_command_line(self):
-        self.assertEqual(set(self.packages), {"kvprefs", "kvprefs-gui"})
+        genuine = {"kvuimod-genuine"} if GENUINE.is_file() else set()
+        self.assertEqual(set(self.packages), {"kvprefs", "kvprefs-gui"} | genuine)
         program, window = self.field("kvprefs", "Depends"), self.field("kvprefs-gui", "Depends")
         self.assertNotIn("qt", program.lower())
         for library in ("libc6", "libsqlite3-0", "libfreetype6", "libfontconfig1", "libpng16"):
@@ -215,6 +217,14 @@ class Packed(unittest.TestCase):
         for name in ("share/kvprefs/models/KVUIMOD.ini", "share/applications/kvprefs.desktop",
                      "share/zsh/vendor-completions/_kvprefs", "share/man/man1/kvprefs.1.gz"):
             self.assertIn("./usr/" + name, files)
+
+    @unittest.skipUnless(GENUINE.is_file(), "the preset genuine is not built")
+    def test_the_genuine_module_is_packed_as_it_was_built(self):
+        run("dpkg-deb", "-x", self.packages["kvuimod-genuine"], ROOT / "genuine")
+        packed = ROOT / "genuine/usr/share/kvuimod-genuine/KVUIMOD.dll"
+        self.assertEqual(packed.read_bytes(), GENUINE.read_bytes())
+        self.assertEqual(self.field("kvuimod-genuine", "Depends"), "")
+        self.assertEqual(self.field("kvuimod-genuine", "Architecture"), "all")
 
     def test_the_command_line_works_without_the_window(self):
         run("dpkg-deb", "-x", self.packages["kvprefs"], ROOT / "server")
