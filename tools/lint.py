@@ -29,6 +29,8 @@ ALLOWED = {
 MODULE_SEES = {"framework/include", "platform/include"}
 # Headers of the host system that the module must do without.
 NOT_IN_MODULE = re.compile(r"<(unistd|fcntl|sys/|dlfcn|pthread|Q[A-Z]|gtk|png|sqlite3)")
+# Headers whose genuine forms declare nothing before <windows.h> has; ours are less strict.
+BEHIND_WINDOWS = {"commctrl.h", "commdlg.h", "htmlhelp.h", "prsht.h", "shellapi.h", "winspool.h"}
 README_POINTS = ("purpose", "where to start", "what it may use", "what must not be here", "its tests")
 
 
@@ -48,6 +50,7 @@ def include_faults():
             if path.suffix not in SOURCES:
                 continue
             where = path.relative_to(ROOT).as_posix()
+            is_first = True
             for number, line in enumerate(path.read_text(errors="replace").splitlines(), 1):
                 match = re.match(r'\s*#\s*include\s*([<"])([^>"]+)[>"]', line)
                 if not match:
@@ -60,6 +63,9 @@ def include_faults():
                     yield f"{where}:{number}: {layer} includes {name} of {sorted(layers)[0]}"
                 if layer != "module" or where.startswith("module/resources/draw"):
                     continue
+                if is_first and name in BEHIND_WINDOWS:
+                    yield f"{where}:{number}: include <windows.h> before <{name}>, as its genuine form wants"
+                is_first = False
                 if NOT_IN_MODULE.match(f"<{name}"):
                     yield f"{where}:{number}: the module includes {name}, which its platform lacks"
                 if found and "module" not in layers and not any(
