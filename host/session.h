@@ -20,6 +20,11 @@ struct Options {
 
 class Session {
  public:
+    Session() = default;
+    // No sheet outlives the record that it works on.
+    ~Session() { CloseHeadlessSheet(); }
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
     // Makes the first printer when there is none yet. False after printing why.
     bool Open(const Options& options);
     // Reads what is stored and no more: makes no printer, moves no damaged record aside, says

@@ -83,6 +83,34 @@ TEST_F(Conflicts, AnotherPageShowsWhatWasForcedBeforeItReadsBack) {
     EXPECT_EQ(Public().dmCopies, 7);
 }
 
+TEST_F(Conflicts, TheRulesFileMayBeReplacedWhileTheSheetIsOpen) {
+    std::string noise;
+    for (int i = 0; i < 5000; ++i) noise += static_cast<char>(i * 37);
+    const std::string texts[] = {
+        "", noise, MediaRule("EditCopies,0,0,(1),7"),
+        "[ShowItemAccordingToOption]\nComboMediaType=0,0,0,0\nComboNup=0,0,0,7\n",
+        "[ConflictConditions]\nComboNup0=(4),0,1,(ComboMediaType,0,0,(0),1)\n"};
+    kv::Headless().SetPolicy([](HWND dialog) { kv::input::Click(GetDlgItem(dialog, IDCANCEL)); });
+    for (const std::string& before : texts) {
+        for (const std::string& after : texts) {
+            UseRules(before);
+            OpenSheet();
+            for (int page = kBasic; page <= kJob; ++page) PageWindow(page);
+            UseRules(after);
+            Public().dmOrientation = 1;
+            for (const auto& [combo, page] :
+                 {std::pair{kMedia, kBasic}, std::pair{1410, kLayout}}) {
+                for (int entry = 0; entry < 4; ++entry) kv::input::Choose(Item(combo, page), entry);
+            }
+            ASSERT_TRUE(kv::input::Click(Item(2027)));
+            ASSERT_TRUE(PressOk());
+            EXPECT_EQ(Public().dmOrientation, 2);
+            EXPECT_EQ(SendMessageA(sheet_, PSM_GETCURRENTPAGEHWND, 0, 0), 0) << "OK was taken";
+            CloseSheet();
+        }
+    }
+}
+
 TEST_F(Conflicts, EveryWayToCancelLeavesTheRecordAsItWas) {
     UseRules(MediaRule("RadioOrientation,0,0,(1),2"));
     OpenSheet();
