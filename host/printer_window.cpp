@@ -60,12 +60,21 @@ ExitStatus PrinterWindow::Run() {
         if (place_.corner) kv::CurrentDisplay().OpenNextSheetAt(*place_.corner);
         request.applied = [this](HWND sheet, bool closing) { return Apply(sheet, closing); };
         request.ending = [this] { session_.DropUnstored(); };
+        TellPutBack();
         const PlaceWatcher watcher(names_, session_.record(), place_);
         result = session_.module().RunSheet(request);
         if (openAgain_) session_.StartFromStored();
     } while (openAgain_ && result >= 0);
     KeepWindowPlace(session_.store(), place_);
     return result >= 0 && stored_ ? kDone : kRefused;
+}
+
+// Who opens a window does not see what is printed.
+void PrinterWindow::TellPutBack() const {
+    if (session_.putBack().empty()) return;
+    std::string text = "Not all stored settings of this printer are allowed any more:\n";
+    for (const std::string& line : session_.putBack()) text += "\n" + line;
+    MessageBoxA(nullptr, text.c_str(), session_.printer().printerName, MB_ICONEXCLAMATION);
 }
 
 Applied PrinterWindow::Apply(HWND sheet, bool closing) {

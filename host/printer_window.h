@@ -1,5 +1,5 @@
-// The window of one printer: its sheet, where it opens, its status line, and storing what is applied
-// without overwriting unseen what somebody else stored while the window was open.
+// The window of one printer: its sheet, where it opens, its status line, and storing what is
+// applied without overwriting unseen what somebody else stored while the window was open.
 #pragma once
 
 #include <host/session.h>
@@ -9,13 +9,15 @@
 namespace kvhost {
 
 class PrinterWindow {
-   public:
+ public:
     // The session is open and has its module.
     explicit PrinterWindow(Session& session);
     // Until the person closes it.
     ExitStatus Run();
 
-   private:
+ private:
+    // Says which stored values the rules in force do not allow.
+    void TellPutBack() const;
     Applied Apply(HWND sheet, bool closing);
     // What a person decides about settings that somebody else stored.
     enum class Choice { kStoreMine, kKeepTheirs, kStay };
@@ -24,8 +26,8 @@ class PrinterWindow {
 
     Session& session_;
     SettingNames names_;
-    bool stored_ = true;     // the last attempt to store succeeded
-    bool openAgain_ = false; // to show what somebody else stored
+    bool stored_ = true;      // the last attempt to store succeeded
+    bool openAgain_ = false;  // to show what somebody else stored
     WindowPlace place_;
 };
 

@@ -66,9 +66,8 @@ bool Session::Open(const Options& options) {
 
 void Session::StartFromStored() {
     record_ = stored_;
-    for (const std::string& line : PutBackOutOfBounds(printer_, record_)) {
-        PrintWarning("stored settings: " + line);
-    }
+    putBack_ = PutBackOutOfBounds(printer_, record_);
+    for (const std::string& line : putBack_) PrintWarning("stored settings: " + line);
 }
 
 bool Session::Look(const Options& options) {

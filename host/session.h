@@ -7,6 +7,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace kvhost {
 
@@ -50,6 +51,8 @@ class Session {
     // Begins anew with what is stored; says which values the rules in force do not allow any more,
     // and puts them back. They are stored with the next change.
     void StartFromStored();
+    // A line for each of those values.
+    const std::vector<std::string>& putBack() const { return putBack_; }
     // What pages changed in the record and nobody stored is gone.
     void DropUnstored();
     // What somebody else stored is known and may be overwritten.
@@ -67,6 +70,7 @@ class Session {
     Record record_{};
     Record stored_{};
     std::string problem_;
+    std::vector<std::string> putBack_;
     std::unique_ptr<RecordStore> store_;
     std::shared_ptr<DriverModule> module_;
     SheetRequest request_;

@@ -66,6 +66,33 @@ TEST_F(PrinterWindowsTest, APrinterThatIsGoneWhenItsTurnComesIsToldAndTheOthersO
     EXPECT_EQ(titles_, (Names{"Hall", "Office"}));
 }
 
+TEST_F(PrinterWindowsTest, AValueThatTheRulesDoNotAllowAnyMoreIsNamedBeforeItsWindow) {
+    UseRules("[EditAttribute]\nEditCopies=4,1,9999\n");
+    {
+        Session session;
+        ASSERT_TRUE(session.Open({}));
+        reinterpret_cast<DEVMODEA*>(session.record().data())->dmCopies = 5000;
+        ASSERT_TRUE(session.StoreRecord());
+    }
+    EXPECT_EQ(OpenAll("", {}, kDone), Names{"Hall"}) << "9999 are allowed";
+    UseRules("");
+    std::string said;
+    Next([&](HWND box) {
+        said = MessageOf(box);
+        Press(box, IDOK);
+    });
+    Next([](HWND sheet) {
+        Choose(sheet, 1, 1410, 4);
+        Press(sheet, IDOK);
+    });
+    EXPECT_EQ(Open(), kDone);
+    EXPECT_NE(said.find("dmCopies is 5000, expected 1 to 999; 1 is used instead"),
+              std::string::npos)
+        << said;
+    EXPECT_EQ(OpenAll("", {}, kDone), Names{"Hall"}) << "it is stored now";
+    EXPECT_EQ(Stored("mdmNup"), 4);
+}
+
 // The list is left alone, and so are the settings whose values it would name.
 TEST_F(PrinterWindowsTest, AListThatCannotBeReadIsSaidAndNothingIsLostByIt) {
     kv::Headless().SetPolicy(nullptr);
