@@ -15,21 +15,22 @@ struct ExampleRow {
 };
 // command, what its help shows
 constexpr ExampleRow kExamples[] = {
-    {"kvprefs",         "kvprefs set ComboPaperSize=A5 EditCopies=2"},
-    {"open",            "kvprefs open Lobby \"Second floor\""},
-    {"list",            "kvprefs list Layout"},
-    {"get",             "kvprefs get dmPaperSize dmCopies"},
-    {"set",             "kvprefs set ComboNup=Booklet --on-conflict=resolve"},
-    {"defaults",        "kvprefs defaults Quality"},
-    {"shot",            "kvprefs shot pictures --page Basic --scale 2"},
-    {"record",          "kvprefs record export lobby.record"},
-    {"record export",   "kvprefs record export lobby.record --printer Lobby"},
-    {"record import",   "kvprefs record import lobby.record"},
-    {"record diff",     "kvprefs record diff before.record after.record"},
-    {"printer",         "kvprefs printer list"},
-    {"printer list",    "kvprefs printer list --json"},
-    {"printer add",     "kvprefs printer add Lobby --port IP_192.0.2.7"},
-    {"printer remove",  "kvprefs printer remove Lobby"},
+    {"kvprefs", "kvprefs set ComboPaperSize=A5 EditCopies=2"},
+    {"open", "kvprefs open Lobby \"Second floor\""},
+    {"list", "kvprefs list Layout"},
+    {"get", "kvprefs get dmPaperSize dmCopies"},
+    {"set", "kvprefs set ComboNup=Booklet --on-conflict=resolve"},
+    {"defaults", "kvprefs defaults Quality"},
+    {"shot", "kvprefs shot pictures --page Basic --scale 2"},
+    {"record", "kvprefs record export lobby.record"},
+    {"record export", "kvprefs record export lobby.record --printer Lobby"},
+    {"record import", "kvprefs record import lobby.record"},
+    {"record check", "kvprefs record check lobby.record"},
+    {"record diff", "kvprefs record diff before.record after.record"},
+    {"printer", "kvprefs printer list"},
+    {"printer list", "kvprefs printer list --json"},
+    {"printer add", "kvprefs printer add Lobby --port IP_192.0.2.7"},
+    {"printer remove", "kvprefs printer remove Lobby"},
 };
 
 // An option may stand before or after the words of its command.
@@ -80,12 +81,21 @@ void AddSettings(CLI::App& app, Arguments& args) {
 }
 
 void AddRecord(CLI::App& app, Arguments& args) {
-    auto* record = app.add_subcommand("record", "Export, import or compare settings records");
+    auto* record =
+        app.add_subcommand("record", "Export, import, check or compare settings records");
     record->require_subcommand(1);
+    const char* const kFile = "File; - for standard input or output";
     record->add_subcommand("export", "Write the stored record")
-        ->add_option("file", args.file)->required();
-    record->add_subcommand("import", "Check a record and store it")
-        ->add_option("file", args.file)->required();
+        ->add_option("file", args.file, kFile)
+        ->required();
+    for (const auto& [name, text] :
+         {std::pair("import", "Check a record and store it"),
+          std::pair("check", "Say what import would say, and store nothing")}) {
+        auto* command = record->add_subcommand(name, text);
+        command->add_option("file", args.file, kFile)->required();
+        command->add_flag("--force", args.force,
+                          "Take values that no control offers (for service technicians)");
+    }
     auto* diff = record->add_subcommand("diff", "Show the fields in which two records differ");
     diff->add_option("left", args.file)->required();
     diff->add_option("right", args.other)->required();

@@ -28,6 +28,7 @@ struct Arguments {
     std::string policy = "ask";  // one of kPolicyNames
     double scale = 1;
     bool rightToLeft = false;
+    bool force = false;
 };
 
 // What --on-conflict and --view take.

@@ -28,7 +28,12 @@ ExitStatus Run(CLI::App& app, Arguments& args, int argc, char** argv) {
     if (chosen("record")) {
         CLI::App* record = app.get_subcommand("record");
         if (record->got_subcommand("export")) return RunRecordExport(args.options, args.file);
-        if (record->got_subcommand("import")) return RunRecordImport(args.options, args.file);
+        if (record->got_subcommand("import")) {
+            return RunRecordImport(args.options, args.file, args.force);
+        }
+        if (record->got_subcommand("check")) {
+            return RunRecordCheck(args.options, args.file, args.force);
+        }
         return RunRecordDiff(args.file, args.other);
     }
     if (chosen("printer")) {

@@ -117,6 +117,11 @@ HWND Session::OpenHeadlessSheet() {
     return sheet_;
 }
 
+HWND Session::OpenHeadlessSheetOn(const Record& other) {
+    record_ = other;
+    return OpenHeadlessSheet();
+}
+
 void Session::DropUnstored() {
     record_ = stored_;
 }
@@ -126,8 +131,18 @@ void Session::CloseHeadlessSheet() {
     sheet_ = nullptr;
 }
 
+// What would be put back at the next start is not stored either.
+bool Session::IsInBounds() {
+    const auto problems = ValuesOutOfBounds(record_, BoundsInForce(printer_));
+    problem_.clear();
+    for (const std::string& line : problems) problem_ += (problem_.empty() ? "" : "; ") + line;
+    if (!problems.empty()) PrintError("settings not stored: " + problem_);
+    return problems.empty();
+}
+
 bool Session::StoreRecord() {
     std::string error;
+    if (!IsInBounds()) return false;
     if (store_->Store(record_, error)) {
         stored_ = record_;
         return true;
@@ -137,6 +152,7 @@ bool Session::StoreRecord() {
 }
 
 RecordStore::Outcome Session::StoreUnlessChanged(Record& found) {
+    if (!IsInBounds()) return RecordStore::Outcome::kFailed;
     const auto outcome = store_->StoreUnlessChanged(stored_, record_, found, problem_);
     if (outcome == RecordStore::Outcome::kStored) stored_ = record_;
     if (outcome == RecordStore::Outcome::kFailed) PrintError("settings not stored: " + problem_);

@@ -37,6 +37,8 @@ class Session {
     void ShareModule(const Session& other) { module_ = other.module_; }
     // Opens the sheet without a screen. Job Management is there too.
     HWND OpenHeadlessSheet();
+    // The same on other settings than the printer's, of which nothing outlives the sheet.
+    HWND OpenHeadlessSheetOn(const Record& other);
     // The record is then what is stored, as it is for the pages that write printer data as they go.
     void CloseHeadlessSheet();
     // Stores the record whatever is stored now.
@@ -66,6 +68,8 @@ class Session {
     SheetRequest& request() { return request_; }
 
  private:
+    bool IsInBounds();
+
     PrinterBlock printer_{};
     Record record_{};
     Record stored_{};

@@ -21,7 +21,10 @@ ExitStatus RunList(const Options& options, const std::string& page);
 ExitStatus RunShot(const Options& options, const std::string& folder, const std::string& page,
                    const std::string& view, double scale, bool rightToLeft);
 ExitStatus RunRecordExport(const Options& options, const std::string& file);
-ExitStatus RunRecordImport(const Options& options, const std::string& file);
+// A service technician may force values in that no control offers.
+ExitStatus RunRecordImport(const Options& options, const std::string& file, bool force);
+// What import would say, without storing.
+ExitStatus RunRecordCheck(const Options& options, const std::string& file, bool force);
 ExitStatus RunRecordDiff(const std::string& left, const std::string& right);
 ExitStatus RunPrinterList(const Options& options);
 ExitStatus RunPrinterAdd(const std::string& name, const std::string& port);

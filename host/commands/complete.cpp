@@ -29,16 +29,10 @@ struct SourceRow {
 };
 // What stands after the words of a command.
 constexpr SourceRow kArguments[] = {
-    {"list",     Source::kPages},
-    {"defaults", Source::kPages},
-    {"get",      Source::kFields},
-    {"set",      Source::kControls},
-    {"shot",     Source::kFolders},
-    {"export",   Source::kFiles},
-    {"import",   Source::kFiles},
-    {"diff",     Source::kFiles},
-    {"remove",   Source::kPrinters},
-    {"open",     Source::kPrinters},
+    {"list", Source::kPages},      {"defaults", Source::kPages}, {"get", Source::kFields},
+    {"set", Source::kControls},    {"shot", Source::kFolders},   {"export", Source::kFiles},
+    {"import", Source::kFiles},    {"check", Source::kFiles},    {"diff", Source::kFiles},
+    {"remove", Source::kPrinters}, {"open", Source::kPrinters},
 };
 // What an option takes.
 constexpr SourceRow kOptionValues[] = {
