@@ -61,6 +61,7 @@ ExitStatus PrinterWindow::Run() {
         request.applied = [this](HWND sheet, bool closing) { return Apply(sheet, closing); };
         request.ending = [this] { session_.DropUnstored(); };
         TellPutBack();
+        request.shown = [this](HWND sheet) { TellFaults(sheet); };
         const PlaceWatcher watcher(names_, session_.record(), place_);
         result = session_.module().RunSheet(request);
         if (openAgain_) session_.StartFromStored();
@@ -75,6 +76,15 @@ void PrinterWindow::TellPutBack() const {
     std::string text = "Not all stored settings of this printer are allowed any more:\n";
     for (const std::string& line : session_.putBack()) text += "\n" + line;
     MessageBoxA(nullptr, text.c_str(), session_.printer().printerName, MB_ICONEXCLAMATION);
+}
+
+// Standard error has them all; nobody at a desktop sees that.
+void PrinterWindow::TellFaults(HWND sheet) const {
+    const std::vector<std::string>& faults = session_.faults();
+    if (faults.empty()) return;
+    const std::string more =
+        faults.size() > 1 ? " (and " + std::to_string(faults.size() - 1) + " more)" : "";
+    kv::CurrentDisplay().ShowStatus(sheet, (faults.front() + more).c_str());
 }
 
 Applied PrinterWindow::Apply(HWND sheet, bool closing) {

@@ -23,6 +23,7 @@ class PrinterWindow {
     enum class Choice { kStoreMine, kKeepTheirs, kStay };
     Choice Ask(HWND sheet, const Record& theirs) const;
     Applied KeepTheirs(HWND sheet, const Record& theirs, bool closing);
+    void TellFaults(HWND sheet) const;
 
     Session& session_;
     SettingNames names_;

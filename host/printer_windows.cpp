@@ -40,7 +40,7 @@ ExitStatus PrinterWindows::Run() {
     for (size_t i = 1; i < printers_.size(); ++i) {
         Session next;
         next.ShareModule(first_);
-        const bool opened = next.Open({printers_[i], false});
+        const bool opened = next.Open({printers_[i], false}) && next.LoadModule();
         status = std::max(status, opened ? PrinterWindow(next).Run() : kBadInput);
     }
     return status;

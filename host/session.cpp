@@ -1,9 +1,12 @@
 // Opening a printer: first run, block, record, module, sheet.
 #include <host/session.h>
 
+#include <framework/core/description.h>
+#include <framework/core/driver_files.h>
 #include <framework/core/install_printer.h>
 #include <host/host_paths.h>
 #include <host/record_check.h>
+#include <host/rules_faults.h>
 #include <platform/display/headless.h>
 #include <platform/registry/state_directory.h>
 #include <platform/registry/state_store.h>
@@ -13,6 +16,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <iterator>
+#include <set>
 
 namespace kvhost {
 namespace {
@@ -24,6 +28,36 @@ void PrintError(const std::string& text) {
 }
 void PrintWarning(const std::string& text) {
     std::fprintf(stderr, "kvprefs: warning: %s\n", text.c_str());
+}
+
+void PrintNote(const std::string& text) {
+    std::fprintf(stderr, "kvprefs: %s\n", text.c_str());
+}
+
+// Each fault once in a program's life, however often a printer is opened.
+void Session::SayFaults(const std::vector<std::string>& faults) {
+    static std::set<std::string> said;
+    constexpr size_t kMostSaid = 8;
+    size_t more = 0;
+    for (const std::string& fault : faults) {
+        faults_.push_back(fault);
+        if (!said.insert(fault).second) continue;
+        if (said.size() <= kMostSaid) {
+            PrintWarning(fault);
+        } else {
+            ++more;
+        }
+    }
+    if (more != 0) PrintWarning("and " + std::to_string(more) + " more faults like these");
+}
+
+bool Session::LookAfterDriverFiles() {
+    const kvcore::DriverFiles files = kvcore::RestoreDriverFiles(DataPath("models"));
+    for (const std::string& line : files.done) PrintWarning(line);
+    if (!files.error.empty()) PrintError(files.error);
+    if (!files.error.empty()) return false;
+    SayFaults(kvcore::DescriptionOf(printer_)->problems);
+    return true;
 }
 
 bool Session::Open(const Options& options) {
@@ -51,6 +85,7 @@ bool Session::Open(const Options& options) {
         PrintError(error);
         return false;
     }
+    if (!LookAfterDriverFiles()) return false;
     store_ = std::make_unique<RecordStore>(printer_.printerName);
     std::string warning;
     const bool loaded = store_->Load(printer_, record_, warning, error);
@@ -88,7 +123,12 @@ bool Session::Look(const Options& options) {
 }
 
 bool Session::LoadModule() {
-    std::string error;
+    std::string error = kvcore::RulesFileProblem();
+    if (!error.empty()) {
+        PrintError(error + "; without its rules settings could become inconsistent");
+        return false;
+    }
+    SayFaults(FaultsOfRules(kvcore::RulesFilePath()));
     if (module_ == nullptr) module_ = DriverModule::Load(DefaultModulePath(), error);
     if (module_ == nullptr) PrintError(error);
     return module_ != nullptr;

@@ -31,7 +31,8 @@ class Session {
     // Reads what is stored and no more: makes no printer, moves no damaged record aside, says
     // nothing.
     bool Look(const Options& options);
-    // Loads the module; only commands that need pages do.
+    // Loads the module; only commands that need pages do. Refuses when the rules file cannot be
+    // read: nothing would keep the settings consistent.
     bool LoadModule();
     // The module stays loaded from one window to the next.
     void ShareModule(const Session& other) { module_ = other.module_; }
@@ -46,6 +47,8 @@ class Session {
     // Stores the record unless somebody else has stored another one since it was read or stored
     // here; `found` is then that one. Says why when it fails.
     RecordStore::Outcome StoreUnlessChanged(Record& found);
+    // What is wrong inside the driver's files: "file:line: expected ...". Said already.
+    const std::vector<std::string>& faults() const { return faults_; }
     // Why storing failed last.
     const std::string& problem() const { return problem_; }
     // The record as it was read, out-of-bounds values and all, or as it was last stored here.
@@ -68,6 +71,8 @@ class Session {
     SheetRequest& request() { return request_; }
 
  private:
+    bool LookAfterDriverFiles();
+    void SayFaults(const std::vector<std::string>& faults);
     bool IsInBounds();
 
     PrinterBlock printer_{};
@@ -75,6 +80,7 @@ class Session {
     Record stored_{};
     std::string problem_;
     std::vector<std::string> putBack_;
+    std::vector<std::string> faults_;
     std::unique_ptr<RecordStore> store_;
     std::shared_ptr<DriverModule> module_;
     SheetRequest request_;
@@ -84,4 +90,5 @@ class Session {
 // One line on standard error, "kvprefs: ..." before it.
 void PrintError(const std::string& text);
 void PrintWarning(const std::string& text);
+void PrintNote(const std::string& text);
 }  // namespace kvhost

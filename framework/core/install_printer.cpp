@@ -19,6 +19,7 @@
 #include <system_error>
 
 #include "description.h"
+#include "driver_files.h"
 
 namespace kvcore {
 
@@ -29,8 +30,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::size_t kMaxNameLength = 220;  // what printer names and ports have room for elsewhere
-constexpr const char* kHelpSource = "help";
-constexpr const char* kHelpFileValue = "HelpFile";
 constexpr const char* kTcpPortPrefix = "IP_";
 constexpr const char* kTcpPortsKey =
     "System\\CurrentControlSet\\Control\\Print\\Monitors\\Standard TCP/IP Port\\Ports\\";
@@ -56,57 +55,6 @@ std::string StoreProblem(const std::string& what, DWORD code) {
     if (code == kv::kErrorPrinterAlreadyExists) return what + " exists already";
     const std::string message = kv::StateStore::Get().LastMessage();
     return what + ": " + (message.empty() ? "error " + std::to_string(code) : message);
-}
-
-enum class Existing { kReplace, kKeep };
-
-// Whole or not at all, so that a reader never sees half a file, and another program that copies the
-// same one does no harm.
-void CopyFileWhole(const fs::path& from, const fs::path& to, Existing existing,
-                   std::error_code& failed) {
-    std::string bytes(fs::file_size(from, failed), '\0');
-    std::ifstream file(from, std::ios::binary);
-    if (!failed && !file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()))) {
-        failed = std::make_error_code(std::errc::io_error);
-    }
-    if (failed) return;
-    kv::WholeFile copy(to.string(), 0600);
-    copy.Write(bytes);
-    const bool done = existing == Existing::kReplace ? copy.TakePlace() : copy.TakeFreePlace();
-    const bool kept = existing == Existing::kKeep && copy.Problem() == EEXIST;
-    if (!done && !kept) failed = {copy.Problem(), std::generic_category()};
-}
-
-void CopyHelp(const fs::path& from, const fs::path& to, std::error_code& failed) {
-    if (!fs::is_directory(from)) return;  // a model may come without help pages
-    fs::copy(from, to, fs::copy_options::recursive | fs::copy_options::overwrite_existing, failed);
-}
-
-// Help pages lie in a folder named like the help file without its extension.
-std::string HelpFolder(const Description& description) {
-    const std::string* file = description.FindPrinterValue(kHelpFileValue);
-    return file ? fs::path(*file).stem().string() : std::string();
-}
-
-bool CopyDriverFiles(const fs::path& models, const Description& description, std::string& error) {
-    const std::string native = kv::NativePath(kvspool::DriverFile("").c_str());
-    const fs::path folder = fs::path(native).parent_path();
-    if (!kv::MakeFolders(folder.string())) {
-        error = folder.string() + ": " + kv::ErrnoInWords(errno);
-        return false;
-    }
-    std::error_code failed;
-    CopyFileWhole(models / kvspool::kDescriptionFile, folder / kvspool::kDescriptionFile,
-                  Existing::kReplace, failed);
-    // The rules file also holds lists that users stored; an installed one is theirs.
-    if (!failed) {
-        CopyFileWhole(models / kvspool::kRulesFile, folder / kvspool::kRulesFile, Existing::kKeep,
-                      failed);
-    }
-    const std::string help = HelpFolder(description);
-    if (!failed && !help.empty()) CopyHelp(models / kHelpSource, folder / help, failed);
-    if (failed) error = folder.string() + ": " + kv::ErrnoInWords(failed.value());
-    return !failed;
 }
 
 // The port monitor's entry, by which drivers find the address behind a port named after it.
@@ -143,7 +91,7 @@ bool CopyPath(char* target, std::size_t size, const std::string& path, std::stri
 }  // namespace
 
 bool InstallPrinter(const std::string& name, const std::string& port, const std::string& modelsDir,
-                    std::string& error) {
+                    std::string& error, std::vector<std::string>* done) {
     if (!CheckName(name, error) || !CheckText("port", port, error)) return false;
     if (!kv::MakeStateDirectory()) {
         const std::string state = kv::StateDirectory();
@@ -168,7 +116,12 @@ bool InstallPrinter(const std::string& name, const std::string& port, const std:
         error = StoreProblem("printer \"" + name + "\"", found);
         return false;
     }
-    if (!CopyDriverFiles(models, *description, error)) return false;
+    const DriverFiles files = TakeOverModel(modelsDir);
+    if (done != nullptr) *done = files.done;
+    if (!files.error.empty()) {
+        error = files.error;
+        return false;
+    }
     kv::StoreTransaction transaction(store);
     DWORD code = transaction.Error();
     if (code == ERROR_SUCCESS) code = store.AddPrinter(NewRecord(name, port));

@@ -5,17 +5,18 @@
 #include <printer_block.h>
 
 #include <string>
+#include <vector>
 
 namespace kvcore {
 
 // "Varnell Tessora 7720MF": the driver's name, and the printer's when nobody chose another.
 extern const char* const kDriverName;
 
-// Copies the model's files from modelsDir to the driver's folder and creates the printer. Files
-// that the driver's folder has already are kept, except the printer description: the rules file
-// also holds what users stored. False with one line for people in `error`; nothing is created then.
+// Takes the model's files in modelsDir over into the driver's folder and creates the printer.
+// `done` gets a line for what was done to files that were there already. False with one line for
+// people in `error`; no printer is created then.
 bool InstallPrinter(const std::string& name, const std::string& port, const std::string& modelsDir,
-                    std::string& error);
+                    std::string& error, std::vector<std::string>* done = nullptr);
 // The printer of a first run. When another program makes it at the same moment, that one will do.
 bool InstallFirstPrinter(const std::string& modelsDir, std::string& error);
 bool RemovePrinter(const std::string& name, std::string& error);

@@ -30,6 +30,8 @@ struct SheetRequest {
     std::vector<std::pair<std::string, std::string>> extraPages;
     // Called after all pages accepted an Apply or OK.
     std::function<Applied(HWND sheet, bool closing)> applied;
+    // Called when the sheet is about to be shown, on its start page.
+    std::function<void(HWND sheet)> shown;
     // Called before the pages are destroyed, which then write printer-level settings as the record
     // has them: the owner puts back what is stored.
     std::function<void()> ending;

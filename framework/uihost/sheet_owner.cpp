@@ -61,11 +61,18 @@ void TurnToStartPage(HWND sheet) {
     if (page != 0) SendMessageA(sheet, PSM_SETCURSEL, page, 0);
 }
 
+void BeginShowing(HWND sheet) {
+    TurnToStartPage(sheet);
+    Sheet* owned = SheetOfWindow(sheet);
+    if (owned == nullptr) return;
+    if (const auto shown = std::exchange(owned->request.shown, nullptr)) shown(sheet);
+}
+
 LRESULT CALLBACK OwnerProcedure(HWND sheet, UINT message, WPARAM wParam, LPARAM lParam) {
     if (Applies(message, wParam)) return Apply(sheet, message, wParam, lParam);
     switch (message) {
         case WM_SHOWWINDOW:
-            if (wParam != FALSE) TurnToStartPage(sheet);
+            if (wParam != FALSE) BeginShowing(sheet);
             break;
         case WM_DESTROY: {
             const Sheet* owned = SheetOfWindow(sheet);

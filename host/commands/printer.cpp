@@ -68,9 +68,11 @@ ExitStatus RunPrinterAdd(const std::string& name, const std::string& port) {
     if (!MayChangePrinters("adding")) return kRefused;
     if (!HasRoomForSettings(name)) return kBadInput;
     std::string error;
-    if (kvcore::InstallPrinter(name, port, DataPath("models"), error)) return kDone;
-    PrintError(error);
-    return kBadInput;
+    std::vector<std::string> done;
+    const bool added = kvcore::InstallPrinter(name, port, DataPath("models"), error, &done);
+    for (const std::string& line : done) PrintNote(line);
+    if (!added) PrintError(error);
+    return added ? kDone : kBadInput;
 }
 
 ExitStatus RunPrinterRemove(const std::string& name) {

@@ -612,10 +612,11 @@ TEST_F(CommandLine, BadRulesFilesAreHarmless) {
         std::ofstream(RulesFile(), std::ios::binary | std::ios::trunc) << rules;
         const Ran set = Run("set ComboMediaType=MediaGlossy EditCopies=2");
         EXPECT_EQ(set.status, 0) << set.output;
+        EXPECT_NE(set.errors.find("warning: " + RulesFile().string() + ":"), std::string::npos);
         EXPECT_EQ(Run("set ComboMediaType=1").status, 0);
     }
     // Both numbers are there to be left empty.
-    std::ofstream(RulesFile(), std::ios::trunc);
+    std::ofstream(RulesFile(), std::ios::trunc) << "; no rules\n";
     const Ran boxes = Run("set ChkAccessCode=on ChkLockJob=on");
     EXPECT_EQ(boxes.status, 1) << boxes.output;
     EXPECT_NE(boxes.output.find("ChkLockJob=on: refused, Access Number Error: "), std::string::npos)
@@ -623,6 +624,65 @@ TEST_F(CommandLine, BadRulesFilesAreHarmless) {
     EXPECT_EQ(Run("get mdmSecurity").output, "mdmSecurity=0\n");
     fs::remove(RulesFile());
     EXPECT_EQ(Run("set EditCopies=9").status, 0);
+}
+
+TEST_F(CommandLine, FaultsOfDriverFilesAreNamedOnce) {
+    ASSERT_EQ(Run("set EditCopies=3").errors, "");
+    const fs::path rules = RulesFile();
+    const fs::path description = rules.parent_path() / "tessora7720mf.ini";
+    std::ofstream(description, std::ios::app) << "[PaperInfo]\nPaper99=99, X, yards, 1, 1\n";
+    std::ofstream(rules, std::ios::trunc)
+        << "EditCopies=1\n"  // 1
+           "[ConflictConditions]\n"
+           "ComboMediaType1=(2),0,0,(RadioOrientation,0,0,(1),2)\n"  // 3: number 0 is missing
+           "Combo1stPageMedia0=(2,3-4,5-),0,1,(ComboStaple,0,0,(0),H,7)\n"
+           "NoSuchControl0=(2),0,0,(ComboStaple,0,0,(0),1)\n"                 // 5
+           "ComboNup0=(2),0,0,(NoSuchTarget,0,0,(0),1)\n"                     // 6
+           "ComboNup1=(2),0,0,(ComboStaple,0,(0),1)\n"                        // 7
+           "ComboNup1=2,0,0,(ComboStaple,0,0,(0),1),(ComboPunch,0,0,(),1)\n"  // 8: twice
+           "ComboNup2=(2),0,0\n"                                              // 9
+           "[EditAttribute]\nEditCopies=3,1\n"                                // 11
+           "[OptionConflict\n25=1\n"                                          // 12, 13
+           "[AddCondition]\n1000=1,2,3\n7=AND,(1)\n"                          // 15
+           "[KeepSettings]\nas users like\n";
+    const Ran list = Run("list Job");
+    EXPECT_EQ(list.status, 0) << list.output;
+    std::string lines;
+    for (size_t at = 0; (at = list.errors.find("KVUIMOD.ini:", at)) != std::string::npos;) {
+        at += sizeof "KVUIMOD.ini:" - 1;
+        lines += std::to_string(std::stoi(list.errors.substr(at))) + " ";
+    }
+    EXPECT_EQ(lines, "1 3 5 6 7 8 9 ") << list.errors;
+    EXPECT_NE(list.errors.find("and 4 more faults"), std::string::npos) << list.errors;
+    EXPECT_NE(list.errors.find("tessora7720mf.ini:170: expected \"code"), std::string::npos);
+    EXPECT_EQ(Run("get dmCopies").errors.find("KVUIMOD"), std::string::npos);
+}
+
+TEST_F(CommandLine, DriverFilesAreRestoredOrRefused) {
+    ASSERT_EQ(Run("set EditCopies=3").status, 0);
+    const fs::path rules = RulesFile();
+    const fs::path description = rules.parent_path() / "tessora7720mf.ini";
+    const std::string model = Bytes(rules);
+    for (const fs::path& file : {rules, description}) {
+        const std::string whole = Bytes(file);
+        fs::remove(file);
+        EXPECT_NE(Run("get").errors.find(file.string() + ": is missing; restored"),
+                  std::string::npos);
+        EXPECT_EQ(Bytes(file), whole);
+        fs::resize_file(file, 0);
+        EXPECT_NE(Run("set EditCopies=3").errors.find(": is empty; restored"), std::string::npos);
+        EXPECT_EQ(Bytes(file), whole);
+        const std::string before = Bytes(RecordFile());
+        for (const char* make : {"mkdir ", "mkfifo ", "ln -s /dev/zero "}) {
+            fs::remove(file);
+            ASSERT_EQ(std::system((make + file.string()).c_str()), 0);
+            const Ran set = Run("set ComboMediaType=2");
+            EXPECT_EQ(set.status, 2) << make;
+            EXPECT_NE(set.errors.find(file.string() + ": is "), std::string::npos) << set.errors;
+            EXPECT_EQ(Bytes(RecordFile()), before);
+        }
+        fs::remove(file);
+    }
 }
 
 }  // namespace

@@ -57,6 +57,17 @@ TEST_F(PrinterWindowsTest, EachPrinterHasItsTurnAndUnknownNamesOpenNothing) {
     }
 }
 
+TEST_F(PrinterWindowsTest, FaultsOfTheRulesAreOnTheStatusLineOfEveryWindow) {
+    UseRules("[EditAttribute]\nEditCopies=1\nEditScaling=1,2\n");
+    for (const char* name : {"Hall", "Office"}) {
+        kv::Headless().status.clear();
+        OpenAll("", {"Lobby", name}, kDone);
+        EXPECT_NE(kv::Headless().status.find("KVUIMOD.ini:2: expected three numbers"),
+                  std::string::npos);
+        EXPECT_NE(kv::Headless().status.find("(and 1 more)"), std::string::npos);
+    }
+}
+
 TEST_F(PrinterWindowsTest, APrinterThatIsGoneWhenItsTurnComesIsToldAndTheOthersOpen) {
     PrinterWindows windows;
     ASSERT_TRUE(windows.Prepare({}, {"Hall", "Lobby", "Office"}));

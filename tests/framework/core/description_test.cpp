@@ -90,6 +90,38 @@ TEST_F(Installation, RefusalsSayWhyAndCreateNothing) {
     EXPECT_FALSE(Open(PRINTER_ACCESS_USE, "New"));
 }
 
+// The vendor's sections come from the model, what users stored stays, and nothing is lost unsaid.
+TEST_F(Installation, ASecondPrinterTakesOverWhatTheModelChanged) {
+    const std::string rules = State() + "/driver/3/KVUIMOD.ini";
+    const std::string model = Read(rules);
+    const std::string old =
+        "[conflictconditions]\r\nEditCopies0=(2),0,0,(ChkCollate,0,0,(1),0)\r\n"
+        "[Watermark]\r\nNTNum=3\r\nMinCode=1\r\nMaxCode=1\r\n1=Mine,0,1\r\n"
+        "[MoveWithItems]\r\nA=1\r\n[Saved Data]\r\n; of users\r\nItem0=x";
+    std::ofstream(rules, std::ios::binary | std::ios::trunc) << old;
+    std::string error;
+    std::vector<std::string> done;
+    ASSERT_TRUE(kvcore::InstallPrinter("Second", "FILE:", KV_SOURCE_DIR "/models", error, &done));
+    EXPECT_EQ(Read(rules), model +
+                               "MinCode=1\r\nMaxCode=1\r\n1=Mine,0,1\r\n"
+                               "[Saved Data]\r\n; of users\r\nItem0=x");
+    EXPECT_EQ(Read(rules + ".old1"), old);
+    ASSERT_EQ(done.size(), 1u);
+    EXPECT_THAT(done[0], testing::AllOf(HasSubstr("[ConflictConditions]"),
+                                        HasSubstr("[MoveWithItems] from the model"),
+                                        HasSubstr("stored in [Watermark], [Saved Data]"),
+                                        HasSubstr("KVUIMOD.ini.old1")));
+    const std::string description = State() + "/driver/3/tessora7720mf.ini";
+    std::ofstream(description, std::ios::app) << "; older\n";
+    ASSERT_TRUE(kvcore::InstallPrinter("Third", "FILE:", KV_SOURCE_DIR "/models", error, &done));
+    EXPECT_EQ(Read(description), Read(KV_SOURCE_DIR "/models/tessora7720mf.ini"));
+    EXPECT_THAT(done, testing::ElementsAre(HasSubstr("tessora7720mf.ini.old1")));
+    std::filesystem::remove(rules);
+    std::filesystem::create_directory(rules);
+    EXPECT_FALSE(kvcore::InstallPrinter("Fourth", "FILE:", KV_SOURCE_DIR "/models", error));
+    EXPECT_THAT(error, HasSubstr("KVUIMOD.ini: is a folder"));
+}
+
 TEST_F(Installation, ASecondPrinterKeepsTheInstalledRulesFile) {
     const std::string rules = State() + "/driver/3/KVUIMOD.ini";
     EXPECT_EQ(ModeOf(rules), 0600u);
