@@ -41,7 +41,7 @@ struct Sheet : PaintedSheet {
 // What a display paints on.
 struct Screen {
     HDC dc = CreateCompatibleDC(nullptr);
-    HBITMAP bitmap = CreateCompatibleBitmap(dc, kView.cx, kView.cy);
+    HBITMAP bitmap = CreateBitmap(kView.cx, kView.cy, 1, 32, nullptr);
     HGDIOBJ before = SelectObject(dc, bitmap);
     ~Screen() {
         SelectObject(dc, before);

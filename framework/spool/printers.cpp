@@ -1,4 +1,4 @@
-// Printers under the spooler's standard names: opening, level-2 information, changes, enumeration.
+// Printers under the spooler's standard names: opening, information, changes, enumeration.
 #include <platform/registry/state_store.h>
 #include <platform/security/access.h>
 #include <winspool.h>
@@ -16,6 +16,17 @@ namespace {
 
 constexpr DWORD kLevel = 2;
 constexpr DWORD kSetInformation = 0;
+
+std::size_t FillBrief(BYTE* buffer, const kv::PrinterRecord& printer) {
+    TextArea texts(buffer, sizeof(PRINTER_INFO_1A));
+    PRINTER_INFO_1A scratch;
+    PRINTER_INFO_1A& info = buffer ? *reinterpret_cast<PRINTER_INFO_1A*>(buffer) : scratch;
+    info.Flags = PRINTER_ENUM_ICON8;  // a printer, not a group of them
+    info.pDescription = texts.Add(printer.name + "," + printer.driver + "," + printer.location);
+    info.pName = texts.Add(printer.name);
+    info.pComment = texts.Add(printer.comment);
+    return texts.Used();
+}
 
 void FillInfo(PRINTER_INFO_2A& info, const kv::PrinterRecord& printer, TextArea& texts) {
     info = {};
@@ -92,10 +103,15 @@ BOOL WINAPI ClosePrinter(HANDLE printer) {
 BOOL WINAPI GetPrinterA(HANDLE printer, DWORD level, LPBYTE buffer, DWORD size, LPDWORD needed) {
     const auto open = kvspool::FindHandle(printer);
     if (!open) return FALSE;
-    if (level != kvspool::kLevel) return Fail(kvspool::kErrorInvalidLevel);
+    if (level != 1 && level != kvspool::kLevel) return Fail(kvspool::kErrorInvalidLevel);
     std::vector<kv::PrinterRecord> records(1);
     const DWORD error = kv::StateStore::Get().GetPrinter(open->name, records[0]);
     if (error != ERROR_SUCCESS) return Fail(error);
+    if (level == 1) {
+        return kvspool::AnswerInBuffer(buffer, size, needed, [&](BYTE* target) {
+            return kvspool::FillBrief(target, records[0]);
+        });
+    }
     return kvspool::AnswerInBuffer(
         buffer, size, needed, [&](BYTE* target) { return kvspool::FillInfos(target, records); });
 }

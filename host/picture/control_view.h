@@ -4,6 +4,7 @@
 
 #include <host/picture/labels.h>
 #include <host/picture/window_picture.h>
+#include <platform/window/paint.h>
 
 #include <string>
 #include <string_view>
@@ -20,8 +21,15 @@ struct ControlView {
     HFONT font{};
     bool enabled = true;
     bool focused = false;
+    kv::ControlColors colors;  // those that the parent wants
 
-    Color TextColor() const { return enabled ? theme::kText : theme::kFaintText; }
+    Color TextColor() const {
+        if (!enabled) return theme::kFaintText;
+        return colors.text ? ColorFrom(*colors.text) : theme::kText;
+    }
+    static Color ColorFrom(COLORREF color) {
+        return (Color{GetRValue(color)} << 16) | (Color{GetGValue(color)} << 8) | GetBValue(color);
+    }
     LRESULT Ask(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
         return SendMessageA(window, message, wParam, lParam);
     }
@@ -37,6 +45,8 @@ struct Painter {
     void Check(const ControlView& control, const Box& box, const Label& label);
     // A bordered box in the colours of an edit.
     void Field(const ControlView& control, Color face);
+    // What lies behind a control without a frame, when its parent wants a colour there.
+    void Ground(const ControlView& control);
     void FocusRing(const Box& box, double radius, Color color = theme::kAccent);
 
    private:

@@ -68,11 +68,17 @@ void Painter::Check(const ControlView& control, const Box& box, const Label& lab
 }
 
 void Painter::Field(const ControlView& control, Color face) {
-    canvas.FillRound(control.box, theme::kFieldRadius,
-                     control.enabled ? face : theme::kFaintFace);
+    if (!control.enabled) face = theme::kFaintFace;
+    if (control.colors.face) face = ControlView::ColorFrom(*control.colors.face);
+    canvas.FillRound(control.box, theme::kFieldRadius, face);
     canvas.FrameRound(control.box, theme::kFieldRadius, 1,
                       control.enabled ? theme::kFieldEdge : theme::kFaintEdge);
     if (control.focused) FocusRing(control.box, theme::kFieldRadius);
+}
+
+void Painter::Ground(const ControlView& control) {
+    if (!control.colors.face) return;
+    canvas.Fill(control.box, ControlView::ColorFrom(*control.colors.face));
 }
 
 void Painter::FocusRing(const Box& box, double radius, Color color) {
@@ -81,7 +87,7 @@ void Painter::FocusRing(const Box& box, double radius, Color color) {
 
 WindowSurface::WindowSurface(int width, int height) {
     dc_ = CreateCompatibleDC(nullptr);
-    bitmap_ = CreateCompatibleBitmap(dc_, std::max(width, 1), std::max(height, 1));
+    bitmap_ = CreateBitmap(std::max(width, 1), std::max(height, 1), 1, 32, nullptr);
     if (dc_ == nullptr || bitmap_ == nullptr) return;
     first_ = SelectObject(dc_, bitmap_);
     view_ = kv::ViewOf(bitmap_);

@@ -71,6 +71,7 @@ void DrawPushButton(Painter& painter, const ControlView& control) {
 }
 
 void DrawCheckBox(Painter& painter, const ControlView& control) {
+    painter.Ground(control);
     const CheckParts parts = PartsOf(control);
     const bool checked = IsChecked(control);
     if (checked) {
@@ -88,6 +89,7 @@ void DrawCheckBox(Painter& painter, const ControlView& control) {
 }
 
 void DrawRadioButton(Painter& painter, const ControlView& control) {
+    painter.Ground(control);
     const CheckParts parts = PartsOf(control);
     const double radius = theme::kCheckSize / 2;
     if (IsChecked(control)) {

@@ -63,6 +63,7 @@ void DrawEdit(Painter& painter, const ControlView& control) {
     const bool readOnly = (control.style & ES_READONLY) != 0;
     const bool bordered = (control.style & WS_BORDER) != 0;
     if (bordered) painter.Field(control, readOnly ? theme::kFaintFace : theme::kFieldFace);
+    if (!bordered) painter.Ground(control);
     Box room = control.box;
     if (bordered) {
         room.left += theme::kFieldPadding;

@@ -40,6 +40,7 @@ void DrawSunken(Painter& painter, const ControlView& control) {
 }  // namespace
 
 void DrawTextStatic(Painter& painter, const ControlView& control) {
+    painter.Ground(control);
     DrawSunken(painter, control);
     const auto* kind = std::find_if(
         std::begin(kTextKinds), std::end(kTextKinds),

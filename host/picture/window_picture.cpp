@@ -29,6 +29,7 @@ ControlView ViewOf(HWND handle, const kv::Window& window, double left, double to
     view.font = reinterpret_cast<HFONT>(SendMessageA(handle, WM_GETFONT, 0, 0));
     view.enabled = IsWindowEnabled(handle) != FALSE;
     view.focused = GetFocus() == handle;
+    view.colors = kv::ColorsOf(handle);
     return view;
 }
 

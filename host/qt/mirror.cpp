@@ -3,6 +3,7 @@
 #include <host/qt/accessible.h>
 #include <host/qt/mirror.h>
 #include <host/qt/names.h>
+#include <platform/window/paint.h>
 
 #include <QFontMetrics>
 #include <QLabel>
@@ -90,6 +91,7 @@ void Mirror::SetWidget(QWidget* widget) {
 
 void Mirror::Repaint() {
     if (!widget_) return;
+    SyncColors();
     widget_->update();
     TellPictureChanged(widget_);
 }
@@ -104,6 +106,8 @@ void Mirror::Sync(unsigned changes) {
     if ((changes & kv::kChangedGeometry) != 0) SyncGeometry();
     if ((changes & kv::kChangedEnabled) != 0) SyncEnabled();
     SyncState(changes);
+    constexpr unsigned kLooks = kv::kChangedEnabled | kv::kChangedStyle | kv::kChangedText;
+    if ((changes & kLooks) != 0) SyncColors();
     if ((changes & kv::kChangedText) != 0) {
         SyncName();
     }
@@ -135,6 +139,28 @@ QRect Mirror::Mirrored(const RECT& place) const {
 void Mirror::SyncEnabled() {
     const bool enabled = (Style() & WS_DISABLED) == 0;
     if (widget_->testAttribute(Qt::WA_ForceDisabled) == enabled) widget_->setEnabled(enabled);
+}
+
+void Mirror::SyncColors() {
+    const kv::ControlColors colors = kv::ColorsOf(window_);
+    const bool any = colors.text || colors.face;
+    if (!widget_ || (!any && !coloured_)) return;
+    coloured_ = any;
+    if (!any) return widget_->setPalette(QPalette());
+    const auto from = [](COLORREF color) {
+        return QColor(GetRValue(color), GetGValue(color), GetBValue(color));
+    };
+    QPalette palette;
+    for (const QPalette::ColorRole role : {QPalette::Text, QPalette::WindowText}) {
+        if (!colors.text) break;
+        palette.setColor(QPalette::Active, role, from(*colors.text));
+        palette.setColor(QPalette::Inactive, role, from(*colors.text));
+    }
+    for (const QPalette::ColorRole role : {QPalette::Base, QPalette::Window}) {
+        if (colors.face) palette.setColor(role, from(*colors.face));
+    }
+    if (colors.face) widget_->setAutoFillBackground(true);
+    widget_->setPalette(palette);
 }
 
 void Mirror::SyncName() {

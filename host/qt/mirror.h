@@ -68,11 +68,14 @@ class Mirror {
  private:
     void SyncFont();
     void SyncName();
+    // The colours that the parent wants for the control, as long as it wants any.
+    void SyncColors();
 
     QtDisplay& display_;
     HWND window_;
     QPointer<QWidget> widget_;
     std::unique_ptr<QObject> receiver_ = std::make_unique<QObject>();
+    bool coloured_ = false;
 };
 
 using MirrorPointer = std::unique_ptr<Mirror>;

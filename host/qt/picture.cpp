@@ -59,8 +59,8 @@ class Canvas {
         if (size.cx <= 0 || size.cy <= 0) return false;
         if (size.cx <= view_.width && size.cy <= view_.height) return true;
         if (!dc_) dc_ = CreateCompatibleDC(nullptr);
-        const HBITMAP bitmap = CreateCompatibleBitmap(dc_, std::max<LONG>(size.cx, view_.width),
-                                                      std::max<LONG>(size.cy, view_.height));
+        const HBITMAP bitmap = CreateBitmap(std::max<LONG>(size.cx, view_.width),
+                                            std::max<LONG>(size.cy, view_.height), 1, 32, nullptr);
         if (!bitmap) return false;
         kv::SetDcArea(dc_, nullptr);
         SelectObject(dc_, bitmap);

@@ -229,7 +229,8 @@ void FinishEdit(HWND handle, EditOutcome outcome) {
 LRESULT OnKeyDown(Window& window, int virtualKey) {
     const HWND handle = window.handle;
     ComboState& state = StateFor(window);
-    if (virtualKey == VK_F4) return Toggle(handle), 0;
+    const bool arrow = virtualKey == VK_DOWN || virtualKey == VK_UP;
+    if (virtualKey == VK_F4 || (arrow && KeyIsDown(VK_MENU))) return Toggle(handle), 0;
     if (state.dropped && virtualKey == VK_RETURN) return CloseList(handle, Ending::kAccept), 0;
     if (state.dropped && virtualKey == VK_ESCAPE) return CloseList(handle, Ending::kCancel), 0;
     const int destination = Destination(window, state, virtualKey);

@@ -17,11 +17,11 @@ struct ControlClass {
 };
 
 constexpr ControlClass kClasses[] = {
-    {"BUTTON", "button", ButtonProcedure},
-    {"STATIC", "static", StaticProcedure},
-    {"EDIT", "edit", EditProcedure},
-    {"COMBOBOX", "combo", ComboBoxProcedure},
-    {"LISTBOX", "list", ListBoxProcedure},
+    {"Button", "button", ButtonProcedure},
+    {"Static", "static", StaticProcedure},
+    {"Edit", "edit", EditProcedure},
+    {"ComboBox", "combo", ComboBoxProcedure},
+    {"ListBox", "list", ListBoxProcedure},
     {TRACKBAR_CLASSA, "trackbar", TrackBarProcedure},
     {UPDOWN_CLASSA, "updown", UpDownProcedure},
     {TOOLTIPS_CLASSA, "tooltip", ToolTipProcedure},

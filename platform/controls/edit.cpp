@@ -58,6 +58,17 @@ LRESULT OnCharacter(Window& window, char character) {
                   EditCharacter(FieldOf(window), window.text, character, window.style));
 }
 
+// Enter begins a new line where the style says so, and with Ctrl in every edit of several lines;
+// else it presses the dialog's default button.
+LRESULT DialogCode(const Window& window, LPARAM lParam) {
+    const LRESULT code = DLGC_WANTCHARS | DLGC_HASSETSEL | DLGC_WANTARROWS;
+    const auto* key = reinterpret_cast<const MSG*>(lParam);
+    const bool enter = key && key->message == WM_KEYDOWN && key->wParam == VK_RETURN;
+    const bool takesIt = (window.style & ES_MULTILINE) != 0 &&
+                         ((window.style & ES_WANTRETURN) != 0 || KeyIsDown(VK_CONTROL));
+    return enter && takesIt ? code | DLGC_WANTALLKEYS : code;
+}
+
 LRESULT OnKeyDown(Window& window, int virtualKey) {
     if ((virtualKey == VK_UP || virtualKey == VK_DOWN) &&
         StepBuddy(window.handle, virtualKey == VK_UP ? 1 : -1)) {
@@ -176,7 +187,7 @@ LRESULT EditProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_CREATE:
             return OnCreate(*window);
         case WM_GETDLGCODE:
-            return DLGC_WANTCHARS | DLGC_HASSETSEL | DLGC_WANTARROWS;
+            return DialogCode(*window, lParam);
         case WM_SETTEXT:
             return SetText(*window, wParam, lParam);
         case WM_CHAR:

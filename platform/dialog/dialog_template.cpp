@@ -2,6 +2,7 @@
 // terminator, and every item begins on a multiple of four bytes.
 #include <platform/dialog/dialog.h>
 #include <platform/dialog/dialog_template.h>
+#include <platform/resource/code_page.h>
 
 #include <algorithm>
 
@@ -20,20 +21,6 @@ constexpr ClassOrdinal kClassOrdinals[] = {
     {0x0080, "BUTTON"},  {0x0081, "EDIT"},      {0x0082, "STATIC"},
     {0x0083, "LISTBOX"}, {0x0084, "SCROLLBAR"}, {0x0085, "COMBOBOX"},
 };
-
-// Characters 0x80 to 0x9F of the Western code page; the others are equal to their code points.
-constexpr WORD kWesternPage[32] = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
-};
-
-char ToAnsi(WORD unit) {
-    if (unit < 0x80 || (unit >= 0xA0 && unit <= 0xFF)) return static_cast<char>(unit);
-    const auto found = std::find(std::begin(kWesternPage), std::end(kWesternPage), unit);
-    if (found == std::end(kWesternPage)) return '?';
-    return static_cast<char>(0x80 + (found - std::begin(kWesternPage)));
-}
 
 }  // namespace
 
@@ -75,7 +62,7 @@ void DialogTemplateReader::Align() {
 
 void DialogTemplateReader::Text(std::string& text) {
     text.clear();
-    while (const WORD unit = Word()) text.push_back(ToAnsi(unit));
+    while (const WORD unit = Word()) text.push_back(CodePageCharacter(unit));
 }
 
 void DialogTemplateReader::NameOrOrdinal(std::string& text, Ordinals ordinals) {

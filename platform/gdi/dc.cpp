@@ -80,6 +80,12 @@ Value Exchange(HDC handle, Value DcState::*member, Value value, Value failure) {
 
 }  // namespace
 
+HDC ScreenDc() {
+    const HDC handle = CreateCompatibleDC(nullptr);
+    if (Dc* dc = ObjectOf<Dc>(handle)) dc->isScreen = true;
+    return handle;
+}
+
 bool SetDcArea(HDC handle, const RECT* area) {
     Dc* dc = ObjectOf<Dc>(handle);
     if (dc == nullptr) return false;

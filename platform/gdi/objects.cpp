@@ -204,12 +204,18 @@ int WINAPI GetObjectA(HGDIOBJ handle, int size, LPVOID buffer) {
 }
 
 HBITMAP WINAPI CreateCompatibleBitmap(HDC dc, int width, int height) {
-    // Every DC counts as a colour screen here, so the result is always 32 bits deep.
-    if (ObjectOf<Dc>(dc) == nullptr) return nullptr;
+    const Dc* like = ObjectOf<Dc>(dc);
+    if (like == nullptr) return nullptr;
+    // A memory DC is compatible with what is selected into it, and a fresh one holds a single
+    // monochrome pixel.
+    const Bitmap* selected = ObjectOf<Bitmap>(like->state.bitmap);
+    const bool monochrome = !like->isScreen && selected != nullptr && selected->monochrome;
     // The platform answers a one-pixel bitmap for an empty size.
     if (width == 0 || height == 0) width = height = 1;
     auto bitmap = MakeBitmap(width, height);
-    return bitmap ? NewHandle<HBITMAP>(std::move(bitmap)) : nullptr;
+    if (!bitmap) return nullptr;
+    bitmap->monochrome = monochrome;
+    return NewHandle<HBITMAP>(std::move(bitmap));
 }
 
 HBITMAP WINAPI CreateBitmap(int width, int height, UINT planes, UINT bitsPerPixel, LPCVOID bits) {

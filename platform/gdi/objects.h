@@ -120,6 +120,7 @@ struct Dc : GdiObject {
 
     DcState state;
     std::vector<DcState> saved;
+    bool isScreen = false;     // for measuring: nobody draws on the screen itself
     std::optional<RECT> area;  // part of the surface that the DC stands for
 };
 

@@ -34,6 +34,9 @@ void MakeOpaque(const SurfaceView& view);
 // origin: how a window paints itself into a part of a larger picture. Null: the whole surface.
 bool SetDcArea(HDC dc, const RECT* area);
 
+// A DC that stands for the screen: callers measure with it and make bitmaps of its depth.
+HDC ScreenDc();
+
 // Makes an object behave like a stock object: DeleteObject succeeds and does nothing.
 void MakePermanent(HGDIOBJ object);
 

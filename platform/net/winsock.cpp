@@ -170,6 +170,14 @@ u_long inet_addr(const char* text) {
                                ((address << 8) & 0xFF0000) | ((address << 24) & 0xFF000000));
 }
 
+char* inet_ntoa(in_addr address) {
+    static thread_local char text[16];
+    const u_long bits = address.s_addr;
+    std::snprintf(text, sizeof text, "%u.%u.%u.%u", bits & 0xFF, bits >> 8 & 0xFF,
+                  bits >> 16 & 0xFF, bits >> 24);
+    return text;
+}
+
 u_short htons(u_short value) {
     return static_cast<u_short>((value << 8) | (value >> 8));
 }

@@ -1,30 +1,14 @@
 // LoadStringA. Strings lie in blocks of sixteen counted UTF-16 texts; the block of string n has the
 // name n / 16 + 1. A string is decoded when it is asked for.
+#include <platform/resource/code_page.h>
 #include <platform/resource/registry_of_files.h>
 #include <winbase.h>
 #include <winuser.h>
-
-#include <iterator>
 
 namespace kv {
 namespace {
 
 constexpr unsigned kStringsPerBlock = 16;
-
-// Unicode of the code page's characters 0x80 to 0x9F; the others equal their Unicode.
-constexpr WORD kUpperControls[] = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
-};
-
-char CodePageCharacter(WORD unicode) {
-    if (unicode < 0x80 || (unicode >= 0xA0 && unicode <= 0xFF)) return static_cast<char>(unicode);
-    for (std::size_t i = 0; i < std::size(kUpperControls); ++i) {
-        if (kUpperControls[i] == unicode) return static_cast<char>(0x80 + i);
-    }
-    return '?';
-}
 
 WORD WordAt(const BYTE* bytes) {
     return static_cast<WORD>(bytes[0] | bytes[1] << 8);

@@ -181,6 +181,16 @@ BOOL DeleteFileA(LPCSTR fileName) {
     return TRUE;
 }
 
+BOOL CreateDirectoryA(LPCSTR path, SECURITY_ATTRIBUTES*) {
+    const std::string native = kv::NativePath(path);
+    if (native.empty()) return kv::Fail(ERROR_PATH_NOT_FOUND);
+    if (mkdir(native.c_str(), 0777) == 0) return TRUE;
+    const DWORD error = kv::ErrorFromErrno(errno, native);
+    if (error == ERROR_FILE_EXISTS) return kv::Fail(ERROR_ALREADY_EXISTS);
+    // Whatever is missing lies before the last name.
+    return kv::Fail(error == ERROR_FILE_NOT_FOUND ? ERROR_PATH_NOT_FOUND : error);
+}
+
 DWORD GetFileAttributesA(LPCSTR fileName) {
     const std::string path = kv::NativePath(fileName);
     struct stat info;

@@ -11,6 +11,7 @@
 #include <cstring>
 
 #include <platform/registry/state_directory.h>
+#include <platform/shell/drives.h>
 
 namespace kv {
 
@@ -19,6 +20,9 @@ std::string NativePath(LPCSTR path) {
     for (char& character : native) {
         if (character == '\\') character = '/';
     }
+    std::string folder;
+    const bool hasLetter = native.size() > 2 && native[1] == ':' && native[2] == '/';
+    if (hasLetter && FolderOfDrive(native[0], folder)) native.replace(0, 2, folder);
     return native;
 }
 

@@ -8,7 +8,8 @@
 
 namespace kv {
 
-// The path with slashes. Names stay case-sensitive. Null gives an empty path.
+// The path with slashes, a drive's letter replaced by its folder. Names stay case-sensitive. Null
+// gives an empty path.
 std::string NativePath(LPCSTR path);
 
 // "$state/windows" and "$state/windows/system32", created when missing; empty, with the last error

@@ -168,7 +168,7 @@ BOOL WINAPI SetPropA(HWND handle, LPCSTR name, HANDLE data) {
     Window* window = WindowFromHandle(handle);
     if (!window || IS_INTRESOURCE(name)) return FALSE;
     return Guarded(FALSE, [&]() -> BOOL {
-        const auto found = window->properties.find(std::string_view(name));
+        const auto found = window->properties.find(name);
         if (found != window->properties.end()) {
             found->second = data;
         } else {
@@ -181,14 +181,14 @@ BOOL WINAPI SetPropA(HWND handle, LPCSTR name, HANDLE data) {
 HANDLE WINAPI GetPropA(HWND handle, LPCSTR name) {
     const Window* window = WindowFromHandle(handle);
     if (!window || IS_INTRESOURCE(name)) return nullptr;
-    const auto found = window->properties.find(std::string_view(name));
+    const auto found = window->properties.find(name);
     return found != window->properties.end() ? found->second : nullptr;
 }
 
 HANDLE WINAPI RemovePropA(HWND handle, LPCSTR name) {
     Window* window = WindowFromHandle(handle);
     if (!window || IS_INTRESOURCE(name)) return nullptr;
-    const auto found = window->properties.find(std::string_view(name));
+    const auto found = window->properties.find(name);
     if (found == window->properties.end()) return nullptr;
     const HANDLE data = found->second;
     window->properties.erase(found);

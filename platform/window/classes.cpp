@@ -109,7 +109,9 @@ ATOM WINAPI RegisterClassA(const WNDCLASSA* windowClass) {
 int WINAPI GetClassNameA(HWND handle, LPSTR buffer, int size) {
     const Window* window = WindowFromHandle(handle);
     if (!window || !buffer || size <= 0) return 0;
-    const int length =
-        std::snprintf(buffer, static_cast<size_t>(size), "%s", window->windowClass->name.c_str());
+    // To programs a property sheet is a dialog.
+    const WindowClass& windowClass = *window->windowClass;
+    const char* name = windowClass.kind == "sheet" ? kDialogClass : windowClass.name.c_str();
+    const int length = std::snprintf(buffer, static_cast<size_t>(size), "%s", name);
     return length < size ? length : size - 1;
 }

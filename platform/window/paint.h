@@ -4,6 +4,8 @@
 
 #include <windows.h>
 
+#include <optional>
+
 namespace kv {
 
 // How a window's looks come about.
@@ -20,8 +22,16 @@ enum class Painting {
 Painting PaintWindow(HWND window, HDC dc);
 
 // Draws one entry of an owner-drawn combo box or list box through WM_DRAWITEM; item -1 is a combo
-// box's empty field. A DC whose text alignment holds TA_RTLREADING asks for an entry that is read from
-// the right. False when the control is not owner-drawn.
+// box's empty field. A DC whose text alignment holds TA_RTLREADING asks for an entry that is read
+// from the right. False when the control is not owner-drawn.
 bool PaintItem(HWND control, int item, HDC dc, const RECT& rect, UINT itemState);
+
+// The colours that a control's parent wants for it, in WM_CTLCOLOREDIT and its kin; empty where it
+// leaves the system's. Displays use them for what they draw themselves.
+struct ControlColors {
+    std::optional<COLORREF> text;
+    std::optional<COLORREF> face;  // behind the text
+};
+ControlColors ColorsOf(HWND control);
 
 }  // namespace kv

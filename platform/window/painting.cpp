@@ -1,5 +1,6 @@
 // Invalid windows, device contexts of windows, and the pictures of windows that paint themselves.
 #include <platform/display/display.h>
+#include <platform/gdi/surface.h>
 #include <platform/window/core.h>
 #include <platform/window/paint.h>
 
@@ -7,6 +8,7 @@ namespace kv {
 namespace {
 
 constexpr LRESULT kStatePushed = 0x0004;  // of BM_GETSTATE
+constexpr UINT kSolidBrush = 0;           // lbStyle
 
 enum class Owner { kNobody, kButton, kStatic };
 
@@ -34,7 +36,7 @@ WindowSurface* SurfaceOf(Window& window) {
     WindowSurface& surface = *window.surface;
     if (surface.bitmap && surface.size.cx == size.cx && surface.size.cy == size.cy) return &surface;
     const HBITMAP bitmap =
-        CreateCompatibleBitmap(surface.dc, size.cx > 0 ? size.cx : 1, size.cy > 0 ? size.cy : 1);
+        CreateBitmap(size.cx > 0 ? size.cx : 1, size.cy > 0 ? size.cy : 1, 1, 32, nullptr);
     if (!bitmap) return surface.bitmap ? &surface : nullptr;
     const HGDIOBJ previous = SelectObject(surface.dc, bitmap);
     if (surface.bitmap) {
@@ -107,6 +109,12 @@ bool SendPaint(HWND handle, HDC dc) {
 
 void SendDrawItem(Window& window, Owner owner, HDC dc) {
     const HWND handle = window.handle;
+    const HWND parent = window.parent;
+    if (owner == Owner::kButton) {
+        SendMessageA(parent, WM_CTLCOLORBTN, reinterpret_cast<WPARAM>(dc),
+                     reinterpret_cast<LPARAM>(handle));
+        if (!FindWindowRecord(handle)) return;
+    }
     DRAWITEMSTRUCT item{};
     item.CtlType = owner == Owner::kButton ? ODT_BUTTON : ODT_STATIC;
     item.CtlID = window.id;
@@ -120,6 +128,31 @@ void SendDrawItem(Window& window, Owner owner, HDC dc) {
     item.hDC = dc;
     GetClientRect(handle, &item.rcItem);
     SendMessageA(window.parent, WM_DRAWITEM, window.id, reinterpret_cast<LPARAM>(&item));
+}
+
+// What a control asks its parent before it is drawn; 0 for one that does not ask. Push buttons are
+// always drawn in the system's colours, and what cannot be typed into counts as a text.
+UINT ColorMessage(const Window& window) {
+    const std::string_view kind = window.windowClass->kind;
+    if (kind == "list") return WM_CTLCOLORLISTBOX;
+    if (kind == "static") return WM_CTLCOLORSTATIC;
+    if (kind == "edit") {
+        const bool typed = !window.IsDisabledStyle() && (window.style & ES_READONLY) == 0;
+        return typed ? WM_CTLCOLOREDIT : WM_CTLCOLORSTATIC;
+    }
+    if (kind == "combo") {
+        return window.IsDisabledStyle() ? WM_CTLCOLORSTATIC : WM_CTLCOLOREDIT;
+    }
+    if (kind != "button") return 0;
+    switch (window.style & BS_TYPEMASK) {
+        case BS_PUSHBUTTON:
+        case BS_DEFPUSHBUTTON:
+            return 0;
+        case BS_OWNERDRAW:
+            return WM_CTLCOLORBTN;
+        default:
+            return WM_CTLCOLORSTATIC;
+    }
 }
 
 bool ParentPaints(const Window& window, HDC dc) {
@@ -148,6 +181,38 @@ Painting PaintWindow(HWND handle, HDC dc) {
         return Painting::kOwnerDrawn;
     }
     return ParentPaints(*window, dc) ? Painting::kByParent : Painting::kPlain;
+}
+
+ControlColors ColorsOf(HWND control) {
+    const Window* window = FindWindowRecord(control);
+    const HWND parent = window ? window->parent : nullptr;
+    const UINT message = window ? ColorMessage(*window) : 0;
+    if (!parent || message == 0) return {};
+    const CallScope scope;
+    static const HDC dc = CreateCompatibleDC(nullptr);
+    const DcScope dcScope(dc);
+    const auto target = reinterpret_cast<LPARAM>(control);
+    // What the parent would answer by default, to tell its own wishes from that.
+    const auto usual = reinterpret_cast<HBRUSH>(
+        DefWindowProcA(parent, message, reinterpret_cast<WPARAM>(dc), target));
+    const COLORREF usualText = SetTextColor(dc, GetSysColor(COLOR_WINDOWTEXT));
+    const COLORREF usualBack = SetBkColor(dc, 0);
+    SetBkColor(dc, usualBack);
+    auto brush = reinterpret_cast<HBRUSH>(
+        SendMessageA(parent, message, reinterpret_cast<WPARAM>(dc), target));
+    ControlColors colors;
+    const COLORREF text = SetTextColor(dc, usualText);
+    const COLORREF back = SetBkColor(dc, usualBack);
+    if (!brush) return colors;
+    if (text != usualText) colors.text = text;
+    LOGBRUSH description{};
+    if (brush != usual && GetObjectA(brush, sizeof description, &description) != 0 &&
+        description.lbStyle == kSolidBrush) {
+        colors.face = description.lbColor;
+    } else if (back != usualBack) {
+        colors.face = back;
+    }
+    return colors;
 }
 
 bool PaintItem(HWND control, int item, HDC dc, const RECT& rect, UINT itemState) {
@@ -245,7 +310,7 @@ BOOL WINAPI EndPaint(HWND handle, const PAINTSTRUCT* paint) {
 
 HDC WINAPI GetDC(HWND handle) {
     // The screen: nobody draws on it here, callers measure.
-    if (!handle || handle == GetDesktopWindow()) return CreateCompatibleDC(nullptr);
+    if (!handle || handle == GetDesktopWindow()) return ScreenDc();
     Window* window = WindowFromHandle(handle);
     if (!window) return nullptr;
     return Guarded(HDC{}, [&]() -> HDC {

@@ -27,7 +27,8 @@ constexpr Metric kMetrics[] = {
     {8, 3},     // SM_CYDLGFRAME
     {49, 16},   // SM_CXSMICON
     {50, 16},   // SM_CYSMICON
-    {SM_CXICON, 32}, {SM_CYICON, 32}, {SM_CXEDGE, 2}, {SM_CYEDGE, 2},
+    {SM_CXICON, 32}, {SM_CYICON, 32}, {SM_CXEDGE, 2},
+    {SM_CYEDGE, 2},  {SM_CXFRAME, 4}, {SM_CYFRAME, 4},
 };
 
 // By COLOR_* index, until somebody sets others.

@@ -222,6 +222,11 @@ BOOL WINAPI IsChild(HWND parent, HWND handle) {
            Contains(parent, handle);
 }
 
+BOOL WINAPI EnumWindows(WNDENUMPROC callback, LPARAM param) {
+    if (!callback) SetLastError(ERROR_INVALID_PARAMETER);
+    return EnumChildWindows(nullptr, callback, param);
+}
+
 BOOL WINAPI EnumChildWindows(HWND parent, WNDENUMPROC callback, LPARAM param) {
     if (!callback || (parent && !WindowFromHandle(parent))) return FALSE;
     return Guarded(FALSE, [&]() -> BOOL {

@@ -66,6 +66,13 @@ struct WindowSurface {
     ~WindowSurface();
 };
 
+// Names of properties compare without case.
+struct PropertyOrder {
+    bool operator()(const std::string& left, const std::string& right) const {
+        return lstrcmpiA(left.c_str(), right.c_str()) < 0;
+    }
+};
+
 struct Window {
     HWND handle{};
     const WindowClass* windowClass = nullptr;
@@ -84,7 +91,7 @@ struct Window {
     bool destroying = false;
     bool invalid = true;
     std::vector<HWND> children;  // creation order = tab order = z-order (first on top)
-    std::map<std::string, HANDLE, std::less<>> properties;
+    std::map<std::string, HANDLE, PropertyOrder> properties;
     std::unique_ptr<ControlState> state;
     std::unique_ptr<DialogState> dialog;
     std::vector<UINT> childIds;   // ids of `children`, side by side for a fast GetDlgItem

@@ -92,6 +92,29 @@ struct Visible {
 
 LPARAM Pointer(const char* text) { return reinterpret_cast<LPARAM>(text); }
 
+TEST_F(Pictures, ControlsHaveTheColoursThatTheirParentWants) {
+    static HBRUSH brush;
+    brush = CreateSolidBrush(RGB(255, 255, 0));
+    const auto procedure = [](HWND window, UINT message, WPARAM wParam, LPARAM lParam) -> LRESULT {
+        if (message != WM_CTLCOLOREDIT && message != WM_CTLCOLORSTATIC) {
+            return DefWindowProcA(window, message, wParam, lParam);
+        }
+        SetTextColor(reinterpret_cast<HDC>(wParam), RGB(200, 0, 0));
+        return reinterpret_cast<LRESULT>(brush);
+    };
+    SetWindowLongPtrA(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(+procedure));
+    const std::pair<const char*, DWORD> controls[] = {
+        {"EDIT", WS_BORDER}, {"EDIT", 0}, {"STATIC", 0}, {"BUTTON", BS_AUTOCHECKBOX}};
+    for (const auto& [className, style] : controls) {
+        const HWND control = Add(className, "HHHH", style);
+        const Picture picture = DrawWindow(window_, kPlain);
+        EXPECT_GE(ColumnsOf(picture, 0xFFFF00).second, 100) << className << style;
+        EXPECT_GE(ColumnsOf(picture, 0xC80000).second, 20) << className << style;
+        DestroyWindow(control);
+    }
+    DeleteObject(brush);
+}
+
 TEST_F(Pictures, EveryStateOfAControlIsSeenInItsPlaceOnly) {
     const Visible kStates[] = {
         {"caption", "BUTTON", BS_PUSHBUTTON, WM_SETTEXT, 0, Pointer("Other")},
@@ -162,7 +185,7 @@ TEST_F(Pictures, RightToLeftMirrorsPlacesButNoPictures) {
 
     constexpr COLORREF kRed = RGB(255, 0, 0), kBlue = RGB(0, 0, 255);
     const HDC dc = CreateCompatibleDC(nullptr);
-    const HBITMAP bitmap = CreateCompatibleBitmap(dc, 20, 10);
+    const HBITMAP bitmap = CreateBitmap(20, 10, 1, 32, nullptr);
     const HGDIOBJ first = SelectObject(dc, bitmap);
     for (int x = 0; x < 20; ++x) {
         for (int y = 0; y < 10; ++y) SetPixel(dc, x, y, x < 10 ? kRed : kBlue);

@@ -51,6 +51,31 @@ TEST_F(QtDisplayTest, WhatTheEditRefusesDisappears) {
     EXPECT_EQ(line->text(), "12a");
 }
 
+// A dialog warns in colour while the text is wrong.
+TEST_F(QtDisplayTest, AnEditHasTheColoursThatItsDialogWants) {
+    const HWND edit = Add("EDIT", WS_TABSTOP, 7, kPlace, "40");
+    const HBRUSH yellow = CreateSolidBrush(RGB(255, 255, 0));
+    reaction = [&](UINT message, WPARAM wParam, LPARAM lParam) -> std::optional<INT_PTR> {
+        if (message != WM_CTLCOLOREDIT || Text(reinterpret_cast<HWND>(lParam)) != "4000") {
+            return std::nullopt;
+        }
+        SetTextColor(reinterpret_cast<HDC>(wParam), RGB(200, 0, 0));
+        return reinterpret_cast<INT_PTR>(yellow);
+    };
+    Show();
+    const QPalette usual = Find<QLineEdit>()->palette();
+    SetWindowTextA(edit, "4000");
+    Settle();
+    EXPECT_EQ(Find<QLineEdit>()->palette().color(QPalette::Base), QColor(255, 255, 0));
+    EXPECT_EQ(Find<QLineEdit>()->palette().color(QPalette::Text), QColor(200, 0, 0));
+    SetWindowTextA(edit, "400");
+    Settle();
+    EXPECT_EQ(Find<QLineEdit>()->palette().color(QPalette::Base), usual.color(QPalette::Base));
+    EXPECT_EQ(Find<QLineEdit>()->palette().color(QPalette::Text), usual.color(QPalette::Text));
+    reaction = nullptr;
+    DeleteObject(yellow);
+}
+
 TEST_F(QtDisplayTest, AHandlerThatPutsTheOldTextBackWins) {
     const HWND edit = Add("EDIT", WS_TABSTOP, 7, kPlace, "40");
     Show();

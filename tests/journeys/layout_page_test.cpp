@@ -306,7 +306,7 @@ TEST_F(LayoutPage, DetailsDefaultsAndCancel) {
 std::pair<LONG, LONG> InkOf(HWND combo, int entry, UINT align) {
     constexpr LONG kWidth = 200, kHeight = 32;
     const HDC dc = CreateCompatibleDC(nullptr);
-    const HBITMAP bitmap = CreateCompatibleBitmap(dc, kWidth, kHeight);
+    const HBITMAP bitmap = CreateBitmap(kWidth, kHeight, 1, 32, nullptr);
     const HGDIOBJ first = SelectObject(dc, bitmap);
     SetTextAlign(dc, align);
     EXPECT_TRUE(kv::PaintItem(combo, entry, dc, {0, 0, kWidth, kHeight}, 0));

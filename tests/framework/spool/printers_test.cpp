@@ -67,7 +67,17 @@ TEST_F(Printers, InformationFitsExactlyTheSizeAskedFor) {
     EXPECT_STREQ(info.pPortName, "USB001");
     EXPECT_STREQ(info.pDriverName, "Varnell Tessora 7720MF");
     EXPECT_TRUE(info.Attributes & PRINTER_ATTRIBUTE_ENABLE_BIDI);
-    EXPECT_FALSE(GetPrinterA(handle, 1, buffer.data(), needed, &again)) << "another level";
+    DWORD brief = 0;
+    EXPECT_FALSE(GetPrinterA(handle, 1, nullptr, 0, &brief));
+    std::vector<BYTE> small(brief);
+    ASSERT_TRUE(GetPrinterA(handle, 1, small.data(), brief, &brief));
+    const auto& summary = *reinterpret_cast<const PRINTER_INFO_1A*>(small.data());
+    EXPECT_STREQ(summary.pName, kPrinter);
+    EXPECT_STREQ(summary.pDescription, "Office Tessora,Varnell Tessora 7720MF,");
+    EXPECT_STREQ(summary.pComment, "");
+    EXPECT_TRUE(summary.Flags & PRINTER_ENUM_ICON8);
+    EXPECT_FALSE(GetPrinterA(handle, 99, buffer.data(), needed, &again));
+    EXPECT_EQ(GetLastError(), ERROR_INVALID_LEVEL);
     ClosePrinter(handle);
 }
 
@@ -111,6 +121,41 @@ TEST_F(Printers, EnumerationListsAllOrSaysHowMuchRoomIsMissing) {
     const auto* infos = reinterpret_cast<const PRINTER_INFO_2A*>(buffer.data());
     EXPECT_STREQ(infos[0].pPrinterName, "Another");
     EXPECT_STREQ(infos[1].pPrinterName, kPrinter);
+}
+
+TEST_F(Printers, APrintProcessorIsAddedOnceByAnAdministrator) {
+    char file[] = "KVPROC.DLL";
+    char name[] = "KVProc";
+    char again[] = "kvproc";
+    char standard[] = "WinPrint";
+    char wrong[] = "Other OS";
+    const auto add = [&](char* environment, char* processor) {
+        SetLastError(ERROR_SUCCESS);
+        return AddPrintProcessorA(nullptr, environment, file, processor) ? ERROR_SUCCESS
+                                                                         : GetLastError();
+    };
+    EXPECT_EQ(add(nullptr, name), ERROR_FILE_NOT_FOUND);
+    Write("state/windows/system32/spool/prtprocs/w32x86/KVPROC.DLL", "MZ");
+    Act(Actor::kUser);
+    EXPECT_EQ(add(nullptr, name), ERROR_ACCESS_DENIED);
+    Act(Actor::kAdministrator);
+    EXPECT_EQ(add(wrong, name), ERROR_INVALID_ENVIRONMENT);
+    EXPECT_EQ(add(nullptr, name), ERROR_SUCCESS);
+    EXPECT_EQ(add(nullptr, again), ERROR_PRINT_PROCESSOR_ALREADY_INSTALLED);
+    EXPECT_EQ(add(nullptr, standard), ERROR_PRINT_PROCESSOR_ALREADY_INSTALLED);
+    DWORD needed = 0;
+    DWORD returned = 9;
+    EXPECT_FALSE(EnumPrintProcessorsA(nullptr, nullptr, 1, nullptr, 0, &needed, &returned));
+    EXPECT_EQ(GetLastError(), ERROR_INSUFFICIENT_BUFFER);
+    std::vector<BYTE> buffer(needed);
+    ASSERT_TRUE(
+        EnumPrintProcessorsA(nullptr, nullptr, 1, buffer.data(), needed, &needed, &returned));
+    ASSERT_EQ(returned, 2u);
+    const auto* infos = reinterpret_cast<const PRINTPROCESSOR_INFO_1A*>(buffer.data());
+    EXPECT_STREQ(infos[0].pName, "winprint");
+    EXPECT_STREQ(infos[1].pName, "KVProc");
+    EXPECT_FALSE(
+        EnumPrintProcessorsA(wrong, nullptr, 1, buffer.data(), needed, &needed, &returned));
 }
 
 TEST_F(Printers, TheDriverLeadsToFilesThatExist) {

@@ -106,7 +106,7 @@ TEST(ViewHook, PaintsTheLastPainterAndGivesTheProcedureBack) {
     EXPECT_EQ(GetWindowTextA(frame, words, sizeof words), 3);
     EXPECT_STREQ(words, "Blu");
     const HDC dc = CreateCompatibleDC(nullptr);
-    const HBITMAP bitmap = CreateCompatibleBitmap(dc, 8, 6);
+    const HBITMAP bitmap = CreateBitmap(8, 6, 1, 32, nullptr);
     const HGDIOBJ before = SelectObject(dc, bitmap);
     EXPECT_EQ(kv::PaintWindow(frame, dc), kv::Painting::kSelf);
     EXPECT_EQ(GetPixel(dc, 1, 5), GetSysColor(COLOR_3DDKSHADOW));

@@ -137,7 +137,7 @@ TEST_F(LayoutDialogs, StyleButtonsOwnTheOrderBitsOnly) {
 TEST_F(LayoutDialogs, StylePicturesDarkenWhatLiesUnderThem) {
     Run("_DLGTAB02", DDMTAB02, IDCANCEL, [&](HWND dialog) {
         const HDC dc = CreateCompatibleDC(nullptr);
-        const HBITMAP surface = CreateCompatibleBitmap(dc, 40, 40);
+        const HBITMAP surface = CreateBitmap(40, 40, 1, 32, nullptr);
         const HGDIOBJ before = SelectObject(dc, surface);
         const RECT all{0, 0, 40, 40};
         for (int id = 1465; id <= 1468; ++id) {

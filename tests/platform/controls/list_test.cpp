@@ -68,7 +68,8 @@ TEST_F(ListTest, AnOpenListAcceptsOrCancels) {
     EXPECT_EQ(Send(combo, CB_GETCURSEL), 1);
     EXPECT_THAT(TakeLog(), ElementsAre("3 CBN_DROPDOWN", "3 CBN_SELCHANGE", "3 CBN_SELENDCANCEL",
                                        "3 CBN_CLOSEUP"));
-    input::Key(VK_F4);
+    input::Key(VK_DOWN, input::kAlt);
+    EXPECT_TRUE(Send(combo, CB_GETDROPPEDSTATE));
     input::Choose(combo, 3);
     input::DropDown(combo, false);
     EXPECT_EQ(Send(combo, CB_GETCURSEL), 3);

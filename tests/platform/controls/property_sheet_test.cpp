@@ -70,6 +70,9 @@ TEST_F(SheetTest, TheSheetFitsItsLargestPage) {
         EXPECT_LE(button.bottom, whole.bottom) << id;
     }
     EXPECT_EQ(KindOf(sheet), "sheet");
+    char className[16] = "";
+    GetClassNameA(sheet, className, sizeof className);
+    EXPECT_STREQ(className, "#32770");
 }
 
 TEST_F(SheetTest, TheTitleFlagNamesTheTabAlone) {

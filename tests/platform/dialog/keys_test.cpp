@@ -3,6 +3,8 @@
 #include <tests/platform/support/recorder.h>
 #include <tests/platform/support/template_builder.h>
 
+#include <cstring>
+
 namespace kv {
 namespace {
 
@@ -127,6 +129,33 @@ TEST_F(DialogKeys, EnterPressesTheDefaultButtonThatFollowsTheFocus) {
     input::Key(VK_ESCAPE);
     EXPECT_THAT(commands, IsEmpty()) << "a disabled button cannot be pressed";
     EXPECT_EQ(Headless().beeps, beeps + 2);
+}
+
+TEST_F(DialogKeys, EnterBeginsALineInEditsThatWantIt) {
+    const struct {
+        DWORD style;
+        unsigned modifiers;
+        const char* text;
+    } edits[] = {
+        {ES_MULTILINE | ES_WANTRETURN, 0, "a\r\nb"},
+        {ES_MULTILINE, input::kControl, "a\r\nb"},
+        {ES_MULTILINE, 0, "ab"},
+        {ES_WANTRETURN, 0, "ab"},
+    };
+    for (const auto& row : edits) {
+        commands.clear();
+        const HWND edit = CreateWindowExA(0, "EDIT", "", WS_CHILD | WS_VISIBLE | row.style, 0, 0,
+                                          60, 40, dialog, nullptr, nullptr, nullptr);
+        input::Focus(edit);
+        input::Type("a");
+        input::Key(VK_RETURN, row.modifiers);
+        input::Type("b");
+        char text[16] = "";
+        GetWindowTextA(edit, text, sizeof text);
+        EXPECT_STREQ(text, row.text);
+        EXPECT_EQ(commands.empty(), std::strlen(row.text) > 2);
+        DestroyWindow(edit);
+    }
 }
 
 TEST_F(DialogKeys, EscapeAndTheCloseBoxCancel) {

@@ -26,7 +26,7 @@ Handle Stock(int index) {
 class Drawing {
  public:
     Drawing(int width, int height) : dc(CreateCompatibleDC(nullptr)) {
-        bitmap = CreateCompatibleBitmap(dc, width, height);
+        bitmap = CreateBitmap(width, height, 1, 32, nullptr);
         initial_ = SelectObject(dc, bitmap);
         SetStretchBltMode(dc, COLORONCOLOR);
     }

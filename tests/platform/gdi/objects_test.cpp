@@ -59,6 +59,26 @@ TEST(Handles, StaleAndForeignHandlesFailWithInvalidHandle) {
     EXPECT_TRUE(DeleteObject(another));
 }
 
+TEST(Objects, ABitmapIsCompatibleWithWhatItsDcHolds) {
+    const HDC screen = GetDC(nullptr);
+    const HDC memory = CreateCompatibleDC(screen);
+    const auto depth = [](HBITMAP bitmap) {
+        BITMAP record{};
+        GetObjectA(bitmap, sizeof record, &record);
+        DeleteObject(bitmap);
+        return record.bmBitsPixel;
+    };
+    EXPECT_EQ(depth(CreateCompatibleBitmap(memory, 8, 8)), 1);
+    EXPECT_EQ(depth(CreateCompatibleBitmap(screen, 8, 8)), 32);
+    const HBITMAP colored = CreateCompatibleBitmap(screen, 1, 1);
+    const HGDIOBJ before = SelectObject(memory, colored);
+    EXPECT_EQ(depth(CreateCompatibleBitmap(memory, 8, 8)), 32);
+    SelectObject(memory, before);
+    DeleteObject(colored);
+    DeleteDC(memory);
+    ReleaseDC(nullptr, screen);
+}
+
 TEST(Objects, SelectedObjectsCannotBeDeletedAndStockObjectsNever) {
     Drawing drawing(2, 2);
     const HBRUSH brush = CreateSolidBrush(RGB(5, 5, 5));

@@ -33,6 +33,12 @@ class Sockets : public ::testing::Test {
     }
 };
 
+TEST_F(Sockets, AnAddressIsWrittenInFourParts) {
+    for (const char* text : {"127.0.0.1", "10.0.200.255", "0.0.0.0"}) {
+        EXPECT_STREQ(inet_ntoa({inet_addr(text)}), text);
+    }
+}
+
 TEST_F(Sockets, ARequestIsAnsweredOverAStream) {
     Listener listener;
     std::thread peer([&] { listener.EchoOnce(); });

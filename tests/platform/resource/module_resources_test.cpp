@@ -2,7 +2,9 @@
 #include <gtest/gtest.h>
 #include <platform/resource/register.h>
 #include <windows.h>
+#include <winver.h>
 
+#include <cstring>
 #include <memory>
 
 #include "compiled_file.h"
@@ -23,6 +25,50 @@ std::vector<BYTE> StringBlock(const std::vector<std::u16string>& texts) {
     return block;
 }
 
+// A node of a version resource: its name, a value, and nodes below, each at a multiple of four.
+std::vector<BYTE> VersionNode(const std::u16string& name, const std::vector<BYTE>& value,
+                              WORD valueLength, WORD type,
+                              const std::vector<std::vector<BYTE>>& below = {}) {
+    std::vector<BYTE> node(6);
+    const auto pad = [&node] { node.resize((node.size() + 3) / 4 * 4); };
+    for (const char16_t unit : name + u'\0') {
+        node.push_back(static_cast<BYTE>(unit));
+        node.push_back(static_cast<BYTE>(unit >> 8));
+    }
+    pad();
+    node.insert(node.end(), value.begin(), value.end());
+    for (const auto& child : below) {
+        pad();
+        node.insert(node.end(), child.begin(), child.end());
+    }
+    const WORD words[] = {static_cast<WORD>(node.size()), valueLength, type};
+    std::memcpy(node.data(), words, sizeof words);
+    return node;
+}
+
+std::vector<BYTE> VersionText(const std::u16string& name, const std::u16string& text) {
+    std::vector<BYTE> value;
+    for (const char16_t unit : text + u'\0') {
+        value.push_back(static_cast<BYTE>(unit));
+        value.push_back(static_cast<BYTE>(unit >> 8));
+    }
+    return VersionNode(name, value, static_cast<WORD>(text.size() + 1), 1);
+}
+
+std::vector<BYTE> VersionResource() {
+    VS_FIXEDFILEINFO fixed{};
+    fixed.dwSignature = static_cast<DWORD>(VS_FFI_SIGNATURE);
+    fixed.dwProductVersionMS = 0x00070002;
+    const auto* bytes = reinterpret_cast<const BYTE*>(&fixed);
+    const auto table = VersionNode(
+        u"040904E4", {}, 0, 1,
+        {VersionText(u"CompanyName", u"Varnell\u2122"), VersionText(u"ProductVersion", u"7.2")});
+    return VersionNode(u"VS_VERSION_INFO", {bytes, bytes + sizeof fixed}, sizeof fixed, 0,
+                       {VersionNode(u"StringFileInfo", {}, 0, 1, {table}),
+                        VersionNode(u"VarFileInfo", {}, 0, 1,
+                                    {VersionNode(u"Translation", {9, 4, 0xE4, 4}, 4, 0)})});
+}
+
 class ModuleResources : public testing::Test {
  protected:
     ModuleResources() {
@@ -32,6 +78,7 @@ class ModuleResources : public testing::Test {
         cut.pop_back();
         file.Add(CompiledFile::Id(6), CompiledFile::Id(kFirstString / 16 + 1), StringBlock(texts))
             .Add(CompiledFile::Id(6), CompiledFile::Id(kFirstString / 16 + 2), cut)
+            .Add(CompiledFile::Id(16), CompiledFile::Id(1), VersionResource())
             .Add(CompiledFile::Text("TRC"), CompiledFile::Text("CURVE"), {10, 20, 30});
         held = std::make_unique<kv::ModuleResources>(&kFirstString, file.bytes.data(),
                                                      file.bytes.size());
@@ -96,6 +143,48 @@ TEST_F(ModuleResources, FailuresTellWhatIsMissing) {
     EXPECT_EQ(failure(nullptr, "NOSUCH", "TRC"), ERROR_RESOURCE_NAME_NOT_FOUND);
     EXPECT_EQ(failure(reinterpret_cast<HMODULE>(std::uintptr_t{0x123}), "CURVE", "TRC"),
               ERROR_RESOURCE_DATA_NOT_FOUND);
+}
+
+TEST_F(ModuleResources, TheVersionIsReadFromTheModulesFile) {
+    char self[MAX_PATH];
+    GetModuleFileNameA(nullptr, self, sizeof self);
+    DWORD handle = 1;
+    const DWORD size = GetFileVersionInfoSizeA(self, &handle);
+    ASSERT_GT(size, VersionResource().size());
+    EXPECT_EQ(handle, 0u);
+    // A heap block of exactly that size: one byte too many would be an error of the sanitizer.
+    std::vector<BYTE> block(size);
+    ASSERT_TRUE(GetFileVersionInfoA(self, 0, size, block.data()));
+    void* value = nullptr;
+    UINT length = 0;
+    ASSERT_TRUE(VerQueryValueA(block.data(), "\\", &value, &length));
+    EXPECT_EQ(length, sizeof(VS_FIXEDFILEINFO));
+    EXPECT_EQ(static_cast<VS_FIXEDFILEINFO*>(value)->dwProductVersionMS, 0x00070002u);
+    ASSERT_TRUE(VerQueryValueA(block.data(), "\\VarFileInfo\\Translation", &value, &length));
+    EXPECT_EQ(length, 4u);
+    EXPECT_EQ(static_cast<BYTE*>(value)[2], 0xE4);
+    const char* const texts[][2] = {{"CompanyName", "Varnell\x99"}, {"productversion", "7.2"}};
+    for (const auto& [name, text] : texts) {
+        const std::string path = std::string("\\StringFileInfo\\040904e4\\") + name;
+        ASSERT_TRUE(VerQueryValueA(block.data(), path.c_str(), &value, &length)) << name;
+        EXPECT_STREQ(static_cast<char*>(value), text);
+        EXPECT_EQ(length, std::strlen(text) + 1);
+    }
+    EXPECT_FALSE(VerQueryValueA(block.data(), "\\StringFileInfo\\04090000", &value, &length));
+    EXPECT_EQ(length, 0u);
+    EXPECT_EQ(GetLastError(), ERROR_RESOURCE_TYPE_NOT_FOUND);
+    // What fits of a copy that is cut short can be read, and nothing behind it.
+    for (DWORD room = 8; room < size; room += 4) {
+        std::vector<BYTE> part(room);
+        ASSERT_TRUE(GetFileVersionInfoA(self, 0, room, part.data()));
+        const std::string path = "\\StringFileInfo\\040904E4\\CompanyName";
+        EXPECT_FALSE(VerQueryValueA(part.data(), path.c_str(), &value, &length)) << room;
+    }
+    EXPECT_EQ(GetFileVersionInfoSizeA("/nowhere/KVUIMOD.DLL", nullptr), 0u);
+    EXPECT_EQ(GetLastError(), ERROR_PATH_NOT_FOUND);
+    held.reset();
+    EXPECT_EQ(GetFileVersionInfoSizeA(self, nullptr), 0u);
+    EXPECT_EQ(GetLastError(), ERROR_RESOURCE_DATA_NOT_FOUND);
 }
 
 TEST_F(ModuleResources, AForeignOrStaleHandleIsRefused) {

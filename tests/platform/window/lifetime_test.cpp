@@ -137,6 +137,14 @@ TEST_F(WindowLifetime, EnumerationReachesAllLevelsAndSurvivesDestruction) {
         Child(page, (std::string(name) + "1").c_str());
     }
     static Lines seen;
+    EXPECT_TRUE(EnumWindows(
+        [](HWND window, LPARAM) -> BOOL {
+            return seen.push_back(WindowFromHandle(window)->text), 1;
+        },
+        0));
+    EXPECT_THAT(seen, ::testing::Contains("top"));
+    EXPECT_THAT(seen, ::testing::Not(::testing::Contains("a")));
+    EXPECT_FALSE(EnumWindows([](HWND, LPARAM) -> BOOL { return FALSE; }, 0));
     seen.clear();
     const auto visit = [](HWND window, LPARAM destroy) -> BOOL {
         seen.push_back(WindowFromHandle(window)->text);
@@ -183,8 +191,26 @@ TEST_F(WindowLifetime, WordsPropertiesAndTextKeepWhatIsStored) {
         EXPECT_NE(GetLastError(), ERROR_SUCCESS) << bad;
     }
     EXPECT_TRUE(SetPropA(window, "name", window));
-    EXPECT_EQ(RemovePropA(window, "name"), window);
+    EXPECT_TRUE(SetPropA(window, "NAME", GetDesktopWindow()));
+    EXPECT_EQ(GetPropA(window, "Name"), GetDesktopWindow());
+    EXPECT_EQ(RemovePropA(window, "nAme"), GetDesktopWindow());
     EXPECT_EQ(GetPropA(window, "name"), nullptr);
+    for (const char* name : {"Button", "Edit", "Static", "ComboBox", "ListBox"}) {
+        std::string upper = name;
+        for (char& letter : upper) letter = static_cast<char>(std::toupper(letter));
+        const HWND control = CreateWindowExA(0, upper.c_str(), "", WS_CHILD, 0, 0, 1, 1, window,
+                                             nullptr, nullptr, nullptr);
+        char shown[16] = "";
+        EXPECT_EQ(GetClassNameA(control, shown, sizeof shown), static_cast<int>(upper.size()));
+        EXPECT_STREQ(shown, name);
+    }
+    EXPECT_EQ(GetSystemMetrics(SM_CXFRAME), GetSystemMetrics(33));
+    EXPECT_GT(GetSystemMetrics(32), 0);
+    const UINT message = RegisterWindowMessageA("Varnell test");
+    EXPECT_GE(message, 0xC000u);
+    EXPECT_EQ(RegisterWindowMessageA("VARNELL TEST"), message);
+    EXPECT_NE(RegisterWindowMessageA("Varnell test 2"), message);
+    EXPECT_EQ(RegisterWindowMessageA(""), 0u);
     char buffer[8];
     std::fill_n(buffer, sizeof buffer, '#');
     EXPECT_EQ(GetWindowTextA(window, buffer, 4), 3);

@@ -14,7 +14,7 @@ class WindowPainting : public RecorderTest {
  protected:
     WindowPainting() {
         dc = CreateCompatibleDC(nullptr);
-        bitmap = CreateCompatibleBitmap(dc, 64, 64);
+        bitmap = CreateBitmap(64, 64, 1, 32, nullptr);
         previous = SelectObject(dc, bitmap);
     }
     ~WindowPainting() override {
@@ -105,6 +105,53 @@ TEST_F(WindowPainting, ParentsDrawTheirOwnerDrawnControls) {
     EXPECT_TRUE(PaintItem(combo, 3, dc, area, ODS_SELECTED));
     EXPECT_EQ(GetPixel(dc, 0, 1), ODS_SELECTED | ODT_COMBOBOX << 8 | 3u << 16);
     EXPECT_FALSE(PaintItem(Control(parent, "COMBOBOX", CBS_DROPDOWNLIST), 0, dc, area, 0));
+}
+
+// Each control asks its own question, and only what differs from the system's colours is a wish.
+TEST_F(WindowPainting, ParentsChooseTheColoursOfTheirControls) {
+    static UINT asked;
+    static HBRUSH brush;
+    const HWND top = TopLevel("top");
+    const auto parent = [](HWND window, UINT message, WPARAM wParam, LPARAM lParam) -> LRESULT {
+        if (message < WM_CTLCOLOREDIT || message > WM_CTLCOLORSTATIC) {
+            return DefWindowProcA(window, message, wParam, lParam);
+        }
+        asked = message;
+        if (!brush) return DefWindowProcA(window, message, wParam, lParam);
+        SetTextColor(reinterpret_cast<HDC>(wParam), kRed);
+        return reinterpret_cast<LRESULT>(brush);
+    };
+    SetWindowLongPtrA(top, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(+parent));
+    const struct {
+        const char* className;
+        DWORD style;
+        UINT message;
+    } controls[] = {
+        {"EDIT", 0, WM_CTLCOLOREDIT},
+        {"EDIT", ES_READONLY, WM_CTLCOLORSTATIC},
+        {"EDIT", WS_DISABLED, WM_CTLCOLORSTATIC},
+        {"LISTBOX", 0, WM_CTLCOLORLISTBOX},
+        {"COMBOBOX", CBS_DROPDOWN, WM_CTLCOLOREDIT},
+        {"STATIC", 0, WM_CTLCOLORSTATIC},
+        {"BUTTON", BS_AUTOCHECKBOX, WM_CTLCOLORSTATIC},
+        {"BUTTON", BS_OWNERDRAW, WM_CTLCOLORBTN},
+        {"BUTTON", BS_PUSHBUTTON, 0},
+    };
+    const HBRUSH blue = CreateSolidBrush(RGB(0, 0, 255));
+    for (const auto& row : controls) {
+        SCOPED_TRACE(row.className + std::to_string(row.style));
+        const HWND control = Control(top, row.className, row.style);
+        for (const HBRUSH wanted : {HBRUSH{}, blue}) {
+            asked = 0;
+            brush = wanted;
+            const ControlColors colors = ColorsOf(control);
+            EXPECT_EQ(asked, row.message);
+            const bool wishes = wanted && row.message != 0;
+            EXPECT_EQ(colors.text, wishes ? std::optional<COLORREF>(kRed) : std::nullopt);
+            EXPECT_EQ(colors.face, wishes ? std::optional<COLORREF>(RGB(0, 0, 255)) : std::nullopt);
+        }
+    }
+    DeleteObject(blue);
 }
 
 TEST_F(WindowPainting, DisplayIsAskedOncePerPictureAndForWhatLiesInside) {
