@@ -10,11 +10,11 @@
 #include <string>
 #include <vector>
 
+#include "exports.h"
 #include "resources/resource.h"
 #include "rules/conflicts.h"
 #include "rules/gray_out.h"
 #include "tests/module/support/sheet_fixture.h"
-#include "ui/exports.h"
 
 namespace {
 

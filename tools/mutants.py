@@ -6,9 +6,9 @@ out, a constant or an operator changed), builds that object and what links it, r
 programs that depend on it and lists the changes that all of them passed.
 
     tools/mutants.py module/ui                     a sample of the folder
-    tools/mutants.py module/ui/help.cpp --sample 0 every change of one file
-    tools/mutants.py module/ui/help.cpp:40-52      every change of these lines
-    tools/mutants.py --list module/ui/help.cpp     names the changes, tries nothing
+    tools/mutants.py module/dialog/help.cpp --sample 0 every change of one file
+    tools/mutants.py module/dialog/help.cpp:40-52      every change of these lines
+    tools/mutants.py --list module/dialog/help.cpp     names the changes, tries nothing
 
 Works on a copy of the tree in build/mutants, which the first run builds whole; the tree itself is
 only read. A change that survives is either a rule without a test, or makes no difference: read it.

@@ -6,6 +6,7 @@
 
 #include "device/option_conflict_dialog.h"
 #include "rules/rules_file.h"
+#include "sheet/rules_path.h"
 
 namespace kvui {
 namespace {

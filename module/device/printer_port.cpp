@@ -10,8 +10,8 @@
 #include <string_view>
 #include <vector>
 
-#include "device/printer_values.h"
-#include "ui/fixed_text.h"
+#include "sheet/fixed_text.h"
+#include "sheet/printer_values.h"
 
 namespace kvui {
 

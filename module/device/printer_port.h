@@ -4,7 +4,7 @@
 
 #include <winsock2.h>
 
-#include "ui/sheet_context.h"
+#include "sheet/sheet_context.h"
 
 namespace kvui {
 

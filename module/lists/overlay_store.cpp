@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "device/printer_values.h"
+#include "sheet/printer_values.h"
 
 namespace kvui {
 namespace {

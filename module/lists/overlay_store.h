@@ -1,7 +1,7 @@
 // Overlay definitions in printer data, as far as every page needs them: the chosen overlay's file.
 #pragma once
 
-#include "ui/sheet_context.h"
+#include "sheet/sheet_context.h"
 
 namespace kvui {
 

@@ -1,6 +1,10 @@
 // Paper codes below 512 are the framework's, the others the list service's.
 #include "lists/paper_size.h"
 
+#include <algorithm>
+
+#include "sheet/administrator.h"
+
 namespace kvui {
 namespace {
 
@@ -30,6 +34,17 @@ bool PaperSizeOfCode(const SheetContext& context, LONG paperCode, PaperSizeInfo&
                 PackedInchesToHundredths(record.heightInches), kPaperUnitInch};
     }
     return true;
+}
+
+std::vector<CustomPaperRecord> VisiblePapers(SheetContext& context) {
+    const ListHandle list = context.shared->lists[kListPaper];
+    const DWORD scope = IsAdministrator() ? kScopeAdministrator : kScopeUser;
+    const int count = list != nullptr ? QDMMLTGetPaperNum(list, context.printer, scope) : 0;
+    std::vector<CustomPaperRecord> papers(std::max(count, 0), CustomPaperRecord{});
+    if (count <= 0 || !QDMMLTGetPaperArray(list, context.printer, papers.data(), scope)) {
+        papers.clear();
+    }
+    return papers;
 }
 
 }  // namespace kvui

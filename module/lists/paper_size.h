@@ -4,7 +4,9 @@
 
 #include <kvcore.h>
 
-#include "ui/sheet_context.h"
+#include <vector>
+
+#include "sheet/sheet_context.h"
 
 namespace kvui {
 
@@ -12,5 +14,8 @@ constexpr LONG kFirstCustomPaper = 512;
 
 // False when there is no such paper. The unit is the one its maker worked in.
 bool PaperSizeOfCode(const SheetContext& context, LONG paperCode, PaperSizeInfo& size);
+
+// Papers of the scope that the caller may see, in stored order.
+std::vector<CustomPaperRecord> VisiblePapers(SheetContext& context);
 
 }  // namespace kvui

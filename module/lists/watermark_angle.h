@@ -2,7 +2,7 @@
 // orientation call these.
 #pragma once
 
-#include "ui/sheet_context.h"
+#include "sheet/sheet_context.h"
 
 namespace kvui {
 

@@ -5,9 +5,9 @@
 #include <cstring>
 #include <vector>
 
-#include "device/administrator.h"
 #include "lists/watermark_angle.h"
-#include "rules/rules_file.h"
+#include "sheet/administrator.h"
+#include "sheet/rules_path.h"
 
 namespace kvui {
 namespace {

@@ -2,7 +2,7 @@
 // record of the chosen one in the settings.
 #pragma once
 
-#include "ui/sheet_context.h"
+#include "sheet/sheet_context.h"
 
 namespace kvui {
 

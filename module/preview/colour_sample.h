@@ -2,7 +2,7 @@
 // preview panel on the Quality page.
 #pragma once
 
-#include "ui/sheet_context.h"
+#include "sheet/sheet_context.h"
 
 namespace kvui {
 

@@ -8,7 +8,7 @@
 #include "preview/gdi_scope.h"
 #include "preview/paper_pictures.h"
 #include "preview/picture_set.h"
-#include "ui/fixed_text.h"
+#include "sheet/fixed_text.h"
 
 namespace kvui {
 namespace {

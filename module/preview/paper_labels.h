@@ -1,7 +1,7 @@
 // The names of the paper and of the output paper over the Paper View.
 #pragma once
 
-#include "ui/sheet_context.h"
+#include "sheet/sheet_context.h"
 
 namespace kvui {
 

@@ -5,7 +5,7 @@
 #include <windows.h>
 
 #include "preview/page_grid.h"
-#include "settings/private_devmode.h"
+#include "sheet/private_devmode.h"
 
 namespace kvui {
 

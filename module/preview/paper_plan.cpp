@@ -1,7 +1,7 @@
 // The steps of the Paper View, from the sheet to the labels.
 #include "preview/paper_plan.h"
 
-#include "settings/private_devmode.h"
+#include "sheet/private_devmode.h"
 
 namespace kvui {
 namespace {

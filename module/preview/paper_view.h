@@ -3,7 +3,7 @@
 #pragma once
 
 #include "preview/paper_plan.h"
-#include "ui/sheet_context.h"
+#include "sheet/sheet_context.h"
 
 namespace kvui {
 

@@ -10,7 +10,7 @@
 #include "preview/view_words.h"
 #include "resources/resource.h"
 #include "resources/string_ids.h"
-#include "ui/message_box.h"
+#include "sheet/message_box.h"
 
 namespace kvui {
 namespace {

@@ -2,7 +2,7 @@
 // take the panel over and when it must repaint.
 #pragma once
 
-#include "ui/sheet_context.h"
+#include "sheet/sheet_context.h"
 
 namespace kvui {
 

@@ -5,7 +5,7 @@
 
 #include "preview/gdi_scope.h"
 #include "resources/picture_ids.h"
-#include "ui/fixed_text.h"
+#include "sheet/fixed_text.h"
 
 namespace kvui {
 namespace {

@@ -4,7 +4,7 @@
 
 #include <cstddef>
 
-#include "ui/sheet_context.h"
+#include "sheet/sheet_context.h"
 
 namespace kvui {
 

@@ -8,7 +8,7 @@
 #include "preview/paper_view.h"
 #include "preview/shared_view.h"
 #include "resources/string_ids.h"
-#include "ui/fixed_text.h"
+#include "sheet/fixed_text.h"
 
 namespace kvui {
 namespace {

@@ -10,7 +10,7 @@
 #include "lists/paper_size.h"
 #include "preview/gdi_scope.h"
 #include "preview/paper_plan.h"
-#include "ui/fixed_text.h"
+#include "sheet/fixed_text.h"
 
 namespace kvui {
 namespace {

@@ -5,7 +5,7 @@
 #include <kvlist.h>
 #include <windows.h>
 
-#include "ui/sheet_context.h"
+#include "sheet/sheet_context.h"
 
 namespace kvui {
 

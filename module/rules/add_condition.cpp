@@ -7,9 +7,10 @@
 
 #include "lists/paper_size.h"
 #include "rules/conflicts.h"
-#include "rules/item_field.h"
 #include "rules/rule_text.h"
 #include "rules/rules_file.h"
+#include "settings/item_field.h"
+#include "sheet/rules_path.h"
 
 namespace kvui {
 namespace {

@@ -5,7 +5,7 @@
 #include <windows.h>
 
 #include "rules/parsed_rules.h"
-#include "ui/sheet_context.h"
+#include "sheet/sheet_context.h"
 
 namespace kvui {
 

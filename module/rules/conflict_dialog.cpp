@@ -4,12 +4,12 @@
 
 #include <cstring>
 
+#include "exports.h"
 #include "resources/resource.h"
 #include "resources/string_ids.h"
 #include "rules/conflicts.h"
+#include "sheet/fixed_text.h"
 #include "ui/dialog_messages.h"
-#include "ui/exports.h"
-#include "ui/fixed_text.h"
 #include "ui/page_skeleton.h"
 
 namespace kvui {

@@ -7,12 +7,13 @@
 #include <vector>
 
 #include "lists/overlay_store.h"
+#include "lists/paper_size.h"
+#include "lists/paper_size.h"
 #include "resources/resource.h"
 #include "resources/string_ids.h"
 #include "rules/conflicts.h"
 #include "rules/rules_file.h"
-#include "settings/list_builders.h"
-#include "ui/fixed_text.h"
+#include "sheet/fixed_text.h"
 
 namespace kvui {
 namespace {

@@ -6,6 +6,7 @@
 
 #include "rules/rule_text.h"
 #include "rules/rules_file.h"
+#include "sheet/rules_path.h"
 
 namespace kvui {
 namespace {

@@ -7,9 +7,9 @@
 #include "resources/resource.h"
 #include "rules/conflicts.h"
 #include "rules/gray_out.h"
-#include "rules/locked_block.h"
 #include "rules/parsed_rules.h"
 #include "settings/reactor.h"
+#include "sheet/locked_block.h"
 
 namespace kvui {
 namespace {

@@ -1,10 +1,10 @@
 // Parses the conflict rules of a control from the cache, and resolves the gray-out index.
 #include "rules/parsed_rules.h"
+#include "sheet/rules_path.h"
 
 #include <cstdio>
 #include <cstring>
 
-#include "rules/rules_file.h"
 
 namespace kvui {
 namespace {
@@ -105,11 +105,6 @@ void ResolveIndex(const GrayOutIndex& index, GrayOutPlan& plan) {
 }  // namespace
 
 static_assert(kMaxGrayOutTargets <= 127, "entryOfRow holds positions in a byte");
-
-ItemField FieldOfItem(const ControlItem* item) {
-    if (item == nullptr) return {nullptr, nullptr};
-    return {item, FindSettingField(item->settingField)};
-}
 
 LONG ForcedValueOf(SheetContext& context, const RuleTarget& target) {
     if (target.forcedText == ForcedText::kDisableOnly) return kForcedNothing;

@@ -11,10 +11,10 @@
 #include <unordered_map>
 #include <vector>
 
-#include "rules/item_field.h"
 #include "rules/rule_grammar.h"
 #include "rules/rules_cache.h"
-#include "ui/sheet_context.h"
+#include "settings/item_field.h"
+#include "sheet/sheet_context.h"
 
 namespace kvui {
 

@@ -4,7 +4,7 @@
 
 #include <windows.h>
 
-#include "ui/fixed_text.h"
+#include "sheet/fixed_text.h"
 
 namespace kvui {
 

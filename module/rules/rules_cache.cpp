@@ -5,11 +5,12 @@
 #include <cstring>
 #include <iterator>
 
-#include "rules/locked_block.h"
 #include "rules/parsed_rules.h"
 #include "rules/rule_grammar.h"
 #include "rules/rule_text.h"
 #include "rules/rules_file.h"
+#include "sheet/locked_block.h"
+#include "sheet/rules_path.h"
 
 namespace kvui {
 namespace {

@@ -1,19 +1,13 @@
-// The rules file KVUIMOD.ini: where it is, and the sections that are read from it at each use.
+// The rules file KVUIMOD.ini: the sections that are read from it at each use.
 #pragma once
 
 #include <windows.h>
 
 #include <memory>
 
-#include "ui/sheet_context.h"
+#include "sheet/sheet_context.h"
 
 namespace kvui {
-
-constexpr int kRulesFilePathSize = 260;
-
-// Computes the process-wide path that every reader and writer passes to the profile functions.
-void ComputeRulesFilePath(SheetContext& context);
-const char* RulesFilePath();
 
 // Override of an edit's length and range ("EditAttribute"): TRUE when one of exactly three numbers
 // was read.
@@ -60,11 +54,5 @@ int ReadCommaNumbers(const char* text, LONG* numbers, int capacity);
 // Reading a value from left to right: copies up to `stop` (or the rest), skips it, advances `text`.
 // `field` is always terminated; longer fields are cut.
 void ReadToken(const char*& text, char stop, char* field, size_t fieldSize);
-
-// Whether lengths are millimetres or inches here, by the printer value "CustomPaperUnit", else by
-// the user's locale.
-bool UsesMillimetres(PrinterBlock* printer);
-// The paper code that stands for "the regional default": 9 (A4) or 1 (Letter).
-LONG RegionalDefaultPaper(PrinterBlock* printer);
 
 }  // namespace kvui

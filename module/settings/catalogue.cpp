@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "settings/item_catalogue.h"
+#include "settings/item_field.h"
 #include "settings/setting_field.h"
 
 namespace kvui {
@@ -141,6 +142,11 @@ DWORD HelpIdFor(DWORD controlId) {
     }
     const ControlItem* item = ItemById(controlId);
     return item != nullptr ? item->helpId : 0;
+}
+
+ItemField FieldOfItem(const ControlItem* item) {
+    if (item == nullptr) return {nullptr, nullptr};
+    return {item, FindSettingField(item->settingField)};
 }
 
 BOOL ReadItemValue(const DEVMODEA* record, const ControlItem& item, DWORD* value) {

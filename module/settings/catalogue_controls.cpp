@@ -1,10 +1,10 @@
 // The records of the catalogue's check boxes, radio groups, edits, sliders and buttons. The rows in
 // catalogue_rows.cpp point to them.
+#include "exports.h"
 #include "resources/picture_ids.h"
 #include "resources/resource.h"
 #include "settings/catalogue_tables.h"
-#include "ui/exports.h"
-#include "ui/sub_dialogs.h"
+#include "settings/dialog_procedures.h"
 
 namespace kvui {
 namespace {

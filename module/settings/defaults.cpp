@@ -5,8 +5,8 @@
 #include <cstring>
 
 #include "settings/item_catalogue.h"
-#include "settings/private_devmode.h"
 #include "settings/setting_field.h"
+#include "sheet/private_devmode.h"
 
 namespace kvui {
 namespace {

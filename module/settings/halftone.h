@@ -5,7 +5,7 @@
 #include <array>
 #include <vector>
 
-#include "ui/sheet_context.h"
+#include "sheet/sheet_context.h"
 
 namespace kvui {
 

@@ -8,13 +8,13 @@
 
 #include <algorithm>
 
-#include "device/administrator.h"
-#include "device/printer_values.h"
 #include "lists/overlay_store.h"
 #include "resources/resource.h"
 #include "settings/halftone.h"
 #include "settings/threshold_tables.h"
-#include "ui/snapshot.h"
+#include "sheet/administrator.h"
+#include "sheet/printer_values.h"
+#include "sheet/snapshot.h"
 
 namespace kvui {
 namespace {

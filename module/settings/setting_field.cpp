@@ -4,7 +4,7 @@
 
 #include <cstring>
 
-#include "settings/private_devmode.h"
+#include "sheet/private_devmode.h"
 
 namespace kvui {
 // Where a field lies is what the structs say. The order is that of lookups, not of offsets: of two

@@ -2,7 +2,7 @@
 // tables of the halftone in force in the registry. The halftone selection and the reactor call it.
 #pragma once
 
-#include "ui/sheet_context.h"
+#include "sheet/sheet_context.h"
 
 namespace kvui {
 

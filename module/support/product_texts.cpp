@@ -8,7 +8,7 @@
 #include <string>
 
 #include "resources/resource.h"
-#include "ui/fixed_text.h"
+#include "sheet/fixed_text.h"
 
 namespace kvui {
 namespace {

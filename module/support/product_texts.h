@@ -1,7 +1,7 @@
 // The texts that tell which product this is, on the Troubleshooting page and in the about box.
 #pragma once
 
-#include "ui/sheet_context.h"
+#include "sheet/sheet_context.h"
 
 namespace kvui {
 

@@ -8,21 +8,21 @@
 
 #include <cstdlib>
 
+#include "binding/control_fill.h"
+#include "binding/notification.h"
 #include "device/printer_port.h"
-#include "device/printer_values.h"
+#include "dialog/help.h"
+#include "exports.h"
 #include "resources/picture_ids.h"
 #include "resources/resource.h"
-#include "settings/control_fill.h"
-#include "settings/notification.h"
+#include "settings/dialog_procedures.h"
 #include "settings/reactor.h"
+#include "sheet/printer_values.h"
+#include "sheet/snapshot.h"
 #include "ui/dialog_messages.h"
-#include "ui/exports.h"
-#include "ui/help.h"
 #include "ui/page_skeleton.h"
 #include "ui/page_table.h"
-#include "ui/snapshot.h"
 #include "ui/sub_dialog_skeleton.h"
-#include "ui/sub_dialogs.h"
 
 namespace kvui {
 namespace {

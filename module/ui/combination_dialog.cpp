@@ -2,20 +2,20 @@
 // and borders, with a preview. The Layout page opens it.
 #include <cstddef>
 
+#include "binding/control_fill.h"
+#include "binding/notification.h"
+#include "dialog/help.h"
 #include "preview/page_grid.h"
 #include "preview/shared_view.h"
 #include "resources/resource.h"
 #include "resources/string_ids.h"
-#include "settings/control_fill.h"
-#include "settings/notification.h"
+#include "settings/dialog_procedures.h"
 #include "settings/reactor.h"
+#include "sheet/snapshot.h"
 #include "ui/dialog_messages.h"
 #include "ui/entry_drawing.h"
-#include "ui/help.h"
 #include "ui/page_skeleton.h"
 #include "ui/page_table.h"
-#include "ui/snapshot.h"
-#include "ui/sub_dialogs.h"
 
 namespace kvui {
 namespace {

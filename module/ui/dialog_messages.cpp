@@ -1,7 +1,7 @@
 // Messages of sub-dialogs and who handles them.
 #include "ui/dialog_messages.h"
 
-#include "ui/help.h"
+#include "dialog/help.h"
 
 namespace kvui {
 

@@ -2,7 +2,7 @@
 // that differ little from each other use sub_dialog_skeleton.h instead.
 #pragma once
 
-#include "ui/sheet_context.h"
+#include "sheet/sheet_context.h"
 
 namespace kvui {
 

@@ -1,7 +1,7 @@
 // Owner-drawn entries of combo boxes: the entry's icon and its text.
 #pragma once
 
-#include "ui/sheet_context.h"
+#include "sheet/sheet_context.h"
 
 namespace kvui {
 

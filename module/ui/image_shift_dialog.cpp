@@ -8,17 +8,17 @@
 #include <optional>
 #include <string>
 
+#include "binding/edit_binding.h"
+#include "dialog/help.h"
 #include "resources/resource.h"
 #include "resources/string_ids.h"
-#include "rules/rules_file.h"
-#include "settings/edit_binding.h"
+#include "settings/dialog_procedures.h"
+#include "sheet/rules_path.h"
+#include "sheet/snapshot.h"
 #include "ui/dialog_messages.h"
-#include "ui/help.h"
 #include "ui/page_skeleton.h"
 #include "ui/page_table.h"
 #include "ui/shift_amount.h"
-#include "ui/snapshot.h"
-#include "ui/sub_dialogs.h"
 
 namespace kvui {
 namespace {

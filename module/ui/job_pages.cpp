@@ -3,12 +3,12 @@
 
 #include <prsht.h>
 
-#include "settings/control_fill.h"
-#include "settings/notification.h"
-#include "ui/exports.h"
+#include "binding/control_fill.h"
+#include "binding/notification.h"
+#include "exports.h"
+#include "sheet/snapshot.h"
 #include "ui/page_skeleton.h"
 #include "ui/sheet_life.h"
-#include "ui/snapshot.h"
 
 namespace kvui {
 namespace {

@@ -3,15 +3,15 @@
 #include <cstddef>
 #include <cstring>
 
+#include "binding/control_fill.h"
+#include "exports.h"
 #include "resources/resource.h"
 #include "resources/string_ids.h"
-#include "settings/control_fill.h"
 #include "settings/defaults.h"
+#include "settings/dialog_procedures.h"
 #include "settings/reactor.h"
-#include "ui/exports.h"
+#include "sheet/snapshot.h"
 #include "ui/page_skeleton.h"
-#include "ui/snapshot.h"
-#include "ui/sub_dialogs.h"
 
 namespace kvui {
 namespace {

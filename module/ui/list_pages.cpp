@@ -7,13 +7,13 @@
 #include <cstring>
 #include <initializer_list>
 
-#include "device/printer_values.h"
+#include "exports.h"
 #include "lists/watermark_list.h"
 #include "resources/resource.h"
 #include "resources/string_ids.h"
 #include "rules/gray_out.h"
-#include "ui/exports.h"
-#include "ui/message_box.h"
+#include "sheet/message_box.h"
+#include "sheet/printer_values.h"
 #include "ui/page_skeleton.h"
 
 namespace kvui {

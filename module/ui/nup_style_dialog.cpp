@@ -2,10 +2,10 @@
 // No control opens it; whoever calls its export passes a page's SheetContext.
 #include <algorithm>
 
+#include "exports.h"
 #include "resources/picture_ids.h"
 #include "resources/resource.h"
 #include "settings/reactor.h"
-#include "ui/exports.h"
 #include "ui/sub_dialog_skeleton.h"
 
 namespace kvui {

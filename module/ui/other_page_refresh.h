@@ -2,8 +2,8 @@
 // page, or a rule that it met, changes a setting that another page shows, that page is filled anew.
 #pragma once
 
-#include "settings/private_devmode.h"
-#include "ui/sheet_context.h"
+#include "sheet/private_devmode.h"
+#include "sheet/sheet_context.h"
 
 namespace kvui {
 

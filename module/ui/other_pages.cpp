@@ -1,10 +1,10 @@
 // Pages that add little or nothing to the skeleton: each is a row of traits, bound by the catalogue
 // like every page.
+#include "exports.h"
+#include "settings/dialog_procedures.h"
 #include "support/link_drawing.h"
 #include "support/product_texts.h"
-#include "ui/exports.h"
 #include "ui/page_skeleton.h"
-#include "ui/sub_dialogs.h"
 
 namespace kvui {
 namespace {

@@ -1,10 +1,10 @@
 // Output Details ("_DLGTAB01"): staple, punch and fold. The Basic page opens it.
 
+#include "binding/control_fill.h"
+#include "exports.h"
 #include "resources/picture_ids.h"
-#include "rules/conflicts.h"
 #include "resources/resource.h"
-#include "settings/control_fill.h"
-#include "ui/exports.h"
+#include "rules/conflicts.h"
 #include "ui/sub_dialog_skeleton.h"
 
 namespace kvui {

@@ -6,20 +6,20 @@
 
 #include <cstring>
 
-#include "device/printer_values.h"
+#include "binding/control_fill.h"
+#include "binding/notification.h"
+#include "dialog/help.h"
 #include "resources/picture_ids.h"
 #include "resources/resource.h"
 #include "resources/string_ids.h"
-#include "settings/control_fill.h"
 #include "settings/defaults.h"
-#include "settings/notification.h"
 #include "settings/reactor.h"
+#include "sheet/printer_values.h"
+#include "sheet/snapshot.h"
 #include "ui/entry_drawing.h"
-#include "ui/help.h"
 #include "ui/other_page_refresh.h"
 #include "ui/page_table.h"
 #include "ui/sheet_life.h"
-#include "ui/snapshot.h"
 
 namespace kvui {
 namespace {

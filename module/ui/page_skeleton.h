@@ -1,9 +1,9 @@
 // The skeleton of every page: one procedure over a record of what the page does differently.
 #pragma once
 
+#include "binding/control_fill.h"
 #include "preview/shared_view.h"
-#include "settings/control_fill.h"
-#include "ui/sheet_context.h"
+#include "sheet/sheet_context.h"
 
 namespace kvui {
 

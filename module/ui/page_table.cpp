@@ -9,9 +9,9 @@
 
 #include <cstring>
 
+#include "exports.h"
 #include "resources/resource.h"
 #include "resources/string_ids.h"
-#include "ui/exports.h"
 
 namespace kvui {
 

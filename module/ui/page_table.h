@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-#include "ui/sheet_context.h"
+#include "sheet/sheet_context.h"
 
 namespace kvui {
 

@@ -1,12 +1,12 @@
 // Dialog procedures that only close: their dialogs do nothing yet but end cleanly, with the result
 // that means "nothing was done". Also the installation entries, which have no task so far.
+#include "exports.h"
 #include "resources/string_ids.h"
+#include "settings/dialog_procedures.h"
 #include "support/product_texts.h"
 #include "ui/dialog_messages.h"
-#include "ui/exports.h"
 #include "ui/page_skeleton.h"
 #include "ui/page_table.h"
-#include "ui/sub_dialogs.h"
 
 namespace {
 

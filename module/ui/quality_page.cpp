@@ -9,16 +9,16 @@
 #include <cstdio>
 #include <cstring>
 
+#include "binding/control_fill.h"
+#include "binding/notification.h"
+#include "exports.h"
 #include "resources/resource.h"
-#include "settings/control_fill.h"
 #include "settings/item_catalogue.h"
-#include "settings/notification.h"
 #include "settings/reactor.h"
+#include "sheet/snapshot.h"
 #include "ui/dialog_messages.h"
-#include "ui/exports.h"
 #include "ui/page_skeleton.h"
 #include "ui/page_table.h"
-#include "ui/snapshot.h"
 
 namespace kvui {
 namespace {

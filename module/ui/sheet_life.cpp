@@ -5,16 +5,16 @@
 
 #include <utility>
 
-#include "device/administrator.h"
-#include "device/printer_values.h"
 #include "preview/shared_view.h"
 #include "resources/string_ids.h"
 #include "rules/rules_cache.h"
-#include "rules/rules_file.h"
 #include "settings/reactor.h"
-#include "ui/message_box.h"
+#include "sheet/administrator.h"
+#include "sheet/message_box.h"
+#include "sheet/printer_values.h"
+#include "sheet/rules_path.h"
+#include "sheet/snapshot.h"
 #include "ui/page_table.h"
-#include "ui/snapshot.h"
 
 namespace kvui {
 namespace {

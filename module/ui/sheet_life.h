@@ -2,7 +2,7 @@
 // to be destroyed puts away for all.
 #pragma once
 
-#include "ui/sheet_context.h"
+#include "sheet/sheet_context.h"
 
 namespace kvui {
 

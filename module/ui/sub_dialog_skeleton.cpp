@@ -1,14 +1,14 @@
 // Sub-dialog skeleton over the page state of the dialog that opened it.
 #include "ui/sub_dialog_skeleton.h"
 
-#include "settings/control_fill.h"
-#include "settings/notification.h"
+#include "binding/control_fill.h"
+#include "binding/notification.h"
+#include "dialog/help.h"
 #include "settings/reactor.h"
+#include "sheet/snapshot.h"
 #include "ui/dialog_messages.h"
-#include "ui/help.h"
 #include "ui/page_skeleton.h"
 #include "ui/page_table.h"
-#include "ui/snapshot.h"
 
 namespace kvui {
 namespace {

@@ -6,7 +6,7 @@
 #include <thread>
 
 #include "preferences.h"
-#include "ui/sheet_context.h"
+#include "sheet/sheet_context.h"
 
 namespace journey {
 namespace {

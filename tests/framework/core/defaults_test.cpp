@@ -5,7 +5,7 @@
 #include <cstring>
 #include <vector>
 
-#include "module/settings/private_devmode.h"
+#include "module/sheet/private_devmode.h"
 #include "tests/framework/printer_fixture.h"
 
 namespace kvtest {

@@ -4,12 +4,12 @@
 #include <platform/display/headless.h>
 #include <platform/window/input.h>
 
+#include "exports.h"
 #include "resources/resource.h"
 #include "rules/conflicts.h"
+#include "sheet/fixed_text.h"
+#include "sheet/message_box.h"
 #include "tests/module/support/sheet_fixture.h"
-#include "ui/exports.h"
-#include "ui/fixed_text.h"
-#include "ui/message_box.h"
 
 namespace kvui {
 namespace {

@@ -9,7 +9,7 @@
 #include <string>
 
 #include "rules/gray_out.h"
-#include "rules/locked_block.h"
+#include "sheet/locked_block.h"
 #include "tests/module/support/sheet_fixture.h"
 
 namespace kvui {

@@ -4,8 +4,8 @@
 
 #include <vector>
 
+#include "binding/control_fill.h"
 #include "rules/gray_out.h"
-#include "settings/control_fill.h"
 #include "tests/module/support/sheet_fixture.h"
 
 namespace kvui {

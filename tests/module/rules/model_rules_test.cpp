@@ -7,9 +7,9 @@
 #include <string>
 
 #include "rules/conflicts.h"
-#include "rules/locked_block.h"
 #include "rules/rule_grammar.h"
 #include "rules/rules_cache.h"
+#include "sheet/locked_block.h"
 #include "tests/module/support/sheet_fixture.h"
 
 namespace kvui {

@@ -10,8 +10,9 @@
 
 #include "rules/conflicts.h"
 #include "rules/gray_out.h"
-#include "rules/locked_block.h"
 #include "rules/rules_file.h"
+#include "sheet/locked_block.h"
+#include "sheet/rules_path.h"
 #include "tests/module/support/sheet_fixture.h"
 
 namespace kvui {

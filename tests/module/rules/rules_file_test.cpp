@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "rules/gray_out.h"
+#include "sheet/rules_path.h"
 #include "tests/module/support/sheet_fixture.h"
 
 namespace kvui {

@@ -11,9 +11,9 @@
 
 #include "settings/reactor.h"
 #include "settings/threshold_tables.h"
+#include "sheet/snapshot.h"
 #include "tests/module/support/sheet_fixture.h"
 #include "tests/platform/resource/compiled_file.h"
-#include "ui/snapshot.h"
 
 namespace kvui {
 namespace {

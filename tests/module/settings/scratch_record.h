@@ -3,8 +3,8 @@
 #include <cstring>
 #include <windows.h>
 
-#include "settings/private_devmode.h"
 #include "settings/setting_field.h"
+#include "sheet/private_devmode.h"
 
 namespace kvui {
 

@@ -16,10 +16,10 @@
 #include <string>
 
 #include "rules/rules_cache.h"
-#include "rules/rules_path.h"
-#include "settings/private_devmode.h"
 #include "settings/setting_field.h"
-#include "ui/sheet_context.h"
+#include "sheet/private_devmode.h"
+#include "sheet/rules_path.h"
+#include "sheet/sheet_context.h"
 
 namespace kvui {
 

@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "../support/sheet_fixture.h"
-#include "ui/exports.h"
-#include "ui/snapshot.h"
+#include "exports.h"
+#include "sheet/snapshot.h"
 
 namespace kvui {
 namespace {

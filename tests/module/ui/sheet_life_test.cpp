@@ -14,12 +14,12 @@
 #include <utility>
 #include <vector>
 
-#include "device/printer_values.h"
-#include "settings/control_fill.h"
+#include "binding/control_fill.h"
 #include "settings/item_catalogue.h"
+#include "sheet/printer_values.h"
+#include "sheet/snapshot.h"
 #include "tests/module/support/sheet_fixture.h"
 #include "ui/sheet_life.h"
-#include "ui/snapshot.h"
 
 namespace kvui {
 namespace {

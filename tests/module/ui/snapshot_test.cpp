@@ -5,8 +5,8 @@
 #include <array>
 #include <cstring>
 
+#include "sheet/snapshot.h"
 #include "tests/module/support/sheet_fixture.h"
-#include "ui/snapshot.h"
 
 namespace kvui {
 namespace {

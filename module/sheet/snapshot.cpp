@@ -1,12 +1,12 @@
 // Snapshot, restore and comparison are one walk over a table of places with three different
 // actions.
-#include "ui/snapshot.h"
+#include "sheet/snapshot.h"
 
 #include <algorithm>
 #include <cstring>
 #include <iterator>
 
-#include "ui/fixed_text.h"
+#include "sheet/fixed_text.h"
 
 namespace kvui {
 namespace {

@@ -1,6 +1,6 @@
 // Every message box of the module is shown here, so that right-to-left languages get right-to-left
 // reading everywhere.
-#include "ui/message_box.h"
+#include "sheet/message_box.h"
 
 #include <cstdio>
 #include <cstring>

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "ui/sheet_context.h"
+#include "sheet/sheet_context.h"
 
 namespace kvui {
 

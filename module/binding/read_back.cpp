@@ -6,13 +6,13 @@
 
 #include <cstring>
 
+#include "binding/control_fill.h"
+#include "binding/edit_binding.h"
+#include "binding/notification.h"
 #include "resources/resource.h"
 #include "rules/conflicts.h"
-#include "settings/control_fill.h"
 #include "settings/defaults.h"
-#include "settings/edit_binding.h"
-#include "settings/notification.h"
-#include "ui/message_box.h"
+#include "sheet/message_box.h"
 
 namespace kvui {
 namespace {

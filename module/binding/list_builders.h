@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "ui/sheet_context.h"
+#include "sheet/sheet_context.h"
 
 namespace kvui {
 
@@ -16,8 +16,5 @@ struct ListEntry {
 
 // Adds the run-time entries of a control; does nothing for controls that have none.
 void AddRunTimeEntries(SheetContext& context, DWORD controlId, std::vector<ListEntry>& entries);
-
-// Papers of the scope that the caller may see, in stored order.
-std::vector<CustomPaperRecord> VisiblePapers(SheetContext& context);
 
 }  // namespace kvui

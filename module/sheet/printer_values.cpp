@@ -1,5 +1,5 @@
 // Spooler access of the pages. A printer handle is opened per question and closed at once.
-#include "device/printer_values.h"
+#include "sheet/printer_values.h"
 
 #include <kvcore.h>
 #include <winspool.h>

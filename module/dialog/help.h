@@ -1,7 +1,7 @@
 // Page help (a topic of the help file) and popup help of a control.
 #pragma once
 
-#include "ui/sheet_context.h"
+#include "sheet/sheet_context.h"
 
 namespace kvui {
 

@@ -1,5 +1,5 @@
 // The administrator test: looks for the built-in Administrators group among the caller's groups.
-#include "device/administrator.h"
+#include "sheet/administrator.h"
 
 #include <windows.h>
 

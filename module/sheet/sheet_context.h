@@ -7,7 +7,7 @@
 #include <kvuihost.h>
 #include <windows.h>
 
-#include "settings/private_devmode.h"
+#include "sheet/private_devmode.h"
 
 namespace kvui {
 

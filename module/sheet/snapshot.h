@@ -4,8 +4,8 @@
 
 #include <windows.h>
 
-#include "settings/private_devmode.h"
-#include "ui/sheet_context.h"
+#include "sheet/private_devmode.h"
+#include "sheet/sheet_context.h"
 
 namespace kvui {
 

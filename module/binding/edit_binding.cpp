@@ -1,5 +1,5 @@
 // Edit binding. Numbers are shown divided by ten to the power of the item's decimals.
-#include "settings/edit_binding.h"
+#include "binding/edit_binding.h"
 
 #include <commctrl.h>
 #include <prsht.h>
@@ -11,13 +11,13 @@
 #include <cstring>
 #include <utility>
 
+#include "binding/control_fill.h"
 #include "resources/resource.h"
 #include "resources/string_ids.h"
 #include "rules/gray_out.h"
 #include "rules/rules_file.h"
-#include "settings/control_fill.h"
-#include "ui/fixed_text.h"
-#include "ui/message_box.h"
+#include "sheet/fixed_text.h"
+#include "sheet/message_box.h"
 
 namespace kvui {
 namespace {

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "settings/item_catalogue.h"
-#include "ui/sheet_context.h"
+#include "sheet/sheet_context.h"
 
 namespace kvui {
 

@@ -9,15 +9,15 @@
 #include <cstring>
 #include <iterator>
 
+#include "binding/control_fill.h"
+#include "binding/notification.h"
 #include "lists/watermark_angle.h"
 #include "lists/watermark_list.h"
 #include "resources/resource.h"
 #include "rules/gray_out.h"
-#include "settings/control_fill.h"
 #include "settings/defaults.h"
-#include "settings/notification.h"
 #include "settings/reactor.h"
-#include "ui/snapshot.h"
+#include "sheet/snapshot.h"
 
 namespace kvui {
 namespace {

@@ -1,14 +1,15 @@
 // Builders of run-time lists: which control, which builder, in one table.
-#include "settings/list_builders.h"
+#include "binding/list_builders.h"
 
 #include <algorithm>
 #include <cstring>
 #include <iterator>
 
-#include "device/administrator.h"
+#include "lists/paper_size.h"
 #include "resources/resource.h"
 #include "resources/string_ids.h"
 #include "rules/gray_out.h"
+#include "sheet/administrator.h"
 
 namespace kvui {
 namespace {
@@ -94,17 +95,6 @@ constexpr RunTimeList kRunTimeLists[] = {
 };
 
 }  // namespace
-
-std::vector<CustomPaperRecord> VisiblePapers(SheetContext& context) {
-    const ListHandle list = context.shared->lists[kListPaper];
-    const DWORD scope = IsAdministrator() ? kScopeAdministrator : kScopeUser;
-    const int count = list != nullptr ? QDMMLTGetPaperNum(list, context.printer, scope) : 0;
-    std::vector<CustomPaperRecord> papers(std::max(count, 0), CustomPaperRecord{});
-    if (count <= 0 || !QDMMLTGetPaperArray(list, context.printer, papers.data(), scope)) {
-        papers.clear();
-    }
-    return papers;
-}
 
 void AddRunTimeEntries(SheetContext& context, DWORD controlId, std::vector<ListEntry>& entries) {
     const auto* row =

@@ -1,5 +1,5 @@
 // Builds help file paths from the framework's value names and opens them in the help viewer.
-#include "ui/help.h"
+#include "dialog/help.h"
 
 #include <htmlhelp.h>
 #include <kvcore.h>
@@ -8,7 +8,7 @@
 #include <cstring>
 
 #include "settings/item_catalogue.h"
-#include "ui/fixed_text.h"
+#include "sheet/fixed_text.h"
 
 namespace kvui {
 namespace {

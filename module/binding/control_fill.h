@@ -3,7 +3,7 @@
 #pragma once
 
 #include "settings/item_catalogue.h"
-#include "ui/sheet_context.h"
+#include "sheet/sheet_context.h"
 
 namespace kvui {
 

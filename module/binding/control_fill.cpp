@@ -1,6 +1,6 @@
 // Control filling and the refresh walk. A control is told only what really differs, so that nothing
 // flickers and an unchanged list is not built again.
-#include "settings/control_fill.h"
+#include "binding/control_fill.h"
 
 #include <commctrl.h>
 
@@ -11,12 +11,13 @@
 #include <string>
 #include <vector>
 
-#include "device/printer_values.h"
+#include "binding/edit_binding.h"
+#include "binding/list_builders.h"
 #include "resources/resource.h"
 #include "rules/gray_out.h"
 #include "rules/rules_file.h"
-#include "settings/edit_binding.h"
-#include "settings/list_builders.h"
+#include "sheet/printer_values.h"
+#include "sheet/rules_path.h"
 
 namespace kvui {
 namespace {
