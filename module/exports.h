@@ -3,9 +3,7 @@
 #pragma once
 #include <windows.h>
 
-namespace kvui {
 struct PageEntry;
-}
 
 #if defined(__GNUC__)
 #define KVUI_EXPORT __attribute__((visibility("default")))
@@ -16,7 +14,7 @@ struct PageEntry;
 extern "C" {
 
 // The static page table, ended by a row of zeros. Never fails; printer is the printer block.
-KVUI_EXPORT const kvui::PageEntry* GetPropSheetPages(void* printer);
+KVUI_EXPORT const PageEntry* GetPropSheetPages(void* printer);
 
 // Pages.
 KVUI_EXPORT INT_PTR CALLBACK DDMTAB0(HWND window, UINT message, WPARAM wParam, LPARAM lParam);

@@ -28,7 +28,7 @@ struct Command {
     DWORD id;
     WORD code;
 };
-using Action = RouteResult (*)(const Command&);
+using Action = bool (*)(const Command&);
 
 bool Dispatch(const Command& command) {
     return DispatchNotification(command.context, command.page, command.id, command.code);
@@ -38,21 +38,21 @@ HWND Control(const Command& command, DWORD id) {
     return GetDlgItem(command.page, static_cast<int>(id));
 }
 
-RouteResult DispatchOnly(const Command& command) {
-    return {true, Dispatch(command)};
+bool DispatchOnly(const Command& command) {
+    return Dispatch(command);
 }
 
-RouteResult ResetRecord(const Command& command) {
+bool ResetRecord(const Command& command) {
     ApplyRecordDefaults(command.context.settings, command.context.printer);
-    return {true, true};
+    return true;
 }
 
-RouteResult ChangedOnly(const Command&) {
-    return {true, true};
+bool ChangedOnly(const Command&) {
+    return true;
 }
 
 // Cancelling the dialog that the box opens unticks the box and undoes what ticking it forced.
-RouteResult FirstPageSource(const Command& command) {
+bool FirstPageSource(const Command& command) {
     constexpr INT_PTR kCancelled = 0;
     SheetContext& context = command.context;
     PrivateDevmode& settings = *context.privateSettings;
@@ -63,47 +63,47 @@ RouteResult FirstPageSource(const Command& command) {
     const ControlItem* item = ItemById(command.id);
     if (command.code != BN_CLICKED || settings.mdmFirstPage != 1 || item == nullptr ||
         item->button == nullptr) {
-        return {true, changed};
+        return changed;
     }
     const INT_PTR result =
         DialogBoxParamA(context.resources, item->button->templateName, command.page,
                         item->button->procedure, reinterpret_cast<LPARAM>(&context));
-    if (result != kCancelled) return {true, changed};
+    if (result != kCancelled) return changed;
     std::memcpy(context.settings, before, sizeof before);
     TakeSnapshot(context);  // the dialog has taken one of its own there
     FillControl(context, command.page, *item);
-    return {true, false};
+    return false;
 }
 
 // While a booklet is chosen, the first entry reads "On" and cannot be chosen.
-RouteResult DuplexBooklet(const Command& command) {
+bool DuplexBooklet(const Command& command) {
     if (command.context.privateSettings->mdmNup == kNupBooklet &&
         SendMessageA(Control(command, command.id), CB_GETCURSEL, 0, 0) == 0) {
-        return {true, false};
+        return false;
     }
     return DispatchOnly(command);
 }
 
-RouteResult DispatchAndTurnWatermark(const Command& command) {
+bool DispatchAndTurnWatermark(const Command& command) {
     const bool changed = Dispatch(command);
     UpdateChosenWatermark(command.context);
-    return {true, changed};
+    return changed;
 }
 
-RouteResult PaperBox(const Command& command) {
+bool PaperBox(const Command& command) {
     const bool changed = Dispatch(command);
     if (command.code == CBN_SELCHANGE) UpdateChosenWatermark(command.context);
-    return {true, changed};
+    return changed;
 }
 
-RouteResult AllPaperSizes(const Command& command) {
+bool AllPaperSizes(const Command& command) {
     const bool changed = Dispatch(command);
     for (const DWORD id : {IDC_COMBO_PAPER_SIZE, IDC_COMBO_OUT_PAPER}) {
         if (const ControlItem* item = ItemById(id)) {
             FillControl(command.context, command.page, *item);
         }
     }
-    return {true, changed};
+    return changed;
 }
 
 bool TypedNumberDiffers(const Command& command) {
@@ -112,59 +112,59 @@ bool TypedNumberDiffers(const Command& command) {
     return static_cast<DWORD>(std::atol(text)) != command.context.privateSettings->mdmScaleSize;
 }
 
-RouteResult TrackedEdit(const Command& command) {
+bool TrackedEdit(const Command& command) {
     DWORD& flags = command.context.flags;
     if (command.code == EN_SETFOCUS) {
         flags |= kSheetTyping;
-        return {true, false};
+        return false;
     }
-    if (!(flags & kSheetTyping)) return {false, false};
+    if (!(flags & kSheetTyping)) return false;
     if (command.code == EN_UPDATE) {
         const bool changed = Dispatch(command);
         SendMessageA(GetParent(command.page), PSM_CHANGED, reinterpret_cast<WPARAM>(command.page),
                      0);
-        return {true, changed};
+        return changed;
     }
     if (command.code == EN_KILLFOCUS) {
         flags &= ~kSheetTyping;
         const bool read = command.id != IDC_EDIT_SCALING || TypedNumberDiffers(command);
-        return {true, read && Dispatch(command)};
+        return read && Dispatch(command);
     }
-    return {false, false};
+    return false;
 }
 
-RouteResult ColourMode(const Command& command) {
+bool ColourMode(const Command& command) {
     const bool changed = Dispatch(command);
     DWORD& other = command.context.privateSettings->mdmOtherSettings;
     other = command.id == IDC_RADIO_COLOR ? other | kOtherColor : other & ~kOtherColor;
-    return {true, changed};
+    return changed;
 }
 
-RouteResult ColourMatching(const Command& command) {
+bool ColourMatching(const Command& command) {
     const bool changed = Dispatch(command);
     DeriveColorMatching(*command.context.privateSettings);
-    return {true, changed};
+    return changed;
 }
 
-RouteResult NotAChange(const Command&) {
-    return {true, false};
+bool NotAChange(const Command&) {
+    return false;
 }
 
-RouteResult DispatchWithoutChange(const Command& command) {
+bool DispatchWithoutChange(const Command& command) {
     Dispatch(command);
-    return {true, false};
+    return false;
 }
 
-RouteResult OptionList(const Command& command) {
+bool OptionList(const Command& command) {
     if (command.code == LBN_SELCHANGE) {
         const bool installable = command.id == IDC_LIST_INSTALLABLE;
         EnableWindow(Control(command, IDC_BTN_ADD), installable);
         EnableWindow(Control(command, IDC_BTN_REMOVE), !installable);
     }
-    return {true, false};
+    return false;
 }
 
-RouteResult AutoConfigure(const Command& command) {
+bool AutoConfigure(const Command& command) {
     const bool changed = Dispatch(command);
     const bool on = command.context.privateSettings->mdmOtherSettings & kOtherAutoConfig;
     const HWND state = Control(command, IDC_COMBO_INSTALLED_STATE);
@@ -177,13 +177,13 @@ RouteResult AutoConfigure(const Command& command) {
     } else if (changed) {
         SetFocus(options);
     }
-    return {true, changed};
+    return changed;
 }
 
-RouteResult JobCheck(const Command& command) {
+bool JobCheck(const Command& command) {
     const bool changed = Dispatch(command);
     if (IsDlgButtonChecked(command.page, static_cast<int>(command.id)) != BST_CHECKED) {
-        return {true, changed};
+        return changed;
     }
     const ControlItem* edit = ItemById(
         command.id == IDC_CHK_ACCESS_CODE ? IDC_EDIT_ACCESS_NUMBER : IDC_EDIT_PASSWORD);
@@ -191,28 +191,28 @@ RouteResult JobCheck(const Command& command) {
     FillControl(command.context, command.page, *edit);
     ApplyGrayOutIndex(command.context, command.page, *edit);
     SetFocus(Control(command, edit->controlId));
-    return {true, changed};
+    return changed;
 }
 
-RouteResult JobEdit(const Command& command) {
-    if (command.code != EN_UPDATE && command.code != EN_KILLFOCUS) return {false, false};
+bool JobEdit(const Command& command) {
+    if (command.code != EN_UPDATE && command.code != EN_KILLFOCUS) return false;
     return DispatchOnly(command);
 }
 
-RouteResult WatermarkChoice(const Command& command) {
-    if (command.code != LBN_SELCHANGE) return {true, false};
+bool WatermarkChoice(const Command& command) {
+    if (command.code != LBN_SELCHANGE) return false;
     const HWND list = Control(command, command.id);
     char name[32] = "";
     GetClassNameA(list, name, sizeof name);
     const bool isList = lstrcmpiA(name, "LISTBOX") == 0;
     const LRESULT index = SendMessageA(list, isList ? LB_GETCURSEL : CB_GETCURSEL, 0, 0);
-    if (index < 0) return {true, false};
+    if (index < 0) return false;
     command.context.privateSettings->mdmWatermark =
         static_cast<DWORD>(SendMessageA(list, isList ? LB_GETITEMDATA : CB_GETITEMDATA, index, 0));
     UpdateChosenWatermark(command.context);
     // Without a watermark too: nothing of the last one may be left for the rendering side.
     CopyChosenWatermark(command.context);
-    return {true, true};
+    return true;
 }
 
 // One control, or all ids from the first to the last.
@@ -299,15 +299,14 @@ static_assert(std::is_sorted(std::begin(kRoutes), std::end(kRoutes),
 
 }  // namespace
 
-RouteResult RouteCommand(SheetContext& context, HWND page, HWND /*control*/, WPARAM command) {
-    const DWORD id = LOWORD(command);
+bool RouteCommand(SheetContext& context, HWND page, DWORD id, WORD code) {
     const auto* route = std::upper_bound(
         std::begin(kRoutes), std::end(kRoutes), id,
         [](DWORD wanted, const Route& candidate) { return wanted < candidate.first; });
-    if (route == std::begin(kRoutes)) return {};
+    if (route == std::begin(kRoutes)) return false;
     --route;
-    if (id > route->last) return {};
-    return route->action({context, page, id, HIWORD(command)});
+    if (id > route->last) return false;
+    return route->action({context, page, id, code});
 }
 
 }  // namespace kvui

@@ -319,9 +319,7 @@ void InitialiseInTableOrder(SheetContext& context, HWND dialog, const char* dial
     }
 }
 
-void RefreshDialog(SheetContext& context, SettingChanged changed, HWND dialog,
-                   const char* dialogName) {
-    if (changed == SettingChanged::kNo) return;
+void RefreshDialog(SheetContext& context, HWND dialog, const char* dialogName) {
     constexpr int kMaxPasses = 2;
     bool again = true;
     for (int pass = 0; pass < kMaxPasses && again; ++pass) {

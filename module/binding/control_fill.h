@@ -14,11 +14,9 @@ void InitialiseControls(SheetContext& context, HWND dialog, const char* dialogNa
 // Fills every item of a dialog in one walk in table order (first-page and combination dialogs).
 void InitialiseInTableOrder(SheetContext& context, HWND dialog, const char* dialogName);
 
-enum class SettingChanged { kNo, kYes };
 // The refresh walk: hidden controls, contents, gray-out; a second pass when a rule forced
 // something.
-void RefreshDialog(SheetContext& context, SettingChanged changed, HWND dialog,
-                   const char* dialogName);
+void RefreshDialog(SheetContext& context, HWND dialog, const char* dialogName);
 
 // The item's part of its setting; 0 for items that edit nothing.
 DWORD ItemValue(const SheetContext& context, const ControlItem& item);

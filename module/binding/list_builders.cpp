@@ -28,7 +28,7 @@ void AddPapers(SheetContext& context, std::vector<ListEntry>& entries) {
 void AddOutputPapers(SheetContext& context, std::vector<ListEntry>& entries) {
     // Without papers the list stays empty, so that the stored size is not given up for the first
     // entry.
-    if (context.shared->lists[kListPaper] == nullptr) return;
+    if (context.shared->lists.handles[kListPaper] == nullptr) return;
     char text[128] = "";
     if (LoadStringA(context.strings, IDS_SAME_AS_ORIGINAL, text, sizeof text) != 0) {
         entries.push_back({text, 0});
@@ -37,7 +37,7 @@ void AddOutputPapers(SheetContext& context, std::vector<ListEntry>& entries) {
 }
 
 void AddBins(SheetContext& context, SheetList list, std::vector<ListEntry>& entries) {
-    const ListHandle handle = context.shared->lists[list];
+    const ListHandle handle = context.shared->lists.handles[list];
     const int count = handle != nullptr ? QDMMLTGetBinNum(handle, context.printer) : 0;
     if (count <= 0) return;
     std::vector<BinRecord> bins(count, BinRecord{});
@@ -57,7 +57,7 @@ void AddOtherSources(SheetContext& context, std::vector<ListEntry>& entries) {
 }
 
 void AddWatermarks(SheetContext& context, std::vector<ListEntry>& entries) {
-    const ListHandle list = context.shared->lists[kListWatermark];
+    const ListHandle list = context.shared->lists.handles[kListWatermark];
     const DWORD scope = IsAdministrator() ? kScopeAdministrator : kScopeUser;
     const int count = list != nullptr ? QDMMLTGetWatermarkNum(list, context.printer, scope) : 0;
     if (count <= 0) return;
@@ -69,7 +69,7 @@ void AddWatermarks(SheetContext& context, std::vector<ListEntry>& entries) {
 }
 
 void AddMailBins(SheetContext& context, std::vector<ListEntry>& entries) {
-    const ListHandle list = context.shared->lists[kListOutBin];
+    const ListHandle list = context.shared->lists.handles[kListOutBin];
     const int count = list != nullptr ? QDMMLTGetOUTBinNum(list, context.printer) : 0;
     if (count <= 0) return;
     std::vector<BinRecord> bins(count, BinRecord{});

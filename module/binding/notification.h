@@ -13,12 +13,8 @@ constexpr WORD kScrollFromValueEdit = 1234;
 // Reads the control back if the notification asks for it; true when a setting changed.
 bool DispatchNotification(SheetContext& context, HWND page, DWORD controlId, WORD code);
 
-struct RouteResult {
-    bool handled = false;
-    bool changed = false;
-};
-// WM_COMMAND of a page or of a dialog that routes its commands.
-RouteResult RouteCommand(SheetContext& context, HWND page, HWND control, WPARAM command);
+// WM_COMMAND of a page or of a dialog that routes its commands: true when a setting changed.
+bool RouteCommand(SheetContext& context, HWND page, DWORD controlId, WORD code);
 
 // The item whose edit a spin control belongs to; null for other windows.
 const ControlItem* ItemOfSpin(DWORD spinId);

@@ -5,8 +5,8 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "dialog/texts.h"
 #include "resources/resource.h"
-#include "resources/string_ids.h"
 #include "rules/conflict_dialog.h"
 #include "rules/gray_out.h"
 #include "settings/item_catalogue.h"
@@ -49,17 +49,18 @@ void FillOptions(SheetContext& context, HWND list, const char* wordText) {
     }
 }
 
-void FillBothLists(SheetContext& context, HWND dialog) {
-    const ConflictReport& report = context.shared->report;
-    FillOptions(context, GetDlgItem(dialog, IDC_LIST_OPTION_CURRENT), report.triggerName);
-    FillOptions(context, GetDlgItem(dialog, IDC_LIST_OPTION_NEW), report.targetNew);
+void FillBothLists(Run& run) {
+    if (run.context.shared == nullptr) return;
+    const ConflictReport& report = run.context.shared->report;
+    FillOptions(run.context, GetDlgItem(run.window, IDC_LIST_OPTION_CURRENT), report.triggerName);
+    FillOptions(run.context, GetDlgItem(run.window, IDC_LIST_OPTION_NEW), report.targetNew);
 }
 
-constexpr ConflictDialogTraits kOptionConflict = {"_OPTIONCONFLICT", IDS_TITLE_OPTION_CONFLICTS,
-                                                  IDC_BTN_OPTION_RESOLVE, FillBothLists};
+constexpr DialogDefinition kOptionConflict =
+    ConflictDialog("_OPTIONCONFLICT", IDC_BTN_OPTION_RESOLVE, InOrder<SetCaptions, FillBothLists>);
 
 INT_PTR CALLBACK OptionConflictDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    return RunConflictDialog(kOptionConflict, dialog, message, wParam, lParam);
+    return RunDialog(kOptionConflict, dialog, message, wParam, lParam);
 }
 
 }  // namespace

@@ -42,19 +42,22 @@ bool HelpFilePath(const SheetContext& context, const char* valueFormat,
 
 }  // namespace
 
-void ShowPageHelp(const SheetContext& context, HWND page, int topic) {
+void ShowHelp(Run& run) {
     char file[kHelpNameSize];
-    if (!HelpFilePath(context, "%s", file)) return;
+    if (!HelpFilePath(run.context, "%s", file)) return;
     char target[kHelpNameSize + 32];
-    std::snprintf(target, sizeof target, "%s::/html/%d.htm", file, topic);
-    HtmlHelpA(page, target, HH_DISPLAY_TOPIC, 0);
+    std::snprintf(target, sizeof target, "%s::/html/%d.htm", file, run.helpTopic);
+    HtmlHelpA(run.window, target, HH_DISPLAY_TOPIC, 0);
 }
 
-void ShowPopupHelp(const SheetContext& context, HWND page, const HELPINFO* info) {
+void ShowControlHelp(Run& run) {
+    const auto* info = reinterpret_cast<const HELPINFO*>(run.lParam);
     if (info == nullptr || info->iContextType != HELPINFO_WINDOW) return;
     if (HelpIdFor(static_cast<DWORD>(info->iCtrlId)) == 0) return;
     char file[kHelpNameSize];
-    if (HelpFilePath(context, "%sPopup", file)) HtmlHelpA(page, file, HH_DISPLAY_TOPIC, 0);
+    if (HelpFilePath(run.context, "%sPopup", file)) {
+        HtmlHelpA(run.window, file, HH_DISPLAY_TOPIC, 0);
+    }
 }
 
 }  // namespace kvui

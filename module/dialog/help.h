@@ -1,12 +1,13 @@
 // Page help (a topic of the help file) and popup help of a control.
 #pragma once
 
-#include "sheet/sheet_context.h"
+#include "dialog/run.h"
 
 namespace kvui {
 
-void ShowPageHelp(const SheetContext& context, HWND page, int topic);
+// The topic of the page or dialog.
+void ShowHelp(Run& run);
 // For WM_HELP; controls without a help id get nothing.
-void ShowPopupHelp(const SheetContext& context, HWND page, const HELPINFO* info);
+void ShowControlHelp(Run& run);
 
 }  // namespace kvui

@@ -20,7 +20,7 @@ bool PaperSizeOfCode(const SheetContext& context, LONG paperCode, PaperSizeInfo&
         return GetPaperSize(context.printer, paperCode, &size) != 0;
     }
     const ListHandle papers =
-        context.shared != nullptr ? context.shared->lists[kListPaper] : nullptr;
+        context.shared != nullptr ? context.shared->lists.handles[kListPaper] : nullptr;
     CustomPaperRecord record{};
     if (papers == nullptr || !QDMMLTGetPaperWithID(papers, context.printer, &record,
                                                    static_cast<DWORD>(paperCode))) {
@@ -37,7 +37,7 @@ bool PaperSizeOfCode(const SheetContext& context, LONG paperCode, PaperSizeInfo&
 }
 
 std::vector<CustomPaperRecord> VisiblePapers(SheetContext& context) {
-    const ListHandle list = context.shared->lists[kListPaper];
+    const ListHandle list = context.shared->lists.handles[kListPaper];
     const DWORD scope = IsAdministrator() ? kScopeAdministrator : kScopeUser;
     const int count = list != nullptr ? QDMMLTGetPaperNum(list, context.printer, scope) : 0;
     std::vector<CustomPaperRecord> papers(std::max(count, 0), CustomPaperRecord{});

@@ -30,7 +30,7 @@ double DiagonalAngle(SheetContext& context) {
 }
 
 bool FetchWatermark(SheetContext& context, DWORD watermarkId, WatermarkRecord& record) {
-    const ListHandle list = context.shared->lists[kListWatermark];
+    const ListHandle list = context.shared->lists.handles[kListWatermark];
     if (list == nullptr ||
         !QDMMLTGetWatermarkWithID(list, context.printer, &record, watermarkId)) {
         return false;

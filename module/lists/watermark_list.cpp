@@ -16,13 +16,13 @@ constexpr char kSection[] = "Watermark";
 constexpr DWORD kFirstUserWatermark = 128;  // lower ids belong to the printer's description
 
 int Count(const SheetContext& context, DWORD scope) {
-    const ListHandle list = context.shared->lists[kListWatermark];
+    const ListHandle list = context.shared->lists.handles[kListWatermark];
     return list != nullptr ? QDMMLTGetWatermarkNum(list, context.printer, scope) : 0;
 }
 
 std::vector<WatermarkRecord> RecordsOf(const SheetContext& context, DWORD scope) {
     std::vector<WatermarkRecord> records(std::max(Count(context, scope), 0), WatermarkRecord{});
-    const ListHandle list = context.shared->lists[kListWatermark];
+    const ListHandle list = context.shared->lists.handles[kListWatermark];
     if (!records.empty() &&
         !QDMMLTGetWatermarkArray(list, context.printer, records.data(), scope)) {
         records.clear();
@@ -62,8 +62,9 @@ void DeleteWatermark(SheetContext& context, DWORD watermarkId) {
     const DWORD scope = IsAdministrator() ? kScopeAdministrator : kScopeUser;
     const std::vector<WatermarkRecord> shown = RecordsOf(context, scope);
     const auto found = Find(shown, watermarkId);
-    if (found == shown.end() || !QDMMLTDeleteWatermark(context.shared->lists[kListWatermark],
-                                                       context.printer, watermarkId)) {
+    if (found == shown.end() ||
+        !QDMMLTDeleteWatermark(context.shared->lists.handles[kListWatermark], context.printer,
+                               watermarkId)) {
         return;
     }
     context.privateSettings->mdmWatermark = found == shown.begin() ? 0 : std::prev(found)->id;
@@ -71,7 +72,7 @@ void DeleteWatermark(SheetContext& context, DWORD watermarkId) {
 }
 
 void CommitWatermarks(SheetContext& context) {
-    ListHandle& list = context.shared->lists[kListWatermark];
+    ListHandle& list = context.shared->lists.handles[kListWatermark];
     if (list == nullptr) return;
     QDMMLTWriteWatermark(list, context.printer);
     list = QDMMLTReadWatermark(context.printer);

@@ -145,7 +145,7 @@ void PaintColourSample(SheetContext& context, HDC dc, SIZE size) {
     const PrivateDevmode& settings = *context.privateSettings;
     const SIZE picture = photograph.size();
     AdjustImage({settings.Contrast, settings.Lightness, settings.Saturation, settings.UnsharpMask,
-                 context.shared->sampleMode == kSampleMonochrome},
+                 context.shared->preview.sampleMode == kSampleMonochrome},
                 photograph.pixels(), picture.cx, picture.cy);
     const int x = (size.cx - picture.cx) / 2;
     const int y = (size.cy - picture.cy) / 2;

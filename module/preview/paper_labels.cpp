@@ -58,7 +58,7 @@ void DrawLabel(HDC dc, const PaperLabel& label, int left, int top, LineMetrics l
 
 PaperLabel PaperLabelOf(const SheetContext& context, DWORD paperCode) {
     CustomPaperRecord record{};
-    const ListHandle list = context.shared->lists[kListPaper];
+    const ListHandle list = context.shared->lists.handles[kListPaper];
     if (list == nullptr || !QDMMLTGetPaperWithID(list, context.printer, &record, paperCode)) {
         return {};
     }

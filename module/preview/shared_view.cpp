@@ -11,12 +11,10 @@
 #include "resources/resource.h"
 #include "resources/string_ids.h"
 #include "sheet/message_box.h"
+#include "sheet/messages.h"
 
 namespace kvui {
 namespace {
-
-// Sent to the panel's window: repaint.
-constexpr UINT kMessageRedraw = WM_USER + 300;
 
 enum ViewType : int { kPrinterFigure = 1, kPaperView, kWatermarkView, kQualityView };
 
@@ -67,15 +65,15 @@ const View& ViewOf(ViewType type) {
 // Shows one of the two views of the active page's kind.
 void ShowView(SheetContext& context) {
     const SharedSheet& shared = *context.shared;
-    const PageViews* views = ViewsOf(shared.pageKind);
-    if (shared.viewPanel == nullptr || views == nullptr) return;
-    const int index = shared.viewIndex;
+    const PageViews* views = ViewsOf(shared.preview.pageKind);
+    if (shared.preview.panel == nullptr || views == nullptr) return;
+    const int index = shared.preview.viewIndex;
     char label[64] = "";
     LoadStringA(context.strings, views->labels[index], label, sizeof label);
-    SetDlgItemTextA(shared.viewPanel, IDC_BTN_CHANGE_VIEW, label);
-    HookView(GetDlgItem(shared.viewPanel, IDC_PIC_MAIN_VIEW), context,
+    SetDlgItemTextA(shared.preview.panel, IDC_BTN_CHANGE_VIEW, label);
+    HookView(GetDlgItem(shared.preview.panel, IDC_PIC_MAIN_VIEW), context,
              ViewOf(views->types[index]));
-    HookView(GetDlgItem(shared.viewPanel, IDC_PIC_SUB_VIEW), context, kStrip);
+    HookView(GetDlgItem(shared.preview.panel, IDC_PIC_SUB_VIEW), context, kStrip);
 }
 
 void RepaintViews(HWND panel) {
@@ -97,7 +95,7 @@ void FitViews(HWND panel) {
 }
 
 void SwitchView(SheetContext& context) {
-    context.shared->viewIndex = 1 - context.shared->viewIndex;
+    context.shared->preview.viewIndex = 1 - context.shared->preview.viewIndex;
     ShowView(context);
 }
 
@@ -111,7 +109,7 @@ INT_PTR CALLBACK PanelProc(HWND panel, UINT message, WPARAM wParam, LPARAM lPara
             if (LOWORD(wParam) != IDC_BTN_CHANGE_VIEW || HIWORD(wParam) != BN_CLICKED) return FALSE;
             SwitchView(*ContextOf(panel));
             return TRUE;
-        case kMessageRedraw:
+        case kMessageRefreshAll:
             RepaintViews(panel);
             return TRUE;
         default:
@@ -123,53 +121,53 @@ INT_PTR CALLBACK PanelProc(HWND panel, UINT message, WPARAM wParam, LPARAM lPara
 
 void CreateSharedView(SheetContext& context) {
     SharedSheet& shared = *context.shared;
-    if (shared.viewPanel != nullptr) return;
-    shared.viewPanel = CreateDialogParamA(context.resources, "DLGCOMMONVIEW", context.page, PanelProc,
-                                          reinterpret_cast<LPARAM>(&context));
-    if (shared.viewPanel == nullptr) {
+    if (shared.preview.panel != nullptr) return;
+    shared.preview.panel = CreateDialogParamA(context.resources, "DLGCOMMONVIEW", context.page,
+                                              PanelProc, reinterpret_cast<LPARAM>(&context));
+    if (shared.preview.panel == nullptr) {
         ShowMessage(context.page, "CommonViewDialog Failed", "CreateDialog Result", MB_OK);
     }
 }
 
 void ShowViewKind(SheetContext& context, ViewKind kind) {
-    context.shared->viewIndex = kind == kViewDevice ? 1 : 0;
-    context.shared->pageKind = kind;
+    context.shared->preview.viewIndex = kind == kViewDevice ? 1 : 0;
+    context.shared->preview.pageKind = kind;
     ShowView(context);
 }
 
 void AttachSharedView(SheetContext& context) {
     SharedSheet& shared = *context.shared;
-    shared.viewPage = context.page;
-    for (const HWND window : {shared.viewPanel, shared.savedSettingsStrip}) {
+    shared.preview.page = context.page;
+    for (const HWND window : {shared.preview.panel, shared.saved.strip}) {
         if (window == nullptr) continue;
         if (GetParent(window) != context.page) SetParent(window, context.page);
         ShowWindow(window, SW_SHOW);
     }
-    if (shared.viewPanel != nullptr) {
+    if (shared.preview.panel != nullptr) {
         // Last in the tab order: a page's first control gets the focus when the page comes up.
-        SetWindowPos(shared.viewPanel, HWND_BOTTOM, 0, 0, 0, 0,
+        SetWindowPos(shared.preview.panel, HWND_BOTTOM, 0, 0, 0, 0,
                      SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-        SetWindowLongPtrA(shared.viewPanel, DWLP_USER, reinterpret_cast<LONG_PTR>(&context));
+        SetWindowLongPtrA(shared.preview.panel, DWLP_USER, reinterpret_cast<LONG_PTR>(&context));
     }
-    if (shared.pageKind == 0) shared.pageKind = kViewPage;
+    if (shared.preview.pageKind == 0) shared.preview.pageKind = kViewPage;
     ShowView(context);
 }
 
 void UpdateSharedView(SheetContext& context) {
-    if (context.shared->viewPanel != nullptr) RepaintViews(context.shared->viewPanel);
+    if (context.shared->preview.panel != nullptr) RepaintViews(context.shared->preview.panel);
 }
 
 void DestroySharedView(SharedSheet& shared) {
-    for (HWND* window : {&shared.viewPanel, &shared.savedSettingsStrip}) {
+    for (HWND* window : {&shared.preview.panel, &shared.saved.strip}) {
         if (*window != nullptr) DestroyWindow(*window);
         *window = nullptr;
     }
-    shared.viewPage = nullptr;
+    shared.preview.page = nullptr;
 }
 
 void SetSampleMode(SheetContext& context, SampleMode mode) {
-    if (context.shared->sampleMode == mode) return;
-    context.shared->sampleMode = mode;
+    if (context.shared->preview.sampleMode == mode) return;
+    context.shared->preview.sampleMode = mode;
     UpdateSharedView(context);
 }
 

@@ -6,10 +6,9 @@
 
 namespace kvui {
 
-// Which two views a page offers. A page of kind 0 leaves the panel where it is; one that keeps the view
-// takes the panel over as the page before left it.
+// Which two views a page offers. Pages without views of their own leave the panel as it is.
 enum ViewKind : int {
-    kViewKept = -1,
+    kViewNone = 0,
     kViewPage = 1,
     kViewWatermark = 2,
     kViewQuality = 3,

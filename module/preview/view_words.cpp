@@ -122,7 +122,7 @@ void DescribePaper(const SheetContext& context, char* text, std::size_t size) {
 }
 
 void DescribeColourSample(const SheetContext& context, char* text, std::size_t size) {
-    const bool grey = context.shared->sampleMode == kSampleMonochrome;
+    const bool grey = context.shared->preview.sampleMode == kSampleMonochrome;
     Sentence sentence(context, text, size);
     sentence.Add(IDS_WORDS_SAMPLE);
     sentence.Add(grey ? IDS_WORDS_GRAYSCALE : IDS_WORDS_COLOUR);

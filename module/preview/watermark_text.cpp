@@ -94,7 +94,7 @@ POINT WatermarkOrigin(POINT centre, int fontHeight, const WatermarkRecord& recor
 }
 
 WatermarkPen::WatermarkPen(SheetContext& context) : context_(context) {
-    const ListHandle list = context.shared->lists[kListWatermark];
+    const ListHandle list = context.shared->lists.handles[kListWatermark];
     if (list == nullptr || !QDMMLTGetWatermarkWithID(list, context.printer, &record_,
                                                      context.privateSettings->mdmWatermark)) {
         return;

@@ -1,16 +1,15 @@
-// The conflicts dialog, exported as DlgProcConflicts, and the skeleton it shares with the question
-// about installed options. AskConflictResolution runs it over the report it has filled.
+// The conflicts dialog, exported as DlgProcConflicts. AskConflictResolution runs it over the report
+// it has filled.
 #include "rules/conflict_dialog.h"
 
 #include <cstring>
 
+#include "dialog/texts.h"
 #include "exports.h"
 #include "resources/resource.h"
 #include "resources/string_ids.h"
 #include "rules/conflicts.h"
 #include "sheet/fixed_text.h"
-#include "ui/dialog_messages.h"
-#include "ui/page_skeleton.h"
 
 namespace kvui {
 namespace {
@@ -31,8 +30,10 @@ void ShowUnresolvable(const SheetContext& context, HWND dialog) {
     EnableWindow(GetDlgItem(dialog, IDC_BTN_CONFLICT_RESOLVE), FALSE);
 }
 
-void FillConflicts(SheetContext& context, HWND dialog) {
-    const ConflictReport& report = context.shared->report;
+void ShowConflicts(Run& run) {
+    if (run.context.shared == nullptr) return;
+    const HWND dialog = run.window;
+    const ConflictReport& report = run.context.shared->report;
     const PlainName trigger(report.triggerName);
     const PlainName target(report.targetName);
     SetDlgItemTextA(dialog, IDC_ST_TRIGGER_NAME, trigger.text);
@@ -41,18 +42,11 @@ void FillConflicts(SheetContext& context, HWND dialog) {
     SetDlgItemTextA(dialog, IDC_ST_TARGET_SELECTION, report.targetCurrent);
     SetDlgItemTextA(dialog, IDC_ST_NEW_NAME, target.text);
     SetDlgItemTextA(dialog, IDC_ST_NEW_SELECTION, report.targetNew);
-    if (report.targetNew[0] == '\0') ShowUnresolvable(context, dialog);
+    if (report.targetNew[0] == '\0') ShowUnresolvable(run.context, dialog);
 }
 
-constexpr ConflictDialogTraits kConflicts = {"_CONFLICTS", IDS_TITLE_CONFLICTS,
-                                             IDC_BTN_CONFLICT_RESOLVE, FillConflicts};
-
-void SetTitle(const SheetContext& context, HWND dialog, UINT titleId) {
-    char title[64];
-    if (LoadStringA(context.strings, titleId, title, sizeof title) != 0) {
-        SetWindowTextA(dialog, title);
-    }
-}
+constexpr DialogDefinition kConflicts =
+    ConflictDialog("_CONFLICTS", IDC_BTN_CONFLICT_RESOLVE, InOrder<SetCaptions, ShowConflicts>);
 
 // The installed-options lists hold several entries of one word; what the user chose is the entry.
 LONG ShownTriggerValue(HWND page, DWORD triggerId, LONG value) {
@@ -66,34 +60,10 @@ LONG ShownTriggerValue(HWND page, DWORD triggerId, LONG value) {
 
 }  // namespace
 
-INT_PTR RunConflictDialog(const ConflictDialogTraits& traits, HWND dialog, UINT message,
-                          WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-        case WM_INITDIALOG: {
-            SheetContext* context = KeepSheetContext(dialog, message, lParam);
-            if (context == nullptr || context->shared == nullptr) return TRUE;
-            SetTitle(*context, dialog, traits.titleId);
-            SetChildCaptions(*context, dialog);
-            traits.fill(*context, dialog);
-            return TRUE;
-        }
-        case WM_HELP:
-            return TRUE;
-        case WM_COMMAND: {
-            const int id = LOWORD(wParam);
-            if (id != traits.resolveButton && id != IDCANCEL) return FALSE;
-            EndDialog(dialog, id == IDCANCEL ? kConflictCancelled : kConflictResolved);
-            return TRUE;
-        }
-        default:
-            return FALSE;
-    }
-}
-
-int AskInConflictDialog(const ConflictDialogTraits& traits, HWND owner, SheetContext& context,
+int AskInConflictDialog(const DialogDefinition& definition, HWND owner, SheetContext& context,
                         DLGPROC procedure) {
-    const INT_PTR result = DialogBoxParamA(context.resources, traits.templateName, owner, procedure,
-                                           reinterpret_cast<LPARAM>(&context));
+    const INT_PTR result = DialogBoxParamA(context.resources, definition.templateName, owner,
+                                           procedure, reinterpret_cast<LPARAM>(&context));
     return static_cast<int>(result == kConflictResolved ? kConflictResolved : kConflictCancelled);
 }
 
@@ -116,5 +86,5 @@ int AskConflictResolution(HWND page, SheetContext& context, LONG /*targetNegate*
 }  // namespace kvui
 
 INT_PTR CALLBACK DlgProcConflicts(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    return kvui::RunConflictDialog(kvui::kConflicts, dialog, message, wParam, lParam);
+    return kvui::RunDialog(kvui::kConflicts, dialog, message, wParam, lParam);
 }

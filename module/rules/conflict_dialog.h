@@ -4,25 +4,24 @@
 
 #include <windows.h>
 
-#include "sheet/sheet_context.h"
+#include "dialog/dialog_definition.h"
 
 namespace kvui {
 
 constexpr INT_PTR kConflictResolved = 1;
 constexpr INT_PTR kConflictCancelled = 2;
 
-struct ConflictDialogTraits {
-    const char* templateName;
-    UINT titleId;
-    int resolveButton;
-    void (*fill)(SheetContext&, HWND dialog);
-};
-
-INT_PTR RunConflictDialog(const ConflictDialogTraits& traits, HWND dialog, UINT message,
-                          WPARAM wParam, LPARAM lParam);
+// `open` shows what the report says. There is no help about such a question.
+constexpr DialogDefinition ConflictDialog(const char* templateName, int resolveButton, Step open) {
+    return {.templateName = templateName,
+            .ok = {resolveButton, kConflictResolved},
+            .cancel = {IDCANCEL, kConflictCancelled},
+            .open = open,
+            .popupHelp = Nothing};
+}
 
 // Runs the dialog modally; kConflictCancelled also when it cannot be shown.
-int AskInConflictDialog(const ConflictDialogTraits& traits, HWND owner, SheetContext& context,
+int AskInConflictDialog(const DialogDefinition& definition, HWND owner, SheetContext& context,
                         DLGPROC procedure);
 
 }  // namespace kvui

@@ -44,7 +44,7 @@ void DescribePaper(SheetContext& context, DWORD controlId, LONG code, char* text
 // use.
 void DescribeBin(SheetContext& context, DWORD /*controlId*/, LONG identifier, char* text) {
     for (const SheetList which : {kListBin0, kListBin1}) {
-        const ListHandle bins = context.shared->lists[which];
+        const ListHandle bins = context.shared->lists.handles[which];
         const int count = bins != nullptr ? QDMMLTGetBinNum(bins, context.printer) : 0;
         if (count <= 0) continue;
         std::vector<BinRecord> records(static_cast<size_t>(count));

@@ -103,7 +103,7 @@ const GrayOutEntry* EntryNamed(const GrayOutIndex& index, const char* name) {
 
 int ApplyGrayOutIndex(SheetContext& context, HWND dialog, const ControlItem& item) {
     if (context.shared == nullptr) return 0;
-    const LockedBlock<GrayOutIndex> index(context.shared->grayOutIndex);
+    const LockedBlock<GrayOutIndex> index(context.shared->rules.grayOutIndex);
     const size_t row = RowOf(item);
     if (!index || row == kCatalogueSize) return 0;
     const GrayOutPlan* plan = GrayOutPlanOf(context, *index.get());
@@ -126,7 +126,7 @@ int ApplyGrayOutIndex(SheetContext& context, HWND dialog, const ControlItem& ite
 int GrayButtonsByList(SheetContext& context, HWND dialog, const char* itemName, LONG value,
                       DWORD controlId, const char* listName) {
     if (context.shared == nullptr) return 0;
-    const LockedBlock<GrayOutIndex> index(context.shared->grayOutIndex);
+    const LockedBlock<GrayOutIndex> index(context.shared->rules.grayOutIndex);
     const GrayOutEntry* entry = index ? EntryNamed(*index.get(), itemName) : nullptr;
     if (entry == nullptr) return 0;
 

@@ -63,8 +63,8 @@ void ParseRulesOfControl(SheetContext& context, ControlRules& into) {
 }
 
 ParsedRules& ParsedRulesOf(SharedSheet& shared) {
-    if (shared.parsedRules == nullptr) shared.parsedRules = new ParsedRules;
-    return *shared.parsedRules;
+    if (shared.rules.parsed == nullptr) shared.rules.parsed = new ParsedRules;
+    return *shared.rules.parsed;
 }
 
 bool IsPrefix(const char* prefix, const char* text) {
@@ -115,7 +115,7 @@ LONG ForcedValueOf(SheetContext& context, const RuleTarget& target) {
 }
 
 const ControlRules* RulesOfControl(SheetContext& context, DWORD controlId) {
-    if (context.shared == nullptr || context.shared->rulesCache == nullptr) return nullptr;
+    if (context.shared == nullptr || context.shared->rules.cache == nullptr) return nullptr;
     ParsedRules& parsed = ParsedRulesOf(*context.shared);
     const auto found = parsed.controls.find(controlId);
     if (found != parsed.controls.end()) return &found->second;
@@ -136,8 +136,8 @@ const GrayOutPlan* GrayOutPlanOf(SheetContext& context, const GrayOutIndex& inde
 }
 
 void FreeParsedRules(SharedSheet& shared) {
-    delete shared.parsedRules;
-    shared.parsedRules = nullptr;
+    delete shared.rules.parsed;
+    shared.rules.parsed = nullptr;
 }
 
 }  // namespace kvui

@@ -94,9 +94,9 @@ void IndexLine(SheetContext& context, GrayOutIndex& index, const char* line) {
 
 void LoadRulesCache(SheetContext& context) {
     SharedSheet& shared = *context.shared;
-    if (shared.rulesCache != nullptr) return;
-    shared.rulesCache = GlobalAlloc(GHND, kCacheBlockSize);
-    const LockedBlock<RulesSection> sections(shared.rulesCache);
+    if (shared.rules.cache != nullptr) return;
+    shared.rules.cache = GlobalAlloc(GHND, kCacheBlockSize);
+    const LockedBlock<RulesSection> sections(shared.rules.cache);
     if (!sections) return;
     RulesSection* section = sections.get();
     for (const char* name : kCachedSections) FillSection(*section++, name);
@@ -105,9 +105,9 @@ void LoadRulesCache(SheetContext& context) {
 
 void BuildGrayOutIndex(SheetContext& context) {
     SharedSheet& shared = *context.shared;
-    if (shared.grayOutIndex != nullptr) return;
-    shared.grayOutIndex = GlobalAlloc(GHND, sizeof(GrayOutIndex));
-    const LockedBlock<GrayOutIndex> index(shared.grayOutIndex);
+    if (shared.rules.grayOutIndex != nullptr) return;
+    shared.rules.grayOutIndex = GlobalAlloc(GHND, sizeof(GrayOutIndex));
+    const LockedBlock<GrayOutIndex> index(shared.rules.grayOutIndex);
     if (!index) return;
     const SectionLines lines("ConflictConditions");
     for (const char* line = lines.text; *line != '\0'; line = NextLine(line)) {
@@ -117,10 +117,10 @@ void BuildGrayOutIndex(SheetContext& context) {
 
 void FreeRulesCaches(SharedSheet& shared) {
     FreeParsedRules(shared);
-    if (shared.rulesCache != nullptr) GlobalFree(shared.rulesCache);
-    if (shared.grayOutIndex != nullptr) GlobalFree(shared.grayOutIndex);
-    shared.rulesCache = nullptr;
-    shared.grayOutIndex = nullptr;
+    if (shared.rules.cache != nullptr) GlobalFree(shared.rules.cache);
+    if (shared.rules.grayOutIndex != nullptr) GlobalFree(shared.rules.grayOutIndex);
+    shared.rules.cache = nullptr;
+    shared.rules.grayOutIndex = nullptr;
 }
 
 void LookupCachedValue(SheetContext& context, const char* section, const char* key,
@@ -128,7 +128,7 @@ void LookupCachedValue(SheetContext& context, const char* section, const char* k
     constexpr size_t kValueSize = sizeof RulesRecord::value;
     CopyText(value, kValueSize, defaultText);
     if (context.shared == nullptr) return;
-    const LockedBlock<RulesSection> sections(context.shared->rulesCache);
+    const LockedBlock<RulesSection> sections(context.shared->rules.cache);
     if (!sections) return;
     for (const RulesSection* at = sections.get(); at->name[0] != '\0'; ++at) {
         if (std::strcmp(at->name, section) != 0) continue;

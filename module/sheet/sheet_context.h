@@ -38,25 +38,49 @@ struct ConflictReport {
 // A question that is asked at most once per sheet.
 enum SheetAnswer : int { kAnswerUnknown, kAnswerNo, kAnswerYes };
 
-// One per property sheet. HostUiBlock::sharedView is its memory handle.
-struct SharedSheet {
-    int pageCount;           // pages alive; the last one frees this block
+// The sheet's pages, and what is asked at most once for all of them (ui/sheet_life).
+struct SheetLife {
+    int pageCount;     // pages alive; the last one frees the shared block
+    BOOL initialised;  // LoadSheetRules has run
+    BOOL active;       // the sheet end has work to do
     SheetAnswer dataWritable;
     SheetAnswer networkPrinter;  // PRINTER_ATTRIBUTE_NETWORK
-    BOOL initialised;        // LoadSheetRules has run
-    BOOL active;             // companion flag: the sheet end has work to do
-    HGLOBAL rulesCache;      // RulesCache
-    HGLOBAL grayOutIndex;    // GrayOutIndex
-    ParsedRules* parsedRules;  // conflict rules by control, parsed at first use; owned
-    ListHandle lists[kListCount];
-    BOOL commitList[kListCount];
-    HWND viewPanel;          // the shared preview panel, null until there is one
-    HWND savedSettingsStrip;
-    HWND viewPage;           // the page that holds the shared view
-    int pageKind;            // which views the active page offers (1 page, 2 watermark, 3 quality,
-                             // 4 printer figure); 0 before any page asked
-    int viewIndex;           // which of the page kind's two views the panel shows, 0 or 1
-    int sampleMode;          // colour sample of the quality view: SampleMode
+};
+
+// What is made from the rules file (rules/).
+struct SheetRules {
+    HGLOBAL cache;         // RulesCache
+    HGLOBAL grayOutIndex;  // GrayOutIndex
+    ParsedRules* parsed;   // conflict rules by control, parsed at first use; owned
+};
+
+// Working copies of the lists, by SheetList (lists/).
+struct SheetLists {
+    ListHandle handles[kListCount];
+    BOOL commit[kListCount];  // the sheet end writes the list instead of dropping it
+};
+
+// The panel that the pages hand on (preview/).
+struct SheetPreview {
+    HWND panel;      // null until there is one
+    HWND page;       // that holds it
+    int pageKind;    // ViewKind of the active page; 0 before any page asked
+    int viewIndex;   // which of the page kind's two views the panel shows, 0 or 1
+    int sampleMode;  // colour sample of the quality view: SampleMode
+};
+
+// The strip of saved settings, which goes with the panel.
+struct SheetSaved {
+    HWND strip;
+};
+
+// One per property sheet, by who owns what. HostUiBlock::sharedView is its memory handle.
+struct SharedSheet {
+    SheetLife life;
+    SheetRules rules;
+    SheetLists lists;
+    SheetPreview preview;
+    SheetSaved saved;
     ConflictReport report;
 };
 

@@ -11,64 +11,66 @@
 #include "binding/control_fill.h"
 #include "binding/notification.h"
 #include "device/printer_port.h"
-#include "dialog/help.h"
+#include "dialog/dialog_definition.h"
 #include "exports.h"
 #include "resources/picture_ids.h"
 #include "resources/resource.h"
 #include "settings/dialog_procedures.h"
 #include "settings/reactor.h"
+#include "sheet/messages.h"
 #include "sheet/printer_values.h"
 #include "sheet/snapshot.h"
-#include "ui/dialog_messages.h"
-#include "ui/page_skeleton.h"
-#include "ui/page_table.h"
-#include "ui/sub_dialog_skeleton.h"
+#include "ui/page_definition.h"
 
 namespace kvui {
 namespace {
 
-constexpr UINT kMessageFirstActivation = WM_USER + 2;
 constexpr DWORD kBasicTailSize = 16;
 constexpr DWORD kMediaPlain = 1;
-constexpr int kHelpFirstPage = 5119;
 
 // Armed when a Basic page is initialised, used by the next activation; shared by all sheets.
 bool firstActivationArmed = false;
 
-void OnInit(SheetContext& context) {
-    context.privateSettings->mdmOtherSettings |= kOtherAllPaperSize;
-    ShowWindow(GetDlgItem(context.page, IDC_CHK_ALL_PAPER_SIZE), SW_HIDE);
-    if ((context.flags & kSheetDataNotWritable) ||
-        !CanOpenPrinter(context, PRINTER_ACCESS_ADMINISTER | PRINTER_ACCESS_USE)) {
-        ShowWindow(GetDlgItem(context.page, IDC_BTN_CUSTOM_PAPER), SW_HIDE);
+void OfferAllPapers(Run& run) {
+    run.context.privateSettings->mdmOtherSettings |= kOtherAllPaperSize;
+    ShowWindow(GetDlgItem(run.window, IDC_CHK_ALL_PAPER_SIZE), SW_HIDE);
+}
+
+void HideCustomPaper(Run& run) {
+    if ((run.context.flags & kSheetDataNotWritable) ||
+        !CanOpenPrinter(run.context, PRINTER_ACCESS_ADMINISTER | PRINTER_ACCESS_USE)) {
+        ShowWindow(GetDlgItem(run.window, IDC_BTN_CUSTOM_PAPER), SW_HIDE);
     }
+}
+
+void ArmFirstActivation(Run& /*run*/) {
     firstActivationArmed = true;
 }
 
-void OnActivate(SheetContext& context) {
+void PostFirstActivation(Run& run) {
     if (!firstActivationArmed) return;
     firstActivationArmed = false;
-    PostMessageA(context.page, kMessageFirstActivation, 0, 0);
+    PostMessageA(run.window, kMessageFirstActivation, 0, 0);
 }
 
 // Sending once makes sense only for collated copies; the box follows the digits as they are typed.
-void OnCommand(SheetContext& context, DWORD id, WORD code) {
-    const bool tracked = id == IDC_EDIT_COPIES || id == IDC_EDIT_SCALING ||
-                         id == IDC_EDIT_OFFSET_X || id == IDC_EDIT_OFFSET_Y;
-    if (!tracked || code != EN_UPDATE || !(context.flags & kSheetTyping)) return;
+void FollowTypedCopies(Run& run) {
+    const bool tracked = run.id == IDC_EDIT_COPIES || run.id == IDC_EDIT_SCALING ||
+                         run.id == IDC_EDIT_OFFSET_X || run.id == IDC_EDIT_OFFSET_Y;
+    if (!tracked || run.code != EN_UPDATE || !(run.context.flags & kSheetTyping)) return;
     char text[16] = "";
-    GetDlgItemTextA(context.page, IDC_EDIT_COPIES, text, sizeof text);
-    if (text[0] == '\0' || !(context.privateSettings->mdmCollate & 1)) return;
-    EnableWindow(GetDlgItem(context.page, IDC_CHK_TRANSMIT_ONCE), std::atol(text) > 1);
+    GetDlgItemTextA(run.window, IDC_EDIT_COPIES, text, sizeof text);
+    if (text[0] == '\0' || !(run.context.privateSettings->mdmCollate & 1)) return;
+    EnableWindow(GetDlgItem(run.window, IDC_CHK_TRANSMIT_ONCE), std::atol(text) > 1);
 }
 
-void OnDefaults(SheetContext& context) {
-    context.privateSettings->mdmFirstPageMedia = kMediaPlain;
+void UsePlainFirstPage(Run& run) {
+    run.context.privateSettings->mdmFirstPageMedia = kMediaPlain;
 }
 
-void OnChanged(SheetContext& context, DWORD /*id*/) {
-    if (context.privateSettings->mdmNup != kNupOff) return;
-    const HWND combo = GetDlgItem(context.shared->viewPage, IDC_COMBO_NUP);
+void ShowOnePagePerSheet(Run& run) {
+    if (run.context.privateSettings->mdmNup != kNupOff) return;
+    const HWND combo = GetDlgItem(run.context.shared->preview.page, IDC_COMBO_NUP);
     if (combo != nullptr) SendMessageA(combo, CB_SETCURSEL, 0, 0);
 }
 
@@ -81,10 +83,9 @@ void FinishEdit(SheetContext& context, DWORD id, DWORD stored) {
 }
 
 // OK may be pressed while an edit still has the focus.
-void OnApply(SheetContext& context) {
-    FinishEdit(context, IDC_EDIT_COPIES, static_cast<DWORD>(context.settings->dmCopies));
-    FinishEdit(context, IDC_EDIT_SCALING, context.privateSettings->mdmScaleSize);
-    React(context, 0, ReactScope::kWholePage);
+void FinishEdits(Run& run) {
+    FinishEdit(run.context, IDC_EDIT_COPIES, static_cast<DWORD>(run.context.settings->dmCopies));
+    FinishEdit(run.context, IDC_EDIT_SCALING, run.context.privateSettings->mdmScaleSize);
 }
 
 void DrawPaperMarker(const SheetContext& context, HWND control, HDC dc) {
@@ -106,67 +107,61 @@ void DrawPaperMarker(const SheetContext& context, HWND control, HDC dc) {
     if (mask != nullptr) DeleteObject(mask);
 }
 
-bool OnPaintStatic(SheetContext& context, HWND control, HDC dc) {
-    if (GetDlgCtrlID(control) != IDC_PAPER_MARKER) return false;
-    DrawPaperMarker(context, control, dc);
-    return true;
+void PaintPaperMarker(Run& run) {
+    const HWND control = reinterpret_cast<HWND>(run.lParam);
+    if (GetDlgCtrlID(control) != IDC_PAPER_MARKER) {
+        run.answer = FALSE;
+        return;
+    }
+    DrawPaperMarker(run.context, control, reinterpret_cast<HDC>(run.wParam));
+    run.answer = reinterpret_cast<INT_PTR>(GetStockObject(NULL_BRUSH));
 }
 
-bool OnMessage(SheetContext& context, UINT message, WPARAM, LPARAM) {
-    if (message != kMessageFirstActivation) return false;
-    printerQueryable = ClassifyPrinterPort(context, nullptr);
-    return true;
+void ClassifyPort(Run& run) {
+    printerQueryable = ClassifyPrinterPort(run.context, nullptr);
 }
 
-const PageTraits kBasicPage = {
+const PageDefinition kBasicPage = {
     .dialogName = "DLGTAB0",
     .helpTopic = 1101,
-    .viewKind = kViewPage,
-    .features = kKeepsChanges | kOrdinaryPage,
+    .view = kViewPage,
     .tailSize = kBasicTailSize,
-    .onInit = OnInit,
-    .onActivate = OnActivate,
-    .onCommand = OnCommand,
-    .onDefaults = OnDefaults,
-    .onChanged = OnChanged,
-    .onApply = OnApply,
-    .onPaintStatic = OnPaintStatic,
-    .onMessage = OnMessage,
+    .open =
+        InOrder<kBeginOpening, OfferAllPapers, HideCustomPaper, ArmFirstActivation, kEndOpening>,
+    .activate = InOrder<kActivate, PostFirstActivation>,
+    .command = InOrder<RouteOrDefaults, FollowTypedCopies, IfChanged<kTakeAndRefresh>>,
+    .take = InOrder<React, TellSheet, IfDefaults<ApplyDefaults, UsePlainFirstPage>, Keep,
+                    ShowOnePagePerSheet>,
+    .apply = InOrder<FinishEdits, ReactToAll, Keep>,
+    .paintStatic = PaintPaperMarker,
+    .firstActivation = ClassifyPort,
 };
 
-constexpr char kFirstPageTemplate[] = "_LBPFIRSTPAGE";
+// First Page: its commands are routed like a page's; Cancel undoes the box that opened it.
+constexpr DialogDefinition kFirstPage = {
+    .templateName = "_LBPFIRSTPAGE",
+    .dialogName = "_LBPFIRSTPAGE",
+    .helpTopic = 5119,
+    .ok = {IDOK, 1},
+    .cancel = {IDCANCEL, 0, Restore},
+    .open = InOrder<FillInTableOrder, SetCaptions, Keep>,
+    .command = InOrder<Route, IfChanged<RefreshControls>>,
+};
 
-void OnFirstPageInit(SheetContext& context, HWND dialog) {
-    SetSubDialogTitle(context, dialog, kFirstPageTemplate);
-    InitialiseInTableOrder(context, dialog, kFirstPageTemplate);
-    SetChildCaptions(context, dialog);
-    TakeSnapshot(context);
-}
-
-void OnFirstPageCommand(SheetContext& context, HWND dialog, HWND control, WPARAM wParam) {
-    switch (LOWORD(wParam)) {
-        case IDOK:
-            EndDialog(dialog, 1);
-            return;
-        case IDCANCEL:
-            RestoreSnapshot(context);
-            EndDialog(dialog, 0);
-            return;
-        case IDHELP:
-            ShowPageHelp(context, dialog, kHelpFirstPage);
-            return;
-        default:
-            break;
-    }
-    const RouteResult result = RouteCommand(context, dialog, control, wParam);
-    RefreshDialog(context, result.changed ? SettingChanged::kYes : SettingChanged::kNo, dialog,
-                  kFirstPageTemplate);
-}
+constexpr DialogDefinition kPaperSourceDetails = {
+    .templateName = "_DLGTAB00",
+    .dialogName = "DLGTAB00",
+    .helpTopic = 1104,
+    .ok = {IDOK, 1},
+    .cancel = {IDCANCEL, 1, Restore},
+    .open = InOrder<kOpenDialog, Refresh>,
+    .command = kDialogCommand,
+    .refresh = RefreshControls,
+};
 
 }  // namespace
 
 INT_PTR CALLBACK FirstPageDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    static constexpr DialogHandlers kFirstPage = {OnFirstPageInit, OnFirstPageCommand};
     return RunDialog(kFirstPage, dialog, message, wParam, lParam);
 }
 
@@ -177,6 +172,5 @@ INT_PTR CALLBACK DDMTAB0(HWND page, UINT message, WPARAM wParam, LPARAM lParam) 
 }
 
 INT_PTR CALLBACK DDMTAB00(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    static const kvui::SubDialogTraits kPaperSourceDetail = {"_DLGTAB00", "DLGTAB00", 1104};
-    return kvui::RunSubDialog(kPaperSourceDetail, dialog, message, wParam, lParam);
+    return kvui::RunDialog(kvui::kPaperSourceDetails, dialog, message, wParam, lParam);
 }

@@ -4,7 +4,7 @@
 
 #include "binding/control_fill.h"
 #include "binding/notification.h"
-#include "dialog/help.h"
+#include "dialog/dialog_definition.h"
 #include "preview/page_grid.h"
 #include "preview/shared_view.h"
 #include "resources/resource.h"
@@ -12,17 +12,11 @@
 #include "settings/dialog_procedures.h"
 #include "settings/reactor.h"
 #include "sheet/snapshot.h"
-#include "ui/dialog_messages.h"
-#include "ui/entry_drawing.h"
-#include "ui/page_skeleton.h"
-#include "ui/page_table.h"
+#include "ui/steps.h"
 
 namespace kvui {
 namespace {
 
-constexpr char kTemplate[] = "_DLGCOMBINATION";
-constexpr char kDialogName[] = "DLGCOMBINATION";
-constexpr int kHelpTopic = 1102;
 constexpr SHORT kPortrait = 1;
 constexpr char kBindingAtOpening[] = "KVBindingAtOpening";
 
@@ -51,19 +45,19 @@ DWORD OrderComboOf(const SheetContext& context) {
     }
 }
 
-void ShowOrderCombo(const SheetContext& context, HWND dialog) {
-    const DWORD wanted = OrderComboOf(context);
+void ShowOrderCombo(Run& run) {
+    const DWORD wanted = OrderComboOf(run.context);
     for (const DWORD id : kOrderCombos) {
-        ShowWindow(GetDlgItem(dialog, static_cast<int>(id)), id == wanted ? SW_SHOW : SW_HIDE);
+        ShowWindow(GetDlgItem(run.window, static_cast<int>(id)), id == wanted ? SW_SHOW : SW_HIDE);
     }
 }
 
 // An order that was chosen for more pages may be none that two pages can have; the preview then
 // goes by the side on which the first one lies, and so does the list.
-void SelectDrawnOrder(const SheetContext& context, HWND dialog) {
-    if (OrderComboOf(context) != IDC_COMBO_ORDER_ACROSS) return;
-    const HWND combo = GetDlgItem(dialog, IDC_COMBO_ORDER_ACROSS);
-    const DWORD drawn = context.privateSettings->mdmNupStyle & kOrderFromRight;
+void SelectDrawnOrder(Run& run) {
+    if (OrderComboOf(run.context) != IDC_COMBO_ORDER_ACROSS) return;
+    const HWND combo = GetDlgItem(run.window, IDC_COMBO_ORDER_ACROSS);
+    const DWORD drawn = run.context.privateSettings->mdmNupStyle & kOrderFromRight;
     for (LRESULT i = SendMessageA(combo, CB_GETCOUNT, 0, 0) - 1; i >= 0; --i) {
         if (static_cast<DWORD>(SendMessageA(combo, CB_GETITEMDATA, static_cast<WPARAM>(i), 0)) ==
             drawn) {
@@ -73,27 +67,34 @@ void SelectDrawnOrder(const SheetContext& context, HWND dialog) {
 }
 
 // The shown list tells what holds from now on.
-void StoreShownOrder(SheetContext& context, HWND dialog) {
-    PrivateDevmode& settings = *context.privateSettings;
-    const DWORD id = OrderComboOf(context);
-    const LRESULT value = SelectedData(GetDlgItem(dialog, static_cast<int>(id)));
+void StoreShownOrder(Run& run) {
+    PrivateDevmode& settings = *run.context.privateSettings;
+    const DWORD id = OrderComboOf(run.context);
+    const LRESULT value = SelectedData(GetDlgItem(run.window, static_cast<int>(id)));
     if (value < 0) return;
     (id == IDC_COMBO_BOOKLET ? settings.mdmDuplexMode : settings.mdmNupStyle) =
         static_cast<DWORD>(value);
 }
 
+void ChangeOrders(Run& run) {
+    if (run.id != IDC_COMBO_NUP) return;
+    ShowOrderCombo(run);
+    StoreShownOrder(run);
+}
+
 // The order lists store over the border's bit of the same word.
-void FollowBorderBox(SheetContext& context, HWND dialog) {
-    DWORD& style = context.privateSettings->mdmNupStyle;
-    const bool border = IsDlgButtonChecked(dialog, IDC_CHK_NUP_BORDER) == BST_CHECKED;
+void FollowBorderBox(Run& run) {
+    DWORD& style = run.context.privateSettings->mdmNupStyle;
+    const bool border = IsDlgButtonChecked(run.window, IDC_CHK_NUP_BORDER) == BST_CHECKED;
     style = border ? style | kNupBorder : style & ~kNupBorder;
 }
 
-void RemoveEntriesWithoutDetails(const SheetContext& context, HWND combo) {
+void RemoveEntriesWithoutDetails(Run& run) {
+    const HWND combo = GetDlgItem(run.window, IDC_COMBO_NUP);
     const LRESULT chosen = SelectedData(combo);
     for (const UINT caption : kEntriesWithoutDetails) {
         char text[128] = "";
-        if (LoadStringA(context.strings, caption, text, sizeof text) == 0) continue;
+        if (LoadStringA(run.context.strings, caption, text, sizeof text) == 0) continue;
         const LRESULT index = SendMessageA(combo, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
                                            reinterpret_cast<LPARAM>(text));
         if (index >= 0) SendMessageA(combo, CB_DELETESTRING, static_cast<WPARAM>(index), 0);
@@ -108,96 +109,84 @@ void RemoveEntriesWithoutDetails(const SheetContext& context, HWND combo) {
     SendMessageA(combo, CB_SETCURSEL, static_cast<WPARAM>(index), 0);
 }
 
-void RedrawPreview(HWND dialog) {
-    InvalidateRect(GetDlgItem(dialog, IDC_PIC_MAIN_VIEW), nullptr, FALSE);
+void RedrawPreview(Run& run) {
+    InvalidateRect(GetDlgItem(run.window, IDC_PIC_MAIN_VIEW), nullptr, FALSE);
 }
 
-void OnInitDialog(SheetContext& context, HWND dialog) {
-    PrivateDevmode& settings = *context.privateSettings;
-    TakeSnapshot(context);
-    // Filling compares whole words, and lists that do not offer the stored value store another:
-    // the border's bit steps aside, and both words are put back afterwards.
+// Filling compares whole words, and lists that do not offer the stored value store another: the
+// border's bit steps aside, and both words are put back afterwards.
+void FillBesideBorder(Run& run) {
+    PrivateDevmode& settings = *run.context.privateSettings;
     const DWORD style = settings.mdmNupStyle;
     const DWORD binding = settings.mdmDuplexMode;
-    SetPropA(dialog, kBindingAtOpening, reinterpret_cast<HANDLE>(static_cast<ULONG_PTR>(binding)));
+    SetPropA(run.window, kBindingAtOpening,
+             reinterpret_cast<HANDLE>(static_cast<ULONG_PTR>(binding)));
     settings.mdmNupStyle &= ~kNupBorder;
-    InitialiseInTableOrder(context, dialog, kDialogName);
+    FillInTableOrder(run);
     settings.mdmNupStyle = style;
     settings.mdmDuplexMode = binding;
-    SetSubDialogTitle(context, dialog, kTemplate);
-    SetChildCaptions(context, dialog);
-    CheckDlgButton(dialog, IDC_CHK_NUP_BORDER, style & kNupBorder ? BST_CHECKED : BST_UNCHECKED);
-    ShowOrderCombo(context, dialog);
-    SelectDrawnOrder(context, dialog);
-    HookPaperView(context, GetDlgItem(dialog, IDC_PIC_MAIN_VIEW));
-    RemoveEntriesWithoutDetails(context, GetDlgItem(dialog, IDC_COMBO_NUP));
 }
 
-void OnDefaults(SheetContext& context, HWND dialog) {
-    PrivateDevmode& settings = *context.privateSettings;
+void ShowBorder(Run& run) {
+    const bool border = (run.context.privateSettings->mdmNupStyle & kNupBorder) != 0;
+    CheckDlgButton(run.window, IDC_CHK_NUP_BORDER, border ? BST_CHECKED : BST_UNCHECKED);
+}
+
+void HookPreview(Run& run) {
+    HookPaperView(run.context, GetDlgItem(run.window, IDC_PIC_MAIN_VIEW));
+}
+
+// A refused choice refills the list with every entry.
+void LimitRefilledList(Run& run) {
+    if (run.id == IDC_COMBO_NUP) RemoveEntriesWithoutDetails(run);
+}
+
+void UseDefaultOrder(Run& run) {
+    PrivateDevmode& settings = *run.context.privateSettings;
     for (const DWORD id : kOrderCombos) {
-        SendMessageA(GetDlgItem(dialog, static_cast<int>(id)), CB_SETCURSEL, 0, 0);
+        SendMessageA(GetDlgItem(run.window, static_cast<int>(id)), CB_SETCURSEL, 0, 0);
     }
     settings.mdmNupStyle &= ~(kNupOrderMask | kNupBorder);
-    CheckDlgButton(dialog, IDC_CHK_NUP_BORDER, BST_UNCHECKED);
+    CheckDlgButton(run.window, IDC_CHK_NUP_BORDER, BST_UNCHECKED);
     if (settings.mdmDuplexMode >= kDuplexBookletLeft) {
         const LRESULT first =
-            SendMessageA(GetDlgItem(dialog, IDC_COMBO_BOOKLET), CB_GETITEMDATA, 0, 0);
+            SendMessageA(GetDlgItem(run.window, IDC_COMBO_BOOKLET), CB_GETITEMDATA, 0, 0);
         settings.mdmDuplexMode = first < 0 ? kDuplexBookletLeft : static_cast<DWORD>(first);
     }
-    RedrawPreview(dialog);
 }
 
-void OnControl(SheetContext& context, HWND dialog, HWND control, WPARAM wParam) {
-    const DWORD id = LOWORD(wParam);
-    const RouteResult result = RouteCommand(context, dialog, control, wParam);
-    // A refused choice refills the list with every entry.
-    if (id == IDC_COMBO_NUP) {
-        RemoveEntriesWithoutDetails(context, GetDlgItem(dialog, IDC_COMBO_NUP));
-    }
-    if (!result.handled || !result.changed) return;
-    if (id == IDC_COMBO_NUP) {
-        ShowOrderCombo(context, dialog);
-        StoreShownOrder(context, dialog);
-    }
-    FollowBorderBox(context, dialog);
-    React(context, id, ReactScope::kOneControl);
-    RedrawPreview(dialog);
+// Defaults chooses by itself: nothing is routed or derived.
+void PressDefaults(Run& run) {
+    if (run.id != IDC_DEFAULTS) return;
+    run.over = true;
+    if (run.code != BN_CLICKED) return;
+    UseDefaultOrder(run);
+    RedrawPreview(run);
 }
 
-// The reactor may have limited the snapshot's binding meanwhile.
-void OnCancel(SheetContext& context, HWND dialog) {
-    context.snapshot->ModuleWord(offsetof(PrivateDevmode, mdmDuplexMode)) =
-        static_cast<DWORD>(reinterpret_cast<ULONG_PTR>(GetPropA(dialog, kBindingAtOpening)));
-    RestoreSnapshot(context);
+// The reactor may have limited the binding of the settings' copy meanwhile.
+void RestoreBinding(Run& run) {
+    run.context.snapshot->ModuleWord(offsetof(PrivateDevmode, mdmDuplexMode)) =
+        static_cast<DWORD>(reinterpret_cast<ULONG_PTR>(GetPropA(run.window, kBindingAtOpening)));
 }
 
-void OnCommand(SheetContext& context, HWND dialog, HWND control, WPARAM wParam) {
-    switch (LOWORD(wParam)) {
-        case IDOK:
-            TakeSnapshot(context);
-            React(context, 0, ReactScope::kWholePage);
-            EndDialog(dialog, 1);
-            return;
-        case IDCANCEL:
-            OnCancel(context, dialog);
-            EndDialog(dialog, 1);
-            return;
-        case IDHELP:
-            ShowPageHelp(context, dialog, kHelpTopic);
-            return;
-        case IDC_DEFAULTS:
-            if (HIWORD(wParam) == BN_CLICKED) OnDefaults(context, dialog);
-            return;
-        default:
-            OnControl(context, dialog, control, wParam);
-            return;
-    }
+void ForgetBinding(Run& run) {
+    RemovePropA(run.window, kBindingAtOpening);
 }
 
-void OnDestroy(HWND dialog) {
-    RemovePropA(dialog, kBindingAtOpening);
-}
+constexpr DialogDefinition kCombination = {
+    .templateName = "_DLGCOMBINATION",
+    .dialogName = "DLGCOMBINATION",
+    .helpTopic = 1102,
+    .ok = {IDOK, 1, InOrder<Keep, ReactToAll>},
+    .cancel = {IDCANCEL, 1, InOrder<RestoreBinding, Restore>},
+    .open = InOrder<Keep, FillBesideBorder, SetCaptions, ShowBorder, ShowOrderCombo,
+                    SelectDrawnOrder, HookPreview, RemoveEntriesWithoutDetails>,
+    .command = InOrder<PressDefaults, Route, LimitRefilledList,
+                       IfChanged<ChangeOrders, FollowBorderBox, React, RedrawPreview>>,
+    .drawItem = DrawEntry,
+    .close = ForgetBinding,
+};
 
 }  // namespace
 
@@ -212,12 +201,6 @@ void KeepOrderOfTwoPages(SheetContext& context) {
 }
 
 INT_PTR CALLBACK CombinationDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    static constexpr DialogHandlers kCombination = {
-        .onInit = OnInitDialog,
-        .onCommand = OnCommand,
-        .onDrawItem = DrawComboEntry,
-        .onDestroy = OnDestroy,
-    };
     return RunDialog(kCombination, dialog, message, wParam, lParam);
 }
 

@@ -9,22 +9,18 @@
 #include <string>
 
 #include "binding/edit_binding.h"
-#include "dialog/help.h"
+#include "dialog/dialog_definition.h"
 #include "resources/resource.h"
 #include "resources/string_ids.h"
 #include "settings/dialog_procedures.h"
 #include "sheet/rules_path.h"
 #include "sheet/snapshot.h"
-#include "ui/dialog_messages.h"
-#include "ui/page_skeleton.h"
-#include "ui/page_table.h"
 #include "ui/shift_amount.h"
+#include "ui/steps.h"
 
 namespace kvui {
 namespace {
 
-constexpr char kTemplate[] = "_LBPIMAGESHIFT";
-constexpr int kHelpTopic = 5118;
 constexpr int kMaxCharacters = 5;
 constexpr size_t kTextSize = 32;
 
@@ -90,15 +86,13 @@ void ShowUnit(const SheetContext& context, HWND dialog) {
     }
 }
 
-void OnInitDialog(SheetContext& context, HWND dialog) {
-    SetSubDialogTitle(context, dialog, kTemplate);
-    SetChildCaptions(context, dialog);
-    TakeSnapshot(context);
-    rememberedUnit = UnitAtOpening(context);
-    ShowUnit(context, dialog);
+void ShowShift(Run& run) {
+    rememberedUnit = UnitAtOpening(run.context);
+    ShowUnit(run.context, run.window);
     for (const AxisRow& row : kAxes) {
-        SendDlgItemMessageA(dialog, row.edit, EM_LIMITTEXT, kMaxCharacters, 0);
-        ShowAmount(dialog, row, DecodeShift(context.privateSettings->*row.word, UnitInForce()));
+        SendDlgItemMessageA(run.window, row.edit, EM_LIMITTEXT, kMaxCharacters, 0);
+        ShowAmount(run.window, row,
+                   DecodeShift(run.context.privateSettings->*row.word, UnitInForce()));
     }
 }
 
@@ -124,29 +118,31 @@ void ChangeUnit(const SheetContext& context, HWND dialog, ShiftUnit unit) {
     ShowUnit(context, dialog);
 }
 
-void OnDefaults(const SheetContext& context, HWND dialog) {
+void ShowNoShift(const SheetContext& context, HWND dialog) {
     rememberedUnit = DefaultUnit(context);
     ShowUnit(context, dialog);
     for (const AxisRow& row : kAxes) ShowAmount(dialog, row, 0);
 }
 
-void OnOk(SheetContext& context, HWND dialog) {
+void StoreShift(Run& run) {
     constexpr DWORD kUsedBits = 0xFFFF;
-    PrivateDevmode& settings = *context.privateSettings;
+    PrivateDevmode& settings = *run.context.privateSettings;
     DWORD words[2];
     bool changed = false;
     for (int i = 0; i < 2; ++i) {
         const AxisRow& row = kAxes[i];
-        words[i] =
-            EncodeShift(ClampShift(Typed(dialog, row), row.axis, UnitInForce()), UnitInForce());
+        const double typed = Typed(run.window, row);
+        words[i] = EncodeShift(ClampShift(typed, row.axis, UnitInForce()), UnitInForce());
         changed = changed || words[i] != (settings.*row.word & kUsedBits);
     }
-    if (changed) {
-        settings.mdmOffsetX = words[0];
-        settings.mdmOffsetY = words[1];
-        TakeSnapshot(context);
-    }
-    EndDialog(dialog, 1);
+    if (!changed) return;
+    settings.mdmOffsetX = words[0];
+    settings.mdmOffsetY = words[1];
+    TakeSnapshot(run.context);
+}
+
+void ForgetUnit(Run& /*run*/) {
+    rememberedUnit.reset();
 }
 
 void OnEdit(HWND dialog, const AxisRow& row, WORD code) {
@@ -156,60 +152,48 @@ void OnEdit(HWND dialog, const AxisRow& row, WORD code) {
     }
 }
 
-void OnCommand(SheetContext& context, HWND dialog, HWND /*control*/, WPARAM wParam) {
-    const int id = LOWORD(wParam);
-    const WORD code = HIWORD(wParam);
+void EditShift(Run& run) {
     for (const AxisRow& row : kAxes) {
-        if (row.edit == id) return OnEdit(dialog, row, code);
-    }
-    if (code != BN_CLICKED) return;
-    switch (id) {
-        case IDOK:
-            OnOk(context, dialog);
-            return;
-        case IDCANCEL:
-            rememberedUnit.reset();
-            EndDialog(dialog, 0);
-            return;
-        case IDHELP:
-            ShowPageHelp(context, dialog, kHelpTopic);
-            return;
-        case IDC_DEFAULTS:
-            OnDefaults(context, dialog);
-            return;
-        case IDC_RADIO_SHIFT_INCH:
-            ChangeUnit(context, dialog, ShiftUnit::kInch);
-            return;
-        case IDC_RADIO_SHIFT_MM:
-            ChangeUnit(context, dialog, ShiftUnit::kMillimetre);
-            return;
-        default:
-            return;
+        if (row.edit == static_cast<int>(run.id)) OnEdit(run.window, row, run.code);
     }
 }
 
+void ChooseUnitOrDefaults(Run& run) {
+    if (run.code != BN_CLICKED) return;
+    if (run.id == IDC_DEFAULTS) ShowNoShift(run.context, run.window);
+    if (run.id == IDC_RADIO_SHIFT_INCH) ChangeUnit(run.context, run.window, ShiftUnit::kInch);
+    if (run.id == IDC_RADIO_SHIFT_MM) ChangeUnit(run.context, run.window, ShiftUnit::kMillimetre);
+}
+
 // The arrows hold no number of their own: a step is turned into the edit's text and refused.
-bool OnSpin(HWND dialog, const NMHDR& header) {
-    if (header.code != static_cast<UINT>(UDN_DELTAPOS)) return false;
+void StepShift(Run& run) {
+    run.answer = FALSE;
+    const auto& header = *reinterpret_cast<const NMHDR*>(run.lParam);
+    if (header.code != static_cast<UINT>(UDN_DELTAPOS)) return;
     for (const AxisRow& row : kAxes) {
         if (header.idFrom != static_cast<UINT_PTR>(row.spin)) continue;
         const int delta = reinterpret_cast<const NMUPDOWN&>(header).iDelta;
-        const double amount = Typed(dialog, row) - delta * ShiftStep(UnitInForce());
-        ShowAmount(dialog, row, ClampShift(amount, row.axis, UnitInForce()));
-        SetWindowLongPtrA(dialog, DWLP_MSGRESULT, TRUE);
-        return true;
+        const double amount = Typed(run.window, row) - delta * ShiftStep(UnitInForce());
+        ShowAmount(run.window, row, ClampShift(amount, row.axis, UnitInForce()));
+        SetWindowLongPtrA(run.window, DWLP_MSGRESULT, TRUE);
+        run.answer = TRUE;
     }
-    return false;
 }
+
+constexpr DialogDefinition kImageShift = {
+    .templateName = "_LBPIMAGESHIFT",
+    .dialogName = "_LBPIMAGESHIFT",
+    .helpTopic = 5118,
+    .ok = {IDOK, 1, StoreShift},
+    .cancel = {IDCANCEL, 0, ForgetUnit},
+    .open = InOrder<SetCaptions, Keep, ShowShift>,
+    .command = InOrder<EditShift, ChooseUnitOrDefaults>,
+    .notify = StepShift,
+};
 
 }  // namespace
 
 INT_PTR CALLBACK ImageShiftDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    static constexpr DialogHandlers kImageShift = {
-        .onInit = OnInitDialog,
-        .onCommand = OnCommand,
-        .onNotify = OnSpin,
-    };
     return RunDialog(kImageShift, dialog, message, wParam, lParam);
 }
 

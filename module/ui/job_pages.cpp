@@ -1,68 +1,58 @@
 // Job Management page, and the two spare pages of its family, whose templates have no controls.
 #include <windows.h>
 
-#include <prsht.h>
-
-#include "binding/control_fill.h"
-#include "binding/notification.h"
 #include "exports.h"
-#include "sheet/snapshot.h"
-#include "ui/page_skeleton.h"
-#include "ui/sheet_life.h"
+#include "sheet/messages.h"
+#include "ui/page_definition.h"
 
 namespace kvui {
 namespace {
 
-// dialog, help topic, view, features
-constexpr PageTraits kJobManagementPage = {"DLGTAB4", 1501, kViewKept,
-                                           kKeepsChanges | kComparesFirst | kAppliesNothing};
-
-void OnSpareNotification(SheetContext& context, HWND page, const char* dialogName, DWORD id,
-                         WORD code) {
-    const bool changed = DispatchNotification(context, page, id, code);
-    if (ChangedSinceSnapshot(context)) TellSheetChanged(page);
-    RefreshDialog(context, changed ? SettingChanged::kYes : SettingChanged::kNo, page, dialogName);
+void TellCommonPart(Run& run) {
+    const HWND area = run.context.shared->preview.panel;
+    if (area != nullptr) SendMessageA(area, kMessageCommonPart, kPartJobManagement, 0);
 }
 
-void OnSpareNotify(SheetContext& context, HWND page, const char* dialogName, const NMHDR& header) {
-    if (header.code == PSN_SETACTIVE) {
-        context.page = page;
-        InitialiseControls(context, page, dialogName);
-    }
-    SetWindowLongPtrA(page, DWLP_MSGRESULT, PSNRET_NOERROR);
+// A command that leaves the settings as they were kept is no change: nothing is derived and nobody
+// told. The page has no Defaults button, and keeps the panel as the page before left it.
+const PageDefinition kJobManagementPage = {
+    .dialogName = "DLGTAB4",
+    .helpTopic = 1501,
+    .open = InOrder<LoadRules, Keep, Fill, DisableIfReadOnly, Show>,
+    .show = TellCommonPart,
+    .command = InOrder<Route, IfChanged<IfDiffers<Take>, Refresh, Show, DisableIfReadOnly,
+                                        IfTaken<RefillPanel>, UpdatePanel>>,
+    .take = InOrder<React, TellSheet, Keep>,
+    .apply = nullptr,
+};
+
+void LeaveVerticalScrolls(Run& run) {
+    if (run.message != WM_VSCROLL) return;
+    run.answer = FALSE;
+    run.over = true;
 }
 
-INT_PTR RunSparePage(const char* dialogName, HWND page, UINT message, WPARAM wParam,
-                     LPARAM lParam) {
-    SheetContext* context = BeginPageMessage(page, message, lParam, 0);
-    if (context == nullptr) return FALSE;
-    switch (message) {
-        case WM_INITDIALOG:
-            LoadSheetRules(*context);
-            InitialiseControls(*context, page, dialogName);
-            return TRUE;
-        case WM_COMMAND:
-            OnSpareNotification(*context, page, dialogName, LOWORD(wParam), HIWORD(wParam));
-            TakeSnapshot(*context);
-            return TRUE;
-        case WM_HSCROLL:
-            OnSpareNotification(*context, page, dialogName,
-                                static_cast<DWORD>(GetDlgCtrlID(reinterpret_cast<HWND>(lParam))),
-                                LOWORD(wParam));
-            return TRUE;
-        case WM_NOTIFY:
-            OnSpareNotify(*context, page, dialogName, *reinterpret_cast<const NMHDR*>(lParam));
-            return TRUE;
-        case WM_HELP:
-            return TRUE;  // there is none
-        case WM_DESTROY:
-            EndSheet(*context);
-            ReleaseShared(*context);
-            return TRUE;
-        default:
-            return FALSE;
-    }
+// Nothing is derived, kept or drawn for a spare page; it is known by its name, not by its title.
+constexpr PageDefinition SparePage(const char* dialogName) {
+    constexpr Step kFollow = InOrder<Dispatch, IfDiffers<TellSheet>, IfChanged<RefreshControls>>;
+    return {
+        .dialogName = dialogName,
+        .helpTopic = 0,
+        .open = InOrder<LoadRules, FillByName>,
+        .activate = FillByName,
+        .command = InOrder<kFollow, Keep>,
+        .scroll = InOrder<LeaveVerticalScrolls, kFollow>,
+        .refill = nullptr,
+        .apply = nullptr,
+        .reset = nullptr,
+        .help = nullptr,
+        .popupHelp = Nothing,
+        .drawItem = nullptr,
+        .close = InOrder<EndOfSheet, LeaveSheet>,
+    };
 }
+constexpr PageDefinition kFirstSparePage = SparePage("DLGTAB5");
+constexpr PageDefinition kSecondSparePage = SparePage("DLGTAB6");
 
 }  // namespace
 }  // namespace kvui
@@ -71,8 +61,8 @@ INT_PTR CALLBACK DDMTAB4(HWND page, UINT message, WPARAM wParam, LPARAM lParam) 
     return kvui::RunPage(kvui::kJobManagementPage, page, message, wParam, lParam);
 }
 INT_PTR CALLBACK DDMTAB5(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
-    return kvui::RunSparePage("DLGTAB5", page, message, wParam, lParam);
+    return kvui::RunPage(kvui::kFirstSparePage, page, message, wParam, lParam);
 }
 INT_PTR CALLBACK DDMTAB6(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
-    return kvui::RunSparePage("DLGTAB6", page, message, wParam, lParam);
+    return kvui::RunPage(kvui::kSecondSparePage, page, message, wParam, lParam);
 }

@@ -11,14 +11,12 @@
 #include "settings/dialog_procedures.h"
 #include "settings/reactor.h"
 #include "sheet/snapshot.h"
-#include "ui/page_skeleton.h"
+#include "ui/page_definition.h"
 
 namespace kvui {
 namespace {
 
 constexpr size_t kEntryTextSize = 128;
-constexpr char kDialogName[] = "DLGTAB1";
-constexpr char kImageShiftName[] = "_LBPIMAGESHIFT";
 
 DWORD& SavedDuplexMode(SheetContext& context) {
     return context.snapshot->ModuleWord(offsetof(PrivateDevmode, mdmDuplexMode));
@@ -29,24 +27,25 @@ bool IsBooklet(const SheetContext& context) {
 }
 
 // A border drawn round nothing must not come back with the next choice.
-void BeforeCommand(SheetContext& context, DWORD id, WORD code) {
-    PrivateDevmode& settings = *context.privateSettings;
-    if (id != IDC_COMBO_NUP || code != CBN_SELENDOK) return;
+void DropBorderOfNothing(Run& run) {
+    PrivateDevmode& settings = *run.context.privateSettings;
+    if (run.id != IDC_COMBO_NUP || run.code != CBN_SELENDOK) return;
     if (settings.mdmNup == kNupOff || settings.mdmNup >= kNupPosterFirst) {
         settings.mdmNupStyle &= ~kNupBorder;
     }
 }
 
-void OnCommand(SheetContext& context, DWORD id, WORD code) {
-    if (id == IDC_COMBO_NUP && code == CBN_SELENDOK) KeepOrderOfTwoPages(context);
+void OrderTwoPages(Run& run) {
+    if (run.id == IDC_COMBO_NUP && run.code == CBN_SELENDOK) KeepOrderOfTwoPages(run.context);
 }
 
 // A booklet is bound left unless its binding was chosen already.
-void BindBooklet(SheetContext& context, SettingChanged changed) {
+void BindBooklet(Run& run) {
+    SheetContext& context = run.context;
     PrivateDevmode& settings = *context.privateSettings;
     if (!IsBooklet(context) || IsBookletBinding(settings.mdmDuplexMode)) return;
     // A refused choice refills the duplex list, which stores its first entry over the binding.
-    if (changed == SettingChanged::kNo && IsBookletBinding(SavedDuplexMode(context))) {
+    if (!run.changed && IsBookletBinding(SavedDuplexMode(context))) {
         settings.mdmDuplexMode = SavedDuplexMode(context);
         return;
     }
@@ -78,62 +77,63 @@ void NameFirstDuplexEntry(const SheetContext& context, HWND combo) {
     InvalidateRect(combo, nullptr, TRUE);
 }
 
+void NameBookletsDuplex(Run& run) {
+    if (!IsBooklet(run.context)) return;
+    NameFirstDuplexEntry(run.context, GetDlgItem(run.context.page, IDC_COMBO_DUPLEX));
+}
+
 // The duplex list does not offer the bindings of a booklet and stores its first entry when it is
-// filled: the snapshot has kept the binding.
-void KeepBinding(SheetContext& context) {
-    if (!IsBooklet(context)) return;
-    context.privateSettings->mdmDuplexMode = SavedDuplexMode(context);
-    NameFirstDuplexEntry(context, GetDlgItem(context.page, IDC_COMBO_DUPLEX));
+// filled: the copy of the settings has kept the binding.
+void KeepBinding(Run& run) {
+    if (!IsBooklet(run.context)) return;
+    run.context.privateSettings->mdmDuplexMode = SavedDuplexMode(run.context);
+    NameBookletsDuplex(run);
 }
 
-void AfterCommand(SheetContext& context, SettingChanged changed) {
-    BindBooklet(context, changed);
-    if (IsBooklet(context)) {
-        NameFirstDuplexEntry(context, GetDlgItem(context.page, IDC_COMBO_DUPLEX));
-    }
+// The settings came from elsewhere: what they say of the binding counts.
+void AdoptBinding(Run& run) {
+    if (!IsBooklet(run.context)) return;
+    run.changed = true;
+    BindBooklet(run);
+    TakeSnapshot(run.context);
 }
 
-void OnDefaults(SheetContext& context) {
-    ApplyDialogDefaults(context.settings, context.printer, kImageShiftName);
+void DefaultLayoutDetails(Run& run) {
+    SheetContext& context = run.context;
+    ApplyDialogDefaults(context.settings, context.printer, "_LBPIMAGESHIFT");
     DWORD& saved = SavedDuplexMode(context);
     if (saved > kDuplexBookletLeft) saved = kDuplexBookletLeft;
     context.privateSettings->mdmNupStyle &= ~(kNupOrderMask | kNupBorder);
 }
 
-void OnApply(SheetContext& context) {
-    RefreshDialog(context, SettingChanged::kYes, context.page, kDialogName);
-    if (context.flags & kSheetReadOnly) DisableChildren(context.page);
-    KeepBinding(context);
+// The two lists are read together: when the booklet's entry is drawn, the duplex list says whether
+// a booklet is chosen.
+void NameDuplexOfDrawnBooklet(Run& run) {
+    const auto& draw = *reinterpret_cast<const DRAWITEMSTRUCT*>(run.lParam);
+    if (draw.CtlID == IDC_COMBO_NUP && static_cast<DWORD>(draw.itemData) == kNupBooklet) {
+        NameFirstDuplexEntry(run.context, GetDlgItem(run.window, IDC_COMBO_DUPLEX));
+    }
 }
 
-bool OnMessage(SheetContext& context, UINT message, WPARAM, LPARAM lParam) {
-    if (message == kMessageRefreshAll && IsBooklet(context)) {
-        // The settings came from elsewhere: what they say of the binding counts.
-        BindBooklet(context, SettingChanged::kYes);
-        TakeSnapshot(context);
-    }
-    if (message == WM_DRAWITEM) {
-        const auto& draw = *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam);
-        if (draw.CtlID == IDC_COMBO_NUP && static_cast<DWORD>(draw.itemData) == kNupBooklet) {
-            NameFirstDuplexEntry(context, GetDlgItem(context.page, IDC_COMBO_DUPLEX));
-        }
-    }
-    return false;
+void HideListButtons(Run& run) {
+    if (!(run.context.flags & kSheetDataNotWritable)) return;
+    ShowWindow(GetDlgItem(run.window, IDC_BTN_CUSTOM_PAPER), SW_HIDE);
+    ShowWindow(GetDlgItem(run.window, IDC_BTN_OVERLAY_EDIT), SW_HIDE);
 }
 
-const PageTraits kLayoutPage = {
-    .dialogName = kDialogName,
+const PageDefinition kLayoutPage = {
+    .dialogName = "DLGTAB1",
     .helpTopic = 1201,
-    .viewKind = kViewPage,
-    .features = kOrdinaryPage,
-    .onInit = KeepBinding,
-    .beforeCommand = BeforeCommand,
-    .onCommand = OnCommand,
-    .onDefaults = OnDefaults,
-    .afterCommand = AfterCommand,
-    .afterRefresh = KeepBinding,
-    .onApply = OnApply,
-    .onMessage = OnMessage,
+    .view = kViewPage,
+    .open = InOrder<kBeginOpening, KeepBinding, kEndOpening>,
+    .show = InOrder<ShowOwnViews, HideListButtons>,
+    .command = InOrder<DropBorderOfNothing, RouteOrDefaults, OrderTwoPages, IfChanged<Take>,
+                       BindBooklet, NameBookletsDuplex, IfChanged<Refresh, UpdatePanel>>,
+    .take = InOrder<React, TellSheet, IfDefaults<ApplyDefaults, DefaultLayoutDetails>>,
+    .refresh = InOrder<RefreshControls, KeepBinding, DisableIfReadOnly>,
+    .refill = InOrder<AdoptBinding, kRefill>,
+    .apply = InOrder<RefreshControls, DisableIfReadOnly, KeepBinding, Keep>,
+    .drawItem = InOrder<NameDuplexOfDrawnBooklet, DrawEntry>,
 };
 
 }  // namespace

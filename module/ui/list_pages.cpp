@@ -8,13 +8,14 @@
 #include <initializer_list>
 
 #include "exports.h"
+#include "binding/control_fill.h"
 #include "lists/watermark_list.h"
 #include "resources/resource.h"
 #include "resources/string_ids.h"
 #include "rules/gray_out.h"
 #include "sheet/message_box.h"
 #include "sheet/printer_values.h"
-#include "ui/page_skeleton.h"
+#include "ui/page_definition.h"
 
 namespace kvui {
 namespace {
@@ -54,74 +55,72 @@ void Allow(SheetContext& context, ListButtons buttons) {
     }
 }
 
-void AllowWatermarkButtons(SheetContext& context) {
+void AllowWatermarkButtons(Run& run) {
+    SheetContext& context = run.context;
     const bool changeable = CanChangeWatermark(context, context.privateSettings->mdmWatermark);
     Allow(context, {{IDC_BTN_WATERMARK_ADD, !IsWatermarkListFull(context)},
                     {IDC_BTN_WATERMARK_EDIT, changeable},
                     {IDC_BTN_WATERMARK_DELETE, changeable}});
 }
 
-void OnWatermarkInit(SheetContext& context) {
-    HideWhereNothingCanBeStored(context, {{IDC_BTN_WATERMARK_ADD, false},
-                                          {IDC_BTN_WATERMARK_EDIT, false},
-                                          {IDC_BTN_WATERMARK_DELETE, false}});
-    AllowWatermarkButtons(context);
+void HideWatermarkButtons(Run& run) {
+    HideWhereNothingCanBeStored(run.context, {{IDC_BTN_WATERMARK_ADD, false},
+                                              {IDC_BTN_WATERMARK_EDIT, false},
+                                              {IDC_BTN_WATERMARK_DELETE, false}});
 }
 
-void BeforeWatermarkCommand(SheetContext& context, DWORD id, WORD code) {
-    if (id != IDC_BTN_WATERMARK_DELETE || code != BN_CLICKED) return;
+void AskAndDeleteWatermark(Run& run) {
+    if (run.id != IDC_BTN_WATERMARK_DELETE || run.code != BN_CLICKED) return;
+    SheetContext& context = run.context;
     const DWORD chosen = context.privateSettings->mdmWatermark;
     if (CanChangeWatermark(context, chosen) &&
-        ShowMessageString(context.page, context.strings, IDS_WATERMARK_DELETE, IDS_WARNING,
+        ShowMessageString(run.window, context.strings, IDS_WATERMARK_DELETE, IDS_WARNING,
                           MB_OKCANCEL | MB_ICONEXCLAMATION) == IDOK) {
         DeleteWatermark(context, chosen);
     }
 }
 
 // The id of an entry that is no watermark leaves the record of an untouched page as it is.
-void OnWatermarkApply(SheetContext& context) {
-    CommitWatermarks(context);
-    const PrivateDevmode& settings = *context.privateSettings;
+void StoreWatermarks(Run& run) {
+    CommitWatermarks(run.context);
+    const PrivateDevmode& settings = *run.context.privateSettings;
     DWORD copied = 0;
     std::memcpy(&copied, settings.watermarkRecord, sizeof copied);
-    if (settings.mdmWatermark != 0 || copied != 0) CopyChosenWatermark(context);
+    if (settings.mdmWatermark != 0 || copied != 0) CopyChosenWatermark(run.context);
 }
 
 // The first entry stands for no overlay.
-void AllowOverlayButtons(SheetContext& context) {
-    const HWND list = GetDlgItem(context.page, IDC_LIST_OVERLAY);
+void AllowOverlayButtons(Run& run) {
+    const HWND list = GetDlgItem(run.window, IDC_LIST_OVERLAY);
     const LRESULT index = SendMessageA(list, LB_GETCURSEL, 0, 0);
     const bool chosen =
         index > 0 && SendMessageA(list, LB_GETITEMDATA, static_cast<WPARAM>(index), 0) > 0;
-    Allow(context, {{IDC_BTN_OVERLAY_ADD, true},
-                    {IDC_BTN_OVERLAY_EDIT, chosen},
-                    {IDC_BTN_OVERLAY_DELETE, chosen}});
+    Allow(run.context, {{IDC_BTN_OVERLAY_ADD, true},
+                        {IDC_BTN_OVERLAY_EDIT, chosen},
+                        {IDC_BTN_OVERLAY_DELETE, chosen}});
 }
 
-void OnOverlayInit(SheetContext& context) {
-    HideWhereNothingCanBeStored(context, {{IDC_BTN_OVERLAY_ADD, false},
-                                          {IDC_BTN_OVERLAY_EDIT, false},
-                                          {IDC_BTN_OVERLAY_DELETE, false}});
-    AllowOverlayButtons(context);
+void HideOverlayButtons(Run& run) {
+    HideWhereNothingCanBeStored(run.context, {{IDC_BTN_OVERLAY_ADD, false},
+                                              {IDC_BTN_OVERLAY_EDIT, false},
+                                              {IDC_BTN_OVERLAY_DELETE, false}});
 }
 
-constexpr PageTraits kWatermarkPage = {
+const PageDefinition kWatermarkPage = {
     .dialogName = "DLGTABWM",
     .helpTopic = 1103,
-    .viewKind = kViewWatermark,
-    .features = kOrdinaryPage,
-    .onInit = OnWatermarkInit,
-    .beforeCommand = BeforeWatermarkCommand,
-    .afterRefresh = AllowWatermarkButtons,
-    .onApply = OnWatermarkApply,
+    .view = kViewWatermark,
+    .open = InOrder<kBeginOpening, HideWatermarkButtons, AllowWatermarkButtons, kEndOpening>,
+    .command = InOrder<AskAndDeleteWatermark, kCommand>,
+    .refresh = InOrder<RefreshControls, AllowWatermarkButtons, DisableIfReadOnly>,
+    .apply = InOrder<StoreWatermarks, Keep>,
 };
-constexpr PageTraits kOverlayPage = {
+const PageDefinition kOverlayPage = {
     .dialogName = "DLGTABOVER",
     .helpTopic = 5114,
-    .viewKind = kViewPage,
-    .features = kOrdinaryPage,
-    .onInit = OnOverlayInit,
-    .afterRefresh = AllowOverlayButtons,
+    .view = kViewPage,
+    .open = InOrder<kBeginOpening, HideOverlayButtons, AllowOverlayButtons, kEndOpening>,
+    .refresh = InOrder<RefreshControls, AllowOverlayButtons, DisableIfReadOnly>,
 };
 
 }  // namespace

@@ -2,11 +2,12 @@
 // No control opens it; whoever calls its export passes a page's SheetContext.
 #include <algorithm>
 
+#include "dialog/dialog_definition.h"
 #include "exports.h"
 #include "resources/picture_ids.h"
 #include "resources/resource.h"
 #include "settings/reactor.h"
-#include "ui/sub_dialog_skeleton.h"
+#include "ui/steps.h"
 
 namespace kvui {
 namespace {
@@ -59,11 +60,11 @@ LRESULT CALLBACK OrderPictureProc(HWND picture, UINT message, WPARAM wParam, LPA
     return CallWindowProcA(plain, picture, message, wParam, lParam);
 }
 
-void OnInit(SheetContext& context, HWND dialog) {
+void ShowOrderPictures(Run& run) {
     for (int i = 0; i < kOrders; ++i) {
-        const HWND picture = GetDlgItem(dialog, IDC_PIC_STYLE_1 + i);
+        const HWND picture = GetDlgItem(run.window, IDC_PIC_STYLE_1 + i);
         const HBITMAP bitmap =
-            LoadBitmapA(context.resources, MAKEINTRESOURCEA(IDB_STYLE_ACROSS_LEFT + i));
+            LoadBitmapA(run.context.resources, MAKEINTRESOURCEA(IDB_STYLE_ACROSS_LEFT + i));
         if (picture == nullptr || bitmap == nullptr) {
             if (bitmap != nullptr) DeleteObject(bitmap);
             continue;
@@ -80,38 +81,33 @@ bool IsOrderButton(DWORD id) {
 }
 
 // The buttons own two bits of a word whose other bit is the border's.
-bool OnCommand(SheetContext& context, HWND /*dialog*/, DWORD id, WORD code) {
-    if (!IsOrderButton(id)) return false;
-    if (code == BN_CLICKED) {
-        DWORD& style = context.privateSettings->mdmNupStyle;
-        style = (style & ~kNupOrderMask) | (id - IDC_RADIO_STYLE_1);
-    }
-    return true;
+void ChooseOrder(Run& run) {
+    if (!IsOrderButton(run.id)) return Dispatch(run);
+    if (run.code != BN_CLICKED) return;
+    DWORD& style = run.context.privateSettings->mdmNupStyle;
+    style = (style & ~kNupOrderMask) | (run.id - IDC_RADIO_STYLE_1);
 }
 
-void AfterRefresh(SheetContext& context, HWND dialog) {
+void CheckOrder(Run& run) {
     const int first = IDC_RADIO_STYLE_1;
-    const int order = static_cast<int>(context.privateSettings->mdmNupStyle & kNupOrderMask);
-    CheckRadioButton(dialog, first, first + kOrders - 1, first + order);
+    const int order = static_cast<int>(run.context.privateSettings->mdmNupStyle & kNupOrderMask);
+    CheckRadioButton(run.window, first, first + kOrders - 1, first + order);
 }
 
-void OnOk(SheetContext& context) {
-    React(context, 0, ReactScope::kWholePage);
-}
-
-constexpr SubDialogTraits kNupStyle = {
+constexpr DialogDefinition kNupStyle = {
     .templateName = "_DLGTAB02",
     .dialogName = "DLGTAB02",
     .helpTopic = 1102,
-    .onInit = OnInit,
-    .onCommand = OnCommand,
-    .afterRefresh = AfterRefresh,
-    .onOk = OnOk,
+    .ok = {IDOK, 1, ReactToAll},
+    .cancel = {IDCANCEL, 1, Restore},
+    .open = InOrder<kOpenDialog, ShowOrderPictures, Refresh>,
+    .command = InOrder<ChooseOrder, kFollowDialog>,
+    .refresh = InOrder<RefreshControls, CheckOrder>,
 };
 
 }  // namespace
 }  // namespace kvui
 
 INT_PTR CALLBACK DDMTAB02(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    return kvui::RunSubDialog(kvui::kNupStyle, dialog, message, wParam, lParam);
+    return kvui::RunDialog(kvui::kNupStyle, dialog, message, wParam, lParam);
 }

@@ -10,10 +10,10 @@
 #include <cstring>
 #include <vector>
 
+#include "dialog/dialog_table.h"
 #include "settings/item_catalogue.h"
 #include "settings/setting_field.h"
-#include "ui/page_skeleton.h"
-#include "ui/page_table.h"
+#include "sheet/messages.h"
 
 namespace kvui {
 namespace {
@@ -74,7 +74,7 @@ void SettingsBefore::RefreshOtherPages(const SheetContext& context, HWND page,
         const auto other =
             reinterpret_cast<HWND>(SendMessageA(sheet, PSM_INDEXTOHWND, static_cast<WPARAM>(i), 0));
         if (other == nullptr || other == page) continue;
-        if (!Holds(dialogs, DialogNameOfFamily(FamilyOfPageWindow(context, other)))) continue;
+        if (!Holds(dialogs, PageOfWindow(context, other).dialogName)) continue;
         SendMessageA(other, kMessageRefreshAll, 0, 0);
     }
 }

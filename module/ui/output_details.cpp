@@ -1,11 +1,12 @@
 // Output Details ("_DLGTAB01"): staple, punch and fold. The Basic page opens it.
 
 #include "binding/control_fill.h"
+#include "dialog/dialog_definition.h"
 #include "exports.h"
 #include "resources/picture_ids.h"
 #include "resources/resource.h"
 #include "rules/conflicts.h"
-#include "ui/sub_dialog_skeleton.h"
+#include "ui/steps.h"
 
 namespace kvui {
 namespace {
@@ -23,8 +24,8 @@ constexpr PunchIcon kPunchIcons[] = {
 };
 
 // The edge and the number of holes are two settings but one picture.
-void ShowPunch(SheetContext& context, HWND dialog) {
-    const PrivateDevmode& settings = *context.privateSettings;
+void ShowPunch(Run& run) {
+    const PrivateDevmode& settings = *run.context.privateSettings;
     DWORD icon = IDI_PUNCH_OFF;
     for (const PunchIcon& row : kPunchIcons) {
         if (row.edge != settings.mdmHolePunch) continue;
@@ -32,39 +33,49 @@ void ShowPunch(SheetContext& context, HWND dialog) {
                : settings.mdmHolePunchNumber == 4 ? row.fourHoles
                                                   : row.twoHoles;
     }
-    ShowPicture(context, GetDlgItem(dialog, IDC_PIC_PUNCH), icon);
+    ShowPicture(run.context, GetDlgItem(run.window, IDC_PIC_PUNCH), icon);
 }
 
-// Stored before the dispatch, so that the picture shows the choice while its conflicts are asked.
-bool OnCommand(SheetContext& context, HWND dialog, DWORD id, WORD code) {
-    if (code != CBN_SELENDOK || (id != IDC_COMBO_PUNCH && id != IDC_COMBO_PUNCH_NUM)) return false;
-    const ControlItem* item = ItemById(id);
-    const HWND combo = GetDlgItem(dialog, static_cast<int>(id));
+// Stored before conflicts are asked, so that the picture shows the choice meanwhile. False when the
+// dispatcher is to read the list.
+bool StorePunch(Run& run) {
+    if (run.code != CBN_SELENDOK || (run.id != IDC_COMBO_PUNCH && run.id != IDC_COMBO_PUNCH_NUM)) {
+        return false;
+    }
+    const ControlItem* item = ItemById(run.id);
+    const HWND combo = GetDlgItem(run.window, static_cast<int>(run.id));
     const LRESULT index = SendMessageA(combo, CB_GETCURSEL, 0, 0);
     if (item == nullptr || index < 0) return false;
     const auto value =
         static_cast<DWORD>(SendMessageA(combo, CB_GETITEMDATA, static_cast<WPARAM>(index), 0));
     DWORD oldWord = 0;
-    if (!WriteItemValue(context.settings, *item, value, &oldWord)) return false;
-    ShowPunch(context, dialog);
+    if (!WriteItemValue(run.context.settings, *item, value, &oldWord)) return false;
+    ShowPunch(run);
     // The dispatcher finds the value stored and would not ask.
-    if (ResolveConflicts(context, id, dialog) != 1) {
-        RestoreItemField(context.settings, *item, oldWord);
+    if (ResolveConflicts(run.context, run.id, run.window) != 1) {
+        RestoreItemField(run.context.settings, *item, oldWord);
     }
     return true;
 }
 
-constexpr SubDialogTraits kOutputDetails = {
+void StorePunchOrDispatch(Run& run) {
+    if (!StorePunch(run)) Dispatch(run);
+}
+
+constexpr DialogDefinition kOutputDetails = {
     .templateName = "_DLGTAB01",
     .dialogName = "DLGTAB01",
     .helpTopic = 1105,
-    .onCommand = OnCommand,
-    .afterRefresh = ShowPunch,
+    .ok = {IDOK, 1},
+    .cancel = {IDCANCEL, 1, Restore},
+    .open = InOrder<kOpenDialog, Refresh>,
+    .command = InOrder<StorePunchOrDispatch, kFollowDialog>,
+    .refresh = InOrder<RefreshControls, ShowPunch>,
 };
 
 }  // namespace
 }  // namespace kvui
 
 INT_PTR CALLBACK DDMTAB01(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    return kvui::RunSubDialog(kvui::kOutputDetails, dialog, message, wParam, lParam);
+    return kvui::RunDialog(kvui::kOutputDetails, dialog, message, wParam, lParam);
 }

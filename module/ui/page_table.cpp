@@ -1,89 +1,41 @@
-// The page table that GetPropSheetPages hands out, and the caption tables beside it.
+// The page table that GetPropSheetPages hands out, made of the rows of pages.
 #include "ui/page_table.h"
-
-#include <windows.h>
 
 #include <commctrl.h>
 #include <kvcore.h>
+#include <page_entry.h>
 #include <prsht.h>
 
+#include <array>
 #include <cstring>
 
+#include "dialog/dialog_table.h"
 #include "exports.h"
-#include "resources/resource.h"
-#include "resources/string_ids.h"
 
 namespace kvui {
-
-// template, procedure, reserved, reserved, flags 1, flags 2 (the host's meaning), reserved
-const PageEntry kPageTable[] = {
-    {"TAB0R", "DDMTAB0", nullptr, nullptr, 3, 2, nullptr},
-    {"TAB1R", "DDMTAB1", nullptr, nullptr, 3, 2, nullptr},
-    {"TABOVERLAY", "DDMTABOVER", nullptr, nullptr, 3, 2, nullptr},
-    {"TABWM", "DDMTABWM", nullptr, nullptr, 3, 2, nullptr},
-    {"TAB2R", "DDMTAB2", nullptr, nullptr, 3, 2, nullptr},
-    {"TAB3", "DDMTAB3", nullptr, nullptr, 3, 2, nullptr},
-    {"TABVERSION", "DDMAbout", nullptr, nullptr, 3, 2, nullptr},
-    {nullptr, nullptr, nullptr, nullptr, 0, 0, nullptr},
-};
-
-// template, caption string, handler family
-const PageCaption kPageCaptions[kPageCount] = {
-    {"TAB0R", IDS_PAGE_BASIC, kFamilyBasic},
-    {"TAB1R", IDS_PAGE_LAYOUT, kFamilyLayout},
-    {"TABWM", IDS_PAGE_WATERMARK, kFamilyWatermark},
-    {"TABOVERLAY", IDS_PAGE_OVERLAY, kFamilyOverlay},
-    {"TAB2R", IDS_PAGE_QUALITY, kFamilyQuality},
-    {"TAB3", IDS_PAGE_DEVICE_OPTIONS, kFamilyDeviceOptions},
-    {"TAB4", IDS_PAGE_JOB_MANAGEMENT, kFamilyJobManagement},
-    {"TABVERSION", IDS_PAGE_TROUBLESHOOTING, kFamilyTroubleshooting},
-};
-
 namespace {
 
-// template, caption string
-const SubDialogCaption kSubDialogCaptions[] = {
-    {"_DLGEDIT0", IDS_TITLE_EDIT_WATERMARK},
-    {"_DLGTAB00", IDS_TITLE_PAPER_SOURCE},
-    {"_DLGTAB01", IDS_TITLE_OUTPUT_SETTING},
-    {"_DLGTAB02", IDS_TITLE_NUP_STYLE},
-    {"_ABOUTKVI", IDS_TITLE_ABOUT},
-    {"_MAILBOX", IDS_TITLE_MAILBOX},
-    {"_CONFLICTS", IDS_TITLE_CONFLICTS},
-    {"_LBPIMAGESHIFT", IDC_GRP_IMAGE_SHIFT},
-    {"_DLGCOMBINATION", IDS_TITLE_NUP_DETAILS},
-    {"_LBPFIRSTPAGE", IDS_TITLE_FIRST_PAGE},
-};
+constexpr int kOfferedPages = kPageCount - 1;  // the host creates Job Management by itself
+constexpr DWORD kSecondFlags = 2;              // reserved for module kinds without a property sheet
 
-// By family.
-const char* const kDialogNames[kFamilyCount] = {
-    "DLGTAB0", "DLGTAB1",       "DLGTAB2",    "DLGTAB3",
-    "DLGTAB4", "DLGTABVERSION", "DLGTABOVER", "DLGTABWM",
-};
+// Ended by a row of zeros.
+using PageTable = std::array<PageEntry, kOfferedPages + 1>;
 
-const PageCaption* CaptionOfTemplate(const char* templateName) {
-    for (const PageCaption& row : kPageCaptions) {
-        if (std::strcmp(row.templateName, templateName) == 0) return &row;
+PageTable MakePageTable() {
+    PageTable table{};
+    for (int i = 0; i < kOfferedPages; ++i) {
+        table[i] = {.pageTemplate = kPages[i].templateName,
+                    .procedure = kPages[i].procedure,
+                    .reserved1 = nullptr,
+                    .reserved2 = nullptr,
+                    .flags1 = kPageShown | kPageHasHelp,
+                    .flags2 = kSecondFlags,
+                    .reserved3 = nullptr};
     }
-    return nullptr;
+    return table;
 }
 
 }  // namespace
-
-const char* DialogNameOfFamily(PageFamily family) {
-    return kDialogNames[family];
-}
-
-PageFamily FamilyOfPageWindow(const SheetContext& context, HWND page) {
-    char title[64] = "";
-    GetWindowTextA(page, title, sizeof title);
-    for (const PageCaption& row : kPageCaptions) {
-        char caption[64] = "";
-        LoadStringA(context.resources, row.captionId, caption, sizeof caption);
-        if (caption[0] != '\0' && std::strcmp(caption, title) == 0) return row.family;
-    }
-    return kPageCaptions[kPageCount - 1].family;
-}
 
 void SetTabCaptions(const SheetContext& context) {
     const HWND sheet = GetParent(context.page);
@@ -97,12 +49,10 @@ void SetTabCaptions(const SheetContext& context) {
         item.pszText = text;
         item.cchTextMax = sizeof text;
         if (!SendMessageA(tabs, TCM_GETITEMA, i, reinterpret_cast<LPARAM>(&item))) continue;
-        for (int row = 0; row < kPageCount - 1; ++row) {
-            if (std::strcmp(kPageTable[row].templateName, text) != 0) continue;
+        for (int row = 0; row < kOfferedPages; ++row) {
+            if (std::strcmp(kPages[row].templateName, text) != 0) continue;
             char caption[64] = "";
-            const PageCaption* entry = CaptionOfTemplate(text);
-            if (entry == nullptr ||
-                LoadStringA(context.strings, entry->captionId, caption, sizeof caption) == 0) {
+            if (LoadStringA(context.strings, kPages[row].captionId, caption, sizeof caption) == 0) {
                 break;
             }
             item.pszText = caption;
@@ -112,23 +62,13 @@ void SetTabCaptions(const SheetContext& context) {
     }
 }
 
-void SetSubDialogTitle(const SheetContext& context, HWND dialog, const char* templateName) {
-    for (const SubDialogCaption& row : kSubDialogCaptions) {
-        if (std::strcmp(row.templateName, templateName) != 0) continue;
-        char title[64] = "";
-        if (LoadStringA(context.strings, row.captionId, title, sizeof title) != 0) {
-            SetWindowTextA(dialog, title);
-        }
-        return;
-    }
-}
-
 }  // namespace kvui
 
-const kvui::PageEntry* GetPropSheetPages(void* printer) {
+const PageEntry* GetPropSheetPages(void* printer) {
+    static const kvui::PageTable table = kvui::MakePageTable();
     char modelType[256];
     // The table is the same for every model; the read only wakes the printer's description up.
     QDMGetPrinterKeyValue(static_cast<PrinterBlock*>(printer), kPrinterValueSection, "ModelType",
                           kPrinterValueText, modelType, sizeof modelType);
-    return kvui::kPageTable;
+    return table.data();
 }

@@ -11,14 +11,13 @@
 
 #include "binding/control_fill.h"
 #include "binding/notification.h"
+#include "dialog/dialog_definition.h"
 #include "exports.h"
 #include "resources/resource.h"
 #include "settings/item_catalogue.h"
 #include "settings/reactor.h"
 #include "sheet/snapshot.h"
-#include "ui/dialog_messages.h"
-#include "ui/page_skeleton.h"
-#include "ui/page_table.h"
+#include "ui/page_definition.h"
 
 namespace kvui {
 namespace {
@@ -50,19 +49,18 @@ void PrepareSlider(const SheetContext& context, DWORD sliderId, const SliderItem
     SendMessageA(Child(context, slider.valueEditId), EM_LIMITTEXT, kValueEditCharacters, 0);
 }
 
-// The sample is colour only while colour is both chosen and possible.
-void UpdateSample(SheetContext& context) {
-    const bool colour = context.settings->dmColor == kColour &&
-                        (context.privateSettings->mdmOtherSettings & kOtherColor) != 0;
-    SetSampleMode(context, colour ? kSampleColour : kSampleMonochrome);
-}
-
-void OnInit(SheetContext& context) {
+void PrepareSliders(Run& run) {
     ForEachSlider([&](const ControlItem& item, const SliderItem& slider) {
-        PrepareSlider(context, item.controlId, slider);
+        PrepareSlider(run.context, item.controlId, slider);
         return false;
     });
-    UpdateSample(context);
+}
+
+// The sample is colour only while colour is both chosen and possible.
+void UpdateSample(Run& run) {
+    const bool colour = run.context.settings->dmColor == kColour &&
+                        (run.context.privateSettings->mdmOtherSettings & kOtherColor) != 0;
+    SetSampleMode(run.context, colour ? kSampleColour : kSampleMonochrome);
 }
 
 // Brings the typed number into range, moves the slider there and has it stored as if it had been
@@ -87,80 +85,65 @@ void OnValueTyped(SheetContext& context, DWORD sliderId, const SliderItem& slide
                  reinterpret_cast<LPARAM>(bar));
 }
 
-void OnCommand(SheetContext& context, DWORD id, WORD code) {
-    if (code != EN_UPDATE) return;
+void FollowTypedValue(Run& run) {
+    if (run.code != EN_UPDATE) return;
     ForEachSlider([&](const ControlItem& item, const SliderItem& slider) {
-        if (slider.valueEditId != id) return false;
-        OnValueTyped(context, item.controlId, slider);
+        if (slider.valueEditId != run.id) return false;
+        OnValueTyped(run.context, item.controlId, slider);
         return true;
     });
 }
 
 // The edit follows every movement of its slider; the setting waits for the release.
-void OnScroll(SheetContext& context, HWND control, WORD code) {
-    if (code == kScrollFromValueEdit) return;
-    const DWORD id = static_cast<DWORD>(GetDlgCtrlID(control));
+void FollowSlider(Run& run) {
+    if (run.code == kScrollFromValueEdit) return;
+    const HWND bar = reinterpret_cast<HWND>(run.lParam);
     ForEachSlider([&](const ControlItem& item, const SliderItem& slider) {
-        if (item.controlId != id) return false;
-        const UINT position = static_cast<UINT>(SendMessageA(control, TBM_GETPOS, 0, 0));
+        if (item.controlId != run.id) return false;
+        const UINT position = static_cast<UINT>(SendMessageA(bar, TBM_GETPOS, 0, 0));
         const int editId = static_cast<int>(slider.valueEditId);
-        if (GetDlgItemInt(context.page, editId, nullptr, FALSE) != position) {
-            SetDlgItemInt(context.page, editId, position, FALSE);
+        if (GetDlgItemInt(run.window, editId, nullptr, FALSE) != position) {
+            SetDlgItemInt(run.window, editId, position, FALSE);
         }
         return true;
     });
 }
 
 // The defaults name only the fields that the page binds.
-void OnDefaults(SheetContext& context) {
-    PrivateDevmode& settings = *context.privateSettings;
+void DefaultColour(Run& run) {
+    PrivateDevmode& settings = *run.context.privateSettings;
     settings.mdmOtherSettings |= kOtherColor;
     DeriveColorMatching(settings);
-    UpdateSample(context);
+    UpdateSample(run);
 }
 
-void OnChanged(SheetContext& context, DWORD id) {
-    if (id == IDC_RADIO_GRAYSCALE || id == IDC_RADIO_COLOR) UpdateSample(context);
-    const HWND view = context.shared->viewPanel;
-    if (view != nullptr) SendMessageA(view, kMessageRefreshAll, 0, 0);
+void UpdateSampleOfColourMode(Run& run) {
+    if (run.id == IDC_RADIO_GRAYSCALE || run.id == IDC_RADIO_COLOR) UpdateSample(run);
 }
 
-const PageTraits kQualityPage = {
+const PageDefinition kQualityPage = {
     .dialogName = kDialogName,
     .helpTopic = 1301,
-    .viewKind = kViewQuality,
-    .features = kKeepsChanges | kOrdinaryPage,
-    .onInit = OnInit,
-    .onActivate = UpdateSample,
-    .onCommand = OnCommand,
-    .onDefaults = OnDefaults,
-    .onChanged = OnChanged,
-    .onScroll = OnScroll,
+    .view = kViewQuality,
+    .open = InOrder<kBeginOpening, PrepareSliders, UpdateSample, kEndOpening>,
+    .activate = InOrder<kActivate, UpdateSample>,
+    .command = InOrder<RouteOrDefaults, FollowTypedValue, IfChanged<kTakeAndRefresh>>,
+    .scroll = InOrder<FollowSlider, kScroll>,
+    .take = InOrder<React, TellSheet, IfDefaults<ApplyDefaults, DefaultColour>, Keep,
+                    UpdateSampleOfColourMode, RefillPanel>,
 };
 
-constexpr char kListDialog[] = "DLGTAB20";
-
-// The dialog's title is no page's caption, so the items looked for are those of the last page; the
-// dialog has none of their controls.
-void OnListDialogInit(SheetContext& context, HWND dialog) {
-    SetSubDialogTitle(context, dialog, "_DLGTAB20");
-    RunActivationHook(context, dialog, kListDialog);
-    TakeSnapshot(context);
-    InitialisePage(context, dialog);
-    RefreshDialog(context, SettingChanged::kYes, dialog, kListDialog);
-}
-
-// Unlike the other sub-dialogs, Cancel takes nothing back.
-void OnListDialogCommand(SheetContext& context, HWND dialog, HWND /*control*/, WPARAM wParam) {
-    const DWORD id = LOWORD(wParam);
-    if (id == IDOK || id == IDCANCEL) {
-        EndDialog(dialog, 1);
-        return;
-    }
-    DispatchNotification(context, dialog, id, HIWORD(wParam));
-    if (ChangedSinceSnapshot(context)) TellSheetChanged(dialog);
-    RefreshDialog(context, SettingChanged::kYes, dialog, kListDialog);
-}
+// A small list dialog that nothing opens but its export. Its title is no page's caption, so the
+// items looked for are those of the Troubleshooting page; it has none of their controls. Unlike in
+// the other dialogs Cancel takes nothing back, and nothing is derived.
+constexpr DialogDefinition kQualityList = {
+    .templateName = "_DLGTAB20",
+    .dialogName = "DLGTAB20",
+    .ok = {IDOK, 1},
+    .cancel = {IDCANCEL, 1},
+    .open = InOrder<Keep, Fill, RefreshControls>,
+    .command = InOrder<Dispatch, IfDiffers<TellSheet>, RefreshControls>,
+};
 
 }  // namespace
 }  // namespace kvui
@@ -170,7 +153,5 @@ INT_PTR CALLBACK DDMTAB2(HWND page, UINT message, WPARAM wParam, LPARAM lParam) 
 }
 
 INT_PTR CALLBACK DDMTAB20(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    static constexpr kvui::DialogHandlers kList = {kvui::OnListDialogInit,
-                                                   kvui::OnListDialogCommand};
-    return kvui::RunDialog(kList, dialog, message, wParam, lParam);
+    return kvui::RunDialog(kvui::kQualityList, dialog, message, wParam, lParam);
 }

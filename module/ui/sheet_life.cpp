@@ -98,7 +98,7 @@ SheetContext* BeginPageMessage(HWND page, UINT message, LPARAM lParam, DWORD tai
         QDMEndDialog(page, 0);
         return nullptr;
     }
-    ++context.shared->pageCount;
+    ++context.shared->life.pageCount;
     OSVERSIONINFOA version{};
     version.dwOSVersionInfoSize = sizeof version;
     GetVersionExA(&version);
@@ -106,27 +106,27 @@ SheetContext* BeginPageMessage(HWND page, UINT message, LPARAM lParam, DWORD tai
     context.flags = ReadModeFlags(page, message, lParam);
     // Whether printer data can be written is the same for every page of the sheet, and asking costs
     // a durable write.
-    if (context.shared->dataWritable == kAnswerUnknown) {
-        context.shared->dataWritable = PrinterDataIsWritable(context) ? kAnswerYes : kAnswerNo;
+    if (context.shared->life.dataWritable == kAnswerUnknown) {
+        context.shared->life.dataWritable = PrinterDataIsWritable(context) ? kAnswerYes : kAnswerNo;
     }
-    if (context.shared->dataWritable == kAnswerNo) context.flags |= kSheetDataNotWritable;
+    if (context.shared->life.dataWritable == kAnswerNo) context.flags |= kSheetDataNotWritable;
     return &context;
 }
 
 void LoadSheetRules(SheetContext& context) {
     SharedSheet& shared = *context.shared;
-    if (shared.initialised) return;
+    if (shared.life.initialised) return;
     ComputeRulesFilePath(context);
     CreateSharedView(context);
     SetTabCaptions(context);
-    shared.initialised = TRUE;
-    shared.active = TRUE;
+    shared.life.initialised = TRUE;
+    shared.life.active = TRUE;
     LoadRulesCache(context);
     BuildGrayOutIndex(context);
     bool complete = true;
     for (int i = 0; i < kListCount; ++i) {
-        shared.lists[i] = kListOperations[i].read(context.printer);
-        complete = complete && shared.lists[i] != nullptr;
+        shared.lists.handles[i] = kListOperations[i].read(context.printer);
+        complete = complete && shared.lists.handles[i] != nullptr;
     }
     if (!complete) {
         ShowMessageString(context.page, context.strings, IDS_LISTS_MISSING, IDS_WARNING,
@@ -138,22 +138,22 @@ void LoadSheetRules(SheetContext& context) {
 
 void EndSheet(SheetContext& context) {
     SharedSheet& shared = *context.shared;
-    if (!shared.active) return;
+    if (!shared.life.active) return;
     DestroySharedView(shared);
-    shared.active = FALSE;
+    shared.life.active = FALSE;
     FreeRulesCaches(shared);
     for (int i = 0; i < kListCount; ++i) {
-        const ListHandle list = std::exchange(shared.lists[i], nullptr);
+        const ListHandle list = std::exchange(shared.lists.handles[i], nullptr);
         if (list == nullptr) continue;
         const ListOperations& operations = kListOperations[i];
-        (shared.commitList[i] ? operations.write : operations.cancel)(list, context.printer);
+        (shared.lists.commit[i] ? operations.write : operations.cancel)(list, context.printer);
     }
     if (IsAdministrator()) WritePrinterLevelOptions(context);
 }
 
 void ReleaseShared(SheetContext& context) {
     HostUiBlock& host = *context.host;
-    if (--context.shared->pageCount != 0) return;
+    if (--context.shared->life.pageCount != 0) return;
     GlobalUnlock(host.sharedView);
     GlobalFree(std::exchange(host.sharedView, nullptr));
 }

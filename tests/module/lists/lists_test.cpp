@@ -27,7 +27,7 @@ class Lists : public testing::Test {
         (unit == 0 ? paper.widthTenths : paper.widthInches) = width;
         (unit == 0 ? paper.heightTenths : paper.heightInches) = height;
         ASSERT_NE(
-            QDMMLTAddPaper(sheet.shared.lists[kListPaper], &sheet.printer, &paper, kScopeCommon),
+            QDMMLTAddPaper(sheet.shared.lists.handles[kListPaper], &sheet.printer, &paper, kScopeCommon),
             0);
     }
     PaintedSheet sheet;
@@ -67,7 +67,7 @@ TEST_F(Lists, AChosenDiagonalWatermarkTurnsWithThePaper) {
     fixed.id = 200;
     fixed.angleMode = 4;
     fixed.angle = 10;
-    const ListHandle list = sheet.shared.lists[kListWatermark];
+    const ListHandle list = sheet.shared.lists.handles[kListWatermark];
     ASSERT_NE(QDMMLTAddWatermark(list, &sheet.printer, &fixed, kScopeCommon), 0);
     const struct {
         SHORT paper, orientation;

@@ -30,12 +30,12 @@ class PaintedSheet : public ScratchSheet {
         setenv("FONTCONFIG_FILE", KV_SOURCE_DIR "/tests/support/fonts.conf", 1);
         InstallPrinter();
         QDMGetStdDefaults(&printer, context.settings, nullptr);
-        shared.lists[kListPaper] = QDMMLTReadPaper(&printer);
-        shared.lists[kListWatermark] = QDMMLTReadWatermark(&printer);
+        shared.lists.handles[kListPaper] = QDMMLTReadPaper(&printer);
+        shared.lists.handles[kListWatermark] = QDMMLTReadWatermark(&printer);
     }
     ~PaintedSheet() {
-        QDMMLTCancelPaper(shared.lists[kListPaper], &printer);
-        QDMMLTCancelWatermark(shared.lists[kListWatermark], &printer);
+        QDMMLTCancelPaper(shared.lists.handles[kListPaper], &printer);
+        QDMMLTCancelWatermark(shared.lists.handles[kListWatermark], &printer);
     }
 
     // On white, in the font of the module's dialogs.

@@ -95,7 +95,7 @@ class PaperView : public testing::Test {
     void ChooseWatermark(const char* text, LONG angle, BYTE red, BYTE green, BYTE blue,
                          DWORD size = 200) {
         WatermarkRecord record{};
-        record.id = QDMMLTGetWatermarkID(sheet.shared.lists[kListWatermark], 128, 0x7FFFFFFF);
+        record.id = QDMMLTGetWatermarkID(sheet.shared.lists.handles[kListWatermark], 128, 0x7FFFFFFF);
         std::snprintf(record.name, sizeof record.name, "Test %u", static_cast<unsigned>(record.id));
         std::snprintf(record.text, sizeof record.text, "%s", text);
         std::snprintf(record.typeface, sizeof record.typeface, "Arial");
@@ -106,7 +106,7 @@ class PaperView : public testing::Test {
         record.red = red;
         record.green = green;
         record.blue = blue;
-        ASSERT_NE(QDMMLTAddWatermark(sheet.shared.lists[kListWatermark], &sheet.printer, &record,
+        ASSERT_NE(QDMMLTAddWatermark(sheet.shared.lists.handles[kListWatermark], &sheet.printer, &record,
                                      kScopeCommon), 0);
         Settings().mdmWatermark = record.id;
     }
@@ -149,7 +149,7 @@ TEST_F(PaperView, WatermarksAreScaledByTheHeightOfThePaper) {
     own.id = 512;
     own.widthTenths = 1000;
     own.heightTenths = 2000;
-    ASSERT_NE(QDMMLTAddPaper(sheet.shared.lists[kListPaper], &sheet.printer, &own, kScopeCommon), 0);
+    ASSERT_NE(QDMMLTAddPaper(sheet.shared.lists.handles[kListPaper], &sheet.printer, &own, kScopeCommon), 0);
     ChooseWatermark("H", 0, 0, 0, 0);
     const PaperArea letter = *QDMGetPaperArea(&sheet.printer, 1), a4 = *QDMGetPaperArea(&sheet.printer, 9);
     const struct { SHORT paper, orientation; double tenths; } rows[] = {
@@ -307,7 +307,7 @@ TEST_F(PaperView, DrawsAnySettingsOnAViewOfAnySize) {
     for (int i = 0; i < 400; ++i) {
         ChooseWatermark(i % 3 == 0 ? "" : "Any (text", 0, 1, 2, 3);
         WatermarkRecord record{};
-        QDMMLTGetWatermarkWithID(sheet.shared.lists[kListWatermark], &sheet.printer, &record,
+        QDMMLTGetWatermarkWithID(sheet.shared.lists.handles[kListWatermark], &sheet.printer, &record,
                                  Settings().mdmWatermark);
         record.size = any();
         record.angle = static_cast<LONG>(any());
@@ -315,7 +315,7 @@ TEST_F(PaperView, DrawsAnySettingsOnAViewOfAnySize) {
         record.offsetY = static_cast<LONG>(any());
         if (i % 5 == 0) std::memset(record.text, 'x', sizeof record.text);
         if (i % 7 == 0) std::memset(record.typeface, 'y', sizeof record.typeface);
-        QDMMLTUpdateWatermark(sheet.shared.lists[kListWatermark], &sheet.printer, &record);
+        QDMMLTUpdateWatermark(sheet.shared.lists.handles[kListWatermark], &sheet.printer, &record);
         if (i % 4 == 0) Settings().mdmWatermark = any();
         context().settings->dmOrientation = static_cast<SHORT>(any());
         context().settings->dmPaperSize = static_cast<SHORT>(i % 2 == 0 ? 9 : any());
@@ -326,7 +326,7 @@ TEST_F(PaperView, DrawsAnySettingsOnAViewOfAnySize) {
         Settings().mdmWatermarkMode = any();
         Settings().mdmOutputPaper = any();
         sheet.Paint(PaintPaperView, sizes[i % std::size(sizes)]);
-        QDMMLTDeleteWatermark(sheet.shared.lists[kListWatermark], &sheet.printer, record.id);
+        QDMMLTDeleteWatermark(sheet.shared.lists.handles[kListWatermark], &sheet.printer, record.id);
     }
     SUCCEED() << "seed " << seed;
 }

@@ -50,7 +50,7 @@ TEST(ColourSample, SharpnessDeepensEdgesAndSparesTheRest) {
 
 TEST(ColourSample, TheViewShowsEverySliderAndTheSampleMode) {
     PaintedSheet sheet;
-    sheet.shared.sampleMode = kSampleColour;
+    sheet.shared.preview.sampleMode = kSampleColour;
     const auto with = [&](const char* field, DWORD value) {
         const DWORD before = sheet.Get(field);
         sheet.Set(field, value);
@@ -64,7 +64,7 @@ TEST(ColourSample, TheViewShowsEverySliderAndTheSampleMode) {
         EXPECT_FALSE(with(field, 30) == plain) << field;
         EXPECT_FALSE(with(field, 30) == with(field, 50)) << field;
     }
-    sheet.shared.sampleMode = kSampleMonochrome;
+    sheet.shared.preview.sampleMode = kSampleMonochrome;
     const Pixels grey = sheet.Paint(PaintColourSample);
     for (int y = 20; y < 170; ++y) {
         const DWORD pixel = grey.At(80, y);
@@ -139,7 +139,7 @@ TEST(SharedView, APanelThatCannotBeMadeIsReportedOnce) {
     });
     CreateSharedView(sheet.context);
     EXPECT_EQ(box, "CreateDialog Result: CommonViewDialog Failed");
-    EXPECT_EQ(sheet.shared.viewPanel, nullptr);
+    EXPECT_EQ(sheet.shared.preview.panel, nullptr);
     // Everything else goes on without a panel.
     ShowViewKind(sheet.context, kViewQuality);
     AttachSharedView(sheet.context);

@@ -22,8 +22,8 @@ constexpr DWORD kGrpStaple = 1301;
 void UseEntryRules(ScratchSheet& sheet,
                    std::initializer_list<std::pair<const char*, const char*>> rules) {
     FreeRulesCaches(sheet.shared);
-    sheet.shared.rulesCache = GlobalAlloc(GHND, 2 * sizeof(RulesSection));
-    const LockedBlock<RulesSection> section(sheet.shared.rulesCache);
+    sheet.shared.rules.cache = GlobalAlloc(GHND, 2 * sizeof(RulesSection));
+    const LockedBlock<RulesSection> section(sheet.shared.rules.cache);
     std::snprintf(section->name, sizeof section->name, "GrayOutConditions");
     int record = 0;
     for (const auto& [key, value] : rules) {

@@ -55,7 +55,7 @@ TEST(GrayOutDisplay, ARefreshWalksTwiceForWhatItGrayedUnlessAHiddenRowFollows) {
         sheet.Set("MediaType", 2);
         const HWND page = MakePage();
         if (row.foldingHidden) ShowWindow(GetDlgItem(page, kFolding), SW_HIDE);
-        RefreshDialog(sheet.context, SettingChanged::kYes, page, "DLGTAB01");
+        RefreshDialog(sheet.context, page, "DLGTAB01");
         EXPECT_FALSE(IsWindowEnabled(GetDlgItem(page, kPunch))) << &row - rows;
         EXPECT_EQ(IsWindowEnabled(GetDlgItem(page, kStaple)) != FALSE, row.staple) << &row - rows;
         DestroyWindow(page);

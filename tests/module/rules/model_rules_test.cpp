@@ -23,7 +23,7 @@ class ModelRules : public testing::Test {
 
     template <typename Handler>
     void ForEachRecord(int section, Handler handle) {
-        const LockedBlock<RulesSection> sections(sheet.shared.rulesCache);
+        const LockedBlock<RulesSection> sections(sheet.shared.rules.cache);
         for (const RulesRecord* at = sections.get()[section].records; at->key[0] != '\0'; ++at) {
             handle(*at);
         }
@@ -122,7 +122,7 @@ TEST_F(ModelRules, FitTheCaches) {
         EXPECT_LT(std::strlen(record.value), sizeof record.value - 1) << record.key;
     });
     EXPECT_LT(conflicts, kMaxRulesRecords);
-    const LockedBlock<GrayOutIndex> index(sheet.shared.grayOutIndex);
+    const LockedBlock<GrayOutIndex> index(sheet.shared.rules.grayOutIndex);
     EXPECT_LT(index->count, kMaxGrayOutTargets);
     for (LONG i = 0; i < index->count; ++i) {
         EXPECT_LT(index->entries[i].recordCount, kMaxGrayOutRecords);

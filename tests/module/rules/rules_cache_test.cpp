@@ -87,7 +87,7 @@ TEST(GrayOutIndex, KeepsOnlyParenthesisedRulesOfKindOne) {
         "A2=(1),0,0,(T3,0,0,(0),0)\n"
         ";A3=(1),0,1,(T4,0,0,(0),H)\n"
         "A4=(5-6,8),1,1,(T1,0,0,(0,1),7,1001),(T5,0,0,(),-1)\n");
-    const LockedBlock<GrayOutIndex> index(sheet.shared.grayOutIndex);
+    const LockedBlock<GrayOutIndex> index(sheet.shared.rules.grayOutIndex);
     ASSERT_EQ(index->count, 2);
     const GrayOutEntry& first = index->entries[0];
     EXPECT_STREQ(first.targetName, "T1");
@@ -110,7 +110,7 @@ TEST(GrayOutIndex, SurplusTargetsAndRulesAreIgnored) {
     }
     ScratchSheet sheet;
     sheet.UseRules(text);
-    const LockedBlock<GrayOutIndex> index(sheet.shared.grayOutIndex);
+    const LockedBlock<GrayOutIndex> index(sheet.shared.rules.grayOutIndex);
     EXPECT_EQ(index->count, kMaxGrayOutTargets);
     EXPECT_EQ(index->entries[0].recordCount, kMaxGrayOutRecords);
     EXPECT_EQ(index->entries[0].forcedValue, kMaxGrayOutRecords - 1);

@@ -41,9 +41,9 @@ class SheetEnd : public testing::Test {
     void End(DWORD options, bool active) {
         sheet_.Set("mdmInstalledOptions", options);
         sheet_.Set("mdmOtherSettings", options & kOtherAutoConfig);
-        sheet_.shared.active = active;
+        sheet_.shared.life.active = active;
         EndSheet(sheet_.context);
-        EXPECT_FALSE(sheet_.shared.active);
+        EXPECT_FALSE(sheet_.shared.life.active);
     }
 
     ScratchSheet sheet_;
@@ -128,15 +128,15 @@ TEST_F(SheetEnd, CommitsTheListsThatWereChangedAndDropsTheOthers) {
         std::vector<int> before, after;
         for (int list = 0; list < kListCount; ++list) {
             before.push_back(state(list));
-            sheet_.shared.lists[list] = read(list);
-            ASSERT_NE(sheet_.shared.lists[list], nullptr);
-            ASSERT_TRUE(change(list, sheet_.shared.lists[list], static_cast<DWORD>(committed)))
+            sheet_.shared.lists.handles[list] = read(list);
+            ASSERT_NE(sheet_.shared.lists.handles[list], nullptr);
+            ASSERT_TRUE(change(list, sheet_.shared.lists.handles[list], static_cast<DWORD>(committed)))
                 << list;
-            sheet_.shared.commitList[list] = list == committed;
+            sheet_.shared.lists.commit[list] = list == committed;
         }
         End(0, true);
         for (int list = 0; list < kListCount; ++list) {
-            EXPECT_EQ(sheet_.shared.lists[list], nullptr);
+            EXPECT_EQ(sheet_.shared.lists.handles[list], nullptr);
             EXPECT_EQ(state(list) != before[static_cast<size_t>(list)], list == committed)
                 << "list " << list << " while " << committed << " was changed";
         }

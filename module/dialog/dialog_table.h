@@ -1,0 +1,60 @@
+// Every page and dialog of the module, one row each: its template, its items in the catalogue, its
+// caption, and how it is opened. The build writes the rows out for the host, its command line and
+// the tests that walk all dialogs (tools/control_index).
+#pragma once
+
+#include <windows.h>
+
+#include "sheet/sheet_context.h"
+
+namespace kvui {
+
+struct PageRow {
+    const char* name;  // as people call it on a command line
+    const char* templateName;
+    const char* dialogName;  // of its items in the catalogue
+    UINT captionId;
+    const char* procedure;  // the export that runs it
+};
+
+// In the order of the sheet. The module offers all but the last, Job Management, which the host
+// creates where a printer has it.
+constexpr int kPageCount = 8;
+extern const PageRow kPages[kPageCount];
+
+// The page whose caption the window has as its title; Troubleshooting when none has it.
+const PageRow& PageOfWindow(const SheetContext& context, HWND page);
+
+enum class Opening {
+    kClick,   // of a button, or of a check box that is off
+    kChoose,  // of an entry that a rule refuses
+    kExport,  // by the export, on the state of a page: no control opens it
+    kNone,    // nothing opens it yet
+};
+
+// What opens a dialog. Another control may have to be worked first, and another value chosen.
+struct Opener {
+    Opening way;
+    const char* procedure;  // the export, where that opens it
+    DWORD control;
+    DWORD value;  // to choose
+    DWORD controlBefore;
+    DWORD valueBefore;
+};
+
+struct DialogRow {
+    const char* name;  // of its picture's file
+    const char* page;  // template of the page that it belongs to
+    const char* templateName;
+    const char* dialogName;  // "" when no items are its
+    UINT titleId;            // 0: the template's own
+    Opener opener;
+};
+
+constexpr int kDialogCount = 23;
+extern const DialogRow kDialogs[kDialogCount];
+
+// String of a dialog's title; 0 when there is none to load.
+UINT TitleOfTemplate(const char* templateName);
+
+}  // namespace kvui
