@@ -5,7 +5,7 @@
 #include <framework/core/install_printer.h>
 #include <kvcore.h>
 #include <platform/display/headless.h>
-#include <platform/registry/state_directory.h>
+#include <platform/registry/state_store.h>
 #include <platform/security/access.h>
 #include <platform/window/input.h>
 #include <preferences_sheet.h>

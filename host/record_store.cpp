@@ -4,10 +4,10 @@
 
 #include <fcntl.h>
 #include <kvcore.h>
-#include <platform/registry/state_directory.h>
 #include <platform/shell/errors.h>
 #include <platform/shell/folder_lock.h>
 #include <platform/shell/paths.h>
+#include <platform/shell/state_directory.h>
 #include <platform/shell/whole_file.h>
 #include <sys/stat.h>
 #include <unistd.h>

@@ -8,8 +8,8 @@
 #include <host/record_check.h>
 #include <host/rules_faults.h>
 #include <platform/display/headless.h>
-#include <platform/registry/state_directory.h>
 #include <platform/registry/state_store.h>
+#include <platform/shell/state_directory.h>
 #include <platform/window/input.h>
 #include <windows.h>
 

@@ -2,10 +2,10 @@
 #include "install_printer.h"
 
 #include <framework/spool/driver_folder.h>
-#include <platform/registry/state_directory.h>
 #include <platform/registry/state_store.h>
 #include <platform/shell/errors.h>
 #include <platform/shell/paths.h>
+#include <platform/shell/state_directory.h>
 #include <platform/shell/whole_file.h>
 #include <winreg.h>
 #include <winspool.h>

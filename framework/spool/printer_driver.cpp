@@ -1,6 +1,6 @@
 // The driver of a printer and the folder of its files, as the spooler's queries answer them.
-#include <platform/registry/state_directory.h>
 #include <platform/registry/state_store.h>
+#include <platform/shell/state_directory.h>
 #include <winspool.h>
 
 #include <string>

@@ -3,7 +3,6 @@
 #include <host/command_tree.h>
 #include <host/commands/commands.h>
 #include <host/commands/complete.h>
-#include <platform/registry/state_directory.h>
 #include <platform/registry/state_store.h>
 #include <unistd.h>
 

@@ -2,9 +2,9 @@
 #include <framework/core/install_printer.h>
 #include <host/commands/commands.h>
 #include <host/host_paths.h>
-#include <platform/registry/state_directory.h>
 #include <platform/registry/state_store.h>
 #include <platform/security/access.h>
+#include <platform/shell/state_directory.h>
 #include <windows.h>
 
 #include <cerrno>

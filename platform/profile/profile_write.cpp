@@ -15,10 +15,10 @@
 
 #include <platform/profile/profile_cache.h>
 #include <platform/profile/profile_edit.h>
-#include <platform/registry/state_directory.h>
 #include <platform/shell/errors.h>
 #include <platform/shell/folder_lock.h>
 #include <platform/shell/paths.h>
+#include <platform/shell/state_directory.h>
 #include <platform/shell/whole_file.h>
 
 namespace kv {

@@ -3,6 +3,7 @@
 
 #include <platform/shell/errors.h>
 #include <platform/shell/file_changes.h>
+#include <platform/shell/state_directory.h>
 
 namespace kv {
 
@@ -98,6 +99,11 @@ std::string StateStore::LastMessage() {
 
 void CloseStateStore() {
     StateStore::Get().Close();
+}
+
+void SetStateDirectory(const std::string& path) {
+    CloseStateStore();
+    OverrideStateDirectory(path);
 }
 
 StoreTransaction::StoreTransaction(StateStore& store)

@@ -117,5 +117,8 @@ class StoreTransaction {
 
 // Closes the store when it is open; the next use opens it again.
 void CloseStateStore();
+// Closes the store and lets the program use another state directory than the environment names; an
+// empty path returns to that.
+void SetStateDirectory(const std::string& path);
 
 }  // namespace kv

@@ -10,10 +10,10 @@
 #include <cerrno>
 #include <cstdio>
 
-#include <platform/registry/state_directory.h>
 #include <platform/registry/store_schema.h>
 #include <platform/shell/errors.h>
 #include <platform/shell/paths.h>
+#include <platform/shell/state_directory.h>
 
 namespace kv {
 

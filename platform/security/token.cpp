@@ -84,14 +84,6 @@ std::size_t BlockSize(const std::vector<SidBytes>& sids, std::size_t header) {
 
 }  // namespace kv
 
-HANDLE GetCurrentThread() {
-    return reinterpret_cast<HANDLE>(INT_PTR{-2});
-}
-
-HANDLE GetCurrentProcess() {
-    return reinterpret_cast<HANDLE>(INT_PTR{-1});
-}
-
 BOOL OpenThreadToken(HANDLE thread, DWORD, BOOL, HANDLE* token) {
     if (token) *token = nullptr;
     SetLastError(thread == GetCurrentThread() && token ? ERROR_NO_TOKEN : ERROR_INVALID_HANDLE);

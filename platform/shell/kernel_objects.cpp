@@ -1,4 +1,5 @@
-// The table behind file and token handles, and CloseHandle.
+// The table behind file and token handles, the two handles that stand for the caller itself, and
+// CloseHandle.
 #include <platform/shell/kernel_objects.h>
 
 #include <winbase.h>
@@ -15,6 +16,14 @@ void SetInvalidHandleError() {
 }
 
 }  // namespace kv
+
+HANDLE GetCurrentThread() {
+    return reinterpret_cast<HANDLE>(INT_PTR{-2});
+}
+
+HANDLE GetCurrentProcess() {
+    return reinterpret_cast<HANDLE>(INT_PTR{-1});
+}
 
 BOOL CloseHandle(HANDLE object) {
     if (object == GetCurrentProcess() || object == GetCurrentThread()) return TRUE;

@@ -10,8 +10,8 @@
 #include <cerrno>
 #include <cstring>
 
-#include <platform/registry/state_directory.h>
 #include <platform/shell/drives.h>
+#include <platform/shell/state_directory.h>
 
 namespace kv {
 

@@ -1,10 +1,8 @@
-// Version, time, and the beep.
+// Version and time.
 #include <winbase.h>
 
 #include <cerrno>
 #include <ctime>
-
-#include <platform/display/display.h>
 
 BOOL GetVersionExA(OSVERSIONINFOA* info) {
     if (!info || info->dwOSVersionInfoSize < sizeof(OSVERSIONINFOA)) {
@@ -31,14 +29,4 @@ void Sleep(DWORD milliseconds) {
                   static_cast<long>(milliseconds % 1000) * 1000000};
     while (nanosleep(&rest, &rest) != 0 && errno == EINTR) {
     }
-}
-
-// The display owns the loudspeaker: it knows neither frequency nor length.
-BOOL Beep(DWORD frequency, DWORD) {
-    if (frequency < 37 || frequency > 32767) {
-        SetLastError(ERROR_INVALID_PARAMETER);
-        return FALSE;
-    }
-    kv::CurrentDisplay().Beeped();
-    return TRUE;
 }

@@ -58,17 +58,6 @@ bool IsDialogProcedure(const Window& window, int index) {
 
 }  // namespace
 
-void TellStyleChange(Window& window, DWORD before) {
-    const DWORD changed = window.style ^ before;
-    unsigned changes = 0;
-    if ((changed & WS_VISIBLE) != 0) changes |= kChangedVisible;
-    if ((changed & WS_DISABLED) != 0) changes |= kChangedEnabled;
-    if ((changed & ~DWORD{WS_VISIBLE | WS_DISABLED | WS_TABSTOP | WS_GROUP}) != 0) {
-        changes |= kChangedStyle;
-    }
-    if (changes) TellChanged(window.handle, changes);
-}
-
 }  // namespace kv
 
 using namespace kv;

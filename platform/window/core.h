@@ -53,6 +53,9 @@ std::vector<HWND>& TopLevelList();
 // True when `ancestor` is `window` or one of its parents.
 bool Contains(HWND ancestor, HWND window);
 POINT ClientOrigin(HWND window);
+// The window that GetDesktopWindow made; nobody has its handle before that.
+void SetDesktop(HWND window);
+bool IsDesktop(HWND window);
 // The window that a dialog or message box is modal for: owners are always top-level.
 HWND OwnerRootOf(HWND window);
 

@@ -9,9 +9,6 @@
 namespace kv::input {
 namespace {
 
-unsigned currentModifiers = kNoModifier;
-Watcher* watcher = nullptr;
-
 // Where a button press on `window` arrives: labels and frames let it through to their parent.
 struct MouseTarget {
     HWND window{};
@@ -106,25 +103,6 @@ bool TypeOne(char character) {
 }
 
 }  // namespace
-
-ActionScope::ActionScope(unsigned modifiers, HWND window)
-    : previous_(currentModifiers), watched_(watcher && window) {
-    currentModifiers = modifiers;
-    if (watched_) watcher->Begun(window);
-}
-
-ActionScope::~ActionScope() {
-    currentModifiers = previous_;
-    if (watched_ && watcher) watcher->Ended();
-}
-
-void Watch(Watcher* next) {
-    watcher = next;
-}
-
-unsigned CurrentModifiers() {
-    return currentModifiers;
-}
 
 bool CanReach(HWND handle) {
     const Window* window = FindWindowRecord(handle);

@@ -156,7 +156,7 @@ HWND WINAPI CreateWindowExA(DWORD exStyle, LPCSTR className, LPCSTR text, DWORD 
 
 BOOL WINAPI DestroyWindow(HWND handle) {
     Window* window = WindowFromHandle(handle);
-    if (!window || window->destroying || handle == GetDesktopWindow()) return FALSE;
+    if (!window || window->destroying || IsDesktop(handle)) return FALSE;
     const CallScope scope;
     if (window->dialog && window->dialog->disabledOwner) {
         EnableWindow(std::exchange(window->dialog->disabledOwner, nullptr), TRUE);

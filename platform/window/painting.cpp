@@ -1,4 +1,4 @@
-// Invalid windows, device contexts of windows, and the pictures of windows that paint themselves.
+// Device contexts of windows, and the pictures of windows that paint themselves.
 #include <platform/display/display.h>
 #include <platform/gdi/surface.h>
 #include <platform/window/core.h>
@@ -47,38 +47,6 @@ WindowSurface* SurfaceOf(Window& window) {
     surface.bitmap = bitmap;
     surface.size = size;
     return &surface;
-}
-
-void MarkInvalid(Window& window) {
-    if (window.invalid) return;
-    window.invalid = true;
-    if (window.announced) CurrentDisplay().Invalidated(window.handle);
-}
-
-bool Overlaps(const RECT& area, const RECT& child) {
-    return area.left < child.right && child.left < area.right && area.top < child.bottom &&
-           child.top < area.bottom;
-}
-
-// A child stands in its parent's picture, so what covers it is drawn again together with it.
-void InvalidateTree(HWND handle, const RECT* area) {
-    Window* window = FindWindowRecord(handle);
-    if (!window || !window->redraw) return;
-    MarkInvalid(*window);
-    window = FindWindowRecord(handle);
-    if (!window || (window->style & WS_CLIPCHILDREN) != 0) return;
-    for (size_t i = 0; window && i < window->children.size(); ++i) {
-        const Window* child = FindWindowRecord(window->children[i]);
-        if (!child || !child->IsVisibleStyle()) continue;
-        if (!area) {
-            InvalidateTree(child->handle, nullptr);
-        } else if (Overlaps(*area, child->rect)) {
-            RECT inside = *area;
-            OffsetRect(&inside, -child->rect.left, -child->rect.top);
-            InvalidateTree(child->handle, &inside);
-        }
-        window = FindWindowRecord(handle);
-    }
 }
 
 // Restores what a painter changed in a DC that goes on being used.
@@ -253,12 +221,6 @@ bool PaintItem(HWND control, int item, HDC dc, const RECT& rect, UINT itemState)
 
 using namespace kv;
 
-BOOL WINAPI InvalidateRect(HWND handle, const RECT* rect, BOOL /*erase*/) {
-    if (!WindowFromHandle(handle)) return FALSE;
-    InvalidateTree(handle, rect);
-    return TRUE;
-}
-
 BOOL WINAPI UpdateWindow(HWND handle) {
     Window* window = WindowFromHandle(handle);
     if (!window) return FALSE;
@@ -310,7 +272,7 @@ BOOL WINAPI EndPaint(HWND handle, const PAINTSTRUCT* paint) {
 
 HDC WINAPI GetDC(HWND handle) {
     // The screen: nobody draws on it here, callers measure.
-    if (!handle || handle == GetDesktopWindow()) return ScreenDc();
+    if (!handle || IsDesktop(handle)) return ScreenDc();
     Window* window = WindowFromHandle(handle);
     if (!window) return nullptr;
     return Guarded(HDC{}, [&]() -> HDC {
@@ -322,7 +284,7 @@ HDC WINAPI GetDC(HWND handle) {
 }
 
 int WINAPI ReleaseDC(HWND handle, HDC dc) {
-    if (!handle || handle == GetDesktopWindow()) return DeleteDC(dc);
+    if (!handle || IsDesktop(handle)) return DeleteDC(dc);
     const Window* window = WindowFromHandle(handle);
     if (!window || !window->surface || window->surface->dc != dc) return 0;
     return RestoreDC(dc, -1);

@@ -55,6 +55,18 @@ void Reorder(Window& window, HWND after) {
 }
 
 }  // namespace
+
+void TellStyleChange(Window& window, DWORD before) {
+    const DWORD changed = window.style ^ before;
+    unsigned changes = 0;
+    if ((changed & WS_VISIBLE) != 0) changes |= kChangedVisible;
+    if ((changed & WS_DISABLED) != 0) changes |= kChangedEnabled;
+    if ((changed & ~DWORD{WS_VISIBLE | WS_DISABLED | WS_TABSTOP | WS_GROUP}) != 0) {
+        changes |= kChangedStyle;
+    }
+    if (changes) TellChanged(window.handle, changes);
+}
+
 }  // namespace kv
 
 using namespace kv;
@@ -78,15 +90,6 @@ BOOL WINAPI ShowWindow(HWND handle, int command) {
     return wasVisible;
 }
 
-BOOL WINAPI IsWindowVisible(HWND handle) {
-    const Window* window = WindowFromHandle(handle);
-    if (!window) return FALSE;
-    for (; window; window = FindWindowRecord(window->parent)) {
-        if (!window->IsVisibleStyle()) return FALSE;
-    }
-    return TRUE;
-}
-
 BOOL WINAPI EnableWindow(HWND handle, BOOL enable) {
     Window* window = WindowFromHandle(handle);
     if (!window) return FALSE;
@@ -100,11 +103,6 @@ BOOL WINAPI EnableWindow(HWND handle, BOOL enable) {
     SetStyleBit(*window, WS_DISABLED, !enable);
     SendMessageA(handle, WM_ENABLE, enable ? TRUE : FALSE, 0);
     return wasDisabled;
-}
-
-BOOL WINAPI IsWindowEnabled(HWND handle) {
-    const Window* window = WindowFromHandle(handle);
-    return window && !window->IsDisabledStyle();
 }
 
 BOOL WINAPI MoveWindow(HWND handle, int x, int y, int width, int height, BOOL /*repaint*/) {

@@ -1,11 +1,8 @@
-// System-wide values and small services: metrics, colours, cursors, key state, the beep.
+// System-wide values and small services: metrics, cursors, the beep, and who hears of new colours.
 #include <platform/display/display.h>
-#include <platform/gdi/objects.h>
-#include <platform/gdi/surface.h>
+#include <platform/gdi/system_colors.h>
 #include <platform/window/core.h>
-#include <platform/window/input.h>
 
-#include <array>
 #include <utility>
 
 namespace kv {
@@ -30,40 +27,6 @@ constexpr Metric kMetrics[] = {
     {SM_CXICON, 32}, {SM_CYICON, 32}, {SM_CXEDGE, 2},
     {SM_CYEDGE, 2},  {SM_CXFRAME, 4}, {SM_CYFRAME, 4},
 };
-
-// By COLOR_* index, until somebody sets others.
-constexpr COLORREF kColors[] = {
-    RGB(200, 200, 200),  // scroll bar
-    RGB(0, 0, 0),        // desktop
-    RGB(153, 180, 209),  // active caption
-    RGB(191, 205, 219),  // inactive caption
-    RGB(240, 240, 240),  // menu
-    RGB(255, 255, 255),  // window
-    RGB(100, 100, 100),  // window frame
-    RGB(0, 0, 0),        // menu text
-    RGB(0, 0, 0),        // window text
-    RGB(0, 0, 0),        // caption text
-    RGB(180, 180, 180),  // active border
-    RGB(244, 247, 252),  // inactive border
-    RGB(171, 171, 171),  // application work space
-    RGB(0, 120, 215),    // highlight
-    RGB(255, 255, 255),  // highlight text
-    RGB(240, 240, 240),  // button face
-    RGB(160, 160, 160),  // button shadow
-    RGB(109, 109, 109),  // gray text
-    RGB(0, 0, 0),        // button text
-    RGB(0, 0, 0),        // inactive caption text
-    RGB(255, 255, 255),  // button highlight
-    RGB(105, 105, 105),  // dark shadow
-    RGB(227, 227, 227),  // light edge
-    RGB(0, 0, 0),        // tooltip text
-    RGB(255, 255, 225),  // tooltip background
-};
-constexpr int kColorCount = static_cast<int>(std::size(kColors));
-static_assert(kColorCount > COLOR_3DDKSHADOW);
-
-std::array<COLORREF, kColorCount> colors = std::to_array(kColors);
-std::array<HBRUSH, kColorCount> brushes;
 
 // A system cursor's handle is its resource number with a mark no pointer and no other handle has.
 constexpr std::uintptr_t kCursorMark = std::uintptr_t{6} << 58;
@@ -92,31 +55,13 @@ int WINAPI GetSystemMetrics(int index) {
     return 0;
 }
 
-DWORD WINAPI GetSysColor(int index) {
-    return index >= 0 && index < kColorCount ? colors[static_cast<size_t>(index)] : 0;
-}
-
-HBRUSH WINAPI GetSysColorBrush(int index) {
-    if (index < 0 || index >= kColorCount) return nullptr;
-    HBRUSH& brush = brushes[static_cast<size_t>(index)];
-    if (!brush) {
-        brush = CreateSolidBrush(GetSysColor(index));
-        MakePermanent(brush);
-    }
-    return brush;
-}
-
-// Brushes that were given out have the new colours too.
 BOOL WINAPI SetSysColors(int count, const INT* indices, const COLORREF* values) {
     if (count < 0 || !indices || !values) {
         SetLastError(ERROR_INVALID_PARAMETER);
         return FALSE;
     }
     for (int i = 0; i < count; ++i) {
-        if (indices[i] < 0 || indices[i] >= kColorCount) continue;
-        const auto index = static_cast<size_t>(indices[i]);
-        colors[index] = values[i];
-        if (auto* brush = ObjectOf<Brush>(brushes[index])) brush->color = values[i];
+        SetSystemColor(indices[i], values[i]);
     }
     for (HWND window : TopLevelWindows()) SendMessageA(window, WM_SYSCOLORCHANGE, 0, 0);
     return TRUE;
@@ -140,15 +85,17 @@ HCURSOR WINAPI SetCursor(HCURSOR cursor) {
     return previous;
 }
 
-SHORT WINAPI GetKeyState(int virtualKey) {
-    const unsigned modifiers = input::CurrentModifiers();
-    const bool down = (virtualKey == VK_SHIFT && (modifiers & input::kShift) != 0) ||
-                      (virtualKey == VK_CONTROL && (modifiers & input::kControl) != 0) ||
-                      (virtualKey == VK_MENU && (modifiers & input::kAlt) != 0);
-    return down ? static_cast<SHORT>(-0x8000) : SHORT{0};
+BOOL WINAPI MessageBeep(UINT /*type*/) {
+    CurrentDisplay().Beeped();
+    return TRUE;
 }
 
-BOOL WINAPI MessageBeep(UINT /*type*/) {
+// The display owns the loudspeaker: it knows neither frequency nor length.
+BOOL WINAPI Beep(DWORD frequency, DWORD) {
+    if (frequency < 37 || frequency > 32767) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return FALSE;
+    }
     CurrentDisplay().Beeped();
     return TRUE;
 }

@@ -1,5 +1,5 @@
-// The tree of windows: parents, owners, siblings, enumeration and names for people.
-#include <platform/display/tell.h>
+// The tree of windows: parents, owners, siblings, what hides or disables, enumeration and names for
+// people.
 #include <platform/window/core.h>
 
 #include <algorithm>
@@ -7,6 +7,8 @@
 
 namespace kv {
 namespace {
+
+HWND desktop{};  // once somebody asked for it
 
 void RemoveFrom(std::vector<HWND>& list, HWND handle) {
     const auto found = std::find(list.begin(), list.end(), handle);
@@ -112,9 +114,17 @@ bool Contains(HWND ancestor, HWND handle) {
     return handle != nullptr;
 }
 
+void SetDesktop(HWND handle) {
+    desktop = handle;
+}
+
+bool IsDesktop(HWND handle) {
+    return handle && handle == desktop;
+}
+
 HWND OwnerRootOf(HWND handle) {
     const HWND root = RootOf(handle);
-    return root == GetDesktopWindow() ? nullptr : root;
+    return IsDesktop(root) ? nullptr : root;
 }
 
 std::string_view KindOf(HWND handle) {
@@ -154,29 +164,6 @@ HWND WINAPI GetParent(HWND handle) {
     return (window->style & WS_POPUP) != 0 ? window->owner : window->parent;
 }
 
-HWND WINAPI SetParent(HWND handle, HWND newParent) {
-    Window* window = WindowFromHandle(handle);
-    if (!window) return nullptr;
-    const HWND desktop = GetDesktopWindow();
-    if (newParent == desktop) newParent = nullptr;
-    if (newParent && !WindowFromHandle(newParent)) return nullptr;
-    if (handle == desktop || Contains(handle, newParent)) {
-        SetLastError(ERROR_INVALID_PARAMETER);
-        return nullptr;
-    }
-    const HWND previous = window->parent;
-    if (previous != newParent) {
-        Guarded(0, [&] {
-            Unlink(*window);
-            Link(*window, newParent, Place::kFirst);
-            return 0;
-        });
-        TellChanged(handle, kChangedParent);
-        InvalidateRect(handle, nullptr, TRUE);
-    }
-    return previous ? previous : desktop;
-}
-
 HWND WINAPI GetWindow(HWND handle, UINT command) {
     const Window* window = WindowFromHandle(handle);
     if (!window) return nullptr;
@@ -201,25 +188,24 @@ HWND WINAPI GetWindow(HWND handle, UINT command) {
     }
 }
 
-HWND WINAPI GetDesktopWindow() {
-    static const HWND desktop = [] {
-        static WindowClass desktopClass;
-        desktopClass.name = "#32769";
-        desktopClass.procedure = DefWindowProcA;
-        Window& window = AddWindowRecord();
-        window.windowClass = &desktopClass;
-        window.procedure = desktopClass.procedure;
-        window.style = WS_VISIBLE;
-        window.rect = {0, 0, GetSystemMetrics(0), GetSystemMetrics(1)};
-        return window.handle;
-    }();
-    return desktop;
-}
-
 BOOL WINAPI IsChild(HWND parent, HWND handle) {
     const Window* window = WindowFromHandle(handle);
     return window && WindowFromHandle(parent) && window->parent && parent != handle &&
            Contains(parent, handle);
+}
+
+BOOL WINAPI IsWindowVisible(HWND handle) {
+    const Window* window = WindowFromHandle(handle);
+    if (!window) return FALSE;
+    for (; window; window = FindWindowRecord(window->parent)) {
+        if (!window->IsVisibleStyle()) return FALSE;
+    }
+    return TRUE;
+}
+
+BOOL WINAPI IsWindowEnabled(HWND handle) {
+    const Window* window = WindowFromHandle(handle);
+    return window && !window->IsDisabledStyle();
 }
 
 BOOL WINAPI EnumWindows(WNDENUMPROC callback, LPARAM param) {
@@ -231,7 +217,7 @@ BOOL WINAPI EnumChildWindows(HWND parent, WNDENUMPROC callback, LPARAM param) {
     if (!callback || (parent && !WindowFromHandle(parent))) return FALSE;
     return Guarded(FALSE, [&]() -> BOOL {
         EnumerationList list;
-        if (!parent || parent == GetDesktopWindow()) {
+        if (!parent || IsDesktop(parent)) {
             list.CollectTopLevel();
         } else {
             list.CollectBelow(parent);

@@ -8,7 +8,7 @@
 #include <host/printer_windows.h>
 #include <host/session.h>
 #include <platform/display/headless.h>
-#include <platform/registry/state_directory.h>
+#include <platform/registry/state_store.h>
 #include <platform/window/input.h>
 #include <prsht.h>
 #include <unistd.h>

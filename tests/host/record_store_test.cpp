@@ -5,7 +5,7 @@
 #include <host/record_check.h>
 #include <host/record_store.h>
 #include <host/session.h>
-#include <platform/registry/state_directory.h>
+#include <platform/registry/state_store.h>
 #include <platform/shell/folder_lock.h>
 #include <platform/shell/paths.h>
 #include <sys/stat.h>

@@ -7,6 +7,7 @@
 #include <host/commands/commands.h>
 #include <host/record_differences.h>
 #include <platform/controls/property_sheet.h>
+#include <platform/shell/state_directory.h>
 #include <sys/wait.h>
 
 #include <cstdio>

@@ -7,7 +7,7 @@
 #include <test_paths.h>
 #include <kvcore.h>
 #include <platform/display/headless.h>
-#include <platform/registry/state_directory.h>
+#include <platform/registry/state_store.h>
 #include <platform/security/access.h>
 #include <platform/window/input.h>
 #include <platform/window/window.h>

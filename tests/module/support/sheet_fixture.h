@@ -4,7 +4,7 @@
 
 #include <framework/core/install_printer.h>
 #include <kvcore.h>
-#include <platform/registry/state_directory.h>
+#include <platform/registry/state_store.h>
 #include <test_paths.h>
 #include <windows.h>
 

@@ -9,6 +9,7 @@
 #include <csignal>
 
 #include <platform/shell/errors.h>
+#include <platform/shell/state_directory.h>
 
 #include "tests/platform/shell/scratch.h"
 #include "tests/support/faults.h"

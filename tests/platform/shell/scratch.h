@@ -17,7 +17,7 @@
 #include <sstream>
 #include <string>
 
-#include <platform/registry/state_directory.h>
+#include <platform/registry/state_store.h>
 #include <platform/security/access.h>
 
 namespace kv::test {

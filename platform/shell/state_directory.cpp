@@ -1,5 +1,5 @@
 // The state directory: where it is, and making it.
-#include <platform/registry/state_directory.h>
+#include <platform/shell/state_directory.h>
 
 #include <unistd.h>
 
@@ -8,7 +8,6 @@
 #include <cstdlib>
 #include <mutex>
 
-#include <platform/registry/state_store.h>
 #include <platform/shell/errors.h>
 #include <platform/shell/paths.h>
 
@@ -56,8 +55,7 @@ std::string StateDirectory() {
     return Absolute(FromEnvironment());
 }
 
-void SetStateDirectory(const std::string& path) {
-    CloseStateStore();
+void OverrideStateDirectory(const std::string& path) {
     std::lock_guard guard(overrideLock);
     Override() = Absolute(path);
 }

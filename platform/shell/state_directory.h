@@ -10,8 +10,9 @@ namespace kv {
 // Nothing is created by asking.
 std::string StateDirectory();
 
-// Overrides the environment and closes the open store; an empty path returns to the environment.
-void SetStateDirectory(const std::string& path);
+// Overrides the environment; an empty path returns to it. Called by SetStateDirectory of the store,
+// which is closed first.
+void OverrideStateDirectory(const std::string& path);
 
 // Creates the directory with mode 0700. False, with ERROR_PATH_NOT_FOUND or ERROR_ACCESS_DENIED as
 // last error, when that is impossible.
