@@ -1,5 +1,5 @@
 // kvprefs: the printing preferences of a printer, in a window or from the command line.
-#include <host/command_tree.h>
+#include <host/commands/command_tree.h>
 #include <host/commands/commands.h>
 #include <host/commands/complete.h>
 #include <platform/registry/state_store.h>

@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
 """Checks the house rules that a compiler does not.
 
-Without arguments: who includes whom, that every folder has its five-line README, and that the headers
-of platform/include declare what the genuine ones do. The last needs the cross compiler: without it, it is
-left out with a note; with --complete that is a fault.
+Without arguments: who includes whom, in which order the folders of a layer stand, that every folder has
+its five-line README, and that the headers of platform/include declare what the genuine ones do. The last
+needs the cross compiler: without it, it is left out with a note; with --complete that is a fault.
 With --linked DIR: which libraries the built programs link, what the module exports, and that
 framework/exports lists what the siblings do.
 Prints one line per fault; exit status 1 when there is any.
@@ -24,6 +24,10 @@ ALLOWED = {
     "framework": {"framework", "platform"},
     "platform": {"platform"},
     "host": {"host", "framework", "platform"},
+}
+# layer -> its folders; each includes itself and those before it. Files beside them are left out.
+FOLDER_ORDER = {
+    "host": ["qt", "picture", "index", "record", "controls", "window", "commands"],
 }
 # The module sees the layers below only through these folders.
 MODULE_SEES = {"framework/include", "platform/include"}
@@ -71,6 +75,23 @@ def include_faults():
                 if found and "module" not in layers and not any(
                         h.startswith(folder) for h in found for folder in MODULE_SEES):
                     yield f"{where}:{number}: the module includes the inner header {name}"
+
+
+def order_faults(layer, order):
+    """Includes that go against the order of a layer's folders."""
+    headers = {path.relative_to(ROOT / layer).as_posix() for path in (ROOT / layer).rglob("*.h")}
+    for path in sorted((ROOT / layer).glob("*/**/*")):
+        if path.suffix not in SOURCES:
+            continue
+        folder = path.relative_to(ROOT / layer).parts[0]
+        if folder not in order:
+            yield f"{path.relative_to(ROOT)}: {folder} has no place in the order of {layer}"
+            continue
+        names = re.findall(r'^\s*#\s*include\s*[<"]([^>"]+)[>"]', path.read_text(errors="replace"), re.M)
+        for name in (n.removeprefix(f"{layer}/") for n in names):
+            other = name.split("/")[0]
+            if name in headers and other in order and order.index(other) > order.index(folder):
+                yield f"{path.relative_to(ROOT)}: {folder} comes before {other}, but includes {name}"
 
 
 def readme_faults():
@@ -138,6 +159,8 @@ def main():
         faults = list(linked_faults(sys.argv[2]))
     elif sys.argv[1:] in ([], ["--complete"]):
         faults = [*include_faults(), *readme_faults()]
+        for layer, order in FOLDER_ORDER.items():
+            faults += order_faults(layer, order)
         lacking = header_comparison.missing()
         if not lacking:
             faults += header_comparison.faults(ROOT)

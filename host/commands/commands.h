@@ -1,9 +1,9 @@
 // The commands of kvprefs; each answers the program's exit status.
 #pragma once
 
-#include <host/control_driver.h>
-#include <host/session.h>
-#include <host/sheet_pages.h>
+#include <host/controls/control_driver.h>
+#include <host/controls/session.h>
+#include <host/index/sheet_pages.h>
 
 #include <string>
 #include <vector>

@@ -1,6 +1,6 @@
 // Candidates for the completion of shells, from the parser's own tree, the control index and, for a
 // control of a page, from what the page offers now.
-#include <host/command_tree.h>
+#include <host/commands/command_tree.h>
 #include <host/commands/commands.h>
 #include <host/commands/complete.h>
 #include <platform/registry/state_store.h>

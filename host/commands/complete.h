@@ -1,7 +1,7 @@
 // kvprefs complete: what shells ask while a command line is typed. Not in the help: nobody types it.
 #pragma once
 
-#include <host/session.h>
+#include <host/controls/session.h>
 
 #include <string>
 #include <vector>

@@ -3,7 +3,7 @@
 #include <host/commands/commands.h>
 #include <host/display_plugin.h>
 #include <host/host_paths.h>
-#include <host/printer_windows.h>
+#include <host/window/printer_windows.h>
 
 #include <cstdlib>
 

@@ -1,8 +1,8 @@
 // kvprefs record: settings records as files.
 #include <host/commands/commands.h>
-#include <host/record_check.h>
-#include <host/record_file.h>
-#include <host/record_offers.h>
+#include <host/record/record_check.h>
+#include <host/record/record_file.h>
+#include <host/controls/record_offers.h>
 
 #include <cstdio>
 #include <nlohmann/json.hpp>

@@ -93,7 +93,7 @@ void WriteControls() {
 }  // namespace
 
 int main() {
-    std::puts("// Made by the build from the module's catalogue.\n#include <host/control_index.h>\n\n"
+    std::puts("// Made by the build from the module's catalogue.\n#include <host/index/control_index.h>\n\n"
               "namespace kvhost {\n");
     WriteFields();
     WriteChoices();

@@ -1,0 +1,151 @@
+// Commands and options for the parser; every command's help ends with an example.
+#include <host/commands/command_tree.h>
+
+
+namespace kvhost {
+
+const char* const kPolicyNames[3] = {"ask", "resolve", "cancel"};
+const char* const kViewNames[4] = {"paper", "printer", "quality", "watermark"};
+
+namespace {
+
+struct ExampleRow {
+    const char* command;
+    const char* example;
+};
+// command, what its help shows
+constexpr ExampleRow kExamples[] = {
+    {"kvprefs", "kvprefs set ComboPaperSize=A5 EditCopies=2"},
+    {"open", "kvprefs open Lobby \"Second floor\""},
+    {"list", "kvprefs list Layout"},
+    {"get", "kvprefs get dmPaperSize dmCopies"},
+    {"set", "kvprefs set ComboNup=Booklet --on-conflict=resolve"},
+    {"defaults", "kvprefs defaults Quality"},
+    {"shot", "kvprefs shot pictures --page Basic --scale 2"},
+    {"record", "kvprefs record export lobby.record"},
+    {"record export", "kvprefs record export lobby.record --printer Lobby"},
+    {"record import", "kvprefs record import lobby.record"},
+    {"record check", "kvprefs record check lobby.record"},
+    {"record diff", "kvprefs record diff before.record after.record"},
+    {"printer", "kvprefs printer list"},
+    {"printer list", "kvprefs printer list --json"},
+    {"printer add", "kvprefs printer add Lobby --port IP_192.0.2.7"},
+    {"printer remove", "kvprefs printer remove Lobby"},
+};
+
+// An option may stand before or after the words of its command.
+void FinishCommand(CLI::App& command, const std::string& path) {
+    for (const ExampleRow& row : kExamples) {
+        if (path == row.command) command.footer(std::string("Example:\n  ") + row.example);
+    }
+    command.fallthrough();
+    const bool isRoot = command.get_parent() == nullptr;
+    for (CLI::App* sub : command.get_subcommands({})) {
+        FinishCommand(*sub, (isRoot ? std::string() : path + " ") + sub->get_name());
+    }
+}
+
+void AddGlobalOptions(CLI::App& app, Arguments& args) {
+    app.add_option("--state", args.state, "Directory that holds printers and settings");
+    app.add_option("--printer", args.options.printer, "Printer to work on");
+    auto* user = app.add_flag("--as-user", args.asUser, "Act as an ordinary user");
+    app.add_flag("--as-admin", args.asAdministrator, "Act as an administrator")->excludes(user);
+    app.add_flag("--json", args.options.json, "Print JSON");
+}
+
+void AddShot(CLI::App& app, Arguments& args) {
+    auto* shot = app.add_subcommand("shot", "Draw every page and dialog to PNG files");
+    shot->add_option("folder", args.folder, "Folder for the pictures")->required();
+    shot->add_option("--page", args.page, "Only this page or dialog");
+    shot->add_option("--view", args.view, "View of the preview: paper, printer, quality or watermark")
+        ->check(CLI::IsMember(std::vector<std::string>(std::begin(kViewNames), std::end(kViewNames)),
+                              CLI::ignore_case));
+    shot->add_option("--scale", args.scale, "Size of a pixel, 1 to 4")->check(CLI::Range(1.0, 4.0));
+    shot->add_flag("--rtl", args.rightToLeft, "Mirrored, for right-to-left languages");
+}
+
+void AddSettings(CLI::App& app, Arguments& args) {
+    auto* list = app.add_subcommand("list", "Show every control, or those of one page");
+    list->add_option("page", args.page, "Page: Basic, Layout, Overlay, Watermark, Quality, ...");
+    auto* get = app.add_subcommand("get", "Print fields of the stored settings");
+    get->add_option("field", args.names, "Field names; none for all");
+    auto* set = app.add_subcommand("set", "Change settings: all of them or none");
+    set->add_option("assignment", args.pairs, "CONTROL=VALUE; an entry's caption, name or number")
+        ->required();
+    set->add_option("--on-conflict", args.policy, "ask, resolve or cancel")
+        ->check(CLI::IsMember(
+            std::vector<std::string>(std::begin(kPolicyNames), std::end(kPolicyNames)),
+            CLI::ignore_case));
+    auto* defaults = app.add_subcommand("defaults", "Press Defaults on one page or on every page");
+    defaults->add_option("page", args.page, "Page");
+}
+
+void AddRecord(CLI::App& app, Arguments& args) {
+    auto* record =
+        app.add_subcommand("record", "Export, import, check or compare settings records");
+    record->require_subcommand(1);
+    const char* const kFile = "File; - for standard input or output";
+    record->add_subcommand("export", "Write the stored record")
+        ->add_option("file", args.file, kFile)
+        ->required();
+    for (const auto& [name, text] :
+         {std::pair("import", "Check a record and store it"),
+          std::pair("check", "Say what import would say, and store nothing")}) {
+        auto* command = record->add_subcommand(name, text);
+        command->add_option("file", args.file, kFile)->required();
+        command->add_flag("--force", args.force,
+                          "Take values that no control offers (for service technicians)");
+    }
+    auto* diff = record->add_subcommand("diff", "Show the fields in which two records differ");
+    diff->add_option("left", args.file)->required();
+    diff->add_option("right", args.other)->required();
+}
+
+void AddPrinter(CLI::App& app, Arguments& args) {
+    auto* printer = app.add_subcommand("printer", "List, add or remove printers");
+    printer->require_subcommand(1);
+    printer->add_subcommand("list", "Names and ports");
+    auto* add = printer->add_subcommand("add", "Add a printer");
+    add->add_option("name", args.name)->required();
+    add->add_option("--port", args.port, "Port name")->required();
+    printer->add_subcommand("remove", "Remove a printer")->add_option("name", args.name)->required();
+}
+
+}  // namespace
+
+void DescribeCommands(CLI::App& app, Arguments& args) {
+    app.require_subcommand(0, 1);
+    AddGlobalOptions(app, args);
+    app.add_subcommand("open", "Open the window (the default); of several printers one by one")
+        ->add_option("printer", args.names, "Printers; the first one without a name");
+    AddSettings(app, args);
+    AddShot(app, args);
+    AddRecord(app, args);
+    AddPrinter(app, args);
+    FinishCommand(app, app.get_name());
+}
+
+ConflictPolicy PolicyOfName(const std::string& name) {
+    const std::string lower = CLI::detail::to_lower(name);
+    if (lower == kPolicyNames[1]) return ConflictPolicy::kResolve;
+    return lower == kPolicyNames[2] ? ConflictPolicy::kCancel : ConflictPolicy::kAsk;
+}
+
+std::string ProblemOf(const CLI::ParseError& error, const CLI::App& app) {
+    std::string problem = error.what();
+    if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ExtrasError)) {
+        problem.clear();
+        for (const std::string& word : app.remaining(true)) {
+            problem += (problem.empty() ? "unknown command or option \"" : "\", \"") + word;
+        }
+        problem += '"';
+    }
+    std::string command;
+    for (const CLI::App* at = &app; !at->get_subcommands().empty();) {
+        at = at->get_subcommands().front();
+        command += " " + at->get_name();
+    }
+    return problem + "; `kvprefs" + command + " --help` tells what it takes";
+}
+
+}  // namespace kvhost

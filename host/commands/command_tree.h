@@ -1,0 +1,45 @@
+// The commands, options and help texts of kvprefs as the parser knows them. main.cpp runs what was
+// parsed; completion reads the same tree, so that it offers nothing the parser does not take.
+#pragma once
+
+#include <host/controls/conflict_answers.h>
+#include <host/controls/session.h>
+
+#include <CLI/CLI.hpp>
+#include <string>
+#include <vector>
+
+namespace kvhost {
+
+struct Arguments {
+    Options options;
+    std::string state;
+    bool asUser = false;
+    bool asAdministrator = false;
+    std::vector<std::string> names;
+    std::vector<std::string> pairs;
+    std::string page;
+    std::string view;
+    std::string folder;
+    std::string file;
+    std::string other;
+    std::string name;
+    std::string port = "USB001";
+    std::string policy = "ask";  // one of kPolicyNames
+    double scale = 1;
+    bool rightToLeft = false;
+    bool force = false;
+};
+
+// What --on-conflict and --view take.
+extern const char* const kPolicyNames[3];
+extern const char* const kViewNames[4];
+
+// What the parser found wrong, in one line that names the help to look at.
+std::string ProblemOf(const CLI::ParseError& error, const CLI::App& app);
+ConflictPolicy PolicyOfName(const std::string& name);
+
+// Adds all commands and options; what is parsed goes to `args`, which must live as long as `app`.
+void DescribeCommands(CLI::App& app, Arguments& args);
+
+}  // namespace kvhost

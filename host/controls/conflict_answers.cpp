@@ -1,0 +1,132 @@
+// Reading, asking and pressing: the two questions are told apart by their Resolve buttons.
+#include <host/controls/conflict_answers.h>
+#include <host/controls/control_driver.h>
+#include <platform/window/input.h>
+#include <unistd.h>
+
+#include <cstdio>
+
+namespace kvhost {
+namespace {
+
+std::string TextOf(HWND dialog, int id) {
+    return WindowText(GetDlgItem(dialog, id));
+}
+
+// Some names end with a colon of their own; selections may carry the mark of an access key.
+std::string Named(const std::string& name, std::string selection) {
+    const size_t mark = selection.find('&');
+    if (mark != std::string::npos) selection.erase(mark, 1);
+    const bool colon = !name.empty() && name.back() == ':';
+    return name + (colon ? " " : ": ") + selection;
+}
+
+std::string SettingsConflict(HWND dialog) {
+    constexpr int kTriggerName = 9410, kTriggerSelection = 9411, kTargetName = 9412,
+                  kTargetSelection = 9413, kNewName = 9414, kNewSelection = 9415;
+    return Named(TextOf(dialog, kTriggerName), TextOf(dialog, kTriggerSelection)) +
+           " | conflicts with | " +
+           Named(TextOf(dialog, kTargetName), TextOf(dialog, kTargetSelection)) +
+           " | new selection | " + Named(TextOf(dialog, kNewName), TextOf(dialog, kNewSelection));
+}
+
+std::string Entries(HWND list) {
+    std::string text;
+    for (const ChoiceText& entry : ControlDriver::EntriesOf(list)) {
+        text += (text.empty() ? "" : ", ") + entry.text;
+    }
+    return text.empty() ? "nothing" : text;
+}
+
+std::string OptionsConflict(HWND dialog) {
+    constexpr int kCurrentList = 9453, kNewList = 9457;
+    return "current configuration: " + Entries(GetDlgItem(dialog, kCurrentList)) +
+           " | new configuration: " + Entries(GetDlgItem(dialog, kNewList));
+}
+
+struct Question {
+    int resolveButton;
+    std::string (*describe)(HWND dialog);
+};
+constexpr Question kQuestions[] = {{9416, SettingsConflict}, {9458, OptionsConflict}};
+
+// The first character of the terminal's next line, EOF at the end of the input.
+int ReadAnswer() {
+    const int first = std::getchar();
+    for (int c = first; c != '\n' && c != EOF;) c = std::getchar();
+    return first;
+}
+
+ConflictRefusal AskOnTerminal(const std::string& question) {
+    if (isatty(STDIN_FILENO) == 0) return ConflictRefusal::kNoTerminal;
+    std::fprintf(stderr, "conflict: %s\n", question.c_str());
+    for (;;) {
+        std::fputs("Resolve or Cancel? [r/C] ", stderr);
+        switch (ReadAnswer()) {
+            case 'r':
+            case 'R':
+                return ConflictRefusal::kNone;
+            case 'c':
+            case 'C':
+            case '\n':
+                return ConflictRefusal::kCancelled;
+            case EOF:
+                std::fputc('\n', stderr);
+                return ConflictRefusal::kNoAnswer;
+            default:
+                break;  // asked again
+        }
+    }
+}
+
+}  // namespace
+
+ConflictRefusal ConflictAnswers::Decide(const std::string& question, bool resolvable) const {
+    if (!resolvable) return ConflictRefusal::kUnresolvable;
+    switch (policy_) {
+        case ConflictPolicy::kResolve:
+            return ConflictRefusal::kNone;
+        case ConflictPolicy::kCancel:
+            return ConflictRefusal::kCancelled;
+        case ConflictPolicy::kAsk:
+            break;
+    }
+    return AskOnTerminal(question);
+}
+
+bool ConflictAnswers::Answer(HWND dialog, std::vector<std::string>& notes) {
+    for (const Question& row : kQuestions) {
+        const HWND resolve = GetDlgItem(dialog, row.resolveButton);
+        if (resolve == nullptr) continue;
+        const std::string text = row.describe(dialog);
+        const ConflictRefusal decision = Decide(text, IsWindowEnabled(resolve) != FALSE);
+        const bool accepted = decision == ConflictRefusal::kNone && kv::input::Click(resolve);
+        notes.push_back((accepted ? "conflict resolved: " : "conflict: ") + text);
+        if (accepted) return true;
+        if (refusal_ == ConflictRefusal::kNone) {
+            refusal_ = decision == ConflictRefusal::kNone ? ConflictRefusal::kCancelled : decision;
+        }
+        if (!kv::input::Click(GetDlgItem(dialog, IDCANCEL))) kv::input::Close(dialog);
+        return true;
+    }
+    return false;
+}
+
+const char* RefusalText(ConflictRefusal refusal) {
+    switch (refusal) {
+        case ConflictRefusal::kNone:
+            return "";
+        case ConflictRefusal::kCancelled:
+            return "it conflicts with another setting";
+        case ConflictRefusal::kUnresolvable:
+            return "it conflicts with another setting: Unresolvable situation!";
+        case ConflictRefusal::kNoTerminal:
+            return "it conflicts with another setting and there is no terminal to ask on; "
+                   "use --on-conflict=resolve or --on-conflict=cancel";
+        case ConflictRefusal::kNoAnswer:
+            return "it conflicts with another setting and the input ended without an answer";
+    }
+    return "";
+}
+
+}  // namespace kvhost

@@ -1,0 +1,202 @@
+// Opening a printer: first run, block, record, module, sheet.
+#include <host/controls/session.h>
+
+#include <framework/core/description.h>
+#include <framework/core/driver_files.h>
+#include <framework/core/install_printer.h>
+#include <host/host_paths.h>
+#include <host/record/record_check.h>
+#include <host/record/rules_faults.h>
+#include <platform/display/headless.h>
+#include <platform/registry/state_store.h>
+#include <platform/shell/state_directory.h>
+#include <platform/window/input.h>
+#include <windows.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <iterator>
+#include <set>
+
+namespace kvhost {
+namespace {
+constexpr int kMessageText = 0xFFFF;  // the text of a message box
+}
+
+void PrintError(const std::string& text) {
+    std::fprintf(stderr, "kvprefs: %s\n", text.c_str());
+}
+void PrintWarning(const std::string& text) {
+    std::fprintf(stderr, "kvprefs: warning: %s\n", text.c_str());
+}
+
+void PrintNote(const std::string& text) {
+    std::fprintf(stderr, "kvprefs: %s\n", text.c_str());
+}
+
+// Each fault once in a program's life, however often a printer is opened.
+void Session::SayFaults(const std::vector<std::string>& faults) {
+    static std::set<std::string> said;
+    constexpr size_t kMostSaid = 8;
+    size_t more = 0;
+    for (const std::string& fault : faults) {
+        faults_.push_back(fault);
+        if (!said.insert(fault).second) continue;
+        if (said.size() <= kMostSaid) {
+            PrintWarning(fault);
+        } else {
+            ++more;
+        }
+    }
+    if (more != 0) PrintWarning("and " + std::to_string(more) + " more faults like these");
+}
+
+bool Session::LookAfterDriverFiles() {
+    const kvcore::DriverFiles files = kvcore::RestoreDriverFiles(DataPath("models"));
+    for (const std::string& line : files.done) PrintWarning(line);
+    if (!files.error.empty()) PrintError(files.error);
+    if (!files.error.empty()) return false;
+    SayFaults(kvcore::DescriptionOf(printer_)->problems);
+    return true;
+}
+
+bool Session::Open(const Options& options) {
+    if (kv::StateDirectory().empty()) {
+        PrintError(kv::NoStateDirectoryMessage());
+        return false;
+    }
+    std::string name = options.printer;
+    std::vector<kv::PrinterRecord> printers;
+    const DWORD listed = kv::StateStore::Get().ListPrinters(printers);
+    if (listed != ERROR_SUCCESS && listed != ERROR_FILE_NOT_FOUND) {
+        PrintError(kv::StateStore::Get().LastMessage());
+        return false;
+    }
+    std::string error;
+    if (printers.empty() && name.empty()) {
+        if (!kvcore::InstallFirstPrinter(DataPath("models"), error)) {
+            PrintError(error);
+            return false;
+        }
+        name = kvcore::kDriverName;
+    }
+    if (name.empty()) name = printers.front().name;
+    if (!kvcore::MakePrinterBlock(name, printer_, error)) {
+        PrintError(error);
+        return false;
+    }
+    if (!LookAfterDriverFiles()) return false;
+    store_ = std::make_unique<RecordStore>(printer_.printerName);
+    std::string warning;
+    const bool loaded = store_->Load(printer_, record_, warning, error);
+    if (!warning.empty()) PrintWarning(warning);
+    if (!loaded) {
+        PrintError(error);
+        return false;
+    }
+    AcceptStored(record_);
+    StartFromStored();
+    return true;
+}
+
+void Session::StartFromStored() {
+    record_ = stored_;
+    putBack_ = PutBackOutOfBounds(printer_, record_);
+    for (const std::string& line : putBack_) PrintWarning("stored settings: " + line);
+}
+
+bool Session::Look(const Options& options) {
+    std::vector<kv::PrinterRecord> printers;
+    std::string error;
+    if (kv::StateDirectory().empty() ||
+        kv::StateStore::Get().ListPrinters(printers) != ERROR_SUCCESS || printers.empty()) {
+        return false;
+    }
+    const std::string name = options.printer.empty() ? printers.front().name : options.printer;
+    if (!kvcore::MakePrinterBlock(name, printer_, error)) return false;
+    store_ = std::make_unique<RecordStore>(printer_.printerName);
+    if (store_->Read(record_, error) != RecordStore::Found::kGood) {
+        return store_->ReadDefaults(printer_, record_, error);
+    }
+    PutBackOutOfBounds(printer_, record_);
+    return true;
+}
+
+bool Session::LoadModule() {
+    std::string error = kvcore::RulesFileProblem();
+    if (!error.empty()) {
+        PrintError(error + "; without its rules settings could become inconsistent");
+        return false;
+    }
+    SayFaults(FaultsOfRules(kvcore::RulesFilePath()));
+    if (module_ == nullptr) module_ = DriverModule::Load(DefaultModulePath(), error);
+    if (module_ == nullptr) PrintError(error);
+    return module_ != nullptr;
+}
+
+HWND Session::OpenHeadlessSheet() {
+    if (!LoadModule()) return nullptr;
+    request_ = {};
+    request_.printer = &printer_;
+    request_.record = record_.data();
+    request_.caption = printer_.printerName;
+    request_.extraPages = {{"TAB4", "DDMTAB4"}};
+    request_.ending = [this] { DropUnstored(); };
+    // What the pages have to say while they open (lists that cannot be read) is said here; there is
+    // nothing to choose.
+    kv::Headless().SetPolicy([](HWND dialog) {
+        char text[1024] = "";
+        GetDlgItemTextA(dialog, kMessageText, text, sizeof text);
+        std::replace(std::begin(text), std::end(text), '\n', ' ');
+        PrintWarning(text);
+        if (!kv::input::Click(GetDlgItem(dialog, IDOK))) kv::input::Close(dialog);
+    });
+    sheet_ = module_->CreateSheet(request_);
+    kv::Headless().SetPolicy(nullptr);
+    if (sheet_ == nullptr) PrintError("the property sheet could not be opened");
+    return sheet_;
+}
+
+HWND Session::OpenHeadlessSheetOn(const Record& other) {
+    record_ = other;
+    return OpenHeadlessSheet();
+}
+
+void Session::DropUnstored() {
+    record_ = stored_;
+}
+
+void Session::CloseHeadlessSheet() {
+    if (sheet_ != nullptr && IsWindow(sheet_)) DestroyWindow(sheet_);
+    sheet_ = nullptr;
+}
+
+// What would be put back at the next start is not stored either.
+bool Session::IsInBounds() {
+    const auto problems = ValuesOutOfBounds(record_, BoundsInForce(printer_));
+    problem_.clear();
+    for (const std::string& line : problems) problem_ += (problem_.empty() ? "" : "; ") + line;
+    if (!problems.empty()) PrintError("settings not stored: " + problem_);
+    return problems.empty();
+}
+
+bool Session::StoreRecord() {
+    std::string error;
+    if (!IsInBounds()) return false;
+    if (store_->Store(record_, error)) {
+        stored_ = record_;
+        return true;
+    }
+    PrintError("settings not stored: " + error);
+    return false;
+}
+
+RecordStore::Outcome Session::StoreUnlessChanged(Record& found) {
+    if (!IsInBounds()) return RecordStore::Outcome::kFailed;
+    const auto outcome = store_->StoreUnlessChanged(stored_, record_, found, problem_);
+    if (outcome == RecordStore::Outcome::kStored) stored_ = record_;
+    if (outcome == RecordStore::Outcome::kFailed) PrintError("settings not stored: " + problem_);
+    return outcome;
+}
+
+}  // namespace kvhost

@@ -1,0 +1,131 @@
+// Running the sheet, and what OK and Apply do.
+#include <host/window/printer_window.h>
+#include <host/record/record_differences.h>
+#include <host/index/sheet_pages.h>
+#include <host/window/status_line.h>
+
+#include <commctrl.h>
+#include <platform/controls/property_sheet.h>
+#include <platform/dialog/message_box.h>
+#include <platform/display/display.h>
+#include <platform/window/window.h>
+#include <prsht.h>
+
+#include <algorithm>
+
+namespace kvhost {
+namespace {
+
+// The pages tell the sheet of every change, which enables this button.
+bool WasChanged(HWND sheet) {
+    return IsWindowEnabled(GetDlgItem(sheet, kv::kSheetApplyButton)) != 0;
+}
+
+// Notes at each action where the window stands: the last one closes it.
+class PlaceWatcher : public StatusLine {
+ public:
+    PlaceWatcher(const SettingNames& names, const Record& record, WindowPlace& place)
+        : StatusLine(names, record), place_(place) {}
+
+    void Begun(HWND window) override {
+        StatusLine::Begun(window);
+        const HWND sheet = kv::RootOf(window);
+        if (kv::KindOf(sheet) != "sheet") return;
+        const auto tabs = reinterpret_cast<HWND>(SendMessageA(sheet, PSM_GETTABCONTROL, 0, 0));
+        const LRESULT index = SendMessageA(tabs, TCM_GETCURSEL, 0, 0);
+        if (index >= 0 && index < kSheetPages) place_.page = PageDialog(static_cast<int>(index));
+        POINT corner{};
+        if (kv::CurrentDisplay().CornerOf(sheet, &corner)) place_.corner = corner;
+    }
+
+ private:
+    WindowPlace& place_;
+};
+
+}  // namespace
+
+PrinterWindow::PrinterWindow(Session& session)
+    : session_(session), names_(session.module().handle(), session.printer()) {}
+
+ExitStatus PrinterWindow::Run() {
+    INT_PTR result = 0;
+    place_ = ReadWindowPlace(session_.store());
+    do {
+        openAgain_ = false;
+        SheetRequest request;
+        request.printer = &session_.printer();
+        request.record = session_.record().data();
+        request.caption = session_.printer().printerName;
+        request.startPage = static_cast<UINT>(std::max(0, PageIndexOfDialog(place_.page)));
+        if (place_.corner) kv::CurrentDisplay().OpenNextSheetAt(*place_.corner);
+        request.applied = [this](HWND sheet, bool closing) { return Apply(sheet, closing); };
+        request.ending = [this] { session_.DropUnstored(); };
+        TellPutBack();
+        request.shown = [this](HWND sheet) { TellFaults(sheet); };
+        const PlaceWatcher watcher(names_, session_.record(), place_);
+        result = session_.module().RunSheet(request);
+        if (openAgain_) session_.StartFromStored();
+    } while (openAgain_ && result >= 0);
+    KeepWindowPlace(session_.store(), place_);
+    return result >= 0 && stored_ ? kDone : kRefused;
+}
+
+// Who opens a window does not see what is printed.
+void PrinterWindow::TellPutBack() const {
+    if (session_.putBack().empty()) return;
+    std::string text = "Not all stored settings of this printer are allowed any more:\n";
+    for (const std::string& line : session_.putBack()) text += "\n" + line;
+    MessageBoxA(nullptr, text.c_str(), session_.printer().printerName, MB_ICONEXCLAMATION);
+}
+
+// Standard error has them all; nobody at a desktop sees that.
+void PrinterWindow::TellFaults(HWND sheet) const {
+    const std::vector<std::string>& faults = session_.faults();
+    if (faults.empty()) return;
+    const std::string more =
+        faults.size() > 1 ? " (and " + std::to_string(faults.size() - 1) + " more)" : "";
+    kv::CurrentDisplay().ShowStatus(sheet, (faults.front() + more).c_str());
+}
+
+Applied PrinterWindow::Apply(HWND sheet, bool closing) {
+    for (;;) {
+        Record found{};
+        const RecordStore::Outcome outcome = session_.StoreUnlessChanged(found);
+        stored_ = outcome != RecordStore::Outcome::kFailed;
+        if (outcome == RecordStore::Outcome::kStored) return Applied::kStored;
+        if (outcome == RecordStore::Outcome::kFailed) {
+            const std::string text = "The settings could not be stored.\n\n" + session_.problem();
+            MessageBoxA(sheet, text.c_str(), session_.printer().printerName, MB_ICONHAND);
+            return Applied::kNotStored;
+        }
+        const Choice choice = WasChanged(sheet) ? Ask(sheet, found) : Choice::kKeepTheirs;
+        if (choice == Choice::kStay) return Applied::kNotStored;
+        if (choice == Choice::kKeepTheirs) return KeepTheirs(sheet, found, closing);
+        // Another one may have come meanwhile; it would be asked about as well.
+        session_.AcceptStored(found);
+    }
+}
+
+PrinterWindow::Choice PrinterWindow::Ask(HWND sheet, const Record& theirs) const {
+    const std::string text =
+        "Somebody else has stored settings of this printer while this window was open:\n\n" +
+        DifferenceLines(DifferencesOf(names_, session_.stored(), theirs, session_.record())) +
+        "\nStore yours in their place, or keep theirs and drop your changes?";
+    const int answer = kv::AskWithButtons(sheet, text.c_str(), session_.printer().printerName,
+                                          MB_YESNOCANCEL | MB_ICONEXCLAMATION | MB_DEFBUTTON3,
+                                          {{IDYES, "&Store mine"}, {IDNO, "&Keep theirs"}});
+    if (answer == IDYES) return Choice::kStoreMine;
+    return answer == IDNO ? Choice::kKeepTheirs : Choice::kStay;
+}
+
+// The window goes with OK; otherwise it comes up anew on the same page, with what is stored.
+Applied PrinterWindow::KeepTheirs(HWND sheet, const Record& theirs, bool closing) {
+    session_.AcceptStored(theirs);
+    if (!closing) {
+        openAgain_ = true;
+        PostMessageA(sheet, PSM_PRESSBUTTON, PSBTN_CANCEL, 0);
+    }
+    return Applied::kStored;
+}
+
+}  // namespace kvhost
