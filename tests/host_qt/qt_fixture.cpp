@@ -8,42 +8,16 @@
 #include <cstdio>
 #include <cstring>
 
+#include "tests/support/notification_names.h"
+
 namespace kv {
 namespace {
 
 QtDisplayTest* current = nullptr;
 
-struct CodeName {
-    const char* kind;
-    WORD code;
-    const char* name;
-};
-constexpr CodeName kCommands[] = {
-    {"button", BN_CLICKED, "BN_CLICKED"},      {"edit", EN_SETFOCUS, "EN_SETFOCUS"},
-    {"edit", EN_KILLFOCUS, "EN_KILLFOCUS"},    {"edit", EN_UPDATE, "EN_UPDATE"},
-    {"edit", EN_CHANGE, "EN_CHANGE"},          {"combo", CBN_SETFOCUS, "CBN_SETFOCUS"},
-    {"combo", CBN_KILLFOCUS, "CBN_KILLFOCUS"}, {"combo", CBN_DROPDOWN, "CBN_DROPDOWN"},
-    {"combo", CBN_CLOSEUP, "CBN_CLOSEUP"},     {"combo", CBN_SELENDOK, "CBN_SELENDOK"},
-    {"combo", CBN_SELCHANGE, "CBN_SELCHANGE"}, {"combo", CBN_SELENDCANCEL, "CBN_SELENDCANCEL"},
-    {"list", LBN_SELCHANGE, "LBN_SELCHANGE"},  {"list", LBN_DBLCLK, "LBN_DBLCLK"},
-    {"list", LBN_SETFOCUS, "LBN_SETFOCUS"},    {"static", STN_CLICKED, "STN_CLICKED"},
-};
-constexpr CodeName kScrolls[] = {
-    {"trackbar", TB_LINEUP, "TB_LINEUP"},
-    {"trackbar", TB_LINEDOWN, "TB_LINEDOWN"},
-    {"trackbar", TB_THUMBTRACK, "TB_THUMBTRACK"},
-    {"trackbar", TB_THUMBPOSITION, "TB_THUMBPOSITION"},
-    {"trackbar", TB_ENDTRACK, "TB_ENDTRACK"},
-};
-
-template <size_t Count>
-std::string Describe(const CodeName (&names)[Count], HWND control, int id, WORD code) {
-    for (const CodeName& name : names) {
-        if (KindOf(control) == name.kind && name.code == code) {
-            return std::to_string(id) + " " + name.name;
-        }
-    }
-    return std::to_string(id) + ":" + std::to_string(code);
+std::string Describe(HWND control, int id, WORD code) {
+    const char* name = test::NotificationName(control, code);
+    return std::to_string(id) + (name ? std::string(" ") + name : ":" + std::to_string(code));
 }
 
 }  // namespace
@@ -119,9 +93,9 @@ void QtDisplayTest::AddEntries(HWND control, UINT message,
 void QtDisplayTest::Record(UINT message, WPARAM wParam, LPARAM lParam) {
     const auto control = reinterpret_cast<HWND>(lParam);
     if (message == WM_COMMAND) {
-        log.push_back(Describe(kCommands, control, LOWORD(wParam), HIWORD(wParam)));
+        log.push_back(Describe(control, LOWORD(wParam), HIWORD(wParam)));
     } else if (message == WM_HSCROLL || message == WM_VSCROLL) {
-        log.push_back(Describe(kScrolls, control, GetDlgCtrlID(control), LOWORD(wParam)));
+        log.push_back(Describe(control, GetDlgCtrlID(control), LOWORD(wParam)));
     }
 }
 

@@ -451,7 +451,7 @@ TEST_F(SheetTest, DamagedTemplatesAreRefused) {
     HRSRC resource = FindResourceA(nullptr, "PAGEA", RT_DIALOG);
     const auto* data = static_cast<const std::byte*>(LockResource(LoadResource(nullptr, resource)));
     // The header ends behind the font's name: 18 bytes, two empty names, the two texts and a size.
-    const size_t header = 18 + 2 + 2 + 2 * sizeof "Alpha" + 2 + 2 * sizeof "MS Shell Dlg";
+    const size_t header = 18 + 2 + 2 + 2 * sizeof "Alpha" + 2 + 2 * sizeof "Liberation Sans";
     for (size_t size = 0; size < header; ++size) {
         const std::vector<std::byte> cut(data, data + size);
         EXPECT_FALSE(ReadPageTemplate(cut)) << size;

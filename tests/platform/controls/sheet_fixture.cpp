@@ -1,107 +1,36 @@
 // Makes the resources of the test pages and records what happens to the pages.
 #include "sheet_fixture.h"
 
+#include "tests/platform/support/compiled_file.h"
+#include "tests/platform/support/template_builder.h"
+
 namespace kv {
 namespace {
 
 SheetTest* current = nullptr;
 const char anchor = 0;
 
-// Writes the little-endian records of a compiled resource file.
-class Bytes {
- public:
-    explicit Bytes(std::vector<unsigned char>& out) : out_(out) {}
-    void Word(unsigned value) {
-        out_.push_back(static_cast<unsigned char>(value));
-        out_.push_back(static_cast<unsigned char>(value >> 8));
-    }
-    void Dword(unsigned value) {
-        Word(value & 0xFFFF);
-        Word(value >> 16);
-    }
-    void Text(const std::string& text) {
-        for (char letter : text) Word(static_cast<unsigned char>(letter));
-        Word(0);
-    }
-    void Ordinal(unsigned id) {
-        Word(0xFFFF);
-        Word(id);
-    }
-    void Align() {
-        while (out_.size() % 4 != 0) out_.push_back(0);
-    }
-    void Append(const std::vector<unsigned char>& bytes) {
-        out_.insert(out_.end(), bytes.begin(), bytes.end());
-    }
-
- private:
-    std::vector<unsigned char>& out_;
-};
-
 struct PageText {
     const char* name;
     const char* caption;
-    unsigned width;
-    unsigned height;
+    SIZE units;
 };
 constexpr PageText kPages[] = {
-    {"PAGEA", "Alpha", 240, 120},
-    {"PAGEB", "Beta", 220, 200},
-    {"PAGEC", "Gamma", 230, 100},
+    {"PAGEA", "Alpha", {240, 120}},
+    {"PAGEB", "Beta", {220, 200}},
+    {"PAGEC", "Gamma", {230, 100}},
 };
 
-std::vector<unsigned char> DialogTemplate(const PageText& page) {
-    std::vector<unsigned char> out;
-    Bytes bytes(out);
-    bytes.Dword(WS_POPUP | WS_CAPTION | WS_VISIBLE | DS_SETFONT);
-    bytes.Dword(0);
-    bytes.Word(2);
-    for (unsigned value : {0u, 0u, page.width, page.height}) bytes.Word(value);
-    bytes.Word(0);  // no menu
-    bytes.Word(0);  // the dialog class
-    bytes.Text(page.caption);
-    bytes.Word(8);
-    bytes.Text("MS Shell Dlg");
-    for (unsigned id : {10u, 11u}) {
-        bytes.Align();
-        bytes.Dword(WS_CHILD | WS_VISIBLE | WS_TABSTOP);
-        bytes.Dword(0);
-        for (unsigned value : {5u, id * 15, 60u, 14u}) bytes.Word(value);
-        bytes.Word(id);
-        bytes.Ordinal(id == 10 ? 0x81 : 0x80);
-        bytes.Text("");
-        bytes.Word(0);
+std::vector<BYTE> ResourceFile() {
+    CompiledFile file;
+    for (const PageText& page : kPages) {
+        TemplateBuilder dialog(WS_POPUP | WS_CAPTION | WS_VISIBLE | DS_SETFONT, page.caption, 0,
+                               TemplateBuilder::Layout::kClassic, page.units);
+        dialog.Add("EDIT", "", 10, WS_TABSTOP, {5, 150, 65, 164});
+        dialog.Add("BUTTON", "", 11, WS_TABSTOP, {5, 165, 65, 179});
+        file.Add(CompiledFile::Id(5), CompiledFile::Text(page.name), dialog.Bytes());
     }
-    bytes.Align();
-    return out;
-}
-
-void AddResource(std::vector<unsigned char>& file, const std::string& name,
-                 const std::vector<unsigned char>& data) {
-    std::vector<unsigned char> header;
-    Bytes names(header);
-    names.Ordinal(5);
-    names.Text(name);
-    names.Align();
-    Bytes bytes(file);
-    bytes.Dword(static_cast<unsigned>(data.size()));
-    bytes.Dword(static_cast<unsigned>(8 + header.size() + 16));
-    bytes.Append(header);
-    for (unsigned value : {0u, 0x04091030u, 0u, 0u}) bytes.Dword(value);
-    bytes.Append(data);
-    bytes.Align();
-}
-
-std::vector<unsigned char> ResourceFile() {
-    std::vector<unsigned char> file;
-    Bytes bytes(file);
-    bytes.Dword(0);
-    bytes.Dword(32);
-    bytes.Ordinal(0);
-    bytes.Ordinal(0);
-    for (int i = 0; i < 4; ++i) bytes.Dword(0);
-    for (const PageText& page : kPages) AddResource(file, page.name, DialogTemplate(page));
-    return file;
+    return file.bytes;
 }
 
 struct EventName {

@@ -5,34 +5,10 @@
 #include <algorithm>
 #include <cstring>
 
+#include "tests/platform/support/compiled_file.h"
+
 namespace kv::test {
 namespace {
-
-// A compiled resource file, built entry by entry.
-class Resources {
- public:
-    Resources() { Add(0, 0, {}); }  // such files begin with an empty entry
-
-    void Add(WORD type, WORD id, const std::vector<BYTE>& data) {
-        constexpr DWORD kHeaderSize = 32;
-        const WORD names[] = {0xFFFF, type, 0xFFFF, id};
-        Append(static_cast<DWORD>(data.size()));
-        Append(kHeaderSize);
-        Append(names);
-        bytes.resize(bytes.size() + 16);  // version, flags, language
-        bytes.insert(bytes.end(), data.begin(), data.end());
-        bytes.resize((bytes.size() + 3) / 4 * 4);
-    }
-
-    std::vector<BYTE> bytes;
-
- private:
-    template <typename Value>
-    void Append(const Value& value) {
-        const auto* from = reinterpret_cast<const BYTE*>(&value);
-        bytes.insert(bytes.end(), from, from + sizeof value);
-    }
-};
 
 // 32 bits per pixel, one colour; an icon has a mask below its picture.
 std::vector<BYTE> OneColor(int side, std::uint32_t pixel, bool isIcon) {
@@ -51,25 +27,26 @@ class LoadImage : public ::testing::Test {
  protected:
     LoadImage() {
         constexpr WORD kBitmap = 2, kIcon = 3, kGroup = 14;
-        resources.Add(kBitmap, 500, OneColor(6, 0x102030, false));
+        resources.Add(CompiledFile::Id(kBitmap), CompiledFile::Id(500),
+                      OneColor(6, 0x102030, false));
         std::vector<BYTE> cut = OneColor(6, 0x102030, false);
         cut.pop_back();
-        resources.Add(kBitmap, 501, cut);
-        resources.Add(kIcon, 1, OneColor(32, 0xFF0000FF, true));
-        resources.Add(kIcon, 2, OneColor(64, 0xFFFF0000, true));
+        resources.Add(CompiledFile::Id(kBitmap), CompiledFile::Id(501), cut);
+        resources.Add(CompiledFile::Id(kIcon), CompiledFile::Id(1), OneColor(32, 0xFF0000FF, true));
+        resources.Add(CompiledFile::Id(kIcon), CompiledFile::Id(2), OneColor(64, 0xFFFF0000, true));
         const std::vector<BYTE> group{0,  0,  1, 0, 2, 0,                           //
                                       32, 32, 0, 0, 1, 0, 32, 0, 0, 0, 0, 0, 1, 0,  //
                                       64, 64, 0, 0, 1, 0, 32, 0, 0, 0, 0, 0, 2, 0};
-        resources.Add(kGroup, 600, group);
+        resources.Add(CompiledFile::Id(kGroup), CompiledFile::Id(600), group);
         std::vector<BYTE> dangling = group;
         dangling[18] = dangling[32] = 9;  // no such picture
-        resources.Add(kGroup, 601, dangling);
+        resources.Add(CompiledFile::Id(kGroup), CompiledFile::Id(601), dangling);
         static const char anchor = 0;
         RegisterModuleResources(&anchor, resources.bytes.data(), resources.bytes.size());
     }
     ~LoadImage() override { UnregisterModuleResources(resources.bytes.data()); }
 
-    Resources resources;
+    CompiledFile resources;
 };
 
 TEST_F(LoadImage, BitmapsComeInTheirSizeOrScaled) {
@@ -111,8 +88,8 @@ TEST_F(LoadImage, DrawingOnALoadedBitmapLeavesItsResourceAndEveryOtherBitmapAlon
         EXPECT_EQ(ViewOf(bitmap).Row(0)[0], 0x102030u);
         EXPECT_EQ(ViewOf(bitmap).Row(3)[3], 0x102030u);
     }
-    for (const HGDIOBJ object : {HGDIOBJ(drawn), HGDIOBJ(other), HGDIOBJ(written), HGDIOBJ(later),
-                                 HGDIOBJ(brush)}) {
+    for (const HGDIOBJ object :
+         {HGDIOBJ(drawn), HGDIOBJ(other), HGDIOBJ(written), HGDIOBJ(later), HGDIOBJ(brush)}) {
         EXPECT_TRUE(DeleteObject(object));
     }
 }
@@ -122,8 +99,8 @@ TEST_F(LoadImage, OtherResourcesAtTheSamePlaceAreDecodedAnew) {
     UnregisterModuleResources(resources.bytes.data());
     // The same buffer, another colour: as when a module is loaded where another one lay.
     const std::vector<BYTE> old = OneColor(6, 0x102030, false), now = OneColor(6, 0x405060, false);
-    const auto at = std::search(resources.bytes.begin(), resources.bytes.end(), old.begin(),
-                                old.end());
+    const auto at =
+        std::search(resources.bytes.begin(), resources.bytes.end(), old.begin(), old.end());
     ASSERT_NE(at, resources.bytes.end());
     std::copy(now.begin(), now.end(), at);
     static const char anchor = 0;

@@ -7,7 +7,7 @@
 #include <cstring>
 #include <memory>
 
-#include "compiled_file.h"
+#include "tests/platform/support/compiled_file.h"
 
 namespace {
 

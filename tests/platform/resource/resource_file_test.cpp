@@ -6,7 +6,7 @@
 #include <cstring>
 #include <functional>
 
-#include "compiled_file.h"
+#include "tests/platform/support/compiled_file.h"
 
 namespace {
 

@@ -14,7 +14,7 @@ class TemplateBuilder {
     enum class Layout { kClassic, kExtended };
 
     explicit TemplateBuilder(DWORD style, std::string_view title = "", DWORD exStyle = 0,
-                             Layout layout = Layout::kClassic)
+                             Layout layout = Layout::kClassic, SIZE units = {200, 100})
         : layout_(layout) {
         if (layout_ == Layout::kExtended) {
             Word(1).Word(0xFFFF).Dword(0).Dword(exStyle).Dword(style);
@@ -22,7 +22,7 @@ class TemplateBuilder {
             Dword(style).Dword(exStyle);
         }
         countAt_ = bytes_.size();
-        Word(0).Word(10).Word(20).Word(200).Word(100);
+        Word(0).Word(10).Word(20).Word(units.cx).Word(units.cy);
         Word(0).Word(0).Text(title);  // no menu, the usual class
         if ((style & DS_SETFONT) == 0) return;
         Word(9);

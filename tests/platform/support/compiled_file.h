@@ -1,4 +1,4 @@
-// Builds compiled resource files in memory for the tests of this folder.
+// Builds compiled resource files in memory. Used by tests that need resources of their own.
 #pragma once
 
 #include <windef.h>
