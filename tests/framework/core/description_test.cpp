@@ -46,16 +46,6 @@ TEST(DescriptionText, EveryBadRowIsNamedAndLeftOut) {
 
 class Installation : public PrinterTest {};
 
-TEST_F(Installation, TheModelsDescriptionIsWithoutProblems) {
-    const auto description = kvcore::DescriptionOf(printer);
-    EXPECT_THAT(description->problems, testing::IsEmpty());
-    EXPECT_EQ(description->papers.size(), 25u);
-    EXPECT_EQ(description->outputBins.size(), 9u);
-    const kvcore::DescribedPaper* letter = description->FindPaper(1);
-    ASSERT_TRUE(letter);
-    EXPECT_EQ(letter->WidthTenths(), 2159);
-}
-
 TEST_F(Installation, AChangedFileIsReadAgain) {
     const std::string path = Write("d.ini", "[Resolutions]\nR=600,600\n");
     const auto first = kvcore::LoadDescription(path);
