@@ -174,16 +174,5 @@ TEST(Monochrome, TakesTextAndBackgroundColourOnColourSurfaces) {
     DeleteObject(mask);
 }
 
-TEST(Masks, AndThenXorShowsThePictureThroughItsMask) {
-    Drawing picture(2, 1), mask(2, 1), target(2, 1);
-    target.Fill(RGB(9, 9, 9));
-    SetPixel(picture.dc, 0, 0, RGB(1, 2, 3));
-    SetPixel(mask.dc, 1, 0, RGB(255, 255, 255));
-    BitBlt(target.dc, 0, 0, 2, 1, mask.dc, 0, 0, SRCAND);
-    BitBlt(target.dc, 0, 0, 2, 1, picture.dc, 0, 0, SRCINVERT);
-    EXPECT_EQ(target.At(0, 0), 0x010203u);
-    EXPECT_EQ(target.At(1, 0), 0x090909u);
-}
-
 }  // namespace
 }  // namespace kv::test

@@ -27,19 +27,6 @@ TEST(RasterOperation, EveryCodeIsItsOwnTruthTable) {
     }
 }
 
-TEST(RasterOperation, NamedCodesMeanWhatTheirNamesSay) {
-    constexpr std::uint32_t s = 0xCCAA33, d = 0x0FF0A5, p = 0x123456;
-    const std::pair<DWORD, std::uint32_t> kMeanings[] = {
-        {SRCCOPY, s},         {SRCPAINT, s | d}, {SRCAND, s & d},         {SRCINVERT, s ^ d},
-        {SRCERASE, s & ~d},   {NOTSRCCOPY, ~s},  {NOTSRCERASE, ~(s | d)}, {MERGECOPY, s & p},
-        {MERGEPAINT, ~s | d}, {PATCOPY, p},      {PATPAINT, p | ~s | d},  {PATINVERT, p ^ d},
-        {DSTINVERT, ~d},      {BLACKNESS, 0},    {WHITENESS, ~0u},
-    };
-    for (const auto& [rop, meaning] : kMeanings) {
-        EXPECT_EQ(EvaluateRop(CodeOf(rop), p, s, d), meaning) << std::hex << rop;
-    }
-}
-
 // The loops that this processor can run.
 std::vector<const RowLoops*> AllLoops() {
     std::vector<const RowLoops*> all{&PlainLoops()};
@@ -98,9 +85,9 @@ TEST(Blending, CoverageMixesEachChannelToTheNearestValue) {
         EXPECT_EQ(withCoverage[0], target[0]);
         for (unsigned i = 1; i < 256; ++i) {
             for (int shift = 0; shift < 24; shift += 8) {
-                const double exact = ((pixel >> shift & 0xFF) * i +
-                                      (target[i] >> shift & 0xFF) * (255.0 - i)) /
-                                     255.0;
+                const double exact =
+                    ((pixel >> shift & 0xFF) * i + (target[i] >> shift & 0xFF) * (255.0 - i)) /
+                    255.0;
                 EXPECT_NEAR(withCoverage[i] >> shift & 0xFF, exact, 0.5001) << i;
             }
         }
