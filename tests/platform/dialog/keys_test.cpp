@@ -89,16 +89,6 @@ TEST_F(DialogKeys, TabLeavesAControlThatWasDisabledMeanwhileInItsPlace) {
     EXPECT_THAT(PressRepeatedly(VK_TAB, 0, 1), ElementsAre(10)) << "without a focus: the first";
 }
 
-TEST_F(DialogKeys, EnteringAnEditByTabSelectsItsText) {
-    PressRepeatedly(VK_TAB, 0, 6);
-    DWORD start = 9;
-    DWORD end = 9;
-    SendMessageA(GetFocus(), EM_GETSEL, reinterpret_cast<WPARAM>(&start),
-                 reinterpret_cast<LPARAM>(&end));
-    EXPECT_EQ(start, 0u);
-    EXPECT_EQ(end, 3u);
-}
-
 TEST_F(DialogKeys, ArrowsChooseWithinTheGroupAndPassOverLabelsAndDisabledButtons) {
     FocusOn(page, 20);
     EXPECT_THAT(PressRepeatedly(VK_DOWN, 0, 2), ElementsAre(21, 20));

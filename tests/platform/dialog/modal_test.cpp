@@ -193,6 +193,24 @@ TEST_F(ModalDialog, MessageBoxesAnswerByButtonEscapeAndCloseBox) {
     }
 }
 
+TEST_F(ModalDialog, EnterPressesTheBoxesDefaultButtonAndCaptionsMayBeTheCallers) {
+    const std::pair<UINT, int> rows[] = {
+        {MB_YESNOCANCEL, IDYES},
+        {MB_YESNOCANCEL | MB_DEFBUTTON2, IDNO},
+        {MB_YESNOCANCEL | MB_DEFBUTTON3, IDCANCEL},
+        {MB_YESNO | MB_DEFBUTTON3, IDYES},
+    };
+    for (const auto& [type, answer] : rows) {
+        char caption[32] = "";
+        Headless().PushAnswer([&](HWND box) {
+            GetDlgItemTextA(box, IDNO, caption, sizeof caption);
+            input::Key(VK_RETURN);
+        });
+        EXPECT_EQ(AskWithButtons(nullptr, "Which?", "Test", type, {{IDNO, "&Never"}}), answer);
+        EXPECT_STREQ(caption, "&Never");
+    }
+}
+
 TEST_F(ModalDialog, MessageBoxGrowsWithItsTextAndReadsRightToLeft) {
     RECT small{};
     RECT large{};

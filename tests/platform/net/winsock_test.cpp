@@ -9,7 +9,6 @@
 #include "tests/platform/net/listener.h"
 
 namespace kv::test {
-
 namespace {
 
 class Sockets : public ::testing::Test {
@@ -99,5 +98,4 @@ TEST_F(Sockets, NamesAreLookedUpBetweenStartAndCleanUp) {
 }
 
 }  // namespace
-
 }  // namespace kv::test

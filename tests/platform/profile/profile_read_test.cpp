@@ -10,7 +10,6 @@
 #include "tests/platform/shell/scratch.h"
 
 namespace kv::test {
-
 namespace {
 
 using namespace std::string_literals;
@@ -253,5 +252,4 @@ TEST_F(ProfileRead, MeasureAndCountryComeFromTheLocaleUnlessWinIniSaysSo) {
 }
 
 }  // namespace
-
 }  // namespace kv::test

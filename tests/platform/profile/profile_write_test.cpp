@@ -11,7 +11,6 @@
 #include "tests/platform/shell/scratch.h"
 
 namespace kv::test {
-
 namespace {
 
 using namespace std::string_literals;
@@ -185,5 +184,4 @@ TEST_F(ProfileWrite, AKilledWriterLeavesTheOldOrTheNewFile) {
 }
 
 }  // namespace
-
 }  // namespace kv::test

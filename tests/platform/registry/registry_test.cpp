@@ -6,7 +6,6 @@
 #include "tests/platform/shell/scratch.h"
 
 namespace kv::test {
-
 namespace {
 
 class Registry : public ScratchTest {
@@ -135,5 +134,4 @@ TEST_F(Registry, BadArgumentsAreAnswered) {
 }
 
 }  // namespace
-
 }  // namespace kv::test

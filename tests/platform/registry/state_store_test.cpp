@@ -15,7 +15,6 @@
 #include "tests/support/faults.h"
 
 namespace kv::test {
-
 namespace {
 
 class Store : public ScratchTest {
@@ -249,7 +248,8 @@ TEST_F(Store, ADiskThatIsFullOrBrokenIsNamedAndNothingHalfIsKept) {
         // A program that ends at once leaves the log as it is.
         const pid_t child = fork();
         if (child == 0) {
-            // What is written into a log that is in use already is all there when the disk is asked.
+            // What is written into a log that is in use already is all there when the disk is
+            // asked.
             if (c.call == Call::kSync) Put("first", "Another");
             const Fault fault(c.call, c.error, c.file);
             // Reading needs no room.
@@ -324,5 +324,4 @@ TEST_F(Store, AForkedChildDoesNotDisturbItsParentsConnection) {
 }
 
 }  // namespace
-
 }  // namespace kv::test

@@ -6,7 +6,6 @@
 #include "tests/platform/shell/scratch.h"
 
 namespace kv::test {
-
 namespace {
 
 class Token : public ScratchTest {
@@ -84,5 +83,4 @@ TEST_F(Token, WrongHandlesAndArgumentsFail) {
 }
 
 }  // namespace
-
 }  // namespace kv::test

@@ -7,7 +7,6 @@
 #include "tests/platform/shell/scratch.h"
 
 namespace kv::test {
-
 namespace {
 
 // The stand-in writes its arguments to a file; the file appears whole, by renaming.
@@ -127,5 +126,4 @@ TEST_F(Locale, BufferSizesCountTheTerminator) {
 }
 
 }  // namespace
-
 }  // namespace kv::test

@@ -6,7 +6,6 @@
 #include "tests/platform/shell/scratch.h"
 
 namespace kv::test {
-
 namespace {
 
 class Files : public ScratchTest {
@@ -249,5 +248,4 @@ TEST(TextHelpers, ComparisonAndScalingRoundAsThePlatformDoes) {
 }
 
 }  // namespace
-
 }  // namespace kv::test

@@ -8,7 +8,6 @@
 #include <platform/shell/errors.h>
 
 namespace kv::test {
-
 namespace {
 
 TEST(GlobalMemory, AMovableBlockIsLockedUnlockedAndFreed) {
@@ -78,5 +77,4 @@ TEST(GlobalMemory, AFixedBlockIsItsAddress) {
 }
 
 }  // namespace
-
 }  // namespace kv::test

@@ -11,7 +11,6 @@ extern "C" __attribute__((visibility("default"))) int KvTestExport() {
 }
 
 namespace kv::test {
-
 namespace {
 
 class Modules : public ScratchTest {};
@@ -97,5 +96,4 @@ TEST_F(Modules, WhatIsMissingOrNoLibraryIsRefused) {
 }
 
 }  // namespace
-
 }  // namespace kv::test
