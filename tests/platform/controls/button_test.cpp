@@ -37,10 +37,7 @@ TEST_F(ButtonTest, ARadioButtonIsCheckedWhenItsClickIsReported) {
     Add("BUTTON", BS_AUTORADIOBUTTON | WS_GROUP, 1);
     HWND second = Add("BUTTON", BS_AUTORADIOBUTTON, 2);
     std::string seen;
-    reaction = [&](UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
-        if (message == WM_COMMAND) seen = Checks(1, 2);
-        return std::nullopt;
-    };
+    At(BN_CLICKED, [&] { seen = Checks(1, 2); });
     input::Click(second);
     EXPECT_EQ(seen, "01");
 }
@@ -93,10 +90,7 @@ TEST_F(ButtonTest, KeyCodesTellTheDialogManagerTheKind) {
 
 TEST_F(ButtonTest, AHandlerMayDestroyTheButton) {
     HWND button = Add("BUTTON", BS_AUTOCHECKBOX, 1);
-    reaction = [&](UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
-        if (message == WM_COMMAND) DestroyWindow(button);
-        return std::nullopt;
-    };
+    At(BN_CLICKED, [&] { DestroyWindow(button); });
     input::Click(button);
     EXPECT_FALSE(IsWindow(button));
 }

@@ -35,6 +35,13 @@ class ControlTest : public ::testing::Test {
     // The list since the last call: "7 EN_UPDATE" for control 7, "5 TB_THUMBTRACK 40" for
     // scrolling.
     std::vector<std::string> TakeLog() { return std::exchange(log, {}); }
+    // Lets the parent act whenever a control notifies it of `code`.
+    void At(WORD code, std::function<void()> act) {
+        reaction = [=](UINT message, WPARAM wParam, LPARAM) -> std::optional<LRESULT> {
+            if (message == WM_COMMAND && HIWORD(wParam) == code) act();
+            return std::nullopt;
+        };
+    }
 
     HWND parent{};
     std::vector<std::string> log;

@@ -42,14 +42,11 @@ TEST_F(EditTest, TypingAndProgramsBothReportUpdateThenChange) {
 TEST_F(EditTest, AHandlerOfUpdateMayReplaceTheText) {
     HWND edit = Focused(0, "15");
     int depth = 0;
-    reaction = [&](UINT message, WPARAM wParam, LPARAM) -> std::optional<LRESULT> {
-        if (message != WM_COMMAND || HIWORD(wParam) != EN_UPDATE) return std::nullopt;
-        if (Text(edit) == "150" && ++depth == 1) {
-            SetWindowTextA(edit, "100");
-            Send(edit, EM_SETSEL, 3, 3);
-        }
-        return std::nullopt;
-    };
+    At(EN_UPDATE, [&] {
+        if (Text(edit) != "150" || ++depth > 1) return;
+        SetWindowTextA(edit, "100");
+        Send(edit, EM_SETSEL, 3, 3);
+    });
     input::Type("0");
     EXPECT_EQ(Text(edit), "100");
     EXPECT_THAT(TakeLog(), ElementsAre("7 EN_UPDATE", "7 EN_UPDATE", "7 EN_CHANGE", "7 EN_CHANGE"));
@@ -58,10 +55,7 @@ TEST_F(EditTest, AHandlerOfUpdateMayReplaceTheText) {
 
 TEST_F(EditTest, AHandlerMayDestroyTheEdit) {
     HWND edit = Focused(0);
-    reaction = [&](UINT message, WPARAM wParam, LPARAM) -> std::optional<LRESULT> {
-        if (message == WM_COMMAND && HIWORD(wParam) == EN_UPDATE) DestroyWindow(edit);
-        return std::nullopt;
-    };
+    At(EN_UPDATE, [&] { DestroyWindow(edit); });
     input::Type("1");
     EXPECT_FALSE(IsWindow(edit));
 }

@@ -42,12 +42,7 @@ class ListTest : public ControlTest {
 TEST_F(ListTest, ChoosingAnEntryReportsItWhenItIsAlreadySelected) {
     HWND combo = Combo();
     LRESULT atEnd = -1;
-    reaction = [&](UINT message, WPARAM wParam, LPARAM) -> std::optional<LRESULT> {
-        if (message == WM_COMMAND && HIWORD(wParam) == CBN_SELENDOK) {
-            atEnd = Send(combo, CB_GETCURSEL);
-        }
-        return std::nullopt;
-    };
+    At(CBN_SELENDOK, [&] { atEnd = Send(combo, CB_GETCURSEL); });
     EXPECT_TRUE(input::Choose(combo, 2));
     EXPECT_EQ(atEnd, 2);
     EXPECT_EQ(Text(combo), "Right");

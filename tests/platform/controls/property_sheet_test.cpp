@@ -232,24 +232,6 @@ TEST_F(SheetTest, EnterLeavesTheFocusInTheEdit) {
     EXPECT_EQ(GetFocus(), GetDlgItem(Page(0), 10));
 }
 
-TEST_F(SheetTest, ControlWithTabOrPageKeysTurnsThePages) {
-    Open();
-    const struct {
-        int key;
-        unsigned modifiers;
-        int page;
-    } turns[] = {
-        {VK_TAB, input::kControl, 1},   {VK_NEXT, input::kControl, 2},
-        {VK_TAB, input::kControl, 0},   {VK_TAB, input::kControl | input::kShift, 2},
-        {VK_PRIOR, input::kControl, 1},
-    };
-    for (const auto& turn : turns) {
-        input::Key(turn.key, turn.modifiers);
-        EXPECT_EQ(ActivePage(), turn.page);
-        EXPECT_TRUE(IsChild(Page(turn.page), GetFocus()));
-    }
-}
-
 TEST_F(SheetTest, TabWalksFromThePageThroughTheButtonsToTheTabs) {
     Open();
     SetFocus(GetDlgItem(Page(0), 11));
