@@ -13,7 +13,7 @@
 #include "settings/threshold_tables.h"
 #include "sheet/snapshot.h"
 #include "tests/module/support/sheet_fixture.h"
-#include "tests/platform/resource/compiled_file.h"
+#include "tests/platform/support/compiled_file.h"
 
 namespace kvui {
 namespace {
