@@ -27,6 +27,8 @@ ALLOWED = {
 }
 # layer -> its folders; each includes itself and those before it. Files beside them are left out.
 FOLDER_ORDER = {
+    "module": ["resources", "sheet", "lists", "settings", "dialog", "rules", "binding", "preview", "device",
+               "support", "ui"],
     "host": ["qt", "picture", "index", "record", "controls", "window", "commands"],
 }
 # The module sees the layers below only through these folders.
