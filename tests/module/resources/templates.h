@@ -3,10 +3,21 @@
 #pragma once
 
 #include <platform/dialog/dialog_template.h>
+#include <strings.h>
 #include <windows.h>
 
 #include <string>
 #include <vector>
+
+// Pages first.
+inline constexpr const char* kTemplates[] = {
+    "TAB0R", "TAB1R", "TABOVERLAY", "TABWM", "TAB2R", "TAB3", "TAB4", "TABVERSION", "DLGTAB5",
+    "DLGTAB6", "_LBPFIRSTPAGE", "_DLGTAB00", "_DLGTAB01", "_DLGTAB02", "_DLGTAB20",
+    "_DLGCOMBINATION", "_LBPIMAGESHIFT", "_LBPEDITOVERLAY", "_LBPQUARNWATERCOLOR", "_MAILBOXR",
+    "_ABOUTKVI", "_CONFLICTS", "_OPTIONCONFLICT", "_LBPCUSTOMPAPERS", "_LBPEDITPAPER",
+    "DLGEASYSET", "DLGSAVEEASYSET", "DLGEDITEASYSET", "DLGCOMMONVIEW", "_DLGKEEPSETTINGADD",
+    "_DLGSAVEDATA", "_ADVANCEDSETTINGS", "_HUECORRECTION", "_DLGEDIT0"};
+inline constexpr int kPageTemplates = 10;
 
 struct Template {
     std::string name;
@@ -44,4 +55,8 @@ inline std::string StringOf(UINT id) {
 
 inline bool IsVisible(const kv::DialogItem& control) {
     return (control.style & WS_VISIBLE) != 0;
+}
+
+inline bool HasClass(const kv::DialogItem& control, const char* className) {
+    return strcasecmp(control.className.c_str(), className) == 0;
 }
