@@ -5,9 +5,13 @@
 #include <utility>
 
 #include "preferences.h"
+#include "tests/support/canvas.h"
 
 namespace journey {
 namespace {
+
+using kvtest::ChooseIn;
+using kvtest::ValueAt;
 
 enum : int {
     kNupBox = 1410, kNupDetails = 1430, kDuplexBox = 1510, kRotateBox = 2032, kDefaultsButton = 12,
@@ -18,24 +22,8 @@ constexpr size_t kNupStyle = 0x1B0, kFlagWord = 0x154, kOffsetX = 0x264;
 class LayoutPage : public Preferences {
  protected:
     HWND Duplex() { return Item(kDuplexBox, kLayout); }
-    static std::string EntryText(HWND combo, int index) {
-        char text[128] = "";
-        SendMessageA(combo, CB_GETLBTEXT, index, reinterpret_cast<LPARAM>(text));
-        return text;
-    }
-    static DWORD EntryData(HWND combo, int index) {
-        return static_cast<DWORD>(SendMessageA(combo, CB_GETITEMDATA, index, 0));
-    }
-    static void ChooseIn(HWND dialog, int id, DWORD value) {
-        const HWND combo = GetDlgItem(dialog, id);
-        ASSERT_TRUE(kv::input::Choose(combo, IndexOf(combo, value))) << id << " " << value;
-    }
     void InDetails(int closer, const std::function<void(HWND)>& act) {
-        kv::Headless().PushAnswer([&](HWND dialog) {
-            act(dialog);
-            kv::input::Click(GetDlgItem(dialog, closer));
-        });
-        ASSERT_TRUE(kv::input::Click(Item(kNupDetails, kLayout)));
+        InDialog(kLayout, kNupDetails, closer, act);
     }
     void StartWith(DWORD nup, DWORD style, DWORD duplex = 1) {
         SetPrivate(kNup, nup);
@@ -45,18 +33,29 @@ class LayoutPage : public Preferences {
         SetPrivate(kNupMode, duplex == 5 ? 1 : 0);
         OpenSheet();
     }
+    // What is stored and shown of the duplex mode.
+    void ExpectDuplex(DWORD mode, DWORD printed, SHORT edge, const char* shown) {
+        EXPECT_EQ(Private(kDuplexMode), mode);
+        EXPECT_EQ(Private(kNUpField), printed);
+        EXPECT_EQ(Public().dmDuplex, edge);
+        EXPECT_EQ(Selected(Duplex()), shown);
+    }
 };
 
-TEST_F(LayoutPage, ChoosingBookletTurnsLeftBindingOn) {
+TEST_F(LayoutPage, ABookletIsBoundAtTheLeftWhateverTheDuplexListIsAskedFor) {
     OpenSheet();
     ChooseValue(kNupBox, 20, kLayout);
     EXPECT_EQ(Private(kNup), 20u);
-    EXPECT_EQ(Private(kDuplexMode), 4u);
-    EXPECT_EQ(Private(kNUpField), 2u);
     EXPECT_EQ(Private(kFlagWord) & 2, 2u);
-    EXPECT_EQ(Public().dmDuplex, 3);
-    EXPECT_EQ(Selected(Duplex()), "On");
-    EXPECT_EQ(EntryData(Duplex(), 0), 1u);
+    EXPECT_EQ(ValueAt(Duplex(), 0), 1u);
+    ExpectDuplex(4, 2, 3, "On");
+    for (const int entry : {0, 2, 1}) {
+        ASSERT_TRUE(kv::input::Choose(Duplex(), entry));
+        ExpectDuplex(4, 2, 3, "On");
+    }
+    ChooseValue(kNupBox, 4, kLayout);
+    ExpectDuplex(1, 4, 1, "Off");
+    ChooseValue(kNupBox, 20, kLayout);
     ASSERT_TRUE(PressOk());
     EXPECT_EQ(Private(kDuplexMode), 4u);
     EXPECT_EQ(Private(kNUpField), 2u);
@@ -74,23 +73,6 @@ TEST_F(LayoutPage, ASheetStartsWithWhatIsPrintedUnlessItIsABookletOrAPoster) {
         EXPECT_EQ(Private(kNup), row.shown) << row.nup;
         CloseSheet();
     }
-}
-
-TEST_F(LayoutPage, ABookletStaysBoundWhateverTheDuplexListIsAskedFor) {
-    OpenSheet();
-    ChooseValue(kNupBox, 20, kLayout);
-    for (const int entry : {0, 2, 1}) {
-        ASSERT_TRUE(kv::input::Choose(Duplex(), entry));
-        EXPECT_EQ(Private(kDuplexMode), 4u) << entry;
-        EXPECT_EQ(Private(kNUpField), 2u) << entry;
-        EXPECT_EQ(Public().dmDuplex, 3) << entry;
-        EXPECT_EQ(Selected(Duplex()), "On") << entry;
-    }
-    ChooseValue(kNupBox, 4, kLayout);
-    EXPECT_EQ(Private(kDuplexMode), 1u);
-    EXPECT_EQ(Private(kNUpField), 4u);
-    EXPECT_EQ(Public().dmDuplex, 1);
-    EXPECT_EQ(Selected(Duplex()), "Off");
 }
 
 TEST_F(LayoutPage, RightBindingOutlivesPagesAppliesAndRefusals) {
@@ -126,14 +108,16 @@ TEST_F(LayoutPage, PaintingTheBookletEntryNamesTheFirstDuplexEntry) {
     SendMessageA(duplex, CB_SETCURSEL, 2, 0);
     const HWND nup = Item(kNupBox, kLayout);
     EXPECT_EQ(SendMessageA(nup, CB_GETITEMHEIGHT, 0, 0), 32);
-    const HDC dc = CreateCompatibleDC(nullptr);
-    const RECT row{0, 0, 150, 32};
-    ASSERT_TRUE(kv::PaintItem(nup, IndexOf(nup, 16), dc, row, 0));
-    EXPECT_EQ(EntryText(duplex, 0), "On") << "only the booklet entry does it";
-    ASSERT_TRUE(kv::PaintItem(nup, IndexOf(nup, 20), dc, row, 0));
-    DeleteDC(dc);
-    EXPECT_EQ(EntryText(duplex, 0), "Off");
-    EXPECT_EQ(EntryData(duplex, 0), 1u);
+    const kvtest::Canvas canvas(150, 32);
+    const auto firstAfterPainting = [&](DWORD pages) {
+        char text[128] = "";
+        EXPECT_TRUE(kv::PaintItem(nup, IndexOf(nup, pages), canvas.dc, {0, 0, 150, 32}, 0));
+        SendMessageA(duplex, CB_GETLBTEXT, 0, reinterpret_cast<LPARAM>(text));
+        return std::string(text);
+    };
+    EXPECT_EQ(firstAfterPainting(16), "On") << "only the booklet entry does it";
+    EXPECT_EQ(firstAfterPainting(20), "Off");
+    EXPECT_EQ(ValueAt(duplex, 0), 1u);
     EXPECT_EQ(SendMessageA(duplex, CB_GETCURSEL, 0, 0), 2);
     EXPECT_EQ(Private(kDuplexMode), 2u);
 }
@@ -180,12 +164,11 @@ TEST_F(LayoutPage, DetailsOfferTheOrdersOfTheLayout) {
             ASSERT_EQ(SendMessageA(order, CB_GETCOUNT, 0, 0),
                       static_cast<LRESULT>(row.offered.size()));
             for (size_t i = 0; i < row.offered.size(); ++i) {
-                EXPECT_EQ(EntryData(order, static_cast<int>(i)), row.offered[i]);
+                EXPECT_EQ(ValueAt(order, static_cast<LRESULT>(i)), row.offered[i]);
             }
             const HWND nup = GetDlgItem(dialog, kNupBox);
             EXPECT_EQ(SendMessageA(nup, CB_GETCOUNT, 0, 0), 6);
-            EXPECT_EQ(EntryData(nup, static_cast<int>(SendMessageA(nup, CB_GETCURSEL, 0, 0))),
-                      row.nup);
+            EXPECT_EQ(kvtest::ChosenValue(nup), row.nup);
             for (const DWORD removed : {0u, 102u, 103u, 104u, 105u}) {
                 EXPECT_EQ(IndexOf(nup, removed), -1);
             }
@@ -197,29 +180,22 @@ TEST_F(LayoutPage, DetailsOfferTheOrdersOfTheLayout) {
 TEST_F(LayoutPage, DetailsStoreTheShownOrderAndKeepTheBorder) {
     SetPrivate(kScale, 150);
     StartWith(4, 4);
-    struct Watcher : kv::Display {
-        HWND preview{};
+    // The preview's, while something is done in the dialog.
+    const auto redrawsWhile = [](HWND dialog, const std::function<void()>& act) {
+        const HWND preview = GetDlgItem(dialog, kView);
+        const kvtest::Canvas canvas(200, 200);
+        kv::PaintWindow(preview, canvas.dc);
+        kvtest::Listener display;
         int redraws = 0;
-        void Invalidated(HWND window) override { redraws += window == preview; }
-        bool WaitForInput(HWND) override { return false; }
-    } watcher;
-    const auto redrawsWhile = [&](const std::function<void()>& act) {
-        watcher.redraws = 0;
-        const HDC dc = CreateCompatibleDC(nullptr);
-        kv::PaintWindow(watcher.preview, dc);
-        DeleteDC(dc);
-        kv::UseDisplay(&watcher);
+        display.invalidated = [&](HWND window) { redraws += window == preview; };
         act();
-        kv::UseDisplay(nullptr);
-        return watcher.redraws;
+        return redraws;
     };
     InDetails(IDOK, [&](HWND dialog) {
-        watcher.preview = GetDlgItem(dialog, 14002);
-        EXPECT_EQ(SendMessageA(GetDlgItem(dialog, kBorderBox), BM_GETCHECK, 0, 0),
-                  static_cast<LRESULT>(BST_CHECKED));
+        EXPECT_TRUE(IsChecked(GetDlgItem(dialog, kBorderBox)));
         EXPECT_EQ(Private(kNupStyle), 4u) << "opening changes nothing";
         EXPECT_EQ(Private(kScaleSize), 150u);
-        EXPECT_GT(redrawsWhile([&] { ChooseIn(dialog, kCornerOrder, 3); }), 0);
+        EXPECT_GT(redrawsWhile(dialog, [&] { ChooseIn(dialog, kCornerOrder, 3); }), 0);
         EXPECT_EQ(Private(kNupStyle), 7u);
         ChooseIn(dialog, kNupBox, 2);
         EXPECT_TRUE(IsWindowVisible(GetDlgItem(dialog, kSideways)));
@@ -231,8 +207,8 @@ TEST_F(LayoutPage, DetailsStoreTheShownOrderAndKeepTheBorder) {
     EXPECT_EQ(Private(kNupMode) & 7, 1u);
     EXPECT_EQ(Private(kScaleSize), 100u) << "OK derives what other pages chose, too";
     InDetails(IDOK, [&](HWND dialog) {
-        watcher.preview = GetDlgItem(dialog, 14002);
-        EXPECT_GT(redrawsWhile([&] { kv::input::Click(GetDlgItem(dialog, kDefaultsButton)); }), 0);
+        const HWND defaults = GetDlgItem(dialog, kDefaultsButton);
+        EXPECT_GT(redrawsWhile(dialog, [&] { kv::input::Click(defaults); }), 0);
         EXPECT_EQ(Private(kNupMode) & 7, 1u) << "derived with OK";
     });
     EXPECT_EQ(Private(kNupMode) & 7, 0u);
@@ -243,10 +219,8 @@ TEST_F(LayoutPage, DetailsStoreTheShownOrderAndKeepTheBorder) {
         EXPECT_EQ(Private(kDuplexMode), 4u);
         ChooseIn(dialog, kBinding, 5);
     });
-    EXPECT_EQ(Private(kDuplexMode), 5u);
     EXPECT_EQ(Private(kNupMode) & 3, 1u);
-    EXPECT_EQ(Public().dmDuplex, 3);
-    EXPECT_EQ(Selected(Duplex()), "On");
+    ExpectDuplex(5, 2, 3, "On");
 }
 
 // What the preview draws and what the list says must be the same, also for records of before.
@@ -282,8 +256,7 @@ TEST_F(LayoutPage, DetailsDefaultsAndCancel) {
         EXPECT_EQ(Private(kNupStyle), 0u);
         EXPECT_EQ(Private(kDuplexMode), 4u);
         EXPECT_EQ(SendMessageA(GetDlgItem(dialog, kBinding), CB_GETCURSEL, 0, 0), 0);
-        EXPECT_EQ(SendMessageA(GetDlgItem(dialog, kBorderBox), BM_GETCHECK, 0, 0),
-                  static_cast<LRESULT>(BST_UNCHECKED));
+        EXPECT_FALSE(IsChecked(GetDlgItem(dialog, kBorderBox)));
         ChooseIn(dialog, kNupBox, 2);
         ChooseIn(dialog, kNupBox, 20);
     });
@@ -299,27 +272,20 @@ TEST_F(LayoutPage, DetailsDefaultsAndCancel) {
         EXPECT_EQ(Private(kFlagWord) & 2, 2u);
     });
     EXPECT_EQ(record_, before);
-    EXPECT_FALSE(IsWindowEnabled(GetDlgItem(sheet_, 0x3021))) << "nothing is to be applied";
+    EXPECT_FALSE(CanApply()) << "nothing is to be applied";
 }
 
 // The entry of four pages, read from one side: which columns are not white.
-std::pair<LONG, LONG> InkOf(HWND combo, int entry, UINT align) {
-    constexpr LONG kWidth = 200, kHeight = 32;
-    const HDC dc = CreateCompatibleDC(nullptr);
-    const HBITMAP bitmap = CreateBitmap(kWidth, kHeight, 1, 32, nullptr);
-    const HGDIOBJ first = SelectObject(dc, bitmap);
-    SetTextAlign(dc, align);
-    EXPECT_TRUE(kv::PaintItem(combo, entry, dc, {0, 0, kWidth, kHeight}, 0));
-    std::pair<LONG, LONG> ink{kWidth, 0};
-    for (LONG x = 0; x < kWidth; ++x) {
-        for (LONG y = 0; y < kHeight; ++y) {
-            if (GetPixel(dc, x, y) == RGB(255, 255, 255)) continue;
-            ink = {std::min(ink.first, x), std::max(ink.second, x + 1)};
-        }
+std::pair<int, int> InkOf(HWND combo, int entry, UINT align) {
+    const kvtest::Canvas canvas(200, 32);
+    SetTextAlign(canvas.dc, align);
+    EXPECT_TRUE(kv::PaintItem(combo, entry, canvas.dc, {0, 0, 200, 32}, 0));
+    const kvtest::Pixels pixels = canvas.Read();
+    std::pair<int, int> ink{pixels.width, 0};
+    for (int i = 0; i < pixels.width * pixels.height; ++i) {
+        if (pixels.values[i] == 0xFFFFFF) continue;
+        ink = {std::min(ink.first, i % pixels.width), std::max(ink.second, i % pixels.width + 1)};
     }
-    SelectObject(dc, first);
-    DeleteObject(bitmap);
-    DeleteDC(dc);
     return ink;
 }
 

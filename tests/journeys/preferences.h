@@ -22,9 +22,17 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/controls.h"
+
 namespace journey {
 
+using kvtest::IndexOf;
+using kvtest::IsChecked;
+using kvtest::Selected;
+using kvtest::Text;
+
 constexpr unsigned kRecordBytes = 1296;
+constexpr int kView = 14002;  // of the preview panel
 enum Page { kBasic, kLayout, kOverlay, kWatermark, kQuality, kDevice, kTroubleshooting, kJob };
 
 class Preferences : public testing::Test {
@@ -81,6 +89,29 @@ class Preferences : public testing::Test {
         PSHNOTIFY notice{{sheet_, 0, code}, 0};
         SendMessageA(window, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notice));
     }
+    // The preview panel, while it is on the page.
+    HWND Panel(int page) {
+        HWND child = GetWindow(PageWindow(page), GW_CHILD);
+        while (child != nullptr && GetDlgItem(child, kView) == nullptr) {
+            child = GetWindow(child, GW_HWNDNEXT);
+        }
+        return child;
+    }
+    // Notes in `heard` what a window is sent from now on, as far as it is wanted.
+    void Overhear(HWND window, bool (*wanted)(UINT message, WPARAM wParam)) {
+        wanted_ = wanted;
+        heard.clear();
+        overheard_ = reinterpret_cast<WNDPROC>(
+            SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(Hear)));
+    }
+    // Opens a dialog, acts on it and presses one of its buttons.
+    void InDialog(int page, int opener, int closer, const std::function<void(HWND)>& act) {
+        kv::Headless().PushAnswer([&](HWND dialog) {
+            act(dialog);
+            kv::input::Click(GetDlgItem(dialog, closer));
+        });
+        ASSERT_TRUE(kv::input::Click(Item(opener, page)));
+    }
     bool CanApply() { return IsWindowEnabled(GetDlgItem(sheet_, 0x3021)) != FALSE; }
     void CloseSheet() {
         if (sheet_ != nullptr && IsWindow(sheet_)) DestroyWindow(sheet_);
@@ -94,38 +125,11 @@ class Preferences : public testing::Test {
     }
     HWND Item(int id, int page = kBasic) { return GetDlgItem(PageWindow(page), id); }
 
-    static std::string Text(HWND window) {
-        char text[512] = "";
-        GetWindowTextA(window, text, sizeof text);
-        return text;
-    }
-    static int IndexOf(HWND combo, DWORD value) {
-        const LRESULT count = SendMessageA(combo, CB_GETCOUNT, 0, 0);
-        for (LRESULT i = 0; i < count; ++i) {
-            if (static_cast<DWORD>(SendMessageA(combo, CB_GETITEMDATA, i, 0)) == value) {
-                return static_cast<int>(i);
-            }
-        }
-        return -1;
-    }
-    static std::string Selected(HWND combo) {
-        const LRESULT index = SendMessageA(combo, CB_GETCURSEL, 0, 0);
-        char text[256] = "";
-        if (index >= 0) SendMessageA(combo, CB_GETLBTEXT, index, reinterpret_cast<LPARAM>(text));
-        return text;
-    }
     void ChooseValue(int id, DWORD value, int page = kBasic) {
-        const HWND combo = Item(id, page);
-        const int index = IndexOf(combo, value);
-        ASSERT_GE(index, 0) << "combo " << id << " does not offer " << value;
-        ASSERT_TRUE(kv::input::Choose(combo, index));
+        kvtest::ChooseIn(PageWindow(page), id, value);
     }
     void TypeInto(int id, const std::string& text, int page = kBasic) {
-        const HWND edit = Item(id, page);
-        ASSERT_TRUE(kv::input::Focus(edit));
-        SendMessageA(edit, EM_SETSEL, 0, -1);
-        kv::input::Key(VK_DELETE);
-        ASSERT_TRUE(kv::input::Type(text));
+        kvtest::TypeIn(Item(id, page), text);
     }
     void Leave() { ASSERT_TRUE(kv::input::Focus(GetDlgItem(sheet_, IDCANCEL))); }
 
@@ -139,6 +143,8 @@ class Preferences : public testing::Test {
         std::memcpy(record_.data() + sizeof(DEVMODEA) + offset, &value, sizeof value);
     }
 
+    static inline std::vector<UINT> heard;
+
     std::string state_;
     PrinterBlock printer_{};
     std::array<BYTE, kRecordBytes> record_{};
@@ -146,6 +152,14 @@ class Preferences : public testing::Test {
     kvhost::SheetRequest request_;
     std::vector<std::pair<std::string, std::string>> extraPages_ = {{"TAB4", "DDMTAB4"}};
     HWND sheet_{};
+
+ private:
+    static LRESULT CALLBACK Hear(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+        if (wanted_(message, wParam)) heard.push_back(message);
+        return CallWindowProcA(overheard_, window, message, wParam, lParam);
+    }
+    static inline bool (*wanted_)(UINT, WPARAM);
+    static inline WNDPROC overheard_;
 };
 
 // Offsets in the private part, as docs/formats.md gives them.

@@ -7,22 +7,14 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <string>
-#include <vector>
 
 #include "preview/view_hook.h"
 #include "tests/module/support/sheet_fixture.h"
+#include "tests/support/canvas.h"
 
 namespace kvui {
 
-struct Pixels {
-    int width = 0;
-    int height = 0;
-    std::vector<DWORD> values;  // 0x00RRGGBB from the top down
-
-    DWORD At(int x, int y) const { return values[static_cast<size_t>(y) * width + x]; }
-    bool operator==(const Pixels&) const = default;
-};
+using kvtest::Pixels;
 
 class PaintedSheet : public ScratchSheet {
    public:
@@ -40,29 +32,16 @@ class PaintedSheet : public ScratchSheet {
 
     // On white, in the font of the module's dialogs.
     Pixels Paint(ViewPainter painter, SIZE size = {kGroundWidth, kGroundHeight}) {
-        BITMAPINFO info{};
-        info.bmiHeader = {sizeof info.bmiHeader, size.cx, -size.cy, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-        LPVOID bits = nullptr;
-        const HDC dc = CreateCompatibleDC(nullptr);
-        const HBITMAP bitmap = CreateDIBSection(dc, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+        const kvtest::Canvas canvas(size.cx, size.cy);
         LOGFONTA description{};
         description.lfHeight = -11;
         std::snprintf(description.lfFaceName, sizeof description.lfFaceName, "MS Sans Serif");
         const HFONT font = CreateFontIndirectA(&description);
-        const HGDIOBJ bitmapBefore = SelectObject(dc, bitmap);
-        const HGDIOBJ fontBefore = SelectObject(dc, font);
-        PatBlt(dc, 0, 0, size.cx, size.cy, WHITENESS);
-        painter(context, dc, size);
-        Pixels pixels{static_cast<int>(size.cx), static_cast<int>(size.cy), {}};
-        const auto* from = static_cast<const DWORD*>(bits);
-        pixels.values.assign(from, from + static_cast<size_t>(size.cx) * size.cy);
-        for (DWORD& pixel : pixels.values) pixel &= 0xFFFFFF;
-        SelectObject(dc, bitmapBefore);
-        SelectObject(dc, fontBefore);
+        const HGDIOBJ before = SelectObject(canvas.dc, font);
+        painter(context, canvas.dc, size);
+        SelectObject(canvas.dc, before);
         DeleteObject(font);
-        DeleteObject(bitmap);
-        DeleteDC(dc);
-        return pixels;
+        return canvas.Read();
     }
 };
 

@@ -1,12 +1,12 @@
 // What the Paper View consists of, for every combination of the settings that it reads. The expected
-// places are those of a view of 160 x 194 pixels, worked out by hand from the pictures' sizes.
+// places are those of a view of 160 x 194 pixels, worked out by hand from the sizes that the pictures
+// must have.
 #include "preview/paper_plan.h"
 
 #include <gtest/gtest.h>
 
 #include <map>
 #include <ostream>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -30,47 +30,30 @@ namespace {
 
 constexpr SIZE kView{160, 194};
 
-// Pictures that exist by their sizes.
-class PicturesOfSizes : public PictureSizes {
+// The module's pictures by their sizes; some may be missing.
+class Pictures : public PictureSizes {
    public:
-    PicturesOfSizes() {
-        // First id, last id, step, size.
-        const struct { WORD first, last, step; SIZE size; } rows[] = {
-            {14101, 14114, 4, {121, 93}}, {14102, 14114, 4, {121, 93}},
-            {14103, 14115, 4, {93, 121}}, {14104, 14116, 4, {93, 121}},
-            {13845, 13846, 1, {121, 93}}, {13847, 13848, 1, {93, 121}}, {13839, 13842, 1, {96, 138}},
-            {13843, 13844, 1, {138, 96}}, {13837, 13838, 1, {138, 96}}, {13451, 13451, 1, {99, 71}},
-            {13452, 13452, 1, {71, 99}},  {13603, 13603, 1, {95, 67}},  {13604, 13604, 1, {67, 95}},
-            {13501, 13501, 1, {114, 7}},  {13506, 13506, 1, {7, 114}},  {13511, 13511, 1, {86, 7}},
-            {13516, 13516, 1, {7, 86}},   {13705, 13706, 1, {115, 24}}, {13709, 13710, 1, {23, 87}},
-            {13713, 13714, 1, {87, 23}},  {13717, 13718, 1, {24, 115}}, {13401, 13418, 1, {8, 13}},
-            {13425, 13426, 1, {17, 13}},  {13431, 13432, 1, {18, 13}},
-        };
-        for (const auto& row : rows) {
-            for (int id = row.first; id <= row.last; id += row.step) sizes[id] = row.size;
-        }
-        for (const int colour : {0, 100}) {
-            for (const int id : {13807, 13819, 13831, 13801, 13813, 13825}) {
-                sizes[id + colour] = {93, 65};
-            }
-            for (const int id : {13816, 13828, 13810, 13822, 13834, 13804}) {
-                sizes[id + colour] = {65, 93};
-            }
-        }
-        for (const int id : {13605, 13609, 13607, 13611, 13601}) sizes[id] = {93, 65};
-        for (const int id : {13606, 13610, 13608, 13612, 13602}) sizes[id] = {65, 93};
-    }
     bool SizeOf(PictureId id, SIZE& size) override {
-        asked.insert(id.picture);
-        if (id.mask != 0) asked.insert(id.mask);
-        const auto found = sizes.find(id.picture);
-        if (found == sizes.end() || (id.mask != 0 && sizes.count(id.mask) == 0)) return false;
-        size = found->second;
-        return true;
+        if (id.mask != 0 && Load(id.mask).cx == 0) return false;
+        size = Load(id.picture);
+        return size.cx != 0;
     }
+    WORD missing = 0;
 
-    std::map<int, SIZE> sizes;
-    std::set<int> asked;
+   private:
+    SIZE Load(WORD id) {
+        if (id == missing) return {};
+        const auto [known, isNew] = sizes_.try_emplace(id);
+        if (isNew) {
+            const HBITMAP bitmap = LoadBitmapA(nullptr, MAKEINTRESOURCEA(id));
+            BITMAP info{};
+            GetObjectA(bitmap, sizeof info, &info);
+            known->second = {info.bmWidth, info.bmHeight};
+            DeleteObject(bitmap);
+        }
+        return known->second;
+    }
+    std::map<WORD, SIZE> sizes_;
 };
 
 struct Place {
@@ -143,7 +126,7 @@ void AddNumbers(const Expected& row, DWORD order, std::vector<Layer>& layers) {
         const int number = row.corners[order][corner];
         if (number == 0) continue;
         const bool right = corner % 2 == 1, lower = corner / 2 == 1;
-        const int wide = number < 10 ? 8 : number == 13 ? 17 : 18;
+        const int wide = number == 1 ? 8 : number < 10 ? 9 : 15;
         // Edges of the corner's cell.
         const int from = right ? page.left + width * (row.columns - 1) / row.columns : page.left;
         const int to = right ? page.right : page.left + width / row.columns;
@@ -156,7 +139,7 @@ void AddNumbers(const Expected& row, DWORD order, std::vector<Layer>& layers) {
 }
 
 TEST(PaperPlan, DrawsTheSheetOfEveryCombinationOfSettings) {
-    PicturesOfSizes pictures;
+    Pictures pictures;
     for (const Expected& row : kExpected) {
         const int narrow = row.nup == 2 || row.nup == 6 ? 1 : 0;
         const RECT& page = kPage[row.shape];
@@ -173,8 +156,9 @@ TEST(PaperPlan, DrawsTheSheetOfEveryCombinationOfSettings) {
                 expected.push_back(PictureAt(kFrame[row.shape]));
                 if (row.nup == 0) expected.push_back(PictureAt(kFrame[row.shape]));
                 if (row.nup != 0 && row.nup != 20) {
-                    expected.push_back(PictureAt({row.grid, 0, page.left, page.top,
-                                                  page.right - page.left, page.bottom - page.top}));
+                    expected.push_back(PictureAt({row.grid, 0, page.left - 1, page.top - 1,
+                                                  page.right - page.left + 2,
+                                                  page.bottom - page.top + 2}));
                 }
             }
             AddNumbers(row, style % 4, expected);
@@ -212,7 +196,7 @@ TEST(PaperPlan, DrawsTheSheetOfEveryCombinationOfSettings) {
 }
 
 TEST(PaperPlan, DrawsNothingForADuplexModeThatDoesNotExist) {
-    PicturesOfSizes pictures;
+    Pictures pictures;
     for (const DWORD duplex : {0u, 6u, 0xFFFFFFFFu}) {
         EXPECT_EQ(PlanPaperView({Shape::kPortrait, true, 0, 0, duplex, 1, 1, 0}, kView, pictures).count,
                   0);
@@ -220,7 +204,7 @@ TEST(PaperPlan, DrawsNothingForADuplexModeThatDoesNotExist) {
 }
 
 TEST(PaperPlan, TakesUnknownNumbersOfPagesForOne) {
-    PicturesOfSizes pictures;
+    Pictures pictures;
     for (const DWORD nup : {1u, 3u, 100u, 102u, 105u, 0x80000000u}) {
         const LayerList list =
             PlanPaperView({Shape::kPortrait, false, nup, 0xFFFFFFFF, 1, 0, 0, 0}, kView, pictures);
@@ -231,7 +215,7 @@ TEST(PaperPlan, TakesUnknownNumbersOfPagesForOne) {
 }
 
 TEST(PaperPlan, ShowsTheSheetsOfAPosterOnASingleSheet) {
-    PicturesOfSizes pictures;
+    Pictures pictures;
     const auto sheetOf = [&](Shape document, DWORD nup, DWORD duplex) {
         return PlanPaperView({document, true, nup, 0, duplex, 0, 0, 0}, kView, pictures).rows[0];
     };
@@ -253,14 +237,14 @@ TEST(PaperPlan, ShowsTheSheetsOfAPosterOnASingleSheet) {
 // Removing any picture keeps what stands before it and loses what would follow.
 TEST(PaperPlan, EndsAtAPictureThatCannotBeLoaded) {
     const PaperSettings settings{Shape::kPortrait, true, 16, 7, 2, 1, 1, 0};
-    PicturesOfSizes all;
+    Pictures all;
     const LayerList whole = PlanPaperView(settings, kView, all);
     ASSERT_EQ(whole.count, kMostLayers);
     for (int i = 0; i < whole.count; ++i) {
         for (const WORD missing : {whole.rows[i].id.picture, whole.rows[i].id.mask}) {
             if (missing == 0) continue;
-            PicturesOfSizes some;
-            some.sizes.erase(missing);
+            Pictures some;
+            some.missing = missing;
             const LayerList list = PlanPaperView(settings, kView, some);
             EXPECT_EQ(list.count, i) << missing;
             EXPECT_TRUE(std::equal(list.begin(), list.end(), whole.begin())) << missing;

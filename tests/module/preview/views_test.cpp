@@ -105,20 +105,17 @@ TEST(ViewHook, PaintsTheLastPainterAndGivesTheProcedureBack) {
     EXPECT_EQ(GetWindowTextLengthA(frame), 4);
     EXPECT_EQ(GetWindowTextA(frame, words, sizeof words), 3);
     EXPECT_STREQ(words, "Blu");
-    const HDC dc = CreateCompatibleDC(nullptr);
-    const HBITMAP bitmap = CreateBitmap(8, 6, 1, 32, nullptr);
-    const HGDIOBJ before = SelectObject(dc, bitmap);
-    EXPECT_EQ(kv::PaintWindow(frame, dc), kv::Painting::kSelf);
-    EXPECT_EQ(GetPixel(dc, 1, 5), GetSysColor(COLOR_3DDKSHADOW));
-    EXPECT_EQ(GetPixel(dc, 7, 1), GetSysColor(COLOR_3DDKSHADOW));
-    EXPECT_EQ(GetPixel(dc, 2, 2), RGB(0, 0, 255));
-    EXPECT_EQ(GetPixel(dc, 7, 5), RGB(0, 0, 255));
+    const kvtest::Canvas canvas(8, 6);
+    EXPECT_EQ(kv::PaintWindow(frame, canvas.dc), kv::Painting::kSelf);
+    for (const POINT edge : {POINT{1, 5}, {7, 1}}) {
+        EXPECT_EQ(GetPixel(canvas.dc, edge.x, edge.y), GetSysColor(COLOR_3DDKSHADOW)) << edge.x;
+    }
+    for (const POINT inside : {POINT{2, 2}, {7, 5}}) {
+        EXPECT_EQ(canvas.Read().At(inside.x, inside.y), 0x0000FFu) << inside.x;
+    }
     // An empty view is painted as nothing, and is no error.
     SetWindowPos(frame, nullptr, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOZORDER);
-    EXPECT_EQ(kv::PaintWindow(frame, dc), kv::Painting::kSelf);
-    SelectObject(dc, before);
-    DeleteObject(bitmap);
-    DeleteDC(dc);
+    EXPECT_EQ(kv::PaintWindow(frame, canvas.dc), kv::Painting::kSelf);
     destroyed = false;
     DestroyWindow(frame);
     EXPECT_TRUE(destroyed);
