@@ -15,16 +15,8 @@ using kv::input::Click;
 using kv::input::Key;
 
 enum : int {
-    kAccessBox = 5002,
-    kAccess = 5004,
-    kLockBox = 5005,
-    kPassword = 5007,
-    kDistribution = 5009,
-    kFirstOnly = 5010,
-    kDensity = 5012,
-    kStart = 5014,
-    kApply = 0x3021,
-    kView = 14002,
+    kAccessBox = 5002, kAccess = 5004, kLockBox = 5005, kPassword = 5007, kDistribution = 5009,
+    kFirstOnly = 5010, kDensity = 5012, kStart = 5014, kApply = 0x3021,
 };
 constexpr size_t kSecurity = 0x228, kAccessNumber = 0x22C, kJobPassword = 0x230,
                  kDistributionField = 0x234, kStartField = 0x238;
@@ -49,16 +41,10 @@ class JobPage : public Preferences {
     HWND On(int id) { return Item(id, kJob); }
     int ShownPages() {
         int shown = 0;
-        for (int page = kBasic; page <= kJob; ++page) {
-            shown += IsWindowVisible(
-                reinterpret_cast<HWND>(SendMessageA(sheet_, PSM_INDEXTOHWND, page, 0)));
-        }
+        for (int page = kBasic; page <= kJob; ++page) shown += IsWindowVisible(WindowOf(page));
         return shown;
     }
-    LRESULT ActiveTab() {
-        const auto tabs = reinterpret_cast<HWND>(SendMessageA(sheet_, PSM_GETTABCONTROL, 0, 0));
-        return SendMessageA(tabs, TCM_GETCURSEL, 0, 0);
-    }
+    LRESULT ActiveTab() { return SendMessageA(Tabs(), TCM_GETCURSEL, 0, 0); }
     DWORD Stored(size_t offset) {
         DWORD value = 0;
         std::memcpy(&value, stored_.data() + sizeof(DEVMODEA) + offset, sizeof value);
@@ -71,13 +57,8 @@ class JobPage : public Preferences {
 };
 
 TEST_F(JobPage, NumbersAreStoredInRangeAndShownWithFourDigits) {
-    const struct {
-        int box, edit;
-        size_t field;
-        const char* typed;
-        DWORD stored;
-        const char* shown;
-    } rows[] = {
+    const struct { int box, edit; size_t field; const char* typed; DWORD stored; const char* shown; }
+    rows[] = {
         {kAccessBox, kAccess, kAccessNumber, "1234", 999, "0999"},
         {kAccessBox, kAccess, kAccessNumber, "0000", 1, "0001"},
         {kLockBox, kPassword, kJobPassword, "0042", 42, "0042"},
@@ -116,13 +97,9 @@ TEST_F(JobPage, ANumberConfirmedWithEnterIsStoredAndNothingIsWrittenLater) {
 }
 
 TEST_F(JobPage, AnErasedNumberIsAskedForOnceWhereverThePersonGoes) {
-    const struct {
-        int edit;
-        size_t field;
-        DWORD empty;
-        const char* title;
-    } edits[] = {{kAccess, kAccessNumber, 0, "Access Number Error"},
-                 {kPassword, kJobPassword, kNone, "Password Error"}};
+    const struct { int edit; size_t field; DWORD empty; const char* title; } edits[] = {
+        {kAccess, kAccessNumber, 0, "Access Number Error"},
+        {kPassword, kJobPassword, kNone, "Password Error"}};
     const std::pair<const char*, std::function<void()>> ways[] = {
         {"another control", [&] { kv::input::Focus(On(kDistribution)); }},
         {"the other number", [&] { Click(On(GetFocus() == On(kAccess) ? kPassword : kAccess)); }},
@@ -133,7 +110,7 @@ TEST_F(JobPage, AnErasedNumberIsAskedForOnceWhereverThePersonGoes) {
         {"the next page", [] { Key(VK_TAB, kv::input::kControl); }},
         {"Apply",
          [&] {
-             SendMessageA(sheet_, PSM_CHANGED, SendMessageA(sheet_, PSM_INDEXTOHWND, kJob, 0), 0);
+             SendMessageA(sheet_, PSM_CHANGED, reinterpret_cast<WPARAM>(WindowOf(kJob)), 0);
              Click(GetDlgItem(sheet_, kApply));
          }},
         {"OK", [&] { Click(GetDlgItem(sheet_, IDOK)); }},
@@ -178,12 +155,11 @@ TEST_F(JobPage, AnErasedNumberIsAskedForOnceWhereverThePersonGoes) {
 TEST_F(JobPage, ASheetMayGoWhileItsQuestionIsOpenAndATabMayHaveAnotherName) {
     OpenSheet();
     ASSERT_TRUE(Click(On(kAccessBox)));
-    const auto tabs = reinterpret_cast<HWND>(SendMessageA(sheet_, PSM_GETTABCONTROL, 0, 0));
     char other[] = "Other";
     TCITEMA item{};
     item.mask = TCIF_TEXT;
     item.pszText = other;
-    SendMessageA(tabs, TCM_SETITEMA, kJob, reinterpret_cast<LPARAM>(&item));
+    SendMessageA(Tabs(), TCM_SETITEMA, kJob, reinterpret_cast<LPARAM>(&item));
     kv::input::SelectPage(sheet_, kBasic);
     EXPECT_FALSE(boxes_.empty());
     EXPECT_EQ(ActiveTab(), kBasic) << "no tab of that name to come back to";
@@ -204,6 +180,17 @@ TEST_F(JobPage, AnyOrderOfActionsWithEmptyNumbersEndsWell) {
     const auto pick = [&](unsigned count) { return static_cast<int>(random() % count); };
     const int targets[] = {kAccessBox,    kAccess,    kLockBox, kPassword,
                            kDistribution, kFirstOnly, kStart,   kDensity};
+    const std::function<void()> actions[] = {
+        [&] { Key(VK_TAB, pick(2) ? kv::input::kShift : kv::input::kNoModifier); },
+        [] { Key(VK_DELETE), Key(VK_BACK); },
+        [] { kv::input::Type("7"); },
+        [] { Key(VK_RETURN); },
+        [&] { pick(4) == 0 ? Key(VK_ESCAPE) : Key(VK_SPACE); },
+        [&] { kv::input::SelectPage(sheet_, pick(8)); },
+        [&] { Click(GetDlgItem(sheet_, pick(2) ? kApply : IDOK)); },
+        [&] { Click(GetDlgItem(WindowOf(kJob), targets[pick(8)])); },
+        [&] { Click(GetDlgItem(WindowOf(kJob), targets[pick(8)])); },
+    };
     // One box grays and forces the other.
     const char* const rulesOf[] = {
         "", "[ConflictConditions]\nChkAccessCode0=(0),1,1,(ChkLockJob,0,0,(0),2)\n",
@@ -221,34 +208,7 @@ TEST_F(JobPage, AnyOrderOfActionsWithEmptyNumbersEndsWell) {
             kv::input::SelectPage(sheet_, kJob);
             for (unsigned step = 0; step < kSteps; ++step) {
                 boxes_.clear();
-                const auto job =
-                    reinterpret_cast<HWND>(SendMessageA(sheet_, PSM_INDEXTOHWND, kJob, 0));
-                switch (pick(9)) {
-                    case 0:
-                        Key(VK_TAB, pick(2) ? kv::input::kShift : kv::input::kNoModifier);
-                        break;
-                    case 1:
-                        Key(VK_DELETE), Key(VK_BACK);
-                        break;
-                    case 2:
-                        kv::input::Type("7");
-                        break;
-                    case 3:
-                        Key(VK_RETURN);
-                        break;
-                    case 4:
-                        pick(4) == 0 ? Key(VK_ESCAPE) : Key(VK_SPACE);
-                        break;
-                    case 5:
-                        kv::input::SelectPage(sheet_, pick(8));
-                        break;
-                    case 6:
-                        Click(GetDlgItem(sheet_, pick(2) ? kApply : IDOK));
-                        break;
-                    default:
-                        Click(GetDlgItem(job, targets[pick(8)]));
-                        break;
-                }
+                actions[pick(std::size(actions))]();
                 ASSERT_LE(boxes_.size(), 1u);
                 ASSERT_EQ(ShownPages(), 1);
                 if (SendMessageA(sheet_, PSM_GETCURRENTPAGEHWND, 0, 0) == 0) break;
@@ -259,50 +219,34 @@ TEST_F(JobPage, AnyOrderOfActionsWithEmptyNumbersEndsWell) {
     }
 }
 
-std::vector<UINT> told;
-WNDPROC panelProcedure = nullptr;
-LRESULT CALLBACK NoteTold(HWND panel, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_USER + 300 || (message == WM_USER + 301 && wParam == 9503)) {
-        told.push_back(message - WM_USER);
-    }
-    return CallWindowProcA(panelProcedure, panel, message, wParam, lParam);
-}
-
 TEST_F(JobPage, TellsTheCommonAreaWhatWasReallyChanged) {
     SetPrivate(kDistributionField, 0xA8000000);
     OpenSheet();
-    HWND panel = GetWindow(PageWindow(kJob), GW_CHILD);
-    while (panel != nullptr && GetDlgItem(panel, kView) == nullptr) {
-        panel = GetWindow(panel, GW_HWNDNEXT);
-    }
-    ASSERT_NE(panel, nullptr);
-    panelProcedure = reinterpret_cast<WNDPROC>(
-        SetWindowLongPtrA(panel, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(NoteTold)));
-    told.clear();
+    constexpr UINT kRedraw = WM_USER + 300, kActivated = WM_USER + 301;
+    Overhear(Panel(kJob), [](UINT message, WPARAM wParam) {
+        return message == kRedraw || (message == kActivated && wParam == 9503);
+    });
     kv::input::SelectPage(sheet_, kBasic);
     kv::input::SelectPage(sheet_, kJob);
-    EXPECT_EQ(told, std::vector<UINT>{301}) << "at activation";
-    const HWND apply = GetDlgItem(sheet_, kApply);
-    told.clear();
+    EXPECT_EQ(heard, std::vector<UINT>{kActivated}) << "at activation";
+    heard.clear();
     // Behind the page's back, then what its snapshot has: no change.
     SetPrivate(kDistributionField, 0xA4000000);
     ChooseValue(kDensity, 0x08000000, kJob);
-    EXPECT_FALSE(IsWindowEnabled(apply));
-    EXPECT_EQ(told, std::vector<UINT>{301});
-    told.clear();
+    EXPECT_FALSE(CanApply());
+    EXPECT_EQ(heard, std::vector<UINT>{kActivated});
+    heard.clear();
     ChooseValue(kDensity, 0x04000000, kJob);
-    EXPECT_TRUE(IsWindowEnabled(apply));
-    EXPECT_EQ(told, (std::vector<UINT>{301, 300}));
+    EXPECT_TRUE(CanApply());
+    EXPECT_EQ(heard, (std::vector<UINT>{kActivated, kRedraw}));
     EXPECT_EQ(Private(kDistributionField), 0xA4000000u) << "the other bits stay";
     ASSERT_TRUE(Click(On(kFirstOnly)));
     ASSERT_TRUE(Click(On(kFirstOnly)));
     EXPECT_EQ(Private(kDistributionField), 0xA4000000u) << "never both clear";
     // Apply leaves the snapshot alone: what is taken back goes to the page's last change.
     SetPrivate(kStartField, 9);
-    PSHNOTIFY notice{{sheet_, 0, PSN_APPLY}, 0};
-    SendMessageA(PageWindow(kJob), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notice));
-    notice.hdr.code = PSN_RESET;
-    SendMessageA(PageWindow(kJob), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notice));
+    Notify(kJob, PSN_APPLY);
+    Notify(kJob, PSN_RESET);
     EXPECT_NE(Private(kStartField), 9u);
 }
 
@@ -312,11 +256,10 @@ TEST_F(JobPage, SparePagesDispatchAndTellButDeriveAndHelpNothing) {
         OpenSheet();
         const HWND page = PageWindow(kJob);
         ASSERT_NE(page, nullptr);
-        const HWND apply = GetDlgItem(sheet_, kApply);
         const auto tells = [&](UINT message) {
             SendMessageA(sheet_, PSM_UNCHANGED, reinterpret_cast<WPARAM>(page), 0);
             SendMessageA(page, message, 1, 0);
-            return IsWindowEnabled(apply) != FALSE;
+            return CanApply();
         };
         EXPECT_TRUE(tells(WM_COMMAND)) << "it begins without a snapshot";
         EXPECT_FALSE(tells(WM_COMMAND)) << "each command takes one";
@@ -325,8 +268,7 @@ TEST_F(JobPage, SparePagesDispatchAndTellButDeriveAndHelpNothing) {
         EXPECT_TRUE(tells(WM_HSCROLL)) << "a scroll takes none";
         EXPECT_FALSE(tells(WM_VSCROLL));
         EXPECT_EQ(Private(kNUpField), 0u) << "nothing is derived";
-        PSHNOTIFY notice{{sheet_, 0, PSN_RESET}, 0};
-        SendMessageA(page, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notice));
+        Notify(kJob, PSN_RESET);
         EXPECT_EQ(Private(kNup), 20u) << "nothing is taken back";
         HELPINFO help{};
         const DLGPROC procedure = module_->Procedure(("DDMTAB" + std::string(number)).c_str());

@@ -85,9 +85,8 @@ class Preferences : public testing::Test {
     }
     // What the sheet tells a page, such as its Cancel; the focus stays where it is.
     void Notify(int page, UINT code) {
-        const auto window = reinterpret_cast<HWND>(SendMessageA(sheet_, PSM_INDEXTOHWND, page, 0));
         PSHNOTIFY notice{{sheet_, 0, code}, 0};
-        SendMessageA(window, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notice));
+        SendMessageA(WindowOf(page), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notice));
     }
     // The preview panel, while it is on the page.
     HWND Panel(int page) {
@@ -119,10 +118,14 @@ class Preferences : public testing::Test {
     }
     bool PressOk() { return kv::input::Click(GetDlgItem(sheet_, IDOK)); }
 
-    HWND PageWindow(int page) {
-        kv::input::SelectPage(sheet_, page);
+    HWND WindowOf(int page) {
         return reinterpret_cast<HWND>(SendMessageA(sheet_, PSM_INDEXTOHWND, page, 0));
     }
+    HWND PageWindow(int page) {
+        kv::input::SelectPage(sheet_, page);
+        return WindowOf(page);
+    }
+    HWND Tabs() { return reinterpret_cast<HWND>(SendMessageA(sheet_, PSM_GETTABCONTROL, 0, 0)); }
     HWND Item(int id, int page = kBasic) { return GetDlgItem(PageWindow(page), id); }
 
     void ChooseValue(int id, DWORD value, int page = kBasic) {

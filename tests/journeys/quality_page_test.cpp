@@ -9,26 +9,11 @@ namespace journey {
 namespace {
 
 enum : int {
-    kContrast = 3008,
-    kContrastEdit = 3009,
-    kBrightness = 3011,
-    kBrightnessEdit = 3012,
-    kSaturation = 3210,
-    kSaturationEdit = 3211,
-    kSharpness = 3215,
-    kSharpnessEdit = 3216,
-    kSaturationSpin = 1070,
-    kResolution = 3003,
-    kGrayscale = 3202,
-    kColor = 3203,
-    kMatchingOff = 3205,
-    kMatchingOn = 3206,
-    kPhoto = 3246,
-    kGraphics = 3247,
-    kText = 3248,
-    kLineArt = 3235,
-    kDefaults = 12,
-    kView = 14002,
+    kContrast = 3008, kContrastEdit = 3009, kBrightness = 3011, kBrightnessEdit = 3012,
+    kSaturation = 3210, kSaturationEdit = 3211, kSharpness = 3215, kSharpnessEdit = 3216,
+    kSaturationSpin = 1070, kResolution = 3003, kGrayscale = 3202, kColor = 3203,
+    kMatchingOff = 3205, kMatchingOn = 3206, kPhoto = 3246, kGraphics = 3247, kText = 3248,
+    kLineArt = 3235, kDefaults = 12,
 };
 
 // Offsets in the private part.
@@ -55,22 +40,12 @@ class QualityPage : public Preferences {
     HWND On(int id) { return Item(id, kQuality); }
     LONG Stored(const Slider& slider) { return static_cast<LONG>(Private(slider.field)); }
     LRESULT Position(int slider) { return SendMessageA(On(slider), TBM_GETPOS, 0, 0); }
-    // The preview panel, which is on the page.
-    HWND Panel() {
-        HWND child = GetWindow(PageWindow(kQuality), GW_CHILD);
-        while (child != nullptr && GetDlgItem(child, kView) == nullptr) {
-            child = GetWindow(child, GW_HWNDNEXT);
-        }
-        return child;
-    }
-    std::string Sample() { return Text(GetDlgItem(Panel(), kView)); }
+    std::string Sample() { return Text(Panel(kQuality), kView); }
 };
 
 TEST_F(QualityPage, TypedNumbersMoveTheSliderAndAreStoredInRange) {
-    const struct {
-        const char* typed;
-        LONG position;
-    } rows[] = {{"150", 100}, {"30", 30}, {"abc", 0}, {"", 0}, {"7", 7}, {"100", 100}, {"-4", 4}};
+    const struct { const char* typed; LONG position; } rows[] = {
+        {"150", 100}, {"30", 30}, {"abc", 0}, {"", 0}, {"7", 7}, {"100", 100}, {"-4", 4}};
     OpenSheet();
     for (const Slider& slider : kSliders) {
         for (const auto& row : rows) {
@@ -129,58 +104,38 @@ TEST_F(QualityPage, StoredValuesComeBackOnTheNextSheet) {
     EXPECT_EQ(record_, before) << "looking changes nothing";
 }
 
-TEST_F(QualityPage, ApplyWaitsForTheThumbToBeReleased) {
+TEST_F(QualityPage, ApplyAndTheSharedViewHearOfAcceptedChangesOnly) {
     OpenSheet();
-    PageWindow(kQuality);
-    const HWND apply = GetDlgItem(sheet_, 0x3021);
-    ASSERT_FALSE(IsWindowEnabled(apply));
-    ASSERT_TRUE(kv::input::TrackTo(On(kContrast), 60));
-    EXPECT_FALSE(IsWindowEnabled(apply));
-    ASSERT_TRUE(kv::input::DragTo(On(kContrast), 61));
-    EXPECT_TRUE(IsWindowEnabled(apply));
-}
-
-int redraws = 0;
-WNDPROC panelProcedure = nullptr;
-LRESULT CALLBACK CountRedraws(HWND panel, UINT message, WPARAM wParam, LPARAM lParam) {
-    redraws += message == WM_USER + 300;
-    return CallWindowProcA(panelProcedure, panel, message, wParam, lParam);
-}
-
-TEST_F(QualityPage, TheSharedViewHearsOfEveryAcceptedChange) {
-    OpenSheet();
-    const HWND panel = Panel();
-    ASSERT_NE(panel, nullptr);
-    panelProcedure = reinterpret_cast<WNDPROC>(
-        SetWindowLongPtrA(panel, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(CountRedraws)));
-    redraws = 0;
+    Overhear(Panel(kQuality), [](UINT message, WPARAM) { return message == WM_USER + 300; });
+    ASSERT_FALSE(CanApply());
     ASSERT_TRUE(kv::input::TrackTo(On(kContrast), 80));
-    EXPECT_EQ(redraws, 0) << "nothing is stored yet";
+    EXPECT_FALSE(CanApply()) << "the thumb is still held";
+    EXPECT_EQ(heard.size(), 0u);
     ASSERT_TRUE(kv::input::DragTo(On(kContrast), 80));
-    EXPECT_EQ(redraws, 1);
+    EXPECT_TRUE(CanApply());
+    EXPECT_EQ(heard.size(), 1u);
     ASSERT_TRUE(kv::input::Click(On(kGrayscale)));
-    EXPECT_EQ(redraws, 2);
+    EXPECT_EQ(heard.size(), 2u);
     ASSERT_TRUE(kv::input::Click(On(kDefaults)));
-    EXPECT_EQ(redraws, 3);
+    EXPECT_EQ(heard.size(), 3u);
 }
 
-const char kColourSample[] = "Sample picture, in color", kGreySample[] = "Sample picture, in black and white";
+const char kColourSample[] = "Sample picture, in color",
+           kGreySample[] = "Sample picture, in black and white";
 
 TEST_F(QualityPage, TheSampleIsColourWhileColourIsBothChosenAndPossible) {
-    // What the panel says when the page takes it over, before it is active.
-    struct Watcher : kv::Display {
-        std::string first;
-        void Changed(HWND window, unsigned changes) override {
-            if (changes & kv::kChangedParent) first = Text(GetDlgItem(window, kView));
-        }
-        bool WaitForInput(HWND) override { return false; }
-    } watcher;
     Public().dmColor = 1;
     OpenSheet();
-    kv::UseDisplay(&watcher);
-    PageWindow(kQuality);
-    kv::UseDisplay(nullptr);
-    EXPECT_EQ(watcher.first, kGreySample);
+    {
+        // What the panel says when the page takes it over, before it is active.
+        std::string first;
+        kvtest::Listener display;
+        display.changed = [&](HWND window, unsigned changes) {
+            if (changes & kv::kChangedParent) first = Text(window, kView);
+        };
+        PageWindow(kQuality);
+        EXPECT_EQ(first, kGreySample);
+    }
     const struct { SHORT colour; DWORD bit; const char* sample; } rows[] = {
         {1, 0x10, kGreySample}, {2, 0x10, kColourSample}, {2, 0, kGreySample}};
     for (const auto& row : rows) {  // what another page has changed
