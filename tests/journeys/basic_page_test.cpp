@@ -6,9 +6,9 @@ namespace {
 
 enum : int {
     kPaperSize = 2002, kCustom = 2003, kOutPaper = 2006, kAuto = 1787, kManual = 1788, kZoom = 2009,
-    kZoomSpin = 2010, kCopies = 2014, kCopiesSpin = 2015, kCopiesRange = 2028, kPicture = 2025,
+    kCopies = 2014, kCopiesSpin = 2015, kCopiesRange = 2028,
     kPortrait = 2026, kLandscape = 2027, kSendOnce = 2030, kAllPapers = 2031, kCollateBox = 2034,
-    kSource = 1111, kMedia = 1141, kFirstPageBox = 1170, kDefaults = 12, kNotice = 1490,
+    kSource = 1111, kMedia = 1141, kFirstPageBox = 1170, kDefaults = 12, kViewSwitch = 14003,
 };
 
 class BasicPage : public Preferences {};
@@ -29,7 +29,6 @@ TEST_F(BasicPage, EveryPageOpensAndOnlyHarmlessFieldsMove) {
 
 TEST_F(BasicPage, TabsShowCaptions) {
     OpenSheet();
-    const HWND tabs = reinterpret_cast<HWND>(SendMessageA(sheet_, PSM_GETTABCONTROL, 0, 0));
     const char* expected[] = {"Basic", "Layout", "Overlay", "Watermark", "Quality",
                               "Device Options Setting", "Troubleshooting"};
     for (int i = 0; i < 7; ++i) {
@@ -38,7 +37,7 @@ TEST_F(BasicPage, TabsShowCaptions) {
         item.mask = TCIF_TEXT;
         item.pszText = text;
         item.cchTextMax = sizeof text;
-        SendMessageA(tabs, TCM_GETITEMA, i, reinterpret_cast<LPARAM>(&item));
+        SendMessageA(Tabs(), TCM_GETITEMA, i, reinterpret_cast<LPARAM>(&item));
         EXPECT_STREQ(text, expected[i]);
     }
 }
@@ -69,7 +68,7 @@ TEST_F(BasicPage, ZoomIsClampedWhenTheEditIsLeft) {
     EXPECT_FALSE(Private(kNupMode) & 0x8000);
 }
 
-TEST_F(BasicPage, CopiesRunFrom1To999) {
+TEST_F(BasicPage, CopiesRunFrom1To999AndAreDigitsOnly) {
     OpenSheet();
     EXPECT_EQ(Text(Item(kCopiesRange)), "[1-999]");
     TypeInto(kCopies, "0");
@@ -79,10 +78,6 @@ TEST_F(BasicPage, CopiesRunFrom1To999) {
     ASSERT_TRUE(kv::input::Step(Item(kCopiesSpin), 3));
     EXPECT_EQ(Text(Item(kCopies)), "4");
     EXPECT_EQ(Public().dmCopies, 4);
-}
-
-TEST_F(BasicPage, TypingKeepsDigitsOnlyAndBeepsForTheRest) {
-    OpenSheet();
     const int beeps = kv::Headless().beeps;
     TypeInto(kCopies, "1a2");
     EXPECT_EQ(Text(Item(kCopies)), "12");
@@ -93,8 +88,7 @@ TEST_F(BasicPage, SendOnceFollowsTheCopiesWhileTheyAreTyped) {
     OpenSheet();
     TypeInto(kCopies, "2");
     Leave();
-    const HWND collate = Item(kCollateBox);
-    if (SendMessageA(collate, BM_GETCHECK, 0, 0) != BST_CHECKED) kv::input::Click(collate);
+    if (!IsChecked(Item(kCollateBox))) kv::input::Click(Item(kCollateBox));
     EXPECT_EQ(Private(kCollate) & 1, 1u);
     EXPECT_TRUE(IsWindowEnabled(Item(kSendOnce)));
     TypeInto(kCopies, "1");
@@ -142,25 +136,18 @@ TEST_F(BasicPage, CancelOfTheFirstPageDialogUndoesWhatItChanged) {
     OpenSheet();
     SetPrivate(kFirstPageMedia, 0);
     SetPrivate(kMediaType, 264);
-    kv::Headless().PushAnswer([](HWND dialog) {
+    constexpr int kFirstMedia = 1176;
+    InDialog(kBasic, kFirstPageBox, IDCANCEL, [](HWND dialog) {
         EXPECT_EQ(Text(dialog), "First Page");
-        const HWND media = GetDlgItem(dialog, 1176);
-        EXPECT_EQ(static_cast<DWORD>(SendMessageA(
-                      media, CB_GETITEMDATA, SendMessageA(media, CB_GETCURSEL, 0, 0), 0)), 264u);
-        kv::input::Choose(media, IndexOf(media, 259));
-        kv::input::Key(VK_ESCAPE);
+        EXPECT_EQ(kvtest::ChosenValue(GetDlgItem(dialog, kFirstMedia)), 264u);
+        kvtest::ChooseIn(dialog, kFirstMedia, 259);
     });
-    ASSERT_TRUE(kv::input::Click(Item(kFirstPageBox)));
     EXPECT_EQ(Private(kFirstPage), 0u);
     EXPECT_EQ(Private(kFirstPageMedia), 264u);
-    EXPECT_EQ(SendMessageA(Item(kFirstPageBox), BM_GETCHECK, 0, 0), LRESULT{BST_UNCHECKED});
-    EXPECT_FALSE(IsWindowEnabled(GetDlgItem(sheet_, 0x3021))) << "nothing is to be applied";
-    kv::Headless().PushAnswer([](HWND dialog) {
-        const HWND media = GetDlgItem(dialog, 1176);
-        kv::input::Choose(media, IndexOf(media, 259));
-        kv::input::Click(GetDlgItem(dialog, IDOK));
-    });
-    ASSERT_TRUE(kv::input::Click(Item(kFirstPageBox)));
+    EXPECT_FALSE(IsChecked(Item(kFirstPageBox)));
+    EXPECT_FALSE(CanApply());
+    InDialog(kBasic, kFirstPageBox, IDOK,
+             [](HWND dialog) { kvtest::ChooseIn(dialog, kFirstMedia, 259); });
     EXPECT_EQ(Private(kFirstPage), 1u);
     EXPECT_EQ(Private(kFirstPageMedia), 259u);
 }
@@ -191,6 +178,7 @@ TEST_F(BasicPage, AReadOnlySheetStaysDisabledAfterACommand) {
     for (const int id : {kPaperSize, kCopies, kLandscape, kDefaults}) {
         EXPECT_FALSE(IsWindowEnabled(Item(id))) << id;
     }
+    EXPECT_FALSE(IsWindowEnabled(GetDlgItem(Panel(kBasic), kViewSwitch)));
 }
 
 TEST_F(BasicPage, AUserWithoutAdministerAccessSeesNoCustomPaperButton) {
@@ -202,18 +190,14 @@ TEST_F(BasicPage, AUserWithoutAdministerAccessSeesNoCustomPaperButton) {
     EXPECT_FALSE(IsWindowVisible(Item(kCustom)));
 }
 
-TEST_F(BasicPage, OnlyChangesReachTheDisplay) {
+TEST_F(BasicPage, NoListChangesWhenTheOrientationDoes) {
     OpenSheet();
-    PageWindow(kBasic);
-    struct Counter : kv::Display {
-        int items = 0;
-        void Changed(HWND, unsigned changes) override { items += (changes & kv::kChangedItems) != 0; }
-        bool WaitForInput(HWND) override { return false; }
-    } counter;
-    kv::UseDisplay(&counter);
-    kv::input::Click(Item(kLandscape));
-    kv::UseDisplay(nullptr);
-    EXPECT_EQ(counter.items, 0) << "no list changes when the orientation does";
+    const HWND landscape = Item(kLandscape);
+    kvtest::Listener display;
+    display.changed = [](HWND window, unsigned changes) {
+        EXPECT_FALSE(changes & kv::kChangedItems) << GetDlgCtrlID(window);
+    };
+    ASSERT_TRUE(kv::input::Click(landscape));
 }
 
 }  // namespace

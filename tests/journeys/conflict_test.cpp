@@ -1,21 +1,14 @@
 // A choice that other settings do not allow, met on the real pages: what the user is told, and what
 // Resolve and Cancel leave in the record.
-#include <kvlist.h>
-#include <winspool.h>
-
 #include "tests/journeys/preferences.h"
+#include "tests/support/printer_data.h"
 
 namespace {
 
 using namespace journey;
 
 enum Control {
-    kTriggerName = 9410,
-    kTriggerSelection,
-    kTargetName,
-    kTargetCurrent,
-    kNewName,
-    kTargetNew,
+    kTriggerName = 9410, kTriggerSelection, kTargetName, kTargetCurrent, kNewName, kTargetNew,
     kResolve
 };
 constexpr int kMedia = 1141;
@@ -23,29 +16,16 @@ constexpr DWORD kTransparency = 2;
 
 class Conflicts : public Preferences {
  protected:
-    static std::string Part(HWND dialog, int id) { return Text(GetDlgItem(dialog, id)); }
     // "trigger=selection|target=current|new", as the next question puts it; then presses a button.
     void Expect(const std::string& texts, int button) {
         kv::Headless().PushAnswer([texts, button](HWND dialog) {
-            EXPECT_EQ(Part(dialog, kTriggerName) + "=" + Part(dialog, kTriggerSelection) + "|" +
-                          Part(dialog, kTargetName) + "=" + Part(dialog, kTargetCurrent) + "|" +
-                          Part(dialog, kTargetNew),
+            EXPECT_EQ(Text(dialog, kTriggerName) + "=" + Text(dialog, kTriggerSelection) + "|" +
+                          Text(dialog, kTargetName) + "=" + Text(dialog, kTargetCurrent) + "|" +
+                          Text(dialog, kTargetNew),
                       texts);
-            EXPECT_EQ(Part(dialog, kNewName), Part(dialog, kTargetName));
+            EXPECT_EQ(Text(dialog, kNewName), Text(dialog, kTargetName));
             EXPECT_TRUE(kv::input::Click(GetDlgItem(dialog, button)));
         });
-    }
-    void SetData(const char* name, DWORD type, const std::string& value) {
-        HANDLE printer = nullptr;
-        char printerName[] = "Office";
-        PRINTER_DEFAULTSA wanted{nullptr, nullptr, PRINTER_ACCESS_ADMINISTER | PRINTER_ACCESS_USE};
-        ASSERT_TRUE(OpenPrinterA(printerName, &printer, &wanted));
-        std::string bytes = value;
-        EXPECT_EQ(SetPrinterDataA(printer, const_cast<char*>(name), type,
-                                  reinterpret_cast<BYTE*>(bytes.data()),
-                                  static_cast<DWORD>(bytes.size())),
-                  0u);
-        ClosePrinter(printer);
     }
     std::string MediaRule(const std::string& target) {
         return "[ConflictConditions]\nComboMediaType0=(2),0,0,(" + target + ")\n";
@@ -75,40 +55,11 @@ TEST_F(Conflicts, AnotherPageShowsWhatWasForcedBeforeItReadsBack) {
     UseRules("[ConflictConditions]\nComboNup0=(2),0,0,(EditCopies,0,0,(1),7)\n");
     OpenSheet();
     PageWindow(kLayout);
-    const auto basic = reinterpret_cast<HWND>(SendMessageA(sheet_, PSM_INDEXTOHWND, kBasic, 0));
     Expect("Pages/Sheet:=2|Copies=1|7", kResolve);
     ChooseValue(1410, 2, kLayout);
-    EXPECT_EQ(Text(GetDlgItem(basic, 2014)), "7");
+    EXPECT_EQ(Text(WindowOf(kBasic), 2014), "7");
     ASSERT_TRUE(PressOk());
     EXPECT_EQ(Public().dmCopies, 7);
-}
-
-TEST_F(Conflicts, TheRulesFileMayBeReplacedWhileTheSheetIsOpen) {
-    std::string noise;
-    for (int i = 0; i < 5000; ++i) noise += static_cast<char>(i * 37);
-    const std::string texts[] = {
-        "", noise, MediaRule("EditCopies,0,0,(1),7"),
-        "[ShowItemAccordingToOption]\nComboMediaType=0,0,0,0\nComboNup=0,0,0,7\n",
-        "[ConflictConditions]\nComboNup0=(4),0,1,(ComboMediaType,0,0,(0),1)\n"};
-    kv::Headless().SetPolicy([](HWND dialog) { kv::input::Click(GetDlgItem(dialog, IDCANCEL)); });
-    for (const std::string& before : texts) {
-        for (const std::string& after : texts) {
-            UseRules(before);
-            OpenSheet();
-            for (int page = kBasic; page <= kJob; ++page) PageWindow(page);
-            UseRules(after);
-            Public().dmOrientation = 1;
-            for (const auto& [combo, page] :
-                 {std::pair{kMedia, kBasic}, std::pair{1410, kLayout}}) {
-                for (int entry = 0; entry < 4; ++entry) kv::input::Choose(Item(combo, page), entry);
-            }
-            ASSERT_TRUE(kv::input::Click(Item(2027)));
-            ASSERT_TRUE(PressOk());
-            EXPECT_EQ(Public().dmOrientation, 2);
-            EXPECT_EQ(SendMessageA(sheet_, PSM_GETCURRENTPAGEHWND, 0, 0), 0) << "OK was taken";
-            CloseSheet();
-        }
-    }
 }
 
 TEST_F(Conflicts, EveryWayToCancelLeavesTheRecordAsItWas) {
@@ -135,27 +86,12 @@ TEST_F(Conflicts, AForcedValueWithoutATextLeavesOnlyCancel) {
     PageWindow(kBasic);
     const auto before = record_;
     kv::Headless().PushAnswer([](HWND dialog) {
-        EXPECT_EQ(Part(dialog, kTargetNew), "Unresolvable situation!");
+        EXPECT_EQ(Text(dialog, kTargetNew), "Unresolvable situation!");
         EXPECT_FALSE(kv::input::Click(GetDlgItem(dialog, kResolve)));
         kv::input::Key(VK_RETURN);
     });
     ChooseValue(kMedia, kTransparency);
     EXPECT_EQ(record_, before);
-}
-
-TEST_F(Conflicts, RulesInACircleEnd) {
-    UseRules(
-        "[ConflictConditions]\n"
-        "ComboMediaType0=(2),0,0,(RadioOrientation,0,0,(1),2)\n"
-        "RadioOrientation0=(2),0,0,(ComboMediaType,0,0,(2),3)\n"
-        "ComboMediaType1=(3),0,0,(RadioOrientation,0,0,(2),1)\n");
-    OpenSheet();
-    PageWindow(kBasic);
-    Expect("Media Type:=Transparency|Orientation=Po&rtrait|&Landscape", kResolve);
-    Expect("Orientation=&Landscape|Media Type:=Transparency|Glossy", kResolve);
-    kv::Headless().SetPolicy([](HWND dialog) { kv::input::Click(GetDlgItem(dialog, kResolve)); });
-    ChooseValue(kMedia, kTransparency);
-    EXPECT_LE(kv::Headless().shown.size(), 4u);
 }
 
 // A newer file, none, a folder, and no text at all: the sheet goes on with the rules that it began
@@ -197,10 +133,7 @@ TEST_F(Conflicts, ARulesFileReplacedUnderAnOpenSheetLeavesItItsRules) {
 TEST_F(Conflicts, EveryKindOfItemIsNamed) {
     const std::string longName(200, 'W');
     setenv("LC_ALL", "en_US.UTF-8", 1);  // decides the regional default paper
-    const struct {
-        const char* target;
-        std::string texts;
-    } kCases[] = {
+    const std::pair<const char*, std::string> rows[] = {
         {"EditCopies,0,0,(1),5", "Copies=1|5"},
         {"ChkProofPrint,1,0,(1),2", "Proof Print=Off|On"},
         {"ComboStaple,0,0,(0),2", "Staple=Off|Corner"},
@@ -210,18 +143,18 @@ TEST_F(Conflicts, EveryKindOfItemIsNamed) {
         {"ComboOverlay,0,0,(0),129", "Overlay=<NONE>|Letterhead"},
         {"ComboWatermark,0,0,(0),7", "=|" + longName.substr(0, 127)},
     };
-    for (const auto& c : kCases) {
-        SCOPED_TRACE(c.target);
+    for (const auto& [target, texts] : rows) {
+        SCOPED_TRACE(target);
         CloseSheet();
-        SetData("[FormOverlayName]", REG_BINARY,
-                std::string("0=<NONE>\0"
-                            "129=Letterhead;x\0",
-                            26));
-        UseRules(MediaRule(c.target) + "[Watermark]\nMinCode=7\nMaxCode=7\n7=" + longName +
+        kvtest::PutPrinterData("Office", "[FormOverlayName]", REG_BINARY,
+                               std::string("0=<NONE>\0"
+                                           "129=Letterhead;x\0",
+                                           26));
+        UseRules(MediaRule(target) + "[Watermark]\nMinCode=7\nMaxCode=7\n7=" + longName +
                  ",0\n[ShowItemAccordingToOption]\n");
         OpenSheet();
         PageWindow(kBasic);
-        Expect("Media Type:=Transparency|" + c.texts, IDCANCEL);
+        Expect("Media Type:=Transparency|" + texts, IDCANCEL);
         ChooseValue(kMedia, kTransparency);
     }
     unsetenv("LC_ALL");

@@ -1,7 +1,6 @@
 // Journeys through the image shift dialog: units, limits, typing and the stored words.
-#include <winspool.h>
-
 #include "preferences.h"
+#include "tests/support/printer_data.h"
 
 namespace journey {
 namespace {
@@ -21,14 +20,7 @@ class ImageShift : public Preferences {
         SetPrivate(kOtherSettings, Private(kOtherSettings) | kShiftOn);
     }
     void UseUnit(DWORD unit) {
-        HANDLE printer{};
-        char name[] = "Office";
-        PRINTER_DEFAULTSA access{nullptr, nullptr, PRINTER_ALL_ACCESS};
-        ASSERT_TRUE(OpenPrinterA(name, &printer, &access));
-        char value[] = "CustomPaperUnit";
-        EXPECT_EQ(SetPrinterDataA(printer, value, REG_DWORD, reinterpret_cast<BYTE*>(&unit),
-                                  sizeof unit), 0u);
-        ClosePrinter(printer);
+        kvtest::PutPrinterData("Office", "CustomPaperUnit", unit);
     }
     void Store(DWORD x, DWORD y) {
         SetPrivate(kOffsetX, x);
@@ -36,23 +28,12 @@ class ImageShift : public Preferences {
     }
     void Open(int closer, const std::function<void(HWND)>& act) {
         if (sheet_ == nullptr) OpenSheet();
-        kv::Headless().PushAnswer([&](HWND dialog) {
-            act(dialog);
-            kv::input::Click(GetDlgItem(dialog, closer));
-        });
-        ASSERT_TRUE(kv::input::Click(Item(kOpener, kLayout)));
+        InDialog(kLayout, kOpener, closer, act);
     }
-    static std::string Shown(HWND dialog, int id) { return Text(GetDlgItem(dialog, id)); }
     static void TypeIn(HWND dialog, int id, const std::string& text) {
-        const HWND edit = GetDlgItem(dialog, id);
-        ASSERT_TRUE(kv::input::Focus(edit));
-        SendMessageA(edit, EM_SETSEL, 0, -1);
-        kv::input::Key(VK_DELETE);
-        ASSERT_TRUE(kv::input::Type(text));
+        kvtest::TypeIn(GetDlgItem(dialog, id), text);
     }
-    static bool Checked(HWND dialog, int id) {
-        return SendMessageA(GetDlgItem(dialog, id), BM_GETCHECK, 0, 0) == BST_CHECKED;
-    }
+    static bool Checked(HWND dialog, int id) { return IsChecked(GetDlgItem(dialog, id)); }
 };
 
 TEST_F(ImageShift, LeavingAnEditShowsTheLimitInTheUnitsFormat) {
@@ -70,7 +51,7 @@ TEST_F(ImageShift, LeavingAnEditShowsTheLimitInTheUnitsFormat) {
             EXPECT_EQ(SendMessageA(GetDlgItem(dialog, row.edit), EM_GETLIMITTEXT, 0, 0), 5);
             TypeIn(dialog, row.edit, row.typed);
             ASSERT_TRUE(kv::input::Focus(GetDlgItem(dialog, IDOK)));
-            EXPECT_EQ(Shown(dialog, row.edit), row.shown) << row.typed;
+            EXPECT_EQ(Text(dialog, row.edit), row.shown) << row.typed;
         }
     });
     EXPECT_EQ(Private(kOffsetX), kTenths | 158);
@@ -99,11 +80,7 @@ TEST_F(ImageShift, WordsCarryMagnitudeSignAndUnit) {
 
 TEST_F(ImageShift, TheUnitComesFromTheWordsElseFromThePrinterElseFromTheRegion) {
     const struct {
-        DWORD x, y, printerUnit;
-        const char* locale;
-        bool inches;
-        const char* across;
-        const char* down;
+        DWORD x, y, printerUnit; const char* locale; bool inches; const char *across, *down;
     } rows[] = {
         {50, kNegative | 20, 2, "C", true, "0.50", "-0.20"},
         {kTenths | kNegative | 57, kTenths, 4, "C", false, "-5.7", "0.0"},
@@ -121,10 +98,10 @@ TEST_F(ImageShift, TheUnitComesFromTheWordsElseFromThePrinterElseFromTheRegion) 
             EXPECT_EQ(Text(dialog), "Image Shifting");
             EXPECT_EQ(Checked(dialog, kInch), row.inches) << row.locale << row.x;
             EXPECT_EQ(Checked(dialog, kMillimetre), !row.inches);
-            EXPECT_EQ(Shown(dialog, kAcross), row.across);
-            EXPECT_EQ(Shown(dialog, kDown), row.down);
-            EXPECT_EQ(Shown(dialog, kAcrossRange), row.inches ? "[-0.63 - 0.63]" : "[-15.9 - 15.9]");
-            EXPECT_EQ(Shown(dialog, kDownRange), row.inches ? "[-0.28 - 0.28]" : "[-7.1 - 7.1]");
+            EXPECT_EQ(Text(dialog, kAcross), row.across);
+            EXPECT_EQ(Text(dialog, kDown), row.down);
+            EXPECT_EQ(Text(dialog, kAcrossRange), row.inches ? "[-0.63 - 0.63]" : "[-15.9 - 15.9]");
+            EXPECT_EQ(Text(dialog, kDownRange), row.inches ? "[-0.28 - 0.28]" : "[-7.1 - 7.1]");
         });
         EXPECT_EQ(Private(kOffsetX), row.x);
         EXPECT_EQ(Private(kOffsetY), row.y);
@@ -168,7 +145,7 @@ TEST_F(ImageShift, TypingStopsAtWhatCannotStandThere) {
             TypeIn(dialog, kAcross, "");
             const int before = kv::Headless().beeps;
             ASSERT_TRUE(kv::input::Type(row.typed));
-            EXPECT_EQ(Shown(dialog, kAcross), row.kept) << row.typed;
+            EXPECT_EQ(Text(dialog, kAcross), row.kept) << row.typed;
             EXPECT_EQ(kv::Headless().beeps, before + row.beeps) << row.typed;
         }
         const HWND edit = GetDlgItem(dialog, kAcross);
@@ -182,16 +159,16 @@ TEST_F(ImageShift, ArrowsMoveByOneStepWithinTheLimits) {
     Open(IDCANCEL, [&](HWND dialog) {
         const HWND across = GetDlgItem(dialog, kAcrossSpin);
         ASSERT_TRUE(kv::input::Step(across, 3));
-        EXPECT_EQ(Shown(dialog, kAcross), "0.03");
+        EXPECT_EQ(Text(dialog, kAcross), "0.03");
         ASSERT_TRUE(kv::input::Step(across, -4));
-        EXPECT_EQ(Shown(dialog, kAcross), "-0.01");
+        EXPECT_EQ(Text(dialog, kAcross), "-0.01");
         ASSERT_TRUE(kv::input::Step(across, 1));
-        EXPECT_EQ(Shown(dialog, kAcross), "0.00");
+        EXPECT_EQ(Text(dialog, kAcross), "0.00");
         ASSERT_TRUE(kv::input::Click(GetDlgItem(dialog, kMillimetre)));
         ASSERT_TRUE(kv::input::Step(GetDlgItem(dialog, kDownSpin), 80));
-        EXPECT_EQ(Shown(dialog, kDown), "7.1");
+        EXPECT_EQ(Text(dialog, kDown), "7.1");
         ASSERT_TRUE(kv::input::Key(VK_DOWN));
-        EXPECT_EQ(Shown(dialog, kDown), "7.0");
+        EXPECT_EQ(Text(dialog, kDown), "7.0");
     });
 }
 
@@ -200,18 +177,18 @@ TEST_F(ImageShift, ChangingTheUnitConvertsAndDefaultsReset) {
     Store(kTenths | 100, kTenths | kNegative | 10);
     Open(IDOK, [&](HWND dialog) {
         ASSERT_TRUE(kv::input::Click(GetDlgItem(dialog, kInch)));
-        EXPECT_EQ(Shown(dialog, kAcross), "0.39");
-        EXPECT_EQ(Shown(dialog, kDown), "-0.04");
-        EXPECT_EQ(Shown(dialog, kAcrossRange), "[-0.63 - 0.63]");
+        EXPECT_EQ(Text(dialog, kAcross), "0.39");
+        EXPECT_EQ(Text(dialog, kDown), "-0.04");
+        EXPECT_EQ(Text(dialog, kAcrossRange), "[-0.63 - 0.63]");
         ASSERT_TRUE(kv::input::Click(GetDlgItem(dialog, kInch)));
-        EXPECT_EQ(Shown(dialog, kAcross), "0.39") << "the same unit converts nothing";
+        EXPECT_EQ(Text(dialog, kAcross), "0.39") << "the same unit converts nothing";
         ASSERT_TRUE(kv::input::Click(GetDlgItem(dialog, kMillimetre)));
-        EXPECT_EQ(Shown(dialog, kAcross), "9.9");
+        EXPECT_EQ(Text(dialog, kAcross), "9.9");
         ASSERT_TRUE(kv::input::Click(GetDlgItem(dialog, kInch)));
         ASSERT_TRUE(kv::input::Click(GetDlgItem(dialog, 12)));
         EXPECT_TRUE(Checked(dialog, kMillimetre));
-        EXPECT_EQ(Shown(dialog, kAcross), "0.0");
-        EXPECT_EQ(Shown(dialog, kDownRange), "[-7.1 - 7.1]");
+        EXPECT_EQ(Text(dialog, kAcross), "0.0");
+        EXPECT_EQ(Text(dialog, kDownRange), "[-7.1 - 7.1]");
     });
     EXPECT_EQ(Private(kOffsetX), kTenths);
     EXPECT_EQ(Private(kOffsetY), kTenths);

@@ -57,8 +57,8 @@ class JobPage : public Preferences {
 };
 
 TEST_F(JobPage, NumbersAreStoredInRangeAndShownWithFourDigits) {
-    const struct { int box, edit; size_t field; const char* typed; DWORD stored; const char* shown; }
-    rows[] = {
+    const struct { int box, edit; size_t field; const char *typed; DWORD stored; const char* shown;
+    } rows[] = {
         {kAccessBox, kAccess, kAccessNumber, "1234", 999, "0999"},
         {kAccessBox, kAccess, kAccessNumber, "0000", 1, "0001"},
         {kLockBox, kPassword, kJobPassword, "0042", 42, "0042"},

@@ -55,10 +55,7 @@ class ListPages : public Preferences {
     const char* CopiedText() {
         return reinterpret_cast<const char*>(record_.data()) + sizeof(DEVMODEA) + kRecordText;
     }
-    void Press(int id, int answer) {
-        kv::Headless().PushAnswer([=](HWND box) { kv::input::Click(GetDlgItem(box, answer)); });
-        ASSERT_TRUE(kv::input::Click(Item(id, kWatermark)));
-    }
+    void Press(int id, int answer) { InDialog(kWatermark, id, answer, [](HWND) {}); }
 };
 
 TEST_F(ListPages, ChoosingNoWatermarkLeavesNothingOfTheLastOne) {

@@ -22,11 +22,8 @@ class SheetLife : public Preferences {
 };
 
 TEST_F(SheetLife, FlagsTellWhatMayBeChanged) {
-    const struct {
-        DWORD mode;
-        bool administrator;
-        DWORD flags;
-    } rows[] = {{0, true, 0}, {0x20, true, 1}, {0x8, true, 2}, {0x40, true, 0}, {0, false, 4}};
+    const struct { DWORD mode; bool administrator; DWORD flags; } rows[] = {
+        {0, true, 0}, {0x20, true, 1}, {0x8, true, 2}, {0x40, true, 0}, {0, false, 4}};
     for (const auto& row : rows) {
         kv::SetActingAsAdministrator(row.administrator);
         OpenSheet(row.mode);
@@ -37,33 +34,22 @@ TEST_F(SheetLife, FlagsTellWhatMayBeChanged) {
     }
 }
 
-int firstActivations = 0;
-WNDPROC pageProcedure = nullptr;
-LRESULT CALLBACK CountFirstActivations(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
-    firstActivations += message == WM_USER + 2;
-    return CallWindowProcA(pageProcedure, page, message, wParam, lParam);
-}
-
 TEST_F(SheetLife, TheFirstActivationAsksForThePortOnce) {
     request_.printer = &printer_;
     request_.record = record_.data();
     sheet_ = module_->CreateSheet(request_);
-    const auto page = reinterpret_cast<HWND>(SendMessageA(sheet_, PSM_INDEXTOHWND, kBasic, 0));
-    pageProcedure = reinterpret_cast<WNDPROC>(
-        SetWindowLongPtrA(page, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(CountFirstActivations)));
-    firstActivations = 0;
+    Overhear(WindowOf(kBasic), [](UINT message, WPARAM) { return message == WM_USER + 2; });
     kv::PumpPendingMessages();
-    EXPECT_EQ(firstActivations, 1);
+    EXPECT_EQ(heard.size(), 1u);
     for (const int other : {kLayout, kBasic, kQuality, kBasic}) PageWindow(other);
-    EXPECT_EQ(firstActivations, 1);
+    EXPECT_EQ(heard.size(), 1u);
 }
 
 TEST_F(SheetLife, ApplyingTheLayoutPageShowsWhatTheRecordHas) {
     OpenSheet();
     const HWND combo = Item(1410, kLayout);
     SetPrivate(kNup, 4);
-    PSHNOTIFY notice{{sheet_, 0, PSN_APPLY}, 0};
-    SendMessageA(PageWindow(kLayout), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notice));
+    Notify(kLayout, PSN_APPLY);
     EXPECT_EQ(SendMessageA(combo, CB_GETCURSEL, 0, 0), IndexOf(combo, 4));
 }
 

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "preferences.h"
+#include "tests/support/canvas.h"
 
 namespace journey {
 namespace {
@@ -13,13 +14,8 @@ constexpr int kFirstLink = 20024;
 class Titles : public Preferences {};
 
 TEST_F(Titles, ExportedDialogsHaveTheirTitlesAndCaptions) {
-    const struct {
-        const char* dialogTemplate;
-        const char* procedure;
-        const char* title;
-        int control;
-        const char* text;
-    } rows[] = {
+    const struct { const char *dialogTemplate, *procedure, *title; int control; const char* text; }
+    rows[] = {
         {"_MAILBOXR", "DDMMailBox", "Mailbox Setting", 4203, "Mailbox Name:"},
         {"_LBPCUSTOMPAPERS", "DDMCUSTOMPAPER", "Custom Paper Sizes", 9604, "&New..."},
         {"_DLGEDIT0", "DDMEDIT0", "Edit Watermark", 9108, "OK"},
@@ -32,11 +28,10 @@ TEST_F(Titles, ExportedDialogsHaveTheirTitlesAndCaptions) {
     };
     OpenSheet();
     for (const auto& row : rows) {
-        std::string title;
-        std::string text;
+        std::string title, text;
         kv::Headless().SetPolicy([&](HWND dialog) {
             title = Text(dialog);
-            text = Text(GetDlgItem(dialog, row.control));
+            text = Text(dialog, row.control);
             kv::input::Close(dialog);
         });
         module_->RunDialog(PageWindow(kDevice), row.dialogTemplate, row.procedure);
@@ -69,28 +64,19 @@ TEST_F(Titles, LinksLookLikeLinksOnLightAndDarkGround) {
     const HWND link = Item(kFirstLink, kTroubleshooting);
     const INT face = COLOR_BTNFACE;
     const COLORREF before = GetSysColor(COLOR_BTNFACE);
-    const struct { COLORREF ground, text; } rows[] = {
-        {RGB(240, 240, 240), RGB(0, 0, 204)}, {RGB(40, 40, 40), RGB(138, 180, 248)}};
+    const struct { COLORREF ground; DWORD text; } rows[] = {
+        {RGB(240, 240, 240), 0x0000CC}, {RGB(40, 40, 40), 0x8AB4F8}};
     for (const auto& row : rows) {
         SetSysColors(1, &face, &row.ground);
-        constexpr int kWidth = 195, kHeight = 20;
-        const HDC dc = CreateCompatibleDC(nullptr);
-        const HBITMAP bitmap = CreateBitmap(kWidth, kHeight, 1, 32, nullptr);
-        const HGDIOBJ old = SelectObject(dc, bitmap);
-        PatBlt(dc, 0, 0, kWidth, kHeight, WHITENESS);
-        EXPECT_EQ(kv::PaintWindow(link, dc), kv::Painting::kOwnerDrawn);
-        int longest = 0;
-        for (int y = 0; y < kHeight; ++y) {
-            int run = 0;
-            for (int x = 0; x < kWidth; ++x) {
-                run = GetPixel(dc, x, y) == row.text ? run + 1 : 0;
-                longest = std::max(longest, run);
-            }
+        const kvtest::Canvas canvas(195, 20);
+        EXPECT_EQ(kv::PaintWindow(link, canvas.dc), kv::Painting::kOwnerDrawn);
+        const kvtest::Pixels pixels = canvas.Read();
+        int longest = 0, run = 0;
+        for (const DWORD pixel : pixels.values) {
+            run = pixel == row.text ? run + 1 : 0;
+            longest = std::max(longest, run);
         }
         EXPECT_GT(longest, 40) << row.ground;
-        SelectObject(dc, old);
-        DeleteObject(bitmap);
-        DeleteDC(dc);
     }
     SetSysColors(1, &face, &before);
 }
