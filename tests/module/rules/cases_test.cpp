@@ -23,6 +23,7 @@
 #include "rules/conflicts.h"
 #include "rules/gray_out.h"
 #include "tests/module/support/sheet_fixture.h"
+#include "tests/support/controls.h"
 
 namespace kvui {
 namespace {
@@ -48,8 +49,6 @@ void Press(HWND dialog, int button) {
 class ControlWindows {
  public:
     ControlWindows() {
-        window = CreateWindowExA(0, "STATIC", "", WS_POPUP | WS_VISIBLE, 0, 0, 400, 400, nullptr,
-                                 nullptr, nullptr, nullptr);
         for (const ControlItem& item : kCatalogue) {
             Add(item.controlId);
             Add(item.pictureId);
@@ -72,14 +71,13 @@ class ControlWindows {
         }
         return list;
     }
-    HWND window;
+    const HWND window = kvtest::Make("STATIC");
 
  private:
     void Add(DWORD id) {
         if (id == 0 || std::count(ids_.begin(), ids_.end(), id) != 0) return;
         ids_.push_back(id);
-        CreateWindowExA(0, "STATIC", "", WS_CHILD | WS_VISIBLE, 0, 0, 1, 1, window,
-                        reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)), nullptr, nullptr);
+        kvtest::Make("STATIC", window, id);
     }
     std::vector<DWORD> ids_;
 };
@@ -120,10 +118,14 @@ class CaseRun {
         std::vector<DWORD> before = Fields();
         DWORD old = 0;
         const bool changed = WriteItemValue(sheet_.context.settings, *item, value, &old);
-        const int result = ResolveConflicts(sheet_.context, item->controlId, nullptr);
-        if (result == 0 && changed) RestoreItemField(sheet_.context.settings, *item, old);
-        output_ << "  " << (result == 1 ? "accepted" : "refused") << "\n";
+        if (!Check(name) && changed) RestoreItemField(sheet_.context.settings, *item, old);
         PrintChanges(before);
+    }
+    bool Check(const std::string& name) {
+        const DWORD id = ControlIdByName(name.c_str());
+        const bool accepted = ResolveConflicts(sheet_.context, id, nullptr) == 1;
+        output_ << "  " << (accepted ? "accepted" : "refused") << "\n";
+        return accepted;
     }
 
     std::vector<DWORD> Fields() const {
@@ -161,9 +163,7 @@ class CaseRun {
             Choose(name, value);
         } else if (verb == "check") {
             const std::vector<DWORD> before = Fields();
-            const int result =
-                ResolveConflicts(sheet_.context, ControlIdByName(name.c_str()), nullptr);
-            output_ << "  " << (result == 1 ? "accepted" : "refused") << "\n";
+            Check(name);
             PrintChanges(before);
         } else if (verb == "condition") {
             output_ << "  "

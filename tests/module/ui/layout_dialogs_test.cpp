@@ -8,12 +8,16 @@
 #include <functional>
 #include <vector>
 
-#include "../support/sheet_fixture.h"
 #include "exports.h"
 #include "sheet/snapshot.h"
+#include "tests/module/support/sheet_fixture.h"
+#include "tests/support/canvas.h"
+#include "tests/support/controls.h"
 
 namespace kvui {
 namespace {
+
+using kvtest::ChooseIn;
 
 class LayoutDialogs : public testing::Test {
  protected:
@@ -27,17 +31,6 @@ class LayoutDialogs : public testing::Test {
         });
         return DialogBoxParamA(sheet.context.resources, name, nullptr, procedure,
                                reinterpret_cast<LPARAM>(&sheet.context));
-    }
-    void ChooseIn(HWND dialog, int id, DWORD value) {
-        const HWND combo = GetDlgItem(dialog, id);
-        const LRESULT count = SendMessageA(combo, CB_GETCOUNT, 0, 0);
-        int index = -1;
-        for (LRESULT i = 0; i < count; ++i) {
-            if (static_cast<DWORD>(SendMessageA(combo, CB_GETITEMDATA, i, 0)) == value) {
-                index = static_cast<int>(i);
-            }
-        }
-        ASSERT_TRUE(kv::input::Choose(combo, index)) << id << " " << value;
     }
     LRESULT Icon(int id) {
         return reinterpret_cast<LRESULT>(LoadIconA(sheet.context.resources, MAKEINTRESOURCEA(id)));
@@ -55,9 +48,7 @@ TEST_F(LayoutDialogs, ThePunchPictureFollowsEdgeAndHoles) {
     };
     sheet.Set("mdmHolePunchNumber", 2);
     const INT_PTR result = Run("_DLGTAB01", DDMTAB01, IDOK, [&](HWND dialog) {
-        char title[64] = "";
-        GetWindowTextA(dialog, title, sizeof title);
-        EXPECT_STREQ(title, "Detail Of Output Setting");
+        EXPECT_EQ(kvtest::Text(dialog), "Detail Of Output Setting");
         const HWND picture = GetDlgItem(dialog, kPunchPictureId);
         EXPECT_EQ(SendMessageA(picture, STM_GETICON, 0, 0), Icon(1660));
         for (const auto& row : rows) {
@@ -136,28 +127,17 @@ TEST_F(LayoutDialogs, StyleButtonsOwnTheOrderBitsOnly) {
 
 TEST_F(LayoutDialogs, StylePicturesDarkenWhatLiesUnderThem) {
     Run("_DLGTAB02", DDMTAB02, IDCANCEL, [&](HWND dialog) {
-        const HDC dc = CreateCompatibleDC(nullptr);
-        const HBITMAP surface = CreateBitmap(40, 40, 1, 32, nullptr);
-        const HGDIOBJ before = SelectObject(dc, surface);
-        const RECT all{0, 0, 40, 40};
+        kvtest::Canvas canvas(32, 32);
         for (int id = 1465; id <= 1468; ++id) {
-            const HBRUSH ground = CreateSolidBrush(RGB(0xF0, 0xE0, 0x70));
-            FillRect(dc, &all, ground);
-            DeleteObject(ground);
-            ASSERT_EQ(kv::PaintWindow(GetDlgItem(dialog, id), dc), kv::Painting::kSelf);
+            canvas.Fill(RGB(0xF0, 0xE0, 0x70));
+            ASSERT_EQ(kv::PaintWindow(GetDlgItem(dialog, id), canvas.dc), kv::Painting::kSelf);
             int darker = 0;
-            for (int y = 0; y < 32; ++y) {
-                for (int x = 0; x < 32; ++x) {
-                    const COLORREF pixel = GetPixel(dc, x, y);
-                    EXPECT_EQ(pixel & ~RGB(0xF0, 0xE0, 0x70), 0u);
-                    darker += pixel != RGB(0xF0, 0xE0, 0x70);
-                }
+            for (const DWORD pixel : canvas.Read().values) {
+                EXPECT_EQ(pixel & ~DWORD{0xF0E070}, 0u);
+                darker += pixel != 0xF0E070;
             }
             EXPECT_GT(darker, 20) << id;
         }
-        SelectObject(dc, before);
-        DeleteObject(surface);
-        DeleteDC(dc);
     });
 }
 

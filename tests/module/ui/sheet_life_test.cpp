@@ -4,13 +4,14 @@
 #include <gtest/gtest.h>
 #include <commctrl.h>
 #include <kvlist.h>
-#include <platform/display/display.h>
 #include <platform/security/access.h>
 #include <test_paths.h>
 
 #include <algorithm>
 #include <cstring>
+#include <functional>
 #include <map>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -19,6 +20,7 @@
 #include "sheet/printer_values.h"
 #include "sheet/snapshot.h"
 #include "tests/module/support/sheet_fixture.h"
+#include "tests/support/controls.h"
 #include "ui/sheet_life.h"
 
 namespace kvui {
@@ -65,95 +67,73 @@ TEST_F(SheetEnd, WritesTheOptionsOnceAndForAdministratorsOnly) {
 }
 
 TEST_F(SheetEnd, CommitsTheListsThatWereChangedAndDropsTheOthers) {
+    // How a list is read, how something in it is changed, and how that shows.
+    struct List {
+        std::function<ListHandle()> read;
+        std::function<int(ListHandle, DWORD id)> change;
+        std::function<int(ListHandle)> state;
+    };
     PrinterBlock* printer = &sheet_.printer;
-    const auto read = [&](int list) {
-        switch (list) {
-            case kListPaper:
-                return QDMMLTReadPaper(printer);
-            case kListWatermark:
-                return QDMMLTReadWatermark(printer);
-            case kListOutBin:
-                return QDMMLTReadOUTBin(printer);
-            default:
-                return QDMMLTReadBin(printer, list == kListBin0 ? 0 : 1);
-        }
+    std::vector<BinRecord> bins(64);
+    const auto binList = [&](DWORD number) {
+        return List{[=] { return QDMMLTReadBin(printer, number); },
+                    [=, &bins](ListHandle list, DWORD) {
+                        QDMMLTGetBinArray(list, printer, bins.data());
+                        return QDMMLTDeleteBin(list, printer, &bins[0]);
+                    },
+                    [=](ListHandle list) { return QDMMLTGetBinNum(list, printer); }};
     };
-    // Something that tells a list that was changed from one that was not.
-    const auto change = [&](int list, ListHandle handle, DWORD id) {
-        CustomPaperRecord paper{};
-        WatermarkRecord watermark{};
-        std::vector<BinRecord> bins(64);
-        switch (list) {
-            case kListPaper:
-                paper.id = 512 + id;
-                return QDMMLTAddPaper(handle, printer, &paper, kScopeCommonAndOwn);
-            case kListWatermark:
-                watermark.id = 700 + id;
-                return QDMMLTAddWatermark(handle, printer, &watermark, kScopeCommonAndOwn);
-            case kListOutBin:
-                QDMMLTGetOUTBinArray(handle, printer, bins.data());
-                std::strcpy(bins[0].displayName, "Mine");
-                return QDMMLTUpdateOUTBin(handle, printer, &bins[0], bins[0].entryId);
-            default:
-                QDMMLTGetBinArray(handle, printer, bins.data());
-                return QDMMLTDeleteBin(handle, printer, &bins[0]);
-        }
+    const std::map<int, List> lists = {
+        {kListPaper,
+         {[=] { return QDMMLTReadPaper(printer); },
+          [=](ListHandle list, DWORD id) {
+              CustomPaperRecord paper{};
+              paper.id = 512 + id;
+              return QDMMLTAddPaper(list, printer, &paper, kScopeCommonAndOwn);
+          },
+          [=](ListHandle list) { return QDMMLTGetPaperNum(list, printer, kScopeUser); }}},
+        {kListWatermark,
+         {[=] { return QDMMLTReadWatermark(printer); },
+          [=](ListHandle list, DWORD id) {
+              WatermarkRecord watermark{};
+              watermark.id = 700 + id;
+              return QDMMLTAddWatermark(list, printer, &watermark, kScopeCommonAndOwn);
+          },
+          [=](ListHandle list) { return QDMMLTGetWatermarkNum(list, printer, kScopeUser); }}},
+        {kListBin0, binList(0)},
+        {kListBin1, binList(1)},
+        {kListOutBin,
+         {[=] { return QDMMLTReadOUTBin(printer); },
+          [=, &bins](ListHandle list, DWORD) {
+              QDMMLTGetOUTBinArray(list, printer, bins.data());
+              std::strcpy(bins[0].displayName, "Mine");
+              return QDMMLTUpdateOUTBin(list, printer, &bins[0], bins[0].entryId);
+          },
+          [=, &bins](ListHandle list) {
+              QDMMLTGetOUTBinArray(list, printer, bins.data());
+              return int{std::strcmp(bins[0].displayName, "Mine") == 0};
+          }}},
     };
-    const auto state = [&](int list) {
-        std::vector<BinRecord> bins(64);
-        const ListHandle handle = read(list);
-        int result = 0;
-        switch (list) {
-            case kListPaper:
-                result = QDMMLTGetPaperNum(handle, printer, kScopeUser);
-                QDMMLTCancelPaper(handle, printer);
-                break;
-            case kListWatermark:
-                result = QDMMLTGetWatermarkNum(handle, printer, kScopeUser);
-                QDMMLTCancelWatermark(handle, printer);
-                break;
-            case kListOutBin:
-                QDMMLTGetOUTBinArray(handle, printer, bins.data());
-                result = std::strcmp(bins[0].displayName, "Mine") == 0;
-                QDMMLTCancelOUTBin(handle, printer);
-                break;
-            default:
-                result = QDMMLTGetBinNum(handle, printer);
-                QDMMLTCancelBin(handle, printer);
-                break;
-        }
-        return result;
-    };
-    for (int committed = 0; committed < kListCount; ++committed) {
-        std::vector<int> before, after;
-        for (int list = 0; list < kListCount; ++list) {
-            before.push_back(state(list));
-            sheet_.shared.lists.handles[list] = read(list);
-            ASSERT_NE(sheet_.shared.lists.handles[list], nullptr);
-            ASSERT_TRUE(change(list, sheet_.shared.lists.handles[list], static_cast<DWORD>(committed)))
-                << list;
-            sheet_.shared.lists.commit[list] = list == committed;
+    ASSERT_EQ(lists.size(), size_t{kListCount});
+    // Each round changes all and commits one; the next one sees what is left of that.
+    std::map<int, int> before;
+    for (int round = 0; round <= kListCount; ++round) {
+        for (const auto& [number, list] : lists) {
+            ListHandle& handle = sheet_.shared.lists.handles[number];
+            EXPECT_EQ(handle, nullptr);
+            handle = list.read();
+            const int now = list.state(handle);
+            if (round > 0) {
+                EXPECT_EQ(now != before[number], number == round - 1)
+                    << "list " << number << " while " << round - 1 << " was changed";
+            }
+            before[number] = now;
+            ASSERT_NE(list.change(handle, static_cast<DWORD>(round)), 0) << number;
+            sheet_.shared.lists.commit[number] = number == round;
         }
         End(0, true);
-        for (int list = 0; list < kListCount; ++list) {
-            EXPECT_EQ(sheet_.shared.lists.handles[list], nullptr);
-            EXPECT_EQ(state(list) != before[static_cast<size_t>(list)], list == committed)
-                << "list " << list << " while " << committed << " was changed";
-        }
     }
 }
-
-// Notes when each control is first touched.
-class Touches : public kv::Display {
- public:
-    Touches() { kv::UseDisplay(this); }
-    ~Touches() override { kv::UseDisplay(nullptr); }
-    void Changed(HWND window, unsigned /*changes*/) override {
-        order.try_emplace(GetDlgCtrlID(window), order.size());
-    }
-    bool WaitForInput(HWND /*modal*/) override { return false; }
-    std::map<int, size_t> order;
-};
 
 // In the order in which a page fills them: type, the class of its controls.
 constexpr std::pair<ItemType, const char*> kKinds[] = {
@@ -161,45 +141,31 @@ constexpr std::pair<ItemType, const char*> kKinds[] = {
     {kItemRadio, "BUTTON"},  {kItemCheck, "BUTTON"},        {kItemEdit, "EDIT"},
     {kItemButton, "BUTTON"}, {kItemSlider, TRACKBAR_CLASSA}};
 
-HWND MakePage(const char* dialog) {
-    const HWND page = CreateWindowExA(0, "STATIC", "", WS_POPUP | WS_VISIBLE, 0, 0, 10, 10, nullptr,
-                                      nullptr, nullptr, nullptr);
-    for (const ControlItem& item : kCatalogue) {
-        if (std::strcmp(item.dialogName, dialog) != 0) continue;
-        for (const auto& [type, className] : kKinds) {
-            if (type != item.type) continue;
-            CreateWindowExA(0, className, "", WS_CHILD | WS_VISIBLE, 0, 0, 1, 1, page,
-                            reinterpret_cast<HMENU>(static_cast<UINT_PTR>(item.controlId)), nullptr,
-                            nullptr);
-        }
-    }
-    return page;
-}
-
 TEST(PageStart, FillsTheControlsKindByKind) {
-    for (const char* dialog : {"DLGTAB0", "DLGTAB2", "DLGTAB3", "DLGTAB4"}) {
+    for (const std::string dialog : {"DLGTAB0", "DLGTAB2", "DLGTAB3", "DLGTAB4"}) {
         ScratchSheet sheet;
-        const HWND page = MakePage(dialog);
-        Touches touches;
-        InitialiseControls(sheet.context, page, dialog);
-        size_t last = 0;
-        int kinds = 0;
-        for (const auto& [type, className] : kKinds) {
-            size_t first = SIZE_MAX;
-            for (const ControlItem& item : kCatalogue) {
-                const auto found = touches.order.find(static_cast<int>(item.controlId));
-                if (item.type != type || std::strcmp(item.dialogName, dialog) != 0 ||
-                    found == touches.order.end()) {
-                    continue;
-                }
-                first = std::min(first, found->second);
+        const HWND page = kvtest::Make("STATIC");
+        std::map<DWORD, size_t> kindOf;
+        for (const ControlItem& item : kCatalogue) {
+            for (size_t kind = 0; kind < std::size(kKinds); ++kind) {
+                if (dialog != item.dialogName || kKinds[kind].first != item.type) continue;
+                kvtest::Make(kKinds[kind].second, page, item.controlId);
+                kindOf[item.controlId] = kind;
             }
-            if (first == SIZE_MAX) continue;
-            EXPECT_GE(first, last) << dialog << ", kind " << type;
-            last = first;
-            ++kinds;
         }
-        EXPECT_GE(kinds, 4) << dialog;
+        // Each kind where its first control is touched.
+        std::vector<size_t> order;
+        kvtest::Listener display;
+        display.changed = [&](HWND window, unsigned) {
+            const auto found = kindOf.find(static_cast<DWORD>(GetDlgCtrlID(window)));
+            if (found == kindOf.end()) return;
+            if (std::count(order.begin(), order.end(), found->second) == 0) {
+                order.push_back(found->second);
+            }
+        };
+        InitialiseControls(sheet.context, page, dialog.c_str());
+        EXPECT_TRUE(std::is_sorted(order.begin(), order.end())) << dialog;
+        EXPECT_GE(order.size(), 4u) << dialog;
         DestroyWindow(page);
     }
 }
