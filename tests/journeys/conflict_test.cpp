@@ -88,6 +88,7 @@ TEST_F(Conflicts, AForcedValueWithoutATextLeavesOnlyCancel) {
     kv::Headless().PushAnswer([](HWND dialog) {
         EXPECT_EQ(Text(dialog, kTargetNew), "Unresolvable situation!");
         EXPECT_FALSE(kv::input::Click(GetDlgItem(dialog, kResolve)));
+        EXPECT_EQ(GetFocus(), GetDlgItem(dialog, IDCANCEL));
         kv::input::Key(VK_RETURN);
     });
     ChooseValue(kMedia, kTransparency);

@@ -45,11 +45,7 @@ TEST_F(PrinterPort, IsFoundByItsMonitorElseByItsName) {
     Put(standard + "Both", "IPAddress", "10.0.0.96");
     Put(lpr + "Both", "Server Name", "10.0.0.4");
     Put(tarrow + "Tarrow", "IPAddress", "10.0.0.5");
-    const struct {
-        const char* port;
-        DWORD kind;
-        const char* address;
-    } rows[] = {
+    const struct { const char* port; DWORD kind; const char* address; } rows[] = {
         {"IP_1", kPortTcp, "10.0.0.1"},
         {"IP_1,LPT1:", kPortTcp, "10.0.0.1"},
         {"ip_1", kPortUnresolved, ""},
@@ -83,12 +79,7 @@ TEST_F(PrinterPort, IsFoundByItsMonitorElseByItsName) {
 
 TEST_F(PrinterPort, CanBeAskedBothWaysOrDirectly) {
     const DWORD both = PRINTER_ATTRIBUTE_ENABLE_BIDI;
-    const struct {
-        const char* port;
-        DWORD attributes;
-        DWORD kind;
-        BOOL queryable;
-    } rows[] = {
+    const struct { const char* port; DWORD attributes, kind; BOOL queryable; } rows[] = {
         {"USB001", both, kPortUsb, TRUE},
         {"USB001", 0, kPortUsb, FALSE},
         {"USB01", both, kPortUnresolved, FALSE},

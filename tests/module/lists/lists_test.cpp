@@ -1,7 +1,6 @@
 // What the users' lists and the printer's data say of papers, watermarks and overlays.
 #include <gtest/gtest.h>
 #include <platform/security/access.h>
-#include <winspool.h>
 
 #include <cstring>
 #include <string>
@@ -11,6 +10,7 @@
 #include "lists/paper_size.h"
 #include "lists/watermark_angle.h"
 #include "tests/module/preview/painted_sheet.h"
+#include "tests/support/printer_data.h"
 
 namespace kvui {
 namespace {
@@ -36,11 +36,7 @@ class Lists : public testing::Test {
 TEST_F(Lists, PapersHaveTheSizeOfTheirUnit) {
     AddPaper(600, 0, 1000, 2000);
     AddPaper(601, 1, 8 << 16 | 8, 11 << 16 | 15);
-    const struct {
-        LONG code;
-        bool known;
-        LONG width, length, unit;
-    } rows[] = {
+    const struct { LONG code; bool known; LONG width, length, unit; } rows[] = {
         {9, true, 2100, 2970, kPaperUnitMillimetre},
         {1, true, 850, 1100, kPaperUnitInch},
         {600, true, 1000, 2000, kPaperUnitMillimetre},
@@ -69,12 +65,7 @@ TEST_F(Lists, AChosenDiagonalWatermarkTurnsWithThePaper) {
     fixed.angle = 10;
     const ListHandle list = sheet.shared.lists.handles[kListWatermark];
     ASSERT_NE(QDMMLTAddWatermark(list, &sheet.printer, &fixed, kScopeCommon), 0);
-    const struct {
-        SHORT paper, orientation;
-        DWORD watermark;
-        LONG angle;
-        DWORD flags;
-    } rows[] = {
+    const struct { SHORT paper, orientation; DWORD watermark; LONG angle; DWORD flags; } rows[] = {
         {9, 1, 1, 54, 0x200},   {9, 2, 1, 35, 0x300},   {600, 1, 1, 71, 0x200},
         {600, 2, 1, 18, 0x300}, {300, 1, 1, 45, 0x200}, {9, 2, 200, 10, 0x300},
     };
@@ -98,24 +89,10 @@ TEST_F(Lists, AChosenDiagonalWatermarkTurnsWithThePaper) {
 
 TEST_F(Lists, OverlaysAreFoundByTheirNumberInThePrintersData) {
     using namespace std::string_literals;
-    const std::string data =
-        "12=Twelve\0"
-        "1=First;rest\0"
-        "2=\0"
-        "3=C:\\Forms\\Three.frm;\0"s;
-    PRINTER_DEFAULTSA access{nullptr, nullptr, PRINTER_ALL_ACCESS};
-    HANDLE printer = nullptr;
-    ASSERT_TRUE(OpenPrinterA(sheet.printer.printerName, &printer, &access));
-    char name[] = "[FormOverlayPath]";
-    SetPrinterDataA(printer, name, REG_MULTI_SZ,
-                    reinterpret_cast<BYTE*>(const_cast<char*>(data.data())),
-                    static_cast<DWORD>(data.size()));
-    ClosePrinter(printer);
-    const struct {
-        DWORD id;
-        bool found;
-        const char* text;
-    } rows[] = {
+    const std::string data = "12=Twelve\0" "1=First;rest\0" "2=\0" "3=C:\\Forms\\Three.frm;\0"s;
+    const char name[] = "[FormOverlayPath]";
+    kvtest::PutPrinterData(sheet.printer.printerName, name, REG_MULTI_SZ, data);
+    const struct { DWORD id; bool found; const char* text; } rows[] = {
         {1, true, "First"}, {12, true, "Twelve"}, {2, true, ""}, {3, true, "C:\\Forms\\Three.frm"},
         {4, false, ""},     {0, false, ""},
     };

@@ -8,6 +8,7 @@
 #include "preview/colour_sample.h"
 #include "preview/shared_view.h"
 #include "tests/module/preview/painted_sheet.h"
+#include "tests/support/controls.h"
 
 namespace kvui {
 namespace {
@@ -123,15 +124,11 @@ TEST(ViewHook, PaintsTheLastPainterAndGivesTheProcedureBack) {
 
 TEST(SharedView, APanelThatCannotBeMadeIsReportedOnce) {
     ScratchSheet sheet;
-    sheet.context.page = CreateWindowExA(0, "STATIC", "", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr,
-                                         nullptr, nullptr);
+    sheet.context.page = kvtest::Make("STATIC");
     sheet.context.resources = GetModuleHandleA("libkvplatform.so");
     std::string box;
     kv::Headless().PushAnswer([&](HWND dialog) {
-        char caption[64] = "", text[64] = "";
-        GetWindowTextA(dialog, caption, sizeof caption);
-        GetDlgItemTextA(dialog, 0xFFFF, text, sizeof text);
-        box = std::string(caption) + ": " + text;
+        box = kvtest::Text(dialog) + ": " + kvtest::Text(dialog, 0xFFFF);
         kv::input::Click(GetDlgItem(dialog, IDOK));
     });
     CreateSharedView(sheet.context);

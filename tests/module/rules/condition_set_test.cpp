@@ -24,30 +24,22 @@ ControlItem ItemOf(ItemType type, MaskMode mode) {
 }
 
 TEST(ConditionItem, IsAValueOrARange) {
-    struct {
-        const char* text;
-        LONG low, high, count, value;
-    } const cases[] = {
-        {"4", 0, 0, 1, 4},     {"", 0, 0, 1, 0},         {"3-7", 3, 7, 0, 0},
-        {"-5", 0, 5, 0, 0},    {"20-", 20, 32767, 0, 0}, {"3-7-9", 3, 7, 0, 0},
-        {"-", 0, 32767, 0, 0}, {" 12x", 0, 0, 1, 12},    {"none", 0, 0, 1, 0},
-        {"7-0", 7, 0, 0, 0},   {"+8", 0, 0, 1, 8},       {" -5", 0, 5, 0, 0},
-        {" 3 - 7", 3, 7, 0, 0},
+    const struct { std::vector<const char*> items; LONG low, high, count, value; } rows[] = {
+        {{"4"}, 0, 0, 1, 4},     {{""}, 0, 0, 1, 0},         {{"3-7"}, 3, 7, 0, 0},
+        {{"-5"}, 0, 5, 0, 0},    {{"20-"}, 20, 32767, 0, 0}, {{"3-7-9"}, 3, 7, 0, 0},
+        {{"-"}, 0, 32767, 0, 0}, {{" 12x"}, 0, 0, 1, 12},    {{"none"}, 0, 0, 1, 0},
+        {{"7-0"}, 7, 0, 0, 0},   {{"+8"}, 0, 0, 1, 8},       {{" -5"}, 0, 5, 0, 0},
+        {{" 3 - 7"}, 3, 7, 0, 0}, {{"2147483648"}, 0, 0, 1, static_cast<LONG>(0x80000000u)},
+        // A later range replaces the first; values stay.
+        {{"1-3", "9", "5-6"}, 5, 6, 1, 9},
     };
-    for (const auto& c : cases) {
-        const ConditionSet set = SetOf({c.text});
-        EXPECT_EQ(set.low, c.low) << c.text;
-        EXPECT_EQ(set.high, c.high) << c.text;
-        EXPECT_EQ(set.count, c.count) << c.text;
-        EXPECT_EQ(set.values[0], c.value) << c.text;
+    for (const auto& row : rows) {
+        const ConditionSet set = SetOf(row.items);
+        EXPECT_EQ(set.low, row.low) << row.items[0];
+        EXPECT_EQ(set.high, row.high) << row.items[0];
+        EXPECT_EQ(set.count, row.count) << row.items[0];
+        EXPECT_EQ(set.values[0], row.value) << row.items[0];
     }
-}
-
-TEST(ConditionItem, ALaterRangeReplacesTheFirstAndValuesStay) {
-    const ConditionSet set = SetOf({"1-3", "9", "5-6"});
-    EXPECT_EQ(set.low, 5);
-    EXPECT_EQ(set.high, 6);
-    EXPECT_EQ(set.count, 1);
 }
 
 TEST(ConditionItem, ThirtyThirdValueIsIgnored) {
@@ -57,18 +49,10 @@ TEST(ConditionItem, ThirtyThirdValueIsIgnored) {
     EXPECT_EQ(set.values[kMaxConditionValues - 1], 32);
 }
 
-TEST(ConditionItem, BitThirtyOneCanBeWritten) {
-    EXPECT_EQ(static_cast<DWORD>(SetOf({"2147483648"}).values[0]), 0x80000000u);
-}
-
 TEST(MatchCondition, FollowsTypeAndMaskMode) {
-    struct {
-        ItemType type;
-        MaskMode mode;
-        std::vector<const char*> items;
-        LONG value;
-        bool satisfied;
-    } const cases[] = {
+    const struct {
+        ItemType type; MaskMode mode; std::vector<const char*> items; LONG value; bool satisfied;
+    } cases[] = {
         {kItemCombo, kMaskWholeField, {"3-7"}, 3, true},
         {kItemCombo, kMaskWholeField, {"3-7"}, 8, false},
         {kItemCombo, kMaskWholeField, {"3-7", "9"}, 9, true},

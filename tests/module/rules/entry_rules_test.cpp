@@ -33,55 +33,41 @@ void UseEntryRules(ScratchSheet& sheet,
     }
 }
 
-struct Answer {
-    int allowed;
-    LONG replacement = -7;
-    LONG hideCounter = 0;
-};
-Answer Ask(ScratchSheet& sheet, DWORD controlId, LONG value) {
-    Answer answer{};
-    answer.replacement = -7;
-    answer.allowed = IsEntryValueAllowed(sheet.context, nullptr, controlId, value,
-                                         &answer.replacement, &answer.hideCounter, nullptr);
-    return answer;
-}
-
 TEST(EntryRules, GrayedValuesAreRefusedWithTheirFallback) {
-    ScratchSheet sheet;
-    UseEntryRules(sheet, {{"ComboPunch0", "(0),0,2,(Other,0,0,0),(ComboStaple,2,3-4,9,1,5-6,1)"},
+    using Rules = std::initializer_list<std::pair<const char*, const char*>>;
+    const Rules groups = {{"ComboPunch0", "(0),0,2,(Other,0,0,0),(ComboStaple,2,3-4,9,1,5-6,1)"},
                           {"ComboPunch1", "7,0,1,(ComboStaple,0,0,0)"},
-                          {"ComboFolding0", "0,1,1,(ComboStaple,0,0,1)"}});
-    for (const LONG refused : {3, 4, 9}) {
-        const Answer answer = Ask(sheet, kComboStaple, refused);
-        EXPECT_EQ(answer.allowed, 0) << refused;
-        EXPECT_EQ(answer.replacement, 5) << refused;  // the current 0 is in no fallback group
-        EXPECT_EQ(answer.hideCounter, 1) << refused;
+                          {"ComboFolding0", "0,1,1,(ComboStaple,0,0,1)"}},
+                without = {{"ComboPunch0", "0,0,2,(ComboStaple,0,0,0),(GrpStaple,0,0,1)"}},
+                malformed = {{"ComboPunch0", "0,0,2000000000,(ComboStaple,2000000000,1,2"},
+                             {"ComboPunch1", "),0,-5,(ComboStaple"},
+                             {"ComboPunch2", "(,0,9,(ComboStaple,-1,-1,"},
+                             {"ComboPunch3", ""}};
+    // Where a value is allowed nothing is said of the others.
+    constexpr LONG kNothing = -7;
+    const struct { Rules rules; DWORD control; LONG value; int allowed; LONG replacement, hidden; }
+    rows[] = {
+        {groups, kComboStaple, 2, 1, kNothing, 0},
+        // The current 0 is in no fallback group.
+        {groups, kComboStaple, 3, 0, 5, 1},
+        {groups, kComboStaple, 4, 0, 5, 1},
+        {groups, kComboStaple, 9, 0, 5, 1},
+        {without, kComboStaple, 77, 0, 0, 0},
+        {without, kGrpStaple, 77, 0, 0, 1},
+        {malformed, kComboStaple, 3, 0, 0, 0},  // the third rule has no groups left
+        {malformed, 999999, 3, 1, kNothing, 0},
+    };
+    for (const auto& row : rows) {
+        ScratchSheet sheet;
+        UseEntryRules(sheet, row.rules);
+        LONG replacement = kNothing, hidden = 0;
+        EXPECT_EQ(IsEntryValueAllowed(sheet.context, nullptr, row.control, row.value, &replacement,
+                                      &hidden, nullptr),
+                  row.allowed)
+            << &row - rows;
+        EXPECT_EQ(replacement, row.replacement) << &row - rows;
+        EXPECT_EQ(hidden, row.hidden) << &row - rows;
     }
-    const Answer answer = Ask(sheet, kComboStaple, 2);
-    EXPECT_EQ(answer.allowed, 1);
-    EXPECT_EQ(answer.replacement, -7);
-    EXPECT_EQ(answer.hideCounter, 0);
-}
-
-TEST(EntryRules, WithoutGroupsEveryValueIsRefusedAndTheCurrentStays) {
-    ScratchSheet sheet;
-    UseEntryRules(sheet, {{"ComboPunch0", "0,0,2,(ComboStaple,0,0,0),(GrpStaple,0,0,1)"}});
-    EXPECT_EQ(Ask(sheet, kComboStaple, 77).allowed, 0);
-    EXPECT_EQ(Ask(sheet, kComboStaple, 77).replacement, 0);
-    const Answer text = Ask(sheet, kGrpStaple, 77);
-    EXPECT_EQ(text.allowed, 0);
-    EXPECT_EQ(text.replacement, 0);
-    EXPECT_EQ(text.hideCounter, 1);
-}
-
-TEST(EntryRules, MalformedCountsAreReadWithoutHarm) {
-    ScratchSheet sheet;
-    UseEntryRules(sheet, {{"ComboPunch0", "0,0,2000000000,(ComboStaple,2000000000,1,2"},
-                          {"ComboPunch1", "),0,-5,(ComboStaple"},
-                          {"ComboPunch2", "(,0,9,(ComboStaple,-1,-1,"},
-                          {"ComboPunch3", ""}});
-    EXPECT_EQ(Ask(sheet, kComboStaple, 3).allowed, 0);  // the third rule has no groups left
-    EXPECT_EQ(Ask(sheet, 999999, 3).allowed, 1);
 }
 
 TEST(EntryConflicts, GrayOutRulesCountAndAdditionalConditionsDoNot) {

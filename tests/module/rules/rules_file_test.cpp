@@ -3,7 +3,6 @@
 #include "rules/rules_file.h"
 
 #include <gtest/gtest.h>
-#include <winspool.h>
 
 #include <string>
 #include <vector>
@@ -11,30 +10,23 @@
 #include "rules/gray_out.h"
 #include "sheet/rules_path.h"
 #include "tests/module/support/sheet_fixture.h"
+#include "tests/support/printer_data.h"
 
 namespace kvui {
 namespace {
 
 TEST(CommaNumbers, LastFieldCountsOnlyWhenNonZero) {
-    struct {
-        const char* text;
-        std::vector<LONG> numbers;
-    } const cases[] = {
-        {"5,0", {5}},
-        {"0,5", {0, 5}},
-        {"", {}},
-        {"0", {}},
-        {"7", {7}},
-        {",", {0}},
-        {"1,,3", {1, 0, 3}},
-        {"1,2,", {1, 2}},
-        {" 4 , x,-2", {4, 0, -2}},
-        {"1,2,3,4,5,6,7,8,9", {1, 2, 3, 4, 5, 6, 7, 8}},
+    const std::pair<const char*, std::vector<LONG>> rows[] = {
+        {"5,0", {5}},         {"0,5", {0, 5}},
+        {"", {}},             {"0", {}},
+        {"7", {7}},           {",", {0}},
+        {"1,,3", {1, 0, 3}},  {"1,2,", {1, 2}},
+        {" 4 , x,-2", {4, 0, -2}}, {"1,2,3,4,5,6,7,8,9", {1, 2, 3, 4, 5, 6, 7, 8}},
     };
-    for (const auto& c : cases) {
+    for (const auto& [text, expected] : rows) {
         LONG numbers[8];
-        const int count = ReadCommaNumbers(c.text, numbers, 8);
-        EXPECT_EQ(std::vector<LONG>(numbers, numbers + count), c.numbers) << c.text;
+        const int count = ReadCommaNumbers(text, numbers, 8);
+        EXPECT_EQ(std::vector<LONG>(numbers, numbers + count), expected) << text;
     }
 }
 
@@ -57,20 +49,13 @@ TEST(RulesFile, IsCopiedOnceWhenThePrinterAsksForIt) {
     sheet.InstallPrinter();
     char folder[MAX_PATH] = "";
     GetWindowsDirectoryA(folder, sizeof folder);
-    const std::string copy = std::string(folder) + "\\KVUIMOD.ini", value = "CopySUINI";
+    const std::string copy = std::string(folder) + "\\KVUIMOD.ini";
     ComputeRulesFilePath(sheet.context);
     const std::string drivers = RulesFilePath();
     EXPECT_NE(drivers.find("\\3\\KVUIMOD.ini"), std::string::npos) << drivers;
     EXPECT_EQ(GetFileAttributesA(copy.c_str()), INVALID_FILE_ATTRIBUTES);
 
-    char name[] = "Office";
-    PRINTER_DEFAULTSA access{nullptr, nullptr, PRINTER_ALL_ACCESS};
-    HANDLE printer = nullptr;
-    ASSERT_TRUE(OpenPrinterA(name, &printer, &access));
-    DWORD wanted = 1;
-    SetPrinterDataA(printer, const_cast<char*>(value.c_str()), REG_DWORD,
-                    reinterpret_cast<BYTE*>(&wanted), sizeof wanted);
-    ClosePrinter(printer);
+    kvtest::PutPrinterData("Office", "CopySUINI", 1);
     for (const std::string& path : {std::string("KVUIMOD.ini"), drivers}) {
         ComputeRulesFilePath(sheet.context);
         EXPECT_EQ(RulesFilePath(), path);
@@ -112,10 +97,7 @@ TEST(CodeRange, ReadsPresentKeysInOrderAndAllFields) {
 }
 
 TEST(CodeRange, BoundsMayBeAbsentReversedOrHuge) {
-    struct {
-        const char* bounds;
-        int count;
-    } const cases[] = {
+    const std::pair<const char*, int> rows[] = {
         {"MinCode=1\n", 0},
         {"MaxCode=1\n", 0},
         {"MinCode=NON\nMaxCode=9\n", 0},
@@ -125,10 +107,10 @@ TEST(CodeRange, BoundsMayBeAbsentReversedOrHuge) {
     };
     ScratchSheet sheet;
     std::vector<CodeRecord> records(kMaxCodeRecords);
-    for (const auto& c : cases) {
-        sheet.UseRules(std::string("[W]\n") + c.bounds + "3=c\n1=a\n2147483647=z\n007=odd\n");
-        EXPECT_EQ(ReadCodeRange("W", records.data()), c.count) << c.bounds;
-        if (c.count == 3) { EXPECT_STREQ(records[0].name, "a") << "in the order of the codes"; }
+    for (const auto& [bounds, count] : rows) {
+        sheet.UseRules(std::string("[W]\n") + bounds + "3=c\n1=a\n2147483647=z\n007=odd\n");
+        EXPECT_EQ(ReadCodeRange("W", records.data()), count) << bounds;
+        if (count == 3) { EXPECT_STREQ(records[0].name, "a") << "in the order of the codes"; }
     }
 }
 
@@ -144,46 +126,28 @@ TEST(CodeRange, SixtyFifthRecordIsIgnored) {
 
 TEST(ShowByOption, DecidesByTheFourListsInOrder) {
     constexpr DWORD kOption4 = 0x10;
-    struct {
-        const char* line;  // null: no line
-        DWORD installed;
-        int shown;
-    } const cases[] = {
-        {nullptr, kOption4, 1},
-        {"4,0,0,0", kOption4, 1},
-        {"0,4,0,0", kOption4, 0},
-        {"0,0,4,0", kOption4, 1},
-        {"0,0,0,4", kOption4, 1},
-        {"0,0,0,4", 0, 0},
-        {"0,0,0,0", kOption4, 0},
-        {"0", kOption4, 0},
-        {"4,0,0,0", 0, 1},
-        {"0,4,0,0", 0, 1},
-        {"0,0,4,0", 0, 1},
-        {"19/20,0,0,19", 0, 0},
-        {"19/20,0,0,19", 1 << 20, 1},
-        {"0/4,0,0,0", kOption4, 1},
-        {"0/4,0,0,0", 0, 0},
-        {"36,0,0,0", kOption4, 1},
-        {"0,,,", kOption4, 0},
-        {"NON", kOption4, 1},
+    // Line (null: none), installed options, whether shown.
+    const struct { const char* line; DWORD installed; int shown; } rows[] = {
+        {nullptr, kOption4, 1}, {"4,0,0,0", kOption4, 1}, {"0,4,0,0", kOption4, 0},
+        {"0,0,4,0", kOption4, 1}, {"0,0,0,4", kOption4, 1}, {"0,0,0,4", 0, 0},
+        {"0,0,0,0", kOption4, 0}, {"0", kOption4, 0}, {"4,0,0,0", 0, 1},
+        {"0,4,0,0", 0, 1}, {"0,0,4,0", 0, 1}, {"19/20,0,0,19", 0, 0},
+        {"19/20,0,0,19", 1 << 20, 1}, {"0/4,0,0,0", kOption4, 1}, {"0/4,0,0,0", 0, 0},
+        {"36,0,0,0", kOption4, 1}, {"0,,,", kOption4, 0}, {"NON", kOption4, 1},
         // The first list that decides wins over the later ones.
-        {"4,4,0,0", kOption4, 1},
-        {"5,4,0,0", kOption4, 0},
-        {"0,0,5,5", kOption4, 1},
+        {"4,4,0,0", kOption4, 1}, {"5,4,0,0", kOption4, 0}, {"0,0,5,5", kOption4, 1},
         // An empty value: all four numbers are 0.
         {"", kOption4, 0},
         // The 26th number of a list is not looked at.
         {"0,9/9/9/9/9/9/9/9/9/9/9/9/9/9/9/9/9/9/9/9/9/9/9/9/9/4,0,0", kOption4, 1},
     };
     ScratchSheet sheet;
-    for (const auto& c : cases) {
-        sheet.UseRules(c.line == nullptr
-                           ? std::string("[Other]\nKey=0\n")
-                           : std::string("[ShowItemAccordingToOption]\nKey=") + c.line + "\n");
-        sheet.Set("mdmInstalledOptions", c.installed);
-        EXPECT_EQ(IsShownByOptions(sheet.context, "Key"), c.shown)
-            << (c.line != nullptr ? c.line : "(absent)") << " options " << c.installed;
+    for (const auto& row : rows) {
+        const std::string line = row.line != nullptr ? std::string("Key=") + row.line : "";
+        sheet.UseRules("[Other]\nKey=0\n[ShowItemAccordingToOption]\n" + line + "\n");
+        sheet.Set("mdmInstalledOptions", row.installed);
+        EXPECT_EQ(IsShownByOptions(sheet.context, "Key"), row.shown)
+            << line << " options " << row.installed;
     }
     EXPECT_EQ(IsShownByOptions(sheet.context, ""), 1);
 }

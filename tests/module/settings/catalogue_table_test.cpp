@@ -1,5 +1,5 @@
-// The catalogue row by row against an independent list, and its data as data: references resolve,
-// values fit their masks, ids are unique where they must be.
+// The catalogue row by row against an independent list, and what follows from its rows: keys, and
+// topics of help.
 #include <gtest/gtest.h>
 #include <test_paths.h>
 
@@ -118,65 +118,10 @@ TEST(Catalogue, KeysNameTheControlAndOnlySettingsTakePartInConflicts) {
         EXPECT_STREQ(item.grayOutKey, item.controlName);
         EXPECT_STREQ(item.conflictKey, edits ? item.controlName : "");
         EXPECT_EQ(item.entryEditMode, item.type == kItemEdit ? 1u : 2u);
-    }
-}
-
-TEST(Catalogue, EverySettingFieldCanBeReadAndEveryPointerFitsTheType) {
-    for (const ControlItem& item : kCatalogue) {
-        SCOPED_TRACE(item.controlName);
-        if (item.settingField[0] != '\0') {
-            const SettingField* field = FindSettingField(item.settingField);
-            ASSERT_NE(field, nullptr);
-            EXPECT_NE(field->type, kFieldPublicMask);
-        }
-        EXPECT_EQ(item.selectList != nullptr, item.type == kItemCombo || item.type == kItemList);
-        EXPECT_EQ(item.radioList != nullptr, item.type == kItemRadio);
-        EXPECT_EQ(item.check != nullptr, item.type == kItemCheck);
-        EXPECT_EQ(item.edit != nullptr, item.type == kItemEdit);
-        EXPECT_EQ(item.slider != nullptr, item.type == kItemSlider);
-        EXPECT_EQ(item.maskMode == kMaskWholeField, item.mask == 0);
+        EXPECT_EQ(edits, FindSettingField(item.settingField) != nullptr);
         for (const RadioItem& button : RadioButtons(item)) {
             EXPECT_EQ(button.captionId, button.buttonId);
         }
-    }
-}
-
-TEST(Catalogue, ValuesLieUnderTheMaskAndDifferWithinAList) {
-    // Cleared, these say "not" by a bit of its own.
-    const std::set<std::string> clearedBesideMask = {"ChkWatermarkInBackground",
-                                                     "ChkWatermarkRepeat"};
-    for (const ControlItem& item : kCatalogue) {
-        SCOPED_TRACE(item.controlName);
-        const DWORD outside = item.maskMode == kMaskWholeField ? 0 : ~item.mask;
-        std::set<DWORD> values;
-        std::set<std::string> names;
-        for (const SelectItem& entry : SelectEntries(item)) {
-            EXPECT_EQ(entry.value & outside, 0u) << entry.name;
-            EXPECT_TRUE(values.insert(entry.value).second) << entry.name;
-            EXPECT_TRUE(names.insert(entry.name).second) << entry.name;
-            EXPECT_STRNE(entry.name, "");
-        }
-        for (const RadioItem& button : RadioButtons(item)) {
-            EXPECT_TRUE(values.insert(button.value).second) << button.buttonId;
-        }
-        if (item.check == nullptr) continue;
-        EXPECT_EQ(item.check->checkedValue & outside, 0u);
-        EXPECT_NE(item.check->checkedValue, item.check->clearedValue);
-        EXPECT_EQ((item.check->clearedValue & outside) != 0,
-                  clearedBesideMask.count(item.controlName) != 0);
-    }
-}
-
-TEST(Catalogue, TheTwoMediaListsAreCopiesWithTheSameEntries) {
-    const std::span<const SelectItem> page = SelectEntries(*ItemByName("ComboMediaType"));
-    const std::span<const SelectItem> first = SelectEntries(*ItemByName("Combo1stPageMedia"));
-    ASSERT_EQ(page.size(), 9u);
-    ASSERT_EQ(first.size(), page.size());
-    EXPECT_NE(page.data(), first.data());
-    for (std::size_t i = 0; i < page.size(); ++i) {
-        EXPECT_EQ(first[i].stringId, page[i].stringId);
-        EXPECT_EQ(first[i].value, page[i].value);
-        EXPECT_STREQ(first[i].name, page[i].name);
     }
 }
 
@@ -195,10 +140,12 @@ TEST(HelpTable, NamesEachControlOnceAndAgreesWithTheCatalogue) {
     for (const ControlItem& item : kCatalogue) {
         std::vector<DWORD> companions{item.pictureId};
         for (const RadioItem& button : RadioButtons(item)) companions.push_back(button.buttonId);
-        if (item.edit != nullptr) companions.insert(companions.end(), {item.edit->spinId, item.edit->rangeTextId});
-        if (item.slider != nullptr) {
-            companions.insert(companions.end(), {item.slider->valueEditId, item.slider->spinId,
-                                                 item.slider->minimumTextId, item.slider->maximumTextId});
+        const auto add = [&](std::initializer_list<DWORD> ids) {
+            companions.insert(companions.end(), ids);
+        };
+        if (item.edit != nullptr) add({item.edit->spinId, item.edit->rangeTextId});
+        if (const SliderItem* at = item.slider) {
+            add({at->valueEditId, at->spinId, at->minimumTextId, at->maximumTextId});
         }
         for (const DWORD id : companions) {
             const DWORD topic = id != 0 ? HelpIdFor(id) : 0;

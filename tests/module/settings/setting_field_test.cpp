@@ -13,49 +13,33 @@
 namespace kvui {
 namespace {
 
-struct ExpectedField {
-    std::string name;
-    char part;
-    DWORD offset;
-    int bits;
-};
-
-std::vector<ExpectedField> ReadExpectedFields() {
-    std::ifstream file(KV_SOURCE_DIR "/tests/module/settings/fields_expected.txt");
-    std::vector<ExpectedField> fields;
-    for (std::string line; std::getline(file, line);) {
-        if (line.empty() || line[0] == '#') continue;
-        std::istringstream words(line);
-        ExpectedField field;
-        words >> field.name >> field.part >> std::hex >> field.offset >> std::dec >> field.bits;
-        fields.push_back(field);
-    }
-    return fields;
-}
-
 // Puts a pattern at the expected place and reads it by name, so that table, type and place of the
 // private part are checked together.
 TEST(SettingFieldTable, EveryNameReadsTheBytesAtItsStoredOffset) {
-    const std::vector<ExpectedField> expected = ReadExpectedFields();
-    ASSERT_EQ(expected.size(), kSettingFieldCount);
-    for (std::size_t row = 0; row < expected.size(); ++row) {
-        const ExpectedField& field = expected[row];
-        SCOPED_TRACE(field.name);
-        EXPECT_EQ(SettingFieldTable[row].name, field.name);
+    std::ifstream file(KV_SOURCE_DIR "/tests/module/settings/fields_expected.txt");
+    std::size_t row = 0;
+    for (std::string line; std::getline(file, line);) {
+        if (line.empty() || line[0] == '#') continue;
+        std::istringstream words(line);
+        std::string name;
+        char part = 0;
+        DWORD offset = 0;
+        int bits = 0;
+        words >> name >> part >> std::hex >> offset >> std::dec >> bits;
+        SCOPED_TRACE(name);
+        ASSERT_LT(row, kSettingFieldCount);
+        EXPECT_EQ(SettingFieldTable[row++].name, name);
 
         ScratchRecord record;
         const SHORT narrow = -2;
         const DWORD wide = 0x89ABCDEF;
-        const DWORD at = field.offset + (field.part == 'D' ? record.devmode()->dmSize : 0);
-        if (field.bits == 16) {
-            std::memcpy(record.bytes() + at, &narrow, sizeof narrow);
-        } else {
-            std::memcpy(record.bytes() + at, &wide, sizeof wide);
-        }
+        BYTE* at = record.bytes() + offset + (part == 'D' ? record.devmode()->dmSize : 0);
+        bits == 16 ? std::memcpy(at, &narrow, sizeof narrow) : std::memcpy(at, &wide, sizeof wide);
         DWORD value = 0;
-        EXPECT_EQ(ReadSetting(record.devmode(), field.name.c_str(), &value), field.bits != 0);
-        EXPECT_EQ(value, field.bits == 0 ? 0 : field.bits == 16 ? 0xFFFFFFFE : wide);
+        EXPECT_EQ(ReadSetting(record.devmode(), name.c_str(), &value), bits != 0);
+        EXPECT_EQ(value, bits == 0 ? 0 : bits == 16 ? 0xFFFFFFFE : wide);
     }
+    EXPECT_EQ(row, kSettingFieldCount);
 }
 
 TEST(SettingField, NamesAreFoundByCaseExceptWhenAsked) {
@@ -74,53 +58,45 @@ TEST(SettingField, TheTwoNamesOfOneWordReadAndWriteIt) {
               FieldWrite::kUnchanged);
 }
 
-struct WriteCase {
-    const char* story;
-    const char* name;
-    DWORD stored;
-    DWORD written;
-    DWORD maskMode;
-    DWORD mask;
-    FieldWrite result;
-    DWORD after;
-};
-
-class WritingAField : public testing::TestWithParam<WriteCase> {};
-
-TEST_P(WritingAField, KeepsTheBitsOfOthersAndHandsBackTheOldWord) {
-    const WriteCase& p = GetParam();
-    ScratchRecord record;
-    WriteSettingByName(record.devmode(), p.name, p.stored);
-    const ScratchRecord before = record;
-    const DWORD location = FindSettingField(p.name)->location;
-    DWORD old = 0x1234567;
-    EXPECT_EQ(WriteField(record.devmode(), location, p.written, p.maskMode, p.mask, &old),
-              p.result);
-    EXPECT_EQ(record.Value(p.name), p.after);
-    EXPECT_EQ(old, p.result == FieldWrite::kChanged ? p.stored : 0x1234567u);
-    WriteSettingByName(record.devmode(), p.name, p.stored);
-    EXPECT_EQ(record, before) << "bytes outside the field changed";
-}
-
 constexpr FieldWrite kSame = FieldWrite::kUnchanged;
 constexpr FieldWrite kNew = FieldWrite::kChanged;
-INSTANTIATE_TEST_SUITE_P(
-    Cases, WritingAField,
-    testing::Values(
-        WriteCase{"TurnOnOneBit", "mdmOtherSettings", 0x48, 0x80, 2, 0x80, kNew, 0xC8},
-        WriteCase{"TurnOffOneBit", "mdmOtherSettings", 0xC8, 0, 2, 0x80, kNew, 0x48},
-        WriteCase{"BitNumberMask", "mdmSecurity", 0x1, 0x2, 1, 0x2, kNew, 0x3},
-        WriteCase{"WholeField", "mdmNup", 0x48, 0x80, 0, 0xFF, kNew, 0x80},
-        WriteCase{"SameWord", "mdmNup", 20, 20, 0, 0, kSame, 20},
+
+TEST(SettingField, WritingKeepsTheBitsOfOthersAndHandsBackTheOldWord) {
+    const struct {
+        const char *story, *name;
+        DWORD stored, written, maskMode, mask;
+        FieldWrite result;
+        DWORD after;
+    } rows[] = {
+        {"turn on a bit", "mdmOtherSettings", 0x48, 0x80, 2, 0x80, kNew, 0xC8},
+        {"turn off a bit", "mdmOtherSettings", 0xC8, 0, 2, 0x80, kNew, 0x48},
+        {"bit numbers", "mdmSecurity", 0x1, 0x2, 1, 0x2, kNew, 0x3},
+        {"whole field", "mdmNup", 0x48, 0x80, 0, 0xFF, kNew, 0x80},
+        {"same word", "mdmNup", 20, 20, 0, 0, kSame, 20},
         // The whole word decides, so bits of others make a repeated write count as a change.
-        WriteCase{"SameBitOthersSet", "mdmOtherSettings", 0xC8, 0x80, 2, 0x80, kNew, 0xC8},
-        WriteCase{"SameBitAlone", "mdmOtherSettings", 0x80, 0x80, 2, 0x80, kSame, 0x80},
-        WriteCase{"ClearedWritesBesideMask", "mdmWatermarkMode", 0x2, 0x4, 1, 0x2, kNew, 0x4},
-        WriteCase{"FirstPageOnlyCleared", "mdmDistribution", 0xC8000000, 0x20000000, 1, 0x60000000,
-                  kNew, 0xA8000000},
-        WriteCase{"SixteenBits", "dmCopies", 1, 999, 0, 0, kNew, 999},
-        WriteCase{"NegativeSixteenBits", "dmCopies", 0xFFFFFFFF, 0xFFFF, 0, 0, kSame, 0xFFFFFFFF}),
-    [](const auto& test) { return test.param.story; });
+        {"same bit, others set", "mdmOtherSettings", 0xC8, 0x80, 2, 0x80, kNew, 0xC8},
+        {"same bit alone", "mdmOtherSettings", 0x80, 0x80, 2, 0x80, kSame, 0x80},
+        {"cleared beside the mask", "mdmWatermarkMode", 0x2, 0x4, 1, 0x2, kNew, 0x4},
+        {"first page only cleared", "mdmDistribution", 0xC8000000, 0x20000000, 1, 0x60000000, kNew,
+         0xA8000000},
+        {"sixteen bits", "dmCopies", 1, 999, 0, 0, kNew, 999},
+        {"negative sixteen bits", "dmCopies", 0xFFFFFFFF, 0xFFFF, 0, 0, kSame, 0xFFFFFFFF},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.story);
+        ScratchRecord record;
+        WriteSettingByName(record.devmode(), row.name, row.stored);
+        const ScratchRecord before = record;
+        const DWORD location = FindSettingField(row.name)->location;
+        DWORD old = 0x1234567;
+        EXPECT_EQ(WriteField(record.devmode(), location, row.written, row.maskMode, row.mask, &old),
+                  row.result);
+        EXPECT_EQ(record.Value(row.name), row.after);
+        EXPECT_EQ(old, row.result == kNew ? row.stored : 0x1234567u);
+        WriteSettingByName(record.devmode(), row.name, row.stored);
+        EXPECT_EQ(record, before) << "bytes outside the field changed";
+    }
+}
 
 TEST(SettingField, UnknownNamesLocationsAndTheFieldMaskWordAreLeftAlone) {
     ScratchRecord record;
