@@ -34,6 +34,10 @@ TEST_F(Preview, OnePanelFollowsTheActivePageAndGoesWithTheSheet) {
         EXPECT_TRUE(IsWindowVisible(panel)) << page;
         EXPECT_EQ(GetParent(panel), PageWindow(page)) << page;
     }
+    // The large view is as large as its ground, the strip as wide.
+    EXPECT_EQ(Picture(panel).width, 160);
+    EXPECT_EQ(Picture(panel).height, 194);
+    EXPECT_EQ(Picture(panel, kStrip).width, 160);
     EXPECT_EQ(Panel(kTroubleshooting), nullptr) << "a page that uses its full width";
     EXPECT_EQ(Panel(kQuality), panel);
     CloseSheet();
