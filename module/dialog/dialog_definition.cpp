@@ -44,7 +44,11 @@ INT_PTR OnCommand(const DialogDefinition& definition, Run& run) {
 INT_PTR RunDialog(const DialogDefinition& definition, HWND dialog, UINT message, WPARAM wParam,
                   LPARAM lParam) {
     SheetContext* context = KeepContext(dialog, message, lParam);
-    if (context == nullptr) return FALSE;
+    if (context == nullptr) {
+        // A dialog that nobody gave a state could not be left again.
+        if (message == WM_INITDIALOG) EndDialog(dialog, definition.cancel.result);
+        return FALSE;
+    }
     Run run{.context = *context,
             .window = dialog,
             .dialogName = definition.dialogName,

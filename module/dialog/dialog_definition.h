@@ -32,7 +32,8 @@ struct DialogDefinition {
 };
 
 // The procedure of a dialog whose creation parameter is the SheetContext of the page that opened
-// it. A message that comes before that is known is not handled.
+// it. A message that comes before that is known is not handled; a dialog that is given none ends at
+// once.
 INT_PTR RunDialog(const DialogDefinition& definition, HWND dialog, UINT message, WPARAM wParam,
                   LPARAM lParam);
 

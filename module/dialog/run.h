@@ -18,8 +18,8 @@ struct Run {
     HWND window;             // the page or the dialog
     const char* dialogName;  // of its items in the catalogue
     int helpTopic;
-    // What the definition has for whoever comes by the steps of these names; null in a dialog that
-    // does not use them.
+    // Orders of the definition, taken by the steps Take, Refresh and Show; null in a dialog that
+    // uses none of these.
     Step take = nullptr;
     Step refresh = nullptr;
     Step show = nullptr;

@@ -64,6 +64,12 @@ TEST_F(ConflictDialog, TheLongestTextsAreShownWhole) {
               2);
 }
 
+TEST_F(ConflictDialog, WithoutAStateADialogEndsAsCancelled) {
+    const HINSTANCE resources = sheet_.context.resources;
+    EXPECT_EQ(DialogBoxParamA(resources, "_CONFLICTS", nullptr, DlgProcConflicts, 0), 2);
+    EXPECT_EQ(DialogBoxParamA(resources, "_LBPCUSTOMPAPERS", nullptr, DDMCUSTOMPAPER, 0), -1);
+}
+
 TEST_F(ConflictDialog, WithoutStringsItStillAsks) {
     Report("A", "B", "");
     sheet_.context.strings = LoadLibraryA(KV_BIN_DIR "/libkvspool.so");  // has no string table
