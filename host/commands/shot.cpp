@@ -1,5 +1,6 @@
 // kvprefs shot: a picture of every page and of the dialogs that open from them.
 #include <host/commands/commands.h>
+#include <host/index/sheet_pages.h>
 #include <host/picture/picture_fonts.h>
 #include <host/picture/png_writer.h>
 #include <host/picture/window_picture.h>
@@ -19,45 +20,25 @@
 namespace kvhost {
 namespace {
 
-enum class Opening {
-    kClick,   // a button, or a check box that is off
-    kChoose,  // a combo box entry with this value meets a rule, when the entry before was chosen
-    kExport,  // no control opens it: the module's export, on the page's state
-};
+bool Equal(const std::string& left, const std::string& right) {
+    return strcasecmp(left.c_str(), right.c_str()) == 0;
+}
 
-// A dialog over a page (its index in the sheet). What is stored is drawn; the control before is worked
-// only where the dialog does not open otherwise, or to meet a rule.
-struct DialogRow {
-    const char* name;
-    int page;
-    Opening opening;
-    int control;
-    DWORD value;
-    int controlBefore;
-    DWORD valueBefore;
-    const char* dialogTemplate;
-    const char* procedure;
-};
+// The dialogs that something opens.
+std::vector<const Dialog*> DialogsThatOpen() {
+    std::vector<const Dialog*> dialogs;
+    for (unsigned i = 0; i < kDialogCount; ++i) {
+        if (kDialogs[i].opening != Opening::kNone) dialogs.push_back(&kDialogs[i]);
+    }
+    return dialogs;
+}
 
-// name, page, opening, control, value, control and value to choose before, template, export
-constexpr DialogRow kDialogs[] = {
-    {"first-page",            0, Opening::kClick,  1170,  0, 0,    0, nullptr,     nullptr},
-    {"paper-source-details",  0, Opening::kExport, 0,     0, 0,    0, "_DLGTAB00", "DDMTAB00"},
-    {"custom-papers",         0, Opening::kClick,  2003,  0, 0,    0, nullptr,     nullptr},
-    {"save-settings",         0, Opening::kClick,  15002, 0, 0,    0, nullptr,     nullptr},
-    {"edit-settings",         0, Opening::kClick,  15003, 0, 0,    0, nullptr,     nullptr},
-    {"pages-per-sheet",       1, Opening::kClick,  1430,  0, 1410, 4, nullptr,     nullptr},
-    {"pages-per-sheet-style", 1, Opening::kExport, 0,     0, 0,    0, "_DLGTAB02", "DDMTAB02"},
-    {"output-details",        1, Opening::kExport, 0,     0, 0,    0, "_DLGTAB01", "DDMTAB01"},
-    {"image-shift",           1, Opening::kClick,  1912,  0, 1901, 1, nullptr,     nullptr},
-    {"overlay-editor",        2, Opening::kClick,  1893,  0, 0,    0, nullptr,     nullptr},
-    {"watermark-editor",      3, Opening::kClick,  8006,  0, 0,    0, nullptr,     nullptr},
-    {"quality-list",          4, Opening::kExport, 0,     0, 0,    0, "_DLGTAB20", "DDMTAB20"},
-    {"mailboxes",             5, Opening::kClick,  4008,  0, 0,    0, nullptr,     nullptr},
-    {"about",                 5, Opening::kClick,  4011,  0, 0,    0, nullptr,     nullptr},
-    // A transparency cannot come from the first tray.
-    {"conflict",              0, Opening::kChoose, 1141,  2, 1111, 1, nullptr,     nullptr},
-};
+const Dialog* DialogOfName(const std::string& name) {
+    for (const Dialog* dialog : DialogsThatOpen()) {
+        if (Equal(name, dialog->name)) return dialog;
+    }
+    return nullptr;
+}
 
 // "Job Management" becomes "job-management".
 std::string FileStem(const std::string& caption) {
@@ -86,7 +67,8 @@ std::string TabCaption(HWND sheet, int page) {
 }
 
 // A control of the page, or of a strip that the pages share.
-HWND FindOnSheet(HWND sheet, HWND page, int id) {
+HWND FindOnSheet(HWND sheet, HWND page, DWORD wantedId) {
+    const int id = static_cast<int>(wantedId);
     if (const HWND control = GetDlgItem(page, id)) return control;
     struct Search {
         int id;
@@ -180,8 +162,10 @@ class Photographer {
         return Take(sheet_, number + FileStem(TabCaption(sheet_, index)));
     }
 
-    // A dialog that does not open now (its control is disabled or missing) has no picture.
-    bool TakeDialog(const DialogRow& row) {
+    // What is stored is drawn: the control before is worked only where the dialog does not open
+    // otherwise, or to meet a rule. A dialog that does not open now (its control is disabled or
+    // missing) has no picture.
+    bool TakeDialog(const Dialog& row) {
         const HWND page = Open(row.page);
         if (page == nullptr) return false;
         const bool opens = row.opening == Opening::kClick &&
@@ -212,9 +196,9 @@ class Photographer {
         return page;
     }
 
-    void OpenDialog(const DialogRow& row, HWND page) {
+    void OpenDialog(const Dialog& row, HWND page) {
         if (row.opening == Opening::kExport) {
-            session_.module().RunDialog(page, row.dialogTemplate, row.procedure);
+            session_.module().RunDialog(page, row.templateName, row.procedure);
             return;
         }
         const HWND control = FindOnSheet(sheet_, page, row.control);
@@ -297,17 +281,6 @@ void Photographer::Report() const {
     }
 }
 
-bool Equal(const std::string& left, const std::string& right) {
-    return strcasecmp(left.c_str(), right.c_str()) == 0;
-}
-
-const DialogRow* DialogOfName(const std::string& name) {
-    for (const DialogRow& row : kDialogs) {
-        if (Equal(name, row.name)) return &row;
-    }
-    return nullptr;
-}
-
 bool MakeFolder(const std::string& folder) {
     std::error_code error;
     std::filesystem::create_directories(folder, error);
@@ -322,13 +295,13 @@ ExitStatus TakeAll(Photographer& photographer) {
     for (int i = 0; i < kSheetPages; ++i) {
         if (!photographer.TakePage(i, Photographer::View::kWhereOffered)) return kRefused;
     }
-    for (const DialogRow& row : kDialogs) {
-        if (!photographer.TakeDialog(row)) return kRefused;
+    for (const Dialog* dialog : DialogsThatOpen()) {
+        if (!photographer.TakeDialog(*dialog)) return kRefused;
     }
     return kDone;
 }
 
-ExitStatus TakeOne(Photographer& photographer, int page, const DialogRow* dialog) {
+ExitStatus TakeOne(Photographer& photographer, int page, const Dialog* dialog) {
     if (page >= 0) {
         return photographer.TakePage(page, Photographer::View::kRequired) ? kDone : kRefused;
     }
@@ -342,14 +315,14 @@ ExitStatus TakeOne(Photographer& photographer, int page, const DialogRow* dialog
 
 std::vector<std::string> PictureDialogNames() {
     std::vector<std::string> names;
-    for (const DialogRow& row : kDialogs) names.push_back(row.name);
+    for (const Dialog* dialog : DialogsThatOpen()) names.push_back(dialog->name);
     return names;
 }
 
 ExitStatus RunShot(const Options& options, const std::string& folder, const std::string& page,
                    const std::string& view, double scale, bool rightToLeft) {
     const int index = page.empty() ? -1 : PageIndexOfName(page);
-    const DialogRow* dialog = DialogOfName(page);
+    const Dialog* dialog = DialogOfName(page);
     if (!page.empty() && index < 0 && dialog == nullptr) {
         PrintUnknownPage(page, PictureDialogNames());
         return kBadInput;

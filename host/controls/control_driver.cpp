@@ -19,16 +19,16 @@
 namespace kvhost {
 namespace {
 
-// Sub-dialogs that a control of a page opens: dialog name, opener.
-struct OpenerRow {
-    const char* dialogName;
-    const char* opener;
-};
-constexpr OpenerRow kOpeners[] = {
-    {"_LBPFIRSTPAGE", "Chk1stPageSource"},
-    {"DLGCOMBINATION", "DetailOfNup"},
-    {"_LBPIMAGESHIFT", "BtnImageShifting"},
-};
+// The control of a page that opens the dialog with these items; null when none does.
+const Control* OpenerOf(const char* dialogName) {
+    for (unsigned i = 0; i < kDialogCount; ++i) {
+        const Dialog& dialog = kDialogs[i];
+        if (dialog.opening == Opening::kClick && std::strcmp(dialog.dialogName, dialogName) == 0) {
+            return FindControl(dialog.control);
+        }
+    }
+    return nullptr;
+}
 
 std::optional<long> NumberOf(const std::string& text) {
     const bool hex = text.size() > 2 && text[0] == '0' && (text[1] == 'x' || text[1] == 'X');
@@ -436,14 +436,11 @@ SetOutcome ControlDriver::SetOnPage(const Control& control, const std::string& v
 // A sub-dialog is opened by pressing its opener on the page; AnswerDialog then finds the pending
 // control in it and presses OK, or Cancel when it was refused.
 SetOutcome ControlDriver::SetInSubDialog(const Control& control, const std::string& value) {
-    const auto* opener = std::find_if(
-        std::begin(kOpeners), std::end(kOpeners),
-        [&](const OpenerRow& row) { return std::strcmp(row.dialogName, control.dialog) == 0; });
-    if (opener == std::end(kOpeners)) {
+    const Control* button = OpenerOf(control.dialog);
+    if (button == nullptr) {
         return Refuse(kRefused, std::string(control.name) + ": no page opens its dialog");
     }
-    const Control* button = FindControl(opener->opener);
-    const HWND window = button != nullptr ? WindowOf(*button) : nullptr;
+    const HWND window = WindowOf(*button);
     pending_ = &control;
     pendingValue_ = value;
     pendingOutcome_ = Refuse(kRefused, std::string(control.name) + ": its dialog did not open");

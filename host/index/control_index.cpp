@@ -25,6 +25,13 @@ const Control* FindControl(std::string_view name) {
     return nullptr;
 }
 
+const Control* FindControl(DWORD id) {
+    for (unsigned i = 0; i < kControlCount; ++i) {
+        if (kControls[i].id == id) return &kControls[i];
+    }
+    return nullptr;
+}
+
 LONG ReadRecordField(const BYTE* record, const Field& field) {
     if (!field.byName) {
         DWORD mask = 0;

@@ -46,8 +46,9 @@ extern const Control kControls[];
 extern const unsigned kControlCount;
 
 const Field* FindField(std::string_view name);
-// First control of that name; null when there is none.
+// First control of that name or id; null when there is none.
 const Control* FindControl(std::string_view name);
+const Control* FindControl(DWORD id);
 LONG ReadRecordField(const BYTE* record, const Field& field);
 // Value of a control's part of its setting.
 DWORD ReadControlValue(const BYTE* record, const Control& control);

@@ -1,5 +1,8 @@
-// The pages of the sheet that commands open, by the names that people and the module give them.
+// The pages of the sheet and the dialogs over them, by the names that people and the module give
+// them. The rows are made by the build from the module's table.
 #pragma once
+
+#include <windef.h>
 
 #include <string>
 #include <string_view>
@@ -7,7 +10,39 @@
 
 namespace kvhost {
 
+struct Page {
+    const char* name;      // in short
+    const char* fullName;  // its English caption
+    const char* templateName;
+    const char* dialogName;  // in the catalogue
+};
+
 constexpr int kSheetPages = 8;
+extern const Page kPages[kSheetPages];
+
+enum class Opening {
+    kClick,   // of a button, or of a check box that is off
+    kChoose,  // of an entry that a rule refuses
+    kExport,  // by the module's export, on the page's state
+    kNone,    // nothing opens it yet
+};
+
+struct Dialog {
+    const char* name;
+    int page;  // index of the page that it belongs to
+    const char* templateName;
+    const char* dialogName;  // in the catalogue; empty when no items are its
+    DWORD titleId;           // string of the module; 0: the template's own
+    Opening opening;
+    const char* procedure;  // the export
+    DWORD control;
+    DWORD value;          // to choose in it
+    DWORD controlBefore;  // to be worked first, and its value; 0 for none
+    DWORD valueBefore;
+};
+
+extern const Dialog kDialogs[];
+extern const unsigned kDialogCount;
 
 // Index of the page with this dialog name in the catalogue; -1 when the dialog is no page.
 int PageIndexOfDialog(std::string_view dialogName);

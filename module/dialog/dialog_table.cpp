@@ -26,16 +26,16 @@ constexpr Opener kUnopened{Opening::kNone, nullptr, 0, 0, 0, 0};
 }  // namespace
 
 // clang-format off
-// name, template, dialog, caption, procedure
+// name, full name, template, dialog, caption, procedure
 constexpr PageRow kPages[kPageCount] = {
-    {"Basic",           "TAB0R",      "DLGTAB0",       IDS_PAGE_BASIC,           "DDMTAB0"},
-    {"Layout",          "TAB1R",      "DLGTAB1",       IDS_PAGE_LAYOUT,          "DDMTAB1"},
-    {"Overlay",         "TABOVERLAY", "DLGTABOVER",    IDS_PAGE_OVERLAY,         "DDMTABOVER"},
-    {"Watermark",       "TABWM",      "DLGTABWM",      IDS_PAGE_WATERMARK,       "DDMTABWM"},
-    {"Quality",         "TAB2R",      "DLGTAB2",       IDS_PAGE_QUALITY,         "DDMTAB2"},
-    {"Device",          "TAB3",       "DLGTAB3",       IDS_PAGE_DEVICE_OPTIONS,  "DDMTAB3"},
-    {"Troubleshooting", "TABVERSION", "DLGTABVERSION", IDS_PAGE_TROUBLESHOOTING, "DDMAbout"},
-    {"Job",             "TAB4",       "DLGTAB4",       IDS_PAGE_JOB_MANAGEMENT,  "DDMTAB4"},
+    {"Basic",           "Basic",                  "TAB0R",      "DLGTAB0",       IDS_PAGE_BASIC,           "DDMTAB0"},
+    {"Layout",          "Layout",                 "TAB1R",      "DLGTAB1",       IDS_PAGE_LAYOUT,          "DDMTAB1"},
+    {"Overlay",         "Overlay",                "TABOVERLAY", "DLGTABOVER",    IDS_PAGE_OVERLAY,         "DDMTABOVER"},
+    {"Watermark",       "Watermark",              "TABWM",      "DLGTABWM",      IDS_PAGE_WATERMARK,       "DDMTABWM"},
+    {"Quality",         "Quality",                "TAB2R",      "DLGTAB2",       IDS_PAGE_QUALITY,         "DDMTAB2"},
+    {"Device",          "Device Options Setting", "TAB3",       "DLGTAB3",       IDS_PAGE_DEVICE_OPTIONS,  "DDMTAB3"},
+    {"Troubleshooting", "Troubleshooting",        "TABVERSION", "DLGTABVERSION", IDS_PAGE_TROUBLESHOOTING, "DDMAbout"},
+    {"Job",             "Job Management",         "TAB4",       "DLGTAB4",       IDS_PAGE_JOB_MANAGEMENT,  "DDMTAB4"},
 };
 constexpr int kTroubleshootingPage = 6;
 
@@ -59,11 +59,11 @@ constexpr DialogRow kDialogs[kDialogCount] = {
     {"watermark-editor",      "TABWM",      "_LBPQUARNWATERCOLOR", "",               IDS_TITLE_WATERMARK,        Clicked(IDC_BTN_WATERMARK_ADD)},
     {"record-editor",         "TABWM",      "_DLGEDIT0",           "",               IDS_TITLE_EDIT_WATERMARK,   Exported("DDMEDIT0")},
     {"quality-list",          "TAB2R",      "_DLGTAB20",           "DLGTAB20",       0,                          Exported("DDMTAB20")},
-    {"mailboxes",             "TAB3",       "_MAILBOXR",           "",               IDS_TITLE_MAILBOX,          Clicked(IDC_BTN_MAILBOX)},
+    {"mailboxes",             "TAB3",       "_MAILBOXR",           "",               IDS_TITLE_MAILBOX,          Exported("DDMMailBox")},
     {"option-conflict",       "TAB3",       "_OPTIONCONFLICT",     "",               IDS_TITLE_OPTION_CONFLICTS, kUnopened},
     {"advanced-settings",     "TAB3",       "_ADVANCEDSETTINGS",   "",               0,                          kUnopened},
     {"hue-correction",        "TAB3",       "_HUECORRECTION",      "",               0,                          kUnopened},
-    {"about",                 "TAB3",       "_ABOUTKVI",           "",               IDS_TITLE_ABOUT,            Clicked(IDC_BTN_ABOUT)},
+    {"about",                 "TAB3",       "_ABOUTKVI",           "",               IDS_TITLE_ABOUT,            Exported("DDMAbout")},
     {"printer-properties",    "TAB3",       "_ABOUTKVI",           "",               IDS_TITLE_ABOUT,            Exported("DDMPrinterProp")},
 };
 // clang-format on

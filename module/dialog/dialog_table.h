@@ -10,7 +10,9 @@
 namespace kvui {
 
 struct PageRow {
-    const char* name;  // as people call it on a command line
+    // As people call it on a command line: in short, and by its English caption.
+    const char* name;
+    const char* fullName;
     const char* templateName;
     const char* dialogName;  // of its items in the catalogue
     UINT captionId;
@@ -32,7 +34,8 @@ enum class Opening {
     kNone,    // nothing opens it yet
 };
 
-// What opens a dialog. Another control may have to be worked first, and another value chosen.
+// What opens a dialog; its export where the control depends on options. Another control may have to
+// be worked first, and another value chosen.
 struct Opener {
     Opening way;
     const char* procedure;  // the export, where that opens it

@@ -327,8 +327,8 @@ TEST_F(Accessible, PicturesTellInATipWhatTheyShow) {
         {"basic 2025", "Orientation: Portrait"},
         {"basic 14002", "A4, portrait, in color"},
         {"quality 3002", "Resolution: 600 dpi"},
-        {"page-order 1465", "Sideways from Left"},
-        {"page-order 1468", "Downward from Right"},
+        {"pages-per-sheet-style 1465", "Sideways from Left"},
+        {"pages-per-sheet-style 1468", "Downward from Right"},
         {"output-details 1302", "Staple: Off"},
         {"output-details 1305", "Punch: Off"},
     };

@@ -1,63 +1,30 @@
 // Every dialog of the module, how it opens, and the walk over them; see sheet_tour.h.
 #include "sheet_tour.h"
 
+#include <host/index/sheet_pages.h>
+
 #include <QTimer>
+#include <vector>
 
 namespace journey {
 namespace {
 
-enum class Way {
-    kClick,     // a button, or a check box that is off
-    kChoose,    // an entry of a combo box that conflicts with the one chosen before
-    kExport,    // no control opens it: the module's export, on the page's state
-    kTemplate,  // behaviour is still to come: the template with its texts
-    kMessage,   // a message box
+using kvhost::Dialog;
+using kvhost::Opening;
+
+// A dialog as it looks after another choice, and the message box.
+constexpr char kMessageBox[] = "message";
+const Dialog kFurther[] = {
+    {"two-pages", kLayout, "", "", 0, Opening::kClick, "", 1430, 0, 1410, 2},
+    {"booklet", kLayout, "", "", 0, Opening::kClick, "", 1430, 0, 1410, 20},
+    {kMessageBox, kDevice, "", "", 0, Opening::kNone, "", 0, 0, 0, 0},
 };
 
-struct Row {
-    const char* name;
-    int page;
-    Way way;
-    int control;  // that opens it; with kTemplate the title's string
-    DWORD value;  // to choose in it
-    int controlBefore;
-    DWORD valueBefore;
-    const char* dialogTemplate;
-    const char* procedure;
-};
-
-// name, page, way, control, value, control and value before, template, export
-// clang-format off
-constexpr Row kDialogs[] = {
-    {"first-page",        kBasic,     Way::kClick,    1170,  0, 0,    0,  nullptr,               nullptr},
-    {"paper-source",      kBasic,     Way::kExport,   0,     0, 0,    0,  "_DLGTAB00",           "DDMTAB00"},
-    {"custom-papers",     kBasic,     Way::kClick,    2003,  0, 0,    0,  nullptr,               nullptr},
-    {"paper-editor",      kBasic,     Way::kTemplate, 9610,  0, 0,    0,  "_LBPEDITPAPER",       nullptr},
-    {"save-settings",     kBasic,     Way::kTemplate, 15017, 0, 0,    0,  "DLGSAVEEASYSET",      nullptr},
-    {"edit-settings",     kBasic,     Way::kTemplate, 15016, 0, 0,    0,  "DLGEDITEASYSET",      nullptr},
-    {"keep-settings",     kBasic,     Way::kExport,   0,     0, 0,    0,  "_DLGKEEPSETTINGADD",  "DDMKeepSettingAdd"},
-    {"saved-data",        kBasic,     Way::kExport,   0,     0, 0,    0,  "_DLGSAVEDATA",        "DDMSaveData"},
-    // A transparency cannot come from the first tray.
-    {"conflict",          kBasic,     Way::kChoose,   1141,  2, 1111, 1,  nullptr,               nullptr},
-    {"pages-per-sheet",   kLayout,    Way::kClick,    1430,  0, 1410, 4,  nullptr,               nullptr},
-    {"two-pages",         kLayout,    Way::kClick,    1430,  0, 1410, 2,  nullptr,               nullptr},
-    {"booklet",           kLayout,    Way::kClick,    1430,  0, 1410, 20, nullptr,               nullptr},
-    {"page-order",        kLayout,    Way::kExport,   0,     0, 0,    0,  "_DLGTAB02",           "DDMTAB02"},
-    {"output-details",    kLayout,    Way::kExport,   0,     0, 0,    0,  "_DLGTAB01",           "DDMTAB01"},
-    {"image-shift",       kLayout,    Way::kClick,    1912,  0, 1901, 1,  nullptr,               nullptr},
-    {"overlay-editor",    kOverlay,   Way::kClick,    1893,  0, 0,    0,  nullptr,               nullptr},
-    {"watermark-editor",  kWatermark, Way::kClick,    8006,  0, 0,    0,  nullptr,               nullptr},
-    {"record-editor",     kWatermark, Way::kExport,   0,     0, 0,    0,  "_DLGEDIT0",           "DDMEDIT0"},
-    {"quality-list",      kQuality,   Way::kExport,   0,     0, 0,    0,  "_DLGTAB20",           "DDMTAB20"},
-    {"mailboxes",         kDevice,    Way::kExport,   0,     0, 0,    0,  "_MAILBOXR",           "DDMMailBox"},
-    {"option-conflict",   kDevice,    Way::kTemplate, 9450,  0, 0,    0,  "_OPTIONCONFLICT",     nullptr},
-    {"advanced-settings", kDevice,    Way::kTemplate, 0,     0, 0,    0,  "_ADVANCEDSETTINGS",   nullptr},
-    {"hue-correction",    kDevice,    Way::kTemplate, 0,     0, 0,    0,  "_HUECORRECTION",      nullptr},
-    {"printer-about",     kDevice,    Way::kExport,   0,     0, 0,    0,  "_ABOUTKVI",           "DDMPrinterProp"},
-    {"about",             kDevice,    Way::kExport,   0,     0, 0,    0,  "_ABOUTKVI",           "DDMAbout"},
-    {"message",           kDevice,    Way::kMessage,  0,     0, 0,    0,  nullptr,               nullptr},
-};
-// clang-format on
+std::vector<Dialog> AllDialogs() {
+    std::vector<Dialog> dialogs(kvhost::kDialogs, kvhost::kDialogs + kvhost::kDialogCount);
+    dialogs.insert(dialogs.end(), std::begin(kFurther), std::end(kFurther));
+    return dialogs;
+}
 
 constexpr int kPatience = 20;
 
@@ -170,12 +137,12 @@ void SheetTour::TourPages(const Visit& visit) {
 void SheetTour::Tour(const Visit& visit) {
     TourPages(visit);
     std::set<std::string> seen;
-    for (size_t i = 0; i < std::size(kDialogs); ++i) {
-        VisitDialog(i, [&](QWidget& window, const std::string& name) {
+    for (const Dialog& dialog : AllDialogs()) {
+        VisitDialog(dialog, [&](QWidget& window, const std::string& name) {
             seen.insert(name);
             visit(window, name);
         });
-        EXPECT_EQ(seen.count(kDialogs[i].name), 1u) << kDialogs[i].name << " did not open";
+        EXPECT_EQ(seen.count(dialog.name), 1u) << dialog.name << " did not open";
     }
 }
 
@@ -187,42 +154,44 @@ void SheetTour::Prepare(int page, int id, DWORD value) {
     }
 }
 
-void SheetTour::OpenDialog(size_t index) {
-    const Row& row = kDialogs[index];
+void SheetTour::OpenDialog(const Dialog& row) {
     const HWND page = PageWindow(row.page);
-    Texts texts{module_->handle(), static_cast<UINT>(row.control)};
-    switch (row.way) {
-        case Way::kClick: {
-            const HWND opener = FindBelow(page, row.control);
-            if (IsCheckBox(opener)) Prepare(row.page, row.control, BST_UNCHECKED);
+    const int control = static_cast<int>(row.control);
+    if (row.name == std::string(kMessageBox)) {
+        MessageBoxA(page, "Do you want to restore Default setting ?", "Warning",
+                    MB_OKCANCEL | MB_ICONEXCLAMATION);
+        return;
+    }
+    Texts texts{module_->handle(), row.titleId};
+    switch (row.opening) {
+        case Opening::kClick: {
+            const HWND opener = FindBelow(page, control);
+            if (IsCheckBox(opener)) Prepare(row.page, control, BST_UNCHECKED);
             kv::input::Click(opener);
             return;
         }
-        case Way::kChoose:
-            return ChooseValue(row.control, row.value, row.page);
-        case Way::kExport:
-            module_->RunDialog(page, row.dialogTemplate, row.procedure);
+        case Opening::kChoose:
+            return ChooseValue(control, row.value, row.page);
+        case Opening::kExport:
+            module_->RunDialog(page, row.templateName, row.procedure);
             return;
-        case Way::kTemplate:
-            DialogBoxParamA(module_->handle(), row.dialogTemplate, page, TextsOnly,
+        case Opening::kNone:
+            DialogBoxParamA(module_->handle(), row.templateName, page, TextsOnly,
                             reinterpret_cast<LPARAM>(&texts));
-            return;
-        case Way::kMessage:
-            MessageBoxA(page, "Do you want to restore Default setting ?", "Warning",
-                        MB_OKCANCEL | MB_ICONEXCLAMATION);
             return;
     }
 }
 
 void SheetTour::VisitDialog(const std::string& name, const Visit& visit) {
-    for (size_t i = 0; i < std::size(kDialogs); ++i) {
-        if (name == kDialogs[i].name) VisitDialog(i, visit);
+    for (const Dialog& dialog : AllDialogs()) {
+        if (name == dialog.name) VisitDialog(dialog, visit);
     }
 }
 
-void SheetTour::VisitDialog(size_t index, const Visit& visit) {
-    const Row& row = kDialogs[index];
-    if (row.controlBefore) Prepare(row.page, row.controlBefore, row.valueBefore);
+void SheetTour::VisitDialog(const Dialog& row, const Visit& visit) {
+    if (row.controlBefore) {
+        Prepare(row.page, static_cast<int>(row.controlBefore), row.valueBefore);
+    }
     // A dialog keeps the click from returning; a click that opens none returns first.
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, [&] {
@@ -239,7 +208,7 @@ void SheetTour::VisitDialog(size_t index, const Visit& visit) {
         }
     });
     timer.start(kPatience);
-    OpenDialog(index);
+    OpenDialog(row);
 }
 
 }  // namespace journey

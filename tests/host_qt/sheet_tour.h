@@ -2,6 +2,8 @@
 // whole window.
 #pragma once
 
+#include <host/index/sheet_pages.h>
+
 #include "qt_fixture.h"
 #include "tests/journeys/preferences.h"
 
@@ -36,8 +38,8 @@ class SheetTour : public Preferences {
 
  private:
     void Prepare(int page, int id, DWORD value);
-    void OpenDialog(size_t index);
-    void VisitDialog(size_t index, const Visit& visit);
+    void OpenDialog(const kvhost::Dialog& row);
+    void VisitDialog(const kvhost::Dialog& row, const Visit& visit);
 
     const QFont font_ = QApplication::font();
     const QPalette palette_ = QApplication::palette();

@@ -1,7 +1,10 @@
-// Build step: writes what the command line must know of the module's catalogue (control names, kinds,
-// values, setting fields) as a source file for the host. The module itself exports no table.
+// Build step: writes what the command line must know of the module (controls, kinds, values,
+// setting fields, pages, dialogs) as a source file for the host. The module itself exports no
+// table.
 #include <cstdio>
+#include <cstring>
 
+#include "dialog/dialog_table.h"
 #include "resources/string_ids.h"
 #include "settings/item_catalogue.h"
 #include "settings/setting_field.h"
@@ -90,13 +93,50 @@ void WriteControls() {
     std::printf("};\nextern const unsigned kControlCount = %zu;\n", kCatalogueSize);
 }
 
+void WritePages() {
+    std::puts("extern const Page kPages[kSheetPages] = {");
+    static_assert(kPageCount == 8, "kSheetPages of the host");
+    for (const PageRow& page : kPages) {
+        std::printf("    {\"%s\", \"%s\", \"%s\", \"%s\"},\n", page.name, page.fullName,
+                    page.templateName, page.dialogName);
+    }
+    std::puts("};\n");
+}
+
+int PageIndex(const char* templateName) {
+    int index = 0;
+    while (std::strcmp(kPages[index].templateName, templateName) != 0) ++index;
+    return index;
+}
+
+void WriteDialogs() {
+    constexpr const char* kWays[] = {"kClick", "kChoose", "kExport", "kNone"};
+    std::puts("extern const Dialog kDialogs[] = {");
+    for (const DialogRow& row : kDialogs) {
+        const Opener& opener = row.opener;
+        std::printf(
+            "    {\"%s\", %d, \"%s\", \"%s\", %u, Opening::%s, \"%s\", %lu, %lu, %lu, %lu},\n",
+            row.name, PageIndex(row.page), row.templateName, row.dialogName, row.titleId,
+            kWays[static_cast<int>(opener.way)],
+            opener.procedure != nullptr ? opener.procedure : "",
+            static_cast<unsigned long>(opener.control), static_cast<unsigned long>(opener.value),
+            static_cast<unsigned long>(opener.controlBefore),
+            static_cast<unsigned long>(opener.valueBefore));
+    }
+    std::printf("};\nextern const unsigned kDialogCount = %d;\n", kDialogCount);
+}
+
 }  // namespace
 
 int main() {
-    std::puts("// Made by the build from the module's catalogue.\n#include <host/index/control_index.h>\n\n"
-              "namespace kvhost {\n");
+    std::puts(
+        "// Made by the build from the module's tables.\n#include <host/index/control_index.h>\n"
+        "#include <host/index/sheet_pages.h>\n\n"
+        "namespace kvhost {\n");
     WriteFields();
     WriteChoices();
     WriteControls();
+    WritePages();
+    WriteDialogs();
     std::puts("\n}  // namespace kvhost");
 }
