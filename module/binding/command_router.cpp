@@ -234,7 +234,7 @@ constexpr Route kRoutes[] = {
     {IDC_COMBO_FIRST_PAGE_MEDIA, DispatchOnly},
     {IDC_COMBO_OUTPUT_SETTING, DispatchOnly},
     {IDC_LIST_OUTPUT_SETTING, DispatchOnly},
-    {1230, DispatchOnly},
+    {IDC_OUTPUT_SETTING_OTHER, DispatchOnly},
     {IDC_BTN_OUTPUT_SETTING, DispatchOnly},
     {IDC_COMBO_POSTER, DispatchOnly},
     {IDC_COMBO_NUP, DispatchOnly},

@@ -7,11 +7,11 @@
 #include "preview/gdi_scope.h"
 #include "preview/shared_view.h"
 #include "preview/view_hook.h"
+#include "resources/picture_ids.h"
 
 namespace kvui {
 namespace {
 
-constexpr WORD kSamplePicture = 13201;
 constexpr int kShadow = 3;  // of the print on the ground
 
 // Fixed point: 256 is one.
@@ -87,8 +87,7 @@ void Sharpen(int sharpness, DWORD* pixels, int width, int height) {
 class Photograph {
    public:
     Photograph(HINSTANCE module, HDC like) {
-        const OwnedObject<HBITMAP> picture(
-            LoadBitmapA(module, MAKEINTRESOURCEA(kSamplePicture)));
+        const OwnedObject<HBITMAP> picture(LoadBitmapA(module, MAKEINTRESOURCEA(IDB_SAMPLE_COLOR)));
         BITMAP description{};
         if (!picture || GetObjectA(picture.get(), sizeof description, &description) == 0) return;
         BITMAPINFO info{};

@@ -1,8 +1,6 @@
 // The tables of the Paper View's pictures.
 #include "preview/paper_pictures.h"
 
-#include "resources/picture_ids.h"
-
 namespace kvui {
 namespace {
 
@@ -13,37 +11,39 @@ constexpr LayoutKind kNarrow = LayoutKind::kNarrow;
 
 // mdmNup, layout, pages (portrait, landscape document), grids (the same), columns and rows of a
 // portrait document; a landscape document has them exchanged.
+// clang-format off
 constexpr LayoutRow kLayouts[] = {
-    {0,  kWide,   {13810, 13807}, {13604, 13603}, {1, 1}},
-    {2,  kNarrow, {13813, 13816}, {13605, 13606}, {2, 1}},
-    {4,  kWide,   {13822, 13819}, {13608, 13607}, {2, 2}},
-    {6,  kNarrow, {13825, 13828}, {13609, 13610}, {3, 2}},
-    {9,  kWide,   {13834, 13831}, {13612, 13611}, {3, 3}},
-    {16, kWide,   {13804, 13801}, {13602, 13601}, {4, 4}},
-    {20, kWide,   {13810, 13807}, {0,     0},     {1, 1}},
+    {0,  kWide,   {IDB_PAGE_PORTRAIT_1,  IDB_PAGE_LANDSCAPE_1},  {IDB_FRAME_PORTRAIT,   IDB_FRAME_LANDSCAPE},  {1, 1}},
+    {2,  kNarrow, {IDB_PAGE_PORTRAIT_2,  IDB_PAGE_LANDSCAPE_2},  {IDB_GRID_PORTRAIT_2,  IDB_GRID_LANDSCAPE_2}, {2, 1}},
+    {4,  kWide,   {IDB_PAGE_PORTRAIT_4,  IDB_PAGE_LANDSCAPE_4},  {IDB_GRID_PORTRAIT_4,  IDB_GRID_LANDSCAPE_4}, {2, 2}},
+    {6,  kNarrow, {IDB_PAGE_PORTRAIT_6,  IDB_PAGE_LANDSCAPE_6},  {IDB_GRID_PORTRAIT_6,  IDB_GRID_LANDSCAPE_6}, {3, 2}},
+    {9,  kWide,   {IDB_PAGE_PORTRAIT_9,  IDB_PAGE_LANDSCAPE_9},  {IDB_GRID_PORTRAIT_9,  IDB_GRID_LANDSCAPE_9}, {3, 3}},
+    {16, kWide,   {IDB_PAGE_PORTRAIT_16, IDB_PAGE_LANDSCAPE_16}, {IDB_GRID_PORTRAIT_16, IDB_GRID_LANDSCAPE_16}, {4, 4}},
+    {20, kWide,   {IDB_PAGE_PORTRAIT_1,  IDB_PAGE_LANDSCAPE_1},  {0,                    0},                    {1, 1}},
 };
 
 // Booklet, binding, shape, picture and mask, shift right and down, margin.
 constexpr SheetRow kSheets[] = {
-    {false, 0,                   L, {13845, 13846}, 4,  -23, 0,  0},
-    {false, 0,                   P, {13847, 13848}, 4,  -23, 0,  0},
-    {true,  kDuplexBookletLeft,  P, {13839, 13840}, 6,  -12, 8,  22},
-    {true,  kDuplexBookletRight, P, {13841, 13842}, 2,  -12, 8,  22},
-    {true,  kDuplexBookletLeft,  L, {13843, 13844}, -7, -21, 22, 8},
-    {true,  kDuplexBookletRight, L, {13837, 13838}, 15, -25, 22, 8},
+    {false, 0,                   L, Masked(IDB_SHEET_LANDSCAPE),         4,  -23, 0,  0},
+    {false, 0,                   P, Masked(IDB_SHEET_PORTRAIT),          4,  -23, 0,  0},
+    {true,  kDuplexBookletLeft,  P, Masked(IDB_BOOKLET_PORTRAIT_LEFT),   6,  -12, 8,  22},
+    {true,  kDuplexBookletRight, P, Masked(IDB_BOOKLET_PORTRAIT_RIGHT),  2,  -12, 8,  22},
+    {true,  kDuplexBookletLeft,  L, Masked(IDB_BOOKLET_LANDSCAPE_LEFT),  -7, -21, 22, 8},
+    {true,  kDuplexBookletRight, L, Masked(IDB_BOOKLET_LANDSCAPE_RIGHT), 15, -25, 22, 8},
 };
 
 // Document, layout, mdmDuplexMode, bar, bar down, arrow.
 constexpr BindingRow kBindings[] = {
-    {L, kWide,   kDuplexLongEdge,  13501, 1, {13705, 13706}},
-    {L, kWide,   kDuplexShortEdge, 13516, 0, {13709, 13710}},
-    {L, kNarrow, kDuplexLongEdge,  13506, 0, {13713, 13714}},
-    {L, kNarrow, kDuplexShortEdge, 13511, 1, {13717, 13718}},
-    {P, kWide,   kDuplexLongEdge,  13506, 0, {13717, 13718}},
-    {P, kWide,   kDuplexShortEdge, 13511, 1, {13713, 13714}},
-    {P, kNarrow, kDuplexLongEdge,  13501, 1, {13705, 13706}},
-    {P, kNarrow, kDuplexShortEdge, 13516, 0, {13709, 13710}},
+    {L, kWide,   kDuplexLongEdge,  IDB_BAR_LANDSCAPE_TOP,  1, Masked(IDB_TURN_LANDSCAPE_TOP)},
+    {L, kWide,   kDuplexShortEdge, IDB_BAR_LANDSCAPE_LEFT, 0, Masked(IDB_TURN_LANDSCAPE_LEFT)},
+    {L, kNarrow, kDuplexLongEdge,  IDB_BAR_PORTRAIT_LEFT,  0, Masked(IDB_TURN_PORTRAIT_TOP)},
+    {L, kNarrow, kDuplexShortEdge, IDB_BAR_PORTRAIT_TOP,   1, Masked(IDB_TURN_PORTRAIT_LEFT)},
+    {P, kWide,   kDuplexLongEdge,  IDB_BAR_PORTRAIT_LEFT,  0, Masked(IDB_TURN_PORTRAIT_LEFT)},
+    {P, kWide,   kDuplexShortEdge, IDB_BAR_PORTRAIT_TOP,   1, Masked(IDB_TURN_PORTRAIT_TOP)},
+    {P, kNarrow, kDuplexLongEdge,  IDB_BAR_LANDSCAPE_TOP,  1, Masked(IDB_TURN_LANDSCAPE_TOP)},
+    {P, kNarrow, kDuplexShortEdge, IDB_BAR_LANDSCAPE_LEFT, 0, Masked(IDB_TURN_LANDSCAPE_LEFT)},
 };
+// clang-format on
 
 }  // namespace
 
@@ -91,7 +91,7 @@ PictureId SheetPicture(const SheetRow& sheet, DWORD nup) {
     if (sheet.booklet || sheets == 0) return sheet.id;
     const int id = IDB_POSTER_SHEETS + kIdsPerPoster * (sheets - kFewestSheets) +
                    (sheet.shape == Shape::kPortrait ? 2 : 0);
-    return {static_cast<WORD>(id), static_cast<WORD>(id + 1)};
+    return Masked(static_cast<WORD>(id));
 }
 
 const BindingRow* BindingOf(DWORD duplexMode, LayoutKind kind, Shape document) {
@@ -103,14 +103,17 @@ const BindingRow* BindingOf(DWORD duplexMode, LayoutKind kind, Shape document) {
     return nullptr;
 }
 
-WORD FramePicture(Shape page) { return page == Shape::kLandscape ? 13603 : 13604; }
+WORD FramePicture(Shape page) {
+    return page == Shape::kLandscape ? IDB_FRAME_LANDSCAPE : IDB_FRAME_PORTRAIT;
+}
 
-WORD OverlayPicture(Shape page) { return page == Shape::kLandscape ? 13451 : 13452; }
+WORD OverlayPicture(Shape page) {
+    return page == Shape::kLandscape ? IDB_OVERLAY_LANDSCAPE : IDB_OVERLAY_PORTRAIT;
+}
 
 // The pictures of 1 to 16 follow each other in pairs; those that never stand in a corner are missing.
 PictureId NumberPicture(int number) {
-    const WORD picture = static_cast<WORD>(13401 + 2 * (number - 1));
-    return {picture, static_cast<WORD>(picture + 1)};
+    return Masked(static_cast<WORD>(IDB_NUMBER_1 + 2 * (number - 1)));
 }
 
 }  // namespace kvui

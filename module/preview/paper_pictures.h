@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include "preview/page_grid.h"
+#include "resources/picture_ids.h"
 #include "sheet/private_devmode.h"
 
 namespace kvui {
@@ -21,6 +22,9 @@ struct PictureId {
     WORD picture;
     WORD mask;
 };
+constexpr PictureId Masked(WORD picture) {
+    return {picture, static_cast<WORD>(picture + 1)};
+}
 
 // What depends on the number of pages per sheet, for portrait and landscape documents.
 struct LayoutRow {
@@ -73,6 +77,6 @@ WORD FramePicture(Shape page);
 WORD OverlayPicture(Shape page);
 PictureId NumberPicture(int number);
 
-constexpr PictureId kOutputSizeArrow = {13849, 13850};
+constexpr PictureId kOutputSizeArrow = Masked(IDB_OUTPUT_SIZE_ARROW);
 
 }  // namespace kvui

@@ -7,6 +7,7 @@
 #include "preview/paper_labels.h"
 #include "preview/paper_view.h"
 #include "preview/shared_view.h"
+#include "resources/picture_ids.h"
 #include "resources/string_ids.h"
 #include "sheet/fixed_text.h"
 
@@ -73,7 +74,7 @@ void AddPaperName(Sentence& sentence, const SheetContext& context, DWORD code, U
 // The bar along the binding edge, or the fold of a booklet, shows which side of the sheet it is. A
 // landscape booklet is a portrait one turned by a quarter.
 UINT BindingSide(const PaperSettings& settings) {
-    constexpr WORD kUprightBars[] = {13506, 13516};
+    constexpr WORD kUprightBars[] = {IDB_BAR_PORTRAIT_LEFT, IDB_BAR_LANDSCAPE_LEFT};
     const bool upright = settings.document == Shape::kPortrait;
     if (settings.duplexMode == kDuplexBookletLeft) {
         return upright ? IDS_WORDS_BOUND_LEFT : IDS_WORDS_BOUND_TOP;

@@ -486,6 +486,7 @@
 // Settings whose control no dialog of this model shows; code and other models' dialogs know them.
 #define IDC_COMBO_OUTPUT_SETTING 1210
 #define IDC_LIST_OUTPUT_SETTING 1220
+#define IDC_OUTPUT_SETTING_OTHER 1230
 #define IDC_COMBO_SORTING 2023
 #define IDC_COMBO_HALFTONE 3005
 #define IDC_COMBO_COMPRESS_METHOD 3208

@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include "resources/resource.h"
+
 namespace kvui {
 
 // To a Basic page, posted when it is active for the first time.
@@ -11,6 +13,6 @@ constexpr UINT kMessageFirstActivation = WM_USER + 2;
 constexpr UINT kMessageRefreshAll = WM_USER + 300;
 // To the common area: whose part it is to show.
 constexpr UINT kMessageCommonPart = WM_USER + 301;
-constexpr WPARAM kPartJobManagement = 9503;
+constexpr WPARAM kPartJobManagement = IDC_STRIP_3;
 
 }  // namespace kvui

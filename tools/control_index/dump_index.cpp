@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "dialog/dialog_table.h"
+#include "resources/resource.h"
 #include "resources/string_ids.h"
 #include "settings/item_catalogue.h"
 #include "settings/setting_field.h"
@@ -30,7 +31,7 @@ const char* KindOf(const ControlItem& item) {
 
 // The stored value that stands for the left end of a slider.
 long SliderBase(const ControlItem& item) {
-    return item.slider != nullptr && item.slider->valueEditId != 3216 ? -50 : 0;
+    return item.slider != nullptr && item.slider->valueEditId != IDC_EDIT_SHARPNESS ? -50 : 0;
 }
 
 DWORD SpinOf(const ControlItem& item) {
