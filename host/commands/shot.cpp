@@ -4,6 +4,7 @@
 #include <host/picture/picture_fonts.h>
 #include <host/picture/png_writer.h>
 #include <host/picture/window_picture.h>
+#include <module/resources/resource.h>
 #include <platform/display/headless.h>
 #include <platform/window/input.h>
 #include <platform/window/window.h>
@@ -104,8 +105,7 @@ bool BeginsWith(const std::string& text, const std::string& start) {
 // The preview's button names the view that is not shown. Presses it until the wanted view shows; false
 // when the page offers no such view, and then it shows what it showed before.
 bool ShowView(HWND sheet, HWND page, const std::string& view) {
-    constexpr int kSwitchButton = 14003;
-    const HWND button = FindOnSheet(sheet, page, kSwitchButton);
+    const HWND button = FindOnSheet(sheet, page, IDC_BTN_CHANGE_VIEW);
     if (button == nullptr) return false;
     const HWND focus = GetFocus();
     bool shown = false;

@@ -1,6 +1,7 @@
 // Reading, asking and pressing: the two questions are told apart by their Resolve buttons.
 #include <host/controls/conflict_answers.h>
 #include <host/controls/control_driver.h>
+#include <module/resources/resource.h>
 #include <platform/window/input.h>
 #include <unistd.h>
 
@@ -22,12 +23,11 @@ std::string Named(const std::string& name, std::string selection) {
 }
 
 std::string SettingsConflict(HWND dialog) {
-    constexpr int kTriggerName = 9410, kTriggerSelection = 9411, kTargetName = 9412,
-                  kTargetSelection = 9413, kNewName = 9414, kNewSelection = 9415;
-    return Named(TextOf(dialog, kTriggerName), TextOf(dialog, kTriggerSelection)) +
+    return Named(TextOf(dialog, IDC_ST_TRIGGER_NAME), TextOf(dialog, IDC_ST_TRIGGER_SELECTION)) +
            " | conflicts with | " +
-           Named(TextOf(dialog, kTargetName), TextOf(dialog, kTargetSelection)) +
-           " | new selection | " + Named(TextOf(dialog, kNewName), TextOf(dialog, kNewSelection));
+           Named(TextOf(dialog, IDC_ST_TARGET_NAME), TextOf(dialog, IDC_ST_TARGET_SELECTION)) +
+           " | new selection | " +
+           Named(TextOf(dialog, IDC_ST_NEW_NAME), TextOf(dialog, IDC_ST_NEW_SELECTION));
 }
 
 std::string Entries(HWND list) {
@@ -39,16 +39,16 @@ std::string Entries(HWND list) {
 }
 
 std::string OptionsConflict(HWND dialog) {
-    constexpr int kCurrentList = 9453, kNewList = 9457;
-    return "current configuration: " + Entries(GetDlgItem(dialog, kCurrentList)) +
-           " | new configuration: " + Entries(GetDlgItem(dialog, kNewList));
+    return "current configuration: " + Entries(GetDlgItem(dialog, IDC_LIST_OPTION_CURRENT)) +
+           " | new configuration: " + Entries(GetDlgItem(dialog, IDC_LIST_OPTION_NEW));
 }
 
 struct Question {
     int resolveButton;
     std::string (*describe)(HWND dialog);
 };
-constexpr Question kQuestions[] = {{9416, SettingsConflict}, {9458, OptionsConflict}};
+constexpr Question kQuestions[] = {{IDC_BTN_CONFLICT_RESOLVE, SettingsConflict},
+                                   {IDC_BTN_OPTION_RESOLVE, OptionsConflict}};
 
 // The first character of the terminal's next line, EOF at the end of the input.
 int ReadAnswer() {

@@ -3,6 +3,8 @@
 #include <host/index/sheet_pages.h>
 
 #include <kvlist.h>
+#include <module/resources/resource.h>
+#include <module/resources/string_ids.h>
 #include <windows.h>
 
 #include <algorithm>
@@ -18,23 +20,23 @@ struct CaptionRow {
     DWORD topic;
 };
 constexpr CaptionRow kCaptions[] = {
-    {"Combo1stPageSource",       1171,  1170},
-    {"Combo1stPageMedia",        1175,  1170},
-    {"EditOffsetX",              1904,  1900},
-    {"EditOffsetY",              1909,  1900},
-    {"ChkWatermark1stPage",      1620,  1600},
-    {"ChkWatermarkInBackground", 1621,  1600},
-    {"ChkWatermarkRepeat",       20062, 1600},
-    {"ComboOverlay1st",          1851,  1850},
-    {"ComboColorMatchPhoto",     3243,  3204},
-    {"ComboColorMatchGraphics",  3244,  3204},
-    {"ComboColorMatchText",      3245,  3204},
-    {"ChkGlossyBlackText",       3227,  3226},
-    {"ChkGlossyBlackGraphics",   3228,  3226},
-    {"ChkGlossyBlackBitmap",     3229,  3226},
-    {"ComboPunchNum",            1307,  1304},
-    {"InstallableOption",        4006,  0},
-    {"Password",                 5006,  0},
+    {"Combo1stPageSource", IDC_ST_FIRST_PAGE_SOURCE, IDC_CHK_FIRST_PAGE_SOURCE},
+    {"Combo1stPageMedia", IDC_ST_FIRST_PAGE_MEDIA, IDC_CHK_FIRST_PAGE_SOURCE},
+    {"EditOffsetX", IDC_ST_OFFSET_X, IDC_GRP_IMAGE_SHIFT},
+    {"EditOffsetY", IDC_ST_OFFSET_Y, IDC_GRP_IMAGE_SHIFT},
+    {"ChkWatermark1stPage", IDS_FIRST_PAGE_ONLY, IDS_WATERMARK},
+    {"ChkWatermarkInBackground", IDS_BACKGROUND, IDS_WATERMARK},
+    {"ChkWatermarkRepeat", IDC_CHK_WATERMARK_REPEAT, IDS_WATERMARK},
+    {"ComboOverlay1st", IDC_ST_OVERLAY_PAGES, IDC_ST_OVERLAY},
+    {"ComboColorMatchPhoto", IDC_ST_MATCH_PHOTO, IDC_GRP_COLOR_MATCHING},
+    {"ComboColorMatchGraphics", IDC_ST_MATCH_GRAPHICS, IDC_GRP_COLOR_MATCHING},
+    {"ComboColorMatchText", IDC_ST_MATCH_TEXT, IDC_GRP_COLOR_MATCHING},
+    {"ChkGlossyBlackText", IDC_CHK_GLOSSY_TEXT, IDC_GRP_GLOSSY_BLACK},
+    {"ChkGlossyBlackGraphics", IDC_CHK_GLOSSY_GRAPHICS, IDC_GRP_GLOSSY_BLACK},
+    {"ChkGlossyBlackBitmap", IDC_CHK_GLOSSY_PHOTO, IDC_GRP_GLOSSY_BLACK},
+    {"ComboPunchNum", IDC_ST_PUNCH_NUM, IDC_GRP_PUNCH},
+    {"InstallableOption", IDC_ST_INSTALLED, 0},
+    {"Password", IDC_ST_PASSWORD, 0},
 };
 
 // Values of lists that the driver's list service keeps.
@@ -46,13 +48,13 @@ struct ListRow {
     DWORD zero;
 };
 constexpr ListRow kLists[] = {
-    {"ComboPaperSize",        ListKind::kPapers,     0},
-    {"CBOutPaper",            ListKind::kPapers,     1193},
-    {"ComboPaperSource",      ListKind::kBins,       0},
-    {"Combo1stPageSource",    ListKind::kBins,       0},
-    {"ComboCoverSource",      ListKind::kBins,       0},
-    {"ComboInterleaveSource", ListKind::kBins,       0},
-    {"ComboWatermark",        ListKind::kWatermarks, 0},
+    {"ComboPaperSize", ListKind::kPapers, 0},
+    {"CBOutPaper", ListKind::kPapers, IDS_SAME_AS_ORIGINAL},
+    {"ComboPaperSource", ListKind::kBins, 0},
+    {"Combo1stPageSource", ListKind::kBins, 0},
+    {"ComboCoverSource", ListKind::kBins, 0},
+    {"ComboInterleaveSource", ListKind::kBins, 0},
+    {"ComboWatermark", ListKind::kWatermarks, 0},
 };
 
 constexpr const char* kSecrets[] = {"mdmJobPassword", "mdmAccessNumber"};

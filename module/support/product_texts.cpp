@@ -18,6 +18,8 @@ constexpr char kBrand[] = "Tessora";
 constexpr int kNamePoints = 10;
 constexpr int kPointsPerInch = 72;
 
+constexpr WORD kVersion = 1;  // the id of every version resource
+
 // In a version resource the numbers follow this signature: the structure's version, the file's
 // version and the product's, each of two words from high to low.
 constexpr DWORD kNumbersSignature = 0xFEEF04BD;
@@ -25,7 +27,7 @@ constexpr DWORD kProductHigh = 4;
 constexpr DWORD kProductLow = 5;
 
 bool ReadProductVersion(HMODULE module, DWORD& high, DWORD& low) {
-    const HRSRC found = FindResourceA(module, MAKEINTRESOURCEA(1), RT_VERSION);
+    const HRSRC found = FindResourceA(module, MAKEINTRESOURCEA(kVersion), RT_VERSION);
     const HGLOBAL loaded = found != nullptr ? LoadResource(module, found) : nullptr;
     const auto* bytes =
         static_cast<const BYTE*>(loaded != nullptr ? LockResource(loaded) : nullptr);
