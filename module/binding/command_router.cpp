@@ -15,6 +15,7 @@
 #include "lists/watermark_list.h"
 #include "resources/resource.h"
 #include "rules/gray_out.h"
+#include "settings/booklet.h"
 #include "settings/defaults.h"
 #include "settings/reactor.h"
 #include "sheet/snapshot.h"
@@ -75,9 +76,8 @@ bool FirstPageSource(const Command& command) {
     return false;
 }
 
-// While a booklet is chosen, the first entry reads "On" and cannot be chosen.
-bool DuplexBooklet(const Command& command) {
-    if (command.context.privateSettings->mdmNup == kNupBooklet &&
+bool DuplexOrBooklet(const Command& command) {
+    if (IsBooklet(*command.context.privateSettings) &&
         SendMessageA(Control(command, command.id), CB_GETCURSEL, 0, 0) == 0) {
         return false;
     }
@@ -240,7 +240,7 @@ constexpr Route kRoutes[] = {
     {IDC_COMBO_NUP, DispatchOnly},
     {IDC_COMBO_ORDER, IDC_COMBO_ORDER_ACROSS, DispatchOnly},
     {IDC_BTN_NUP_DETAILS, DispatchOnly},
-    {IDC_COMBO_DUPLEX, DuplexBooklet},
+    {IDC_COMBO_DUPLEX, DuplexOrBooklet},
     {IDC_CHK_GUIDE_PAPER, DispatchOnly},
     {IDC_RADIO_SCALING_AUTO, IDC_RADIO_SCALING_MANUAL, DispatchAndTurnWatermark},
     {IDC_CHK_OVERLAY_FIRST_PAGE, IDC_COMBO_OVERLAY_PAGES, DispatchOnly},

@@ -1,6 +1,8 @@
 // The tables of the Paper View's pictures.
 #include "preview/paper_pictures.h"
 
+#include "settings/booklet.h"
+
 namespace kvui {
 namespace {
 
@@ -67,7 +69,7 @@ Shape SheetShape(LayoutKind kind, Shape document) {
 
 const SheetRow* SheetOf(DWORD duplexMode, LayoutKind kind, Shape document) {
     if (duplexMode < kDuplexOff || duplexMode > kDuplexBookletRight) return nullptr;
-    const bool booklet = duplexMode >= kDuplexBookletLeft;
+    const bool booklet = IsBookletBinding(duplexMode);
     const Shape shape = booklet ? document : SheetShape(kind, document);
     for (const SheetRow& row : kSheets) {
         if (row.booklet == booklet && row.shape == shape &&

@@ -9,6 +9,7 @@
 #include "preview/shared_view.h"
 #include "resources/picture_ids.h"
 #include "resources/string_ids.h"
+#include "settings/booklet.h"
 #include "sheet/fixed_text.h"
 
 namespace kvui {
@@ -94,13 +95,12 @@ UINT BindingSide(const PaperSettings& settings) {
 }  // namespace
 
 void DescribePaper(const SheetContext& context, char* text, std::size_t size) {
-    constexpr DWORD kBooklet = 20;
     const PaperSettings settings = PaperSettingsOf(context);
     Sentence sentence(context, text, size);
     AddPaperName(sentence, context, static_cast<WORD>(context.settings->dmPaperSize), 0);
     const DWORD output = context.privateSettings->mdmOutputPaper;
     if (output != 0) AddPaperName(sentence, context, output, IDS_WORDS_PRINTED_ON);
-    if (settings.nup == kBooklet) {
+    if (IsBooklet(settings.nup)) {
         sentence.Add(IDS_WORDS_BOOKLET);
     } else if (const int sheets = PosterSheets(settings.nup)) {
         char poster[32];
@@ -113,7 +113,7 @@ void DescribePaper(const SheetContext& context, char* text, std::size_t size) {
     }
     sentence.Add(settings.document == Shape::kLandscape ? IDS_WORDS_LANDSCAPE : IDS_WORDS_PORTRAIT);
     if (const UINT side = BindingSide(settings)) {
-        if (settings.nup != kBooklet) sentence.Add(IDS_WORDS_TWO_SIDED);
+        if (!IsBooklet(settings.nup)) sentence.Add(IDS_WORDS_TWO_SIDED);
         sentence.Add(side);
     }
     if ((settings.nupStyle & kNupBorder) != 0) sentence.Add(IDS_WORDS_BORDERS);

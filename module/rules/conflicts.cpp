@@ -3,6 +3,7 @@
 #include "rules/conflicts.h"
 
 #include "rules/conflict_check.h"
+#include "settings/booklet.h"
 
 namespace kvui {
 namespace {
@@ -130,13 +131,7 @@ class RecordValues final : public ConflictValues {
         return target.additionalKey[0] != '\0' &&
                EvaluateAddCondition(context_, target.additionalKey);
     }
-    // A booklet binding is left over when pages per sheet was forced away from booklet.
-    void AfterForcing() override {
-        PrivateDevmode& settings = *context_.privateSettings;
-        if (settings.mdmNup != kNupBooklet && settings.mdmDuplexMode >= kDuplexBookletLeft) {
-            settings.mdmDuplexMode = kDuplexOff;
-        }
-    }
+    void AfterForcing() override { DropForcedBinding(*context_.privateSettings); }
 
  private:
     SheetContext& context_;

@@ -10,6 +10,7 @@
 
 #include "lists/overlay_store.h"
 #include "resources/resource.h"
+#include "settings/booklet.h"
 #include "settings/halftone.h"
 #include "settings/threshold_tables.h"
 #include "sheet/administrator.h"
@@ -29,14 +30,6 @@ constexpr DWORD kDensityMask = kDensityDarker | kDensityMiddle | kDensityLighter
 
 constexpr DWORD kOptionMailBin = 0x400;
 
-constexpr DWORD kNupModeReversed = 0x1;   // order from the right; booklet: right binding, portrait
-constexpr DWORD kNupModeLandscapeRight = 0x2;
-constexpr DWORD kNupModeDownward = 0x4;
-constexpr DWORD kNupModeScaled = 0x8000;
-
-constexpr SHORT kPublicDuplexShortEdge = 3;
-constexpr SHORT kLandscape = 2;
-
 bool IsOneOf(DWORD id, std::initializer_list<DWORD> ids) {
     return std::find(ids.begin(), ids.end(), id) != ids.end();
 }
@@ -44,14 +37,6 @@ bool IsOneOf(DWORD id, std::initializer_list<DWORD> ids) {
 bool IsPoster(const PrivateDevmode& settings) { return settings.mdmNup >= kNupPosterFirst; }
 DWORD PagesPerSheet(const PrivateDevmode& settings) {
     return IsPoster(settings) ? 0 : settings.mdmNup;
-}
-
-// A right-bound booklet is marked by bit 0x1 in portrait and bit 0x2 in landscape.
-void SetBookletBindingBit(SheetContext& context, bool right) {
-    const DWORD bit =
-        context.settings->dmOrientation == kLandscape ? kNupModeLandscapeRight : kNupModeReversed;
-    DWORD& mode = context.privateSettings->nUpMode;
-    mode = right ? (mode | bit) : (mode & ~bit);
 }
 
 void ReactToOptions(PrivateDevmode& settings, DWORD id) {
@@ -65,44 +50,31 @@ void ReactToOptions(PrivateDevmode& settings, DWORD id) {
     }
 }
 
+void DeriveDuplex(SheetContext& context) {
+    PrivateDevmode& settings = *context.privateSettings;
+    if (IsBookletBinding(settings.mdmDuplexMode)) {
+        DeriveBooklet(*context.settings, settings);
+    } else {
+        settings.nUp = PagesPerSheet(settings);
+        context.settings->dmDuplex = static_cast<SHORT>(LOWORD(settings.mdmDuplexMode));
+        settings.layoutFlags &= ~kLayoutBooklet;
+    }
+}
+
 void DerivePagesPerSheet(SheetContext& context) {
     PrivateDevmode& settings = *context.privateSettings;
-    if (settings.mdmNup == kNupBooklet) {
-        settings.nUp = 2;
-        context.settings->dmDuplex = kPublicDuplexShortEdge;
-        settings.layoutFlags |= kLayoutBooklet;
-        const bool right = settings.mdmDuplexMode == kDuplexBookletRight;
-        SetBookletBindingBit(context, right);
-        if (!right) {
-            DWORD& saved = context.snapshot->ModuleWord(offsetof(PrivateDevmode, mdmDuplexMode));
-            saved = std::min(saved, kDuplexBookletLeft);
+    if (IsBooklet(settings)) {
+        DeriveBooklet(*context.settings, settings);
+        if (settings.mdmDuplexMode != kDuplexBookletRight) {
+            LimitToLeft(KeptBinding(*context.snapshot));
         }
-        return;
-    }
-    if (IsBookletBinding(settings.mdmDuplexMode)) {
-        settings.nUp = PagesPerSheet(settings);
-        settings.mdmDuplexMode = kDuplexOff;
-        context.settings->dmDuplex = static_cast<SHORT>(kDuplexOff);
-        settings.layoutFlags &= ~kLayoutBooklet;
+    } else if (DropBinding(settings)) {
+        DeriveDuplex(context);
     } else if (!IsPoster(settings)) {
         settings.nUp = settings.mdmNup;
         settings.nUpMode &= ~(kNupModeReversed | kNupModeLandscapeRight | kNupModeDownward);
         if (settings.mdmNupStyle & kNupOrderReversed) settings.nUpMode |= kNupModeReversed;
         if (settings.mdmNupStyle & kNupOrderDownward) settings.nUpMode |= kNupModeDownward;
-    }
-}
-
-void DeriveDuplex(SheetContext& context) {
-    PrivateDevmode& settings = *context.privateSettings;
-    if (IsBookletBinding(settings.mdmDuplexMode)) {
-        settings.nUp = 2;
-        context.settings->dmDuplex = kPublicDuplexShortEdge;
-        settings.layoutFlags |= kLayoutBooklet;
-        SetBookletBindingBit(context, settings.mdmDuplexMode == kDuplexBookletRight);
-    } else {
-        settings.nUp = PagesPerSheet(settings);
-        context.settings->dmDuplex = static_cast<SHORT>(LOWORD(settings.mdmDuplexMode));
-        settings.layoutFlags &= ~kLayoutBooklet;
     }
 }
 

@@ -147,6 +147,12 @@ enum OtherSetting : DWORD {
     kOtherImageShifting = 0x400,
 };
 
+// Bits of nUpMode.
+constexpr DWORD kNupModeReversed = 0x1;  // order from the right; booklet: right binding, portrait
+constexpr DWORD kNupModeLandscapeRight = 0x2;
+constexpr DWORD kNupModeDownward = 0x4;
+constexpr DWORD kNupModeScaled = 0x8000;
+
 // Bits of layoutFlags.
 enum LayoutFlag : DWORD {
     kLayoutBooklet = 0x2,
@@ -167,20 +173,15 @@ constexpr DWORD kNoJobPassword = 0xFFFFFFFF;
 // Value of mdmColorMatching.
 constexpr DWORD kColorMatchingOn = 2;
 
-// Values of mdmNup that more than one page decides on; kNupPosterFirst and above are posters.
+// Values of mdmNup that more than one page decides on; kNupPosterFirst and above are posters. What
+// a booklet has there and in mdmDuplexMode is in settings/booklet.h.
 constexpr DWORD kNupOff = 0;
-constexpr DWORD kNupBooklet = 20;
 constexpr DWORD kNupPosterFirst = 100;
 
-// Values of mdmDuplexMode. A booklet keeps its binding edge in the same field.
+// Values of mdmDuplexMode.
 constexpr DWORD kDuplexOff = 1;
 constexpr DWORD kDuplexLongEdge = 2;
 constexpr DWORD kDuplexShortEdge = 3;
-constexpr DWORD kDuplexBookletLeft = 4;
-constexpr DWORD kDuplexBookletRight = 5;
-constexpr bool IsBookletBinding(DWORD duplexMode) {
-    return duplexMode == kDuplexBookletLeft || duplexMode == kDuplexBookletRight;
-}
 
 // The module settings of a page begin at this offset of the private part.
 constexpr DWORD kModuleSettingsOffset = 0x184;

@@ -1,7 +1,5 @@
 // Pages/Sheet Details ("_DLGCOMBINATION"): pages per sheet, their order or the booklet's binding,
 // and borders, with a preview. The Layout page opens it.
-#include <cstddef>
-
 #include "binding/control_fill.h"
 #include "binding/notification.h"
 #include "dialog/dialog_definition.h"
@@ -9,6 +7,7 @@
 #include "preview/shared_view.h"
 #include "resources/resource.h"
 #include "resources/string_ids.h"
+#include "settings/booklet.h"
 #include "settings/dialog_procedures.h"
 #include "settings/reactor.h"
 #include "sheet/snapshot.h"
@@ -72,8 +71,7 @@ void StoreShownOrder(Run& run) {
     const DWORD id = OrderComboOf(run.context);
     const LRESULT value = SelectedData(GetDlgItem(run.window, static_cast<int>(id)));
     if (value < 0) return;
-    (id == IDC_COMBO_BOOKLET ? settings.mdmDuplexMode : settings.mdmNupStyle) =
-        static_cast<DWORD>(value);
+    PageOrder(settings) = static_cast<DWORD>(value);
 }
 
 void ChangeOrders(Run& run) {
@@ -148,7 +146,7 @@ void UseDefaultOrder(Run& run) {
     }
     settings.mdmNupStyle &= ~(kNupOrderMask | kNupBorder);
     CheckDlgButton(run.window, IDC_CHK_NUP_BORDER, BST_UNCHECKED);
-    if (settings.mdmDuplexMode >= kDuplexBookletLeft) {
+    if (IsBeyondDuplexList(settings.mdmDuplexMode)) {
         const LRESULT first =
             SendMessageA(GetDlgItem(run.window, IDC_COMBO_BOOKLET), CB_GETITEMDATA, 0, 0);
         settings.mdmDuplexMode = first < 0 ? kDuplexBookletLeft : static_cast<DWORD>(first);
@@ -166,7 +164,7 @@ void PressDefaults(Run& run) {
 
 // The reactor may have limited the binding of the settings' copy meanwhile.
 void RestoreBinding(Run& run) {
-    run.context.snapshot->ModuleWord(offsetof(PrivateDevmode, mdmDuplexMode)) =
+    KeptBinding(*run.context.snapshot) =
         static_cast<DWORD>(reinterpret_cast<ULONG_PTR>(GetPropA(run.window, kBindingAtOpening)));
 }
 

@@ -1,12 +1,12 @@
 // Layout page: pages per sheet and booklet, binding, rotation and image shift. Its dialogs have
 // files of their own.
-#include <cstddef>
 #include <cstring>
 
 #include "binding/control_fill.h"
 #include "exports.h"
 #include "resources/resource.h"
 #include "resources/string_ids.h"
+#include "settings/booklet.h"
 #include "settings/defaults.h"
 #include "settings/dialog_procedures.h"
 #include "settings/reactor.h"
@@ -17,14 +17,6 @@ namespace kvui {
 namespace {
 
 constexpr size_t kEntryTextSize = 128;
-
-DWORD& SavedDuplexMode(SheetContext& context) {
-    return context.snapshot->ModuleWord(offsetof(PrivateDevmode, mdmDuplexMode));
-}
-
-bool IsBooklet(const SheetContext& context) {
-    return context.privateSettings->mdmNup == kNupBooklet;
-}
 
 // A border drawn round nothing must not come back with the next choice.
 void DropBorderOfNothing(Run& run) {
@@ -39,17 +31,12 @@ void OrderTwoPages(Run& run) {
     if (run.id == IDC_COMBO_NUP && run.code == CBN_SELENDOK) KeepOrderOfTwoPages(run.context);
 }
 
-// A booklet is bound left unless its binding was chosen already.
-void BindBooklet(Run& run) {
+// A refused choice refills the duplex list, which stores its first entry over the binding.
+void BindIfBooklet(Run& run) {
     SheetContext& context = run.context;
-    PrivateDevmode& settings = *context.privateSettings;
-    if (!IsBooklet(context) || IsBookletBinding(settings.mdmDuplexMode)) return;
-    // A refused choice refills the duplex list, which stores its first entry over the binding.
-    if (!run.changed && IsBookletBinding(SavedDuplexMode(context))) {
-        settings.mdmDuplexMode = SavedDuplexMode(context);
-        return;
-    }
-    settings.mdmDuplexMode = kDuplexBookletLeft;
+    const Binding binding =
+        BindBooklet(*context.privateSettings, run.changed, KeptBinding(*context.snapshot));
+    if (binding != Binding::kChosen) return;
     // Another entry of the duplex list may have been derived meanwhile.
     React(context, IDC_COMBO_DUPLEX, ReactScope::kOneControl);
     TakeSnapshot(context);
@@ -58,7 +45,8 @@ void BindBooklet(Run& run) {
 // Tells that the sheet is printed on both sides, whatever the list's first entry stands for.
 void NameFirstDuplexEntry(const SheetContext& context, HWND combo) {
     char wanted[kEntryTextSize] = "";
-    LoadStringA(context.strings, IsBooklet(context) ? IDS_DUPLEX_ON : IDS_DUPLEX_OFF, wanted,
+    LoadStringA(context.strings,
+                IsBooklet(*context.privateSettings) ? IDS_DUPLEX_ON : IDS_DUPLEX_OFF, wanted,
                 sizeof wanted);
     const LRESULT length = SendMessageA(combo, CB_GETLBTEXTLEN, 0, 0);
     if (length < 0 || length >= static_cast<LRESULT>(kEntryTextSize)) return;
@@ -78,31 +66,29 @@ void NameFirstDuplexEntry(const SheetContext& context, HWND combo) {
 }
 
 void NameBookletsDuplex(Run& run) {
-    if (!IsBooklet(run.context)) return;
+    if (!IsBooklet(*run.context.privateSettings)) return;
     NameFirstDuplexEntry(run.context, GetDlgItem(run.context.page, IDC_COMBO_DUPLEX));
 }
 
-// The duplex list does not offer the bindings of a booklet and stores its first entry when it is
-// filled: the copy of the settings has kept the binding.
+// After the duplex list was filled.
 void KeepBinding(Run& run) {
-    if (!IsBooklet(run.context)) return;
-    run.context.privateSettings->mdmDuplexMode = SavedDuplexMode(run.context);
+    if (!IsBooklet(*run.context.privateSettings)) return;
+    run.context.privateSettings->mdmDuplexMode = KeptBinding(*run.context.snapshot);
     NameBookletsDuplex(run);
 }
 
 // The settings came from elsewhere: what they say of the binding counts.
 void AdoptBinding(Run& run) {
-    if (!IsBooklet(run.context)) return;
+    if (!IsBooklet(*run.context.privateSettings)) return;
     run.changed = true;
-    BindBooklet(run);
+    BindIfBooklet(run);
     TakeSnapshot(run.context);
 }
 
 void DefaultLayoutDetails(Run& run) {
     SheetContext& context = run.context;
     ApplyDialogDefaults(context.settings, context.printer, "_LBPIMAGESHIFT");
-    DWORD& saved = SavedDuplexMode(context);
-    if (saved > kDuplexBookletLeft) saved = kDuplexBookletLeft;
+    LimitToLeft(KeptBinding(*context.snapshot));
     context.privateSettings->mdmNupStyle &= ~(kNupOrderMask | kNupBorder);
 }
 
@@ -110,7 +96,7 @@ void DefaultLayoutDetails(Run& run) {
 // a booklet is chosen.
 void NameDuplexOfDrawnBooklet(Run& run) {
     const auto& draw = *reinterpret_cast<const DRAWITEMSTRUCT*>(run.lParam);
-    if (draw.CtlID == IDC_COMBO_NUP && static_cast<DWORD>(draw.itemData) == kNupBooklet) {
+    if (draw.CtlID == IDC_COMBO_NUP && IsBooklet(static_cast<DWORD>(draw.itemData))) {
         NameFirstDuplexEntry(run.context, GetDlgItem(run.window, IDC_COMBO_DUPLEX));
     }
 }
@@ -128,7 +114,7 @@ const PageDefinition kLayoutPage = {
     .open = InOrder<kBeginOpening, KeepBinding, kEndOpening>,
     .show = InOrder<ShowOwnViews, HideListButtons>,
     .command = InOrder<DropBorderOfNothing, RouteOrDefaults, OrderTwoPages, IfChanged<Take>,
-                       BindBooklet, NameBookletsDuplex, IfChanged<Refresh, UpdatePanel>>,
+                       BindIfBooklet, NameBookletsDuplex, IfChanged<Refresh, UpdatePanel>>,
     .take = InOrder<React, TellSheet, IfDefaults<ApplyDefaults, DefaultLayoutDetails>>,
     .refresh = InOrder<RefreshControls, KeepBinding, DisableIfReadOnly>,
     .refill = InOrder<AdoptBinding, kRefill>,

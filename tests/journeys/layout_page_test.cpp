@@ -95,6 +95,35 @@ TEST_F(LayoutPage, RightBindingOutlivesPagesAppliesAndRefusals) {
     EXPECT_EQ(Private(kNupMode) & 3, 1u);
 }
 
+TEST_F(LayoutPage, SettingsFromElsewhereAreBoundAndTiledLikeChosenOnes) {
+    constexpr size_t kTiles = 0x160;
+    // as they come: pages per sheet, duplex, orientation; what follows: duplex, edge, bits of the
+    // booklet and the poster, of its right binding, tiles
+    const struct {
+        DWORD nup, duplex; SHORT orientation; DWORD bound; SHORT edge; DWORD flags, right, tiles;
+    } rows[] = {
+        {20, 2, 1, 4, 3, 0x2, 0, 0}, {20, 4, 1, 4, 3, 0x2, 0, 0}, {20, 5, 1, 5, 3, 0x2, 1, 0},
+        {20, 5, 2, 5, 3, 0x2, 2, 0}, {4, 5, 1, 1, 1, 0, 0, 0},
+        {103, 2, 1, 2, 2, 0x400, 0, 0x303},
+    };
+    for (const auto& row : rows) {
+        StartWith(20, 0, 5);
+        const HWND page = PageWindow(kLayout);
+        SetPrivate(kNup, row.nup);
+        SetPrivate(kDuplexMode, row.duplex);
+        SetPrivate(kNupMode, 0);
+        Public().dmOrientation = row.orientation;
+        SendMessageA(page, WM_USER + 300, 0, 0);
+        const std::string came = std::to_string(row.nup) + ", " + std::to_string(row.duplex);
+        EXPECT_EQ(Private(kDuplexMode), row.bound) << came;
+        EXPECT_EQ(Public().dmDuplex, row.edge) << came;
+        EXPECT_EQ(Private(kFlagWord) & 0x402, row.flags) << came;
+        EXPECT_EQ(Private(kNupMode) & 3, row.right) << came;
+        EXPECT_EQ(Private(kTiles) & 0xFFFF, row.tiles) << came;
+        CloseSheet();
+    }
+}
+
 TEST_F(LayoutPage, PaintingTheBookletEntryNamesTheFirstDuplexEntry) {
     OpenSheet();
     for (const SHORT edge : {3, 2}) {
