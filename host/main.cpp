@@ -38,8 +38,10 @@ ExitStatus Run(CLI::App& app, Arguments& args, int argc, char** argv) {
     }
     if (chosen("printer")) {
         CLI::App* printer = app.get_subcommand("printer");
-        if (printer->got_subcommand("add")) return RunPrinterAdd(args.name, args.port);
-        if (printer->got_subcommand("remove")) return RunPrinterRemove(args.name);
+        if (printer->got_subcommand("add")) return RunPrinterAdd(args.printer);
+        if (printer->got_subcommand("remove")) return RunPrinterRemove(args.printer);
+        if (printer->got_subcommand("share")) return RunPrinterShare(args.printer);
+        if (printer->got_subcommand("take")) return RunPrinterTake(args.printer);
         return RunPrinterList(args.options);
     }
     return RunOpen(args.options, args.names, argc, argv);

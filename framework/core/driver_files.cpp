@@ -3,6 +3,7 @@
 
 #include <fcntl.h>
 #include <framework/spool/driver_folder.h>
+#include <platform/security/access.h>
 #include <platform/shell/errors.h>
 #include <platform/shell/folder_lock.h>
 #include <platform/shell/paths.h>
@@ -26,8 +27,8 @@ namespace fs = std::filesystem;
 constexpr const char* kHelpSource = "help";
 constexpr const char* kHelpFileValue = "HelpFile";
 
-fs::path DriverPath(const char* file) {
-    return kv::NativePath(kvspool::DriverFile(file).c_str());
+fs::path DriverPath(kv::StatePlace place, const char* file) {
+    return kv::NativePath(kvspool::DriverFile(place, file).c_str());
 }
 
 bool ReadText(const fs::path& path, std::string& text) {
@@ -63,10 +64,16 @@ Standing Look(const fs::path& path, std::string& problem) {
 }
 
 bool Put(const fs::path& path, const std::string& text, std::string& error) {
-    kv::WholeFile file(path.string(), 0600);
+    const bool shared = kv::IsInMachineState(path.string());
+    const mode_t mode =
+        kv::NewFileMode(shared ? kv::StatePlace::kMachine : kv::StatePlace::kPerson);
+    kv::WholeFile file(path.string(), mode);
     file.Write(text);
+    // Whatever the writer's mask says of what others may read.
+    if (shared) file.TakeRightsOf(static_cast<uid_t>(-1), static_cast<gid_t>(-1), mode);
     if (file.TakePlace()) return true;
     error = path.string() + ": " + kv::ErrnoInWords(file.Problem());
+    if (shared && !kv::IsSystemAdministrator()) error += kv::WhoAdministers();
     return false;
 }
 
@@ -98,8 +105,9 @@ void Replace(const fs::path& path, const std::string& old, const std::string& fr
     }
 }
 
-void TakeOverFile(const fs::path& models, const char* name, DriverFiles& files) {
-    const fs::path path = DriverPath(name);
+void TakeOverFile(const fs::path& models, kv::StatePlace place, const char* name,
+                  DriverFiles& files) {
+    const fs::path path = DriverPath(place, name);
     std::string model, installed, problem;
     if (!ReadText(models / name, model)) {
         files.error = (models / name).string() + ": cannot be read";
@@ -126,24 +134,36 @@ void TakeOverFile(const fs::path& models, const char* name, DriverFiles& files) 
             files);
 }
 
+// Of two administrators each can bring the pages up to date; one whose file it is not cannot change
+// its rights, and need not.
+void ShareWithAll(const fs::path& folder) {
+    chmod(folder.c_str(), kv::NewFolderMode(kv::StatePlace::kMachine));
+    for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+        const auto place = kv::StatePlace::kMachine;
+        chmod(entry.path().c_str(),
+              entry.is_directory() ? kv::NewFolderMode(place) : kv::NewFileMode(place));
+    }
+}
+
 // Help pages lie in a folder named like the help file without its extension. A model may come
 // without.
-void CopyHelp(const fs::path& models, DriverFiles& files) {
+void CopyHelp(const fs::path& models, kv::StatePlace place, DriverFiles& files) {
     const auto description = LoadDescription((models / kvspool::kDescriptionFile).string());
     const std::string* file = description->FindPrinterValue(kHelpFileValue);
     if (file == nullptr || !fs::is_directory(models / kHelpSource)) return;
     std::error_code failed;
-    const fs::path folder = DriverPath(fs::path(*file).stem().c_str());
+    const fs::path folder = DriverPath(place, fs::path(*file).stem().c_str());
     fs::copy(models / kHelpSource, folder,
              fs::copy_options::recursive | fs::copy_options::overwrite_existing, failed);
+    if (!failed && place == kv::StatePlace::kMachine) ShareWithAll(folder);
     if (failed) files.error = folder.string() + ": " + kv::ErrnoInWords(failed.value());
 }
 
 }  // namespace
 
-DriverFiles TakeOverModel(const std::string& modelsDir) {
+DriverFiles TakeOverModel(const std::string& modelsDir, kv::StatePlace place) {
     DriverFiles files;
-    const fs::path folder = DriverPath("").parent_path();
+    const fs::path folder = DriverPath(place, "").parent_path();
     if (!kv::MakeFolders(folder.string())) {
         files.error = folder.string() + ": " + kv::ErrnoInWords(errno);
         return files;
@@ -154,16 +174,16 @@ DriverFiles TakeOverModel(const std::string& modelsDir) {
         return files;
     }
     for (const char* name : {kvspool::kDescriptionFile, kvspool::kRulesFile}) {
-        if (files.error.empty()) TakeOverFile(modelsDir, name, files);
+        if (files.error.empty()) TakeOverFile(modelsDir, place, name, files);
     }
-    if (files.error.empty()) CopyHelp(modelsDir, files);
+    if (files.error.empty()) CopyHelp(modelsDir, place, files);
     return files;
 }
 
 DriverFiles RestoreDriverFiles(const std::string& modelsDir) {
     DriverFiles files;
     for (const char* name : {kvspool::kDescriptionFile, kvspool::kRulesFile}) {
-        const fs::path path = DriverPath(name);
+        const fs::path path = DriverPath(kv::PlaceInForce(), name);
         std::string problem, model;
         const Standing standing = Look(path, problem);
         if (standing == Standing::kGood) continue;
@@ -183,7 +203,7 @@ DriverFiles RestoreDriverFiles(const std::string& modelsDir) {
 }
 
 std::string RulesFilePath() {
-    return DriverPath(kvspool::kRulesFile).string();
+    return DriverPath(kv::PlaceInForce(), kvspool::kRulesFile).string();
 }
 
 std::string RulesFileProblem() {

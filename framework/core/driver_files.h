@@ -1,6 +1,8 @@
-// The files in the driver's folder: made and brought up to date when a printer is added, looked
-// after when one is used.
+// The files in the driver's folder of a place: made and brought up to date when a printer is added,
+// looked after when one is used; then they are those of the place in force.
 #pragma once
+
+#include <platform/shell/state_directory.h>
 
 #include <string>
 #include <vector>
@@ -14,7 +16,7 @@ struct DriverFiles {
 
 // Takes the model's files over: the description and the help pages as they are, of the rules file
 // the vendor's sections. A file that is replaced, and was not the model's, is kept beside it.
-DriverFiles TakeOverModel(const std::string& modelsDir);
+DriverFiles TakeOverModel(const std::string& modelsDir, kv::StatePlace place);
 
 // Restores files that are missing or empty from the model's. An error for what cannot be restored,
 // and for what is there and cannot be read.

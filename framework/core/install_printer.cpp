@@ -2,6 +2,7 @@
 #include "install_printer.h"
 
 #include <framework/spool/driver_folder.h>
+#include <framework/spool/printer_places.h>
 #include <platform/registry/state_store.h>
 #include <platform/shell/errors.h>
 #include <platform/shell/paths.h>
@@ -44,30 +45,6 @@ bool CheckText(const char* what, const std::string& text, std::string& error) {
     return false;
 }
 
-bool CheckName(const std::string& name, std::string& error) {
-    if (!CheckText("printer name", name, error)) return false;
-    if (name.find_first_of(",\\") == std::string::npos) return true;
-    error = "printer name \"" + name + "\": commas and backslashes are not possible";
-    return false;
-}
-
-std::string StoreProblem(const std::string& what, DWORD code) {
-    if (code == kv::kErrorPrinterAlreadyExists) return what + " exists already";
-    const std::string message = kv::StateStore::Get().LastMessage();
-    return what + ": " + (message.empty() ? "error " + std::to_string(code) : message);
-}
-
-// The port monitor's entry, by which drivers find the address behind a port named after it.
-DWORD RegisterTcpPort(kv::StateStore& store, const std::string& port) {
-    if (port.rfind(kTcpPortPrefix, 0) != 0) return ERROR_SUCCESS;
-    const std::string address = port.substr(std::strlen(kTcpPortPrefix));
-    kv::KeyId key{};
-    bool created = false;
-    const DWORD error = store.CreateKey(kv::kMachineRoot, kTcpPortsKey + port, key, created);
-    if (error != ERROR_SUCCESS) return error;
-    return store.SetValue(key, "IPAddress", REG_SZ, address.c_str(), address.size() + 1);
-}
-
 kv::PrinterRecord NewRecord(const std::string& name, const std::string& port) {
     kv::PrinterRecord record;
     record.name = name;
@@ -90,10 +67,35 @@ bool CopyPath(char* target, std::size_t size, const std::string& path, std::stri
 
 }  // namespace
 
+bool CheckPrinterName(const std::string& name, std::string& error) {
+    if (!CheckText("printer name", name, error)) return false;
+    if (name.find_first_of(",\\") == std::string::npos) return true;
+    error = "printer name \"" + name + "\": commas and backslashes are not possible";
+    return false;
+}
+
+std::string StoreProblem(kv::StatePlace place, const std::string& name, DWORD code) {
+    const std::string what = "printer \"" + name + "\"";
+    if (code == ERROR_INVALID_PRINTER_NAME) return "there is no " + what;
+    if (code == kv::kErrorPrinterAlreadyExists) return what + " exists already";
+    const std::string message = kv::StateStore::Of(place).LastMessage();
+    return what + ": " + (message.empty() ? "error " + std::to_string(code) : message);
+}
+
+DWORD RegisterTcpPort(kv::StateStore& store, const std::string& port) {
+    if (port.rfind(kTcpPortPrefix, 0) != 0) return ERROR_SUCCESS;
+    const std::string address = port.substr(std::strlen(kTcpPortPrefix));
+    kv::KeyId key{};
+    bool created = false;
+    const DWORD error = store.CreateKey(kv::kMachineRoot, kTcpPortsKey + port, key, created);
+    if (error != ERROR_SUCCESS) return error;
+    return store.SetValue(key, "IPAddress", REG_SZ, address.c_str(), address.size() + 1);
+}
+
 bool InstallPrinter(const std::string& name, const std::string& port, const std::string& modelsDir,
-                    std::string& error, std::vector<std::string>* done) {
-    if (!CheckName(name, error) || !CheckText("port", port, error)) return false;
-    if (!kv::MakeStateDirectory()) {
+                    std::string& error, std::vector<std::string>* done, kv::StatePlace place) {
+    if (!CheckPrinterName(name, error) || !CheckText("port", port, error)) return false;
+    if (place == kv::StatePlace::kPerson && !kv::MakeStateDirectory()) {
         const std::string state = kv::StateDirectory();
         error = state.empty() ? kv::NoStateDirectoryMessage() : state + ": cannot be created";
         return false;
@@ -104,19 +106,19 @@ bool InstallPrinter(const std::string& name, const std::string& port, const std:
         error = description->problems.front();
         return false;
     }
-    kv::StateStore& store = kv::StateStore::Get();
+    kv::StateStore& store = kv::StateStore::Of(place);
     kv::PrinterRecord existing;
     const DWORD found = store.GetPrinter(name, existing);
     if (found == ERROR_SUCCESS) {
-        error = StoreProblem("printer \"" + existing.name + "\"", kv::kErrorPrinterAlreadyExists);
+        error = StoreProblem(place, existing.name, kv::kErrorPrinterAlreadyExists);
         return false;
     }
     // A store that cannot be read, of a newer version for one, belongs to files that are not ours.
     if (found != ERROR_INVALID_PRINTER_NAME) {
-        error = StoreProblem("printer \"" + name + "\"", found);
+        error = StoreProblem(place, name, found);
         return false;
     }
-    const DriverFiles files = TakeOverModel(modelsDir);
+    const DriverFiles files = TakeOverModel(modelsDir, place);
     if (done != nullptr) *done = files.done;
     if (!files.error.empty()) {
         error = files.error;
@@ -127,40 +129,48 @@ bool InstallPrinter(const std::string& name, const std::string& port, const std:
     if (code == ERROR_SUCCESS) code = store.AddPrinter(NewRecord(name, port));
     if (code == ERROR_SUCCESS) code = RegisterTcpPort(store, port);
     if (code == ERROR_SUCCESS) code = transaction.Commit();
-    if (code != ERROR_SUCCESS) error = StoreProblem("printer \"" + name + "\"", code);
+    if (code != ERROR_SUCCESS) error = StoreProblem(place, name, code);
     return code == ERROR_SUCCESS;
 }
 
 bool InstallFirstPrinter(const std::string& modelsDir, std::string& error) {
     if (InstallPrinter(kDriverName, "USB001", modelsDir, error)) return true;
     kv::PrinterRecord made;
-    return kv::StateStore::Get().GetPrinter(kDriverName, made) == ERROR_SUCCESS;
+    const auto place = kv::StatePlace::kPerson;
+    return kv::StateStore::Of(place).GetPrinter(kDriverName, made) == ERROR_SUCCESS;
 }
 
-bool RemovePrinter(const std::string& name, std::string& error) {
-    const DWORD code = kv::StateStore::Get().RemovePrinter(name);
-    if (code == ERROR_SUCCESS) return true;
-    error = code == ERROR_INVALID_PRINTER_NAME ? "there is no printer \"" + name + "\""
-                                               : StoreProblem("printer \"" + name + "\"", code);
-    return false;
+bool RemovePrinter(kv::StatePlace place, const std::string& name, std::string& error) {
+    const DWORD code = kv::StateStore::Of(place).RemovePrinter(name);
+    if (code != ERROR_SUCCESS) error = StoreProblem(place, name, code);
+    return code == ERROR_SUCCESS;
+}
+
+bool ChoosePrinter(const std::string& name, std::string& error) {
+    kv::SetPlaceInForce(kv::StatePlace::kPerson);
+    kvspool::PlacedPrinter found;
+    const DWORD code = kvspool::FindPrinter(name, found);
+    if (code != ERROR_SUCCESS) error = StoreProblem(found.place, name, code);
+    if (code == ERROR_SUCCESS) kv::SetPlaceInForce(found.place);
+    return code == ERROR_SUCCESS;
 }
 
 bool MakePrinterBlock(const std::string& name, PrinterBlock& block, std::string& error) {
-    kv::PrinterRecord record;
-    const DWORD code = kv::StateStore::Get().GetPrinter(name, record);
+    kvspool::PlacedPrinter found;
+    const DWORD code = kvspool::FindPrinter(name, found);
     if (code != ERROR_SUCCESS) {
-        error = code == ERROR_INVALID_PRINTER_NAME ? "there is no printer \"" + name + "\""
-                                                   : StoreProblem("printer \"" + name + "\"", code);
+        error = StoreProblem(found.place, name, code);
         return false;
     }
+    const kv::PrinterRecord& record = found.record;
     block = {};
     block.size = sizeof block;
     return CopyPath(block.printerName, sizeof block.printerName, record.name, error) &&
            CopyPath(block.modelName, sizeof block.modelName, record.driver, error) &&
            CopyPath(block.driverPath, sizeof block.driverPath,
-                    kvspool::DriverFile(kvspool::kModuleFile), error) &&
+                    kvspool::DriverFile(found.place, kvspool::kModuleFile), error) &&
            CopyPath(block.descriptionPath, sizeof block.descriptionPath,
-                    kvspool::DriverFile(kvspool::kDescriptionFile), error);
+                    kvspool::DriverFile(found.place, kvspool::kDescriptionFile), error);
 }
 
 }  // namespace kvcore

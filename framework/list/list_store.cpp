@@ -2,7 +2,7 @@
 // records.
 #include "list_store.h"
 
-#include <platform/registry/state_store.h>
+#include <framework/spool/printer_places.h>
 #include <winbase.h>
 #include <winreg.h>
 #include <winspool.h>
@@ -20,6 +20,7 @@ constexpr DWORD kDataIsInvalid = 13;     // the platform's codes for a damaged l
 constexpr DWORD kNotEnoughQuota = 1816;  // and for one that is too long
 constexpr const char* kDataPrefix = "KVList.";
 constexpr const char* kOwnKey = "Software\\Varnell\\Tessora\\Lists\\";
+constexpr const char* kOwnOfSharedKey = "Software\\Varnell\\Tessora\\SharedLists\\";
 
 struct Head {
     char mark[4];
@@ -116,17 +117,54 @@ DWORD WriteCommon(const ListFormat& format, const std::string& printer, const Re
     return error;
 }
 
-DWORD WriteOwn(const ListFormat& format, const std::string& printer, const Records& records) {
+// A printer of one's own may have the name of one of the machine's.
+std::string OwnKeyOf(kv::StatePlace place, const std::string& printer) {
+    return (place == kv::StatePlace::kMachine ? kOwnOfSharedKey : kOwnKey) + printer;
+}
+
+std::string OwnKey(const std::string& printer) {
+    kvspool::PlacedPrinter found;
+    const bool known = kvspool::FindPrinter(printer, found) == ERROR_SUCCESS;
+    return OwnKeyOf(known ? found.place : kv::StatePlace::kPerson, printer);
+}
+
+struct OwnedKey {
+    OwnedKey() = default;
+    ~OwnedKey() {
+        if (key != nullptr) RegCloseKey(key);
+    }
+    OwnedKey(const OwnedKey&) = delete;
+    OwnedKey& operator=(const OwnedKey&) = delete;
+
+    DWORD Open(const std::string& path) {
+        return static_cast<DWORD>(
+            RegOpenKeyExA(HKEY_CURRENT_USER, path.c_str(), 0, KEY_READ, &key));
+    }
+    DWORD Create(const std::string& path) {
+        return static_cast<DWORD>(RegCreateKeyExA(HKEY_CURRENT_USER, path.c_str(), 0, nullptr, 0,
+                                                  KEY_WRITE, nullptr, &key, nullptr));
+    }
     HKEY key = nullptr;
-    LSTATUS error = RegCreateKeyExA(HKEY_CURRENT_USER, (kOwnKey + printer).c_str(), 0, nullptr, 0,
-                                    KEY_WRITE, nullptr, &key, nullptr);
-    if (error != static_cast<LSTATUS>(ERROR_SUCCESS)) return static_cast<DWORD>(error);
-    const std::string bytes = Pack(format, records);
-    error = RegSetValueExA(key, std::string(format.name).c_str(), 0, REG_BINARY,
-                           reinterpret_cast<const BYTE*>(bytes.data()),
-                           static_cast<DWORD>(bytes.size()));
-    RegCloseKey(key);
-    return static_cast<DWORD>(error);
+};
+
+DWORD ReadOwnValue(HKEY key, const char* name, Stored& stored) {
+    return ReadStored(stored, [&](BYTE* data, DWORD& size) {
+        return static_cast<DWORD>(RegQueryValueExA(key, name, nullptr, &stored.type, data, &size));
+    });
+}
+
+DWORD WriteOwnValue(HKEY key, const char* name, const Stored& stored) {
+    return static_cast<DWORD>(RegSetValueExA(key, name, 0, stored.type,
+                                             reinterpret_cast<const BYTE*>(stored.bytes.data()),
+                                             static_cast<DWORD>(stored.bytes.size())));
+}
+
+DWORD WriteOwn(const ListFormat& format, const std::string& printer, const Records& records) {
+    OwnedKey own;
+    const DWORD error = own.Create(OwnKey(printer));
+    if (error != ERROR_SUCCESS) return error;
+    const Stored stored{REG_BINARY, Pack(format, records)};
+    return WriteOwnValue(own.key, std::string(format.name).c_str(), stored);
 }
 
 }  // namespace
@@ -149,19 +187,12 @@ StoredList ReadCommonList(const ListFormat& format, const std::string& printer, 
 
 StoredList ReadOwnList(const ListFormat& format, const std::string& printer, Records& records) {
     records.clear();
-    HKEY key = nullptr;
-    const LSTATUS opened =
-        RegOpenKeyExA(HKEY_CURRENT_USER, (kOwnKey + printer).c_str(), 0, KEY_READ, &key);
+    OwnedKey own;
     Stored stored;
-    if (opened != static_cast<LSTATUS>(ERROR_SUCCESS)) {
-        return ListOf(format, static_cast<DWORD>(opened), stored, records);
+    DWORD error = own.Open(OwnKey(printer));
+    if (error == ERROR_SUCCESS) {
+        error = ReadOwnValue(own.key, std::string(format.name).c_str(), stored);
     }
-    const std::string name(format.name);
-    const DWORD error = ReadStored(stored, [&](BYTE* data, DWORD& size) {
-        return static_cast<DWORD>(
-            RegQueryValueExA(key, name.c_str(), nullptr, &stored.type, data, &size));
-    });
-    RegCloseKey(key);
     return ListOf(format, error, stored, records);
 }
 
@@ -171,11 +202,42 @@ DWORD WriteLists(const ListFormat& format, const std::string& printer, const Rec
     for (const Records* records : {common, own}) {
         if (records && !HasRoom(format, *records)) return kNotEnoughQuota;
     }
-    kv::StoreTransaction transaction(kv::StateStore::Get());
+    // The printer's store is the user's too where the printer is an own one; a list of which
+    // nothing changed leaves the store of its part alone.
+    kvspool::PlacedPrinter found;
+    kvspool::FindPrinter(printer, found);
+    const kv::StatePlace outer = common ? found.place : kv::StatePlace::kPerson;
+    kv::StoreTransaction transaction(kv::StateStore::Of(outer));
     DWORD error = transaction.Error();
     if (error == ERROR_SUCCESS && common) error = WriteCommon(format, printer, *common);
     if (error == ERROR_SUCCESS && own) error = WriteOwn(format, printer, *own);
     return error == ERROR_SUCCESS ? transaction.Commit() : error;
+}
+
+// Byte for byte, so that a list that cannot be read is not lost either.
+DWORD CopyOwnLists(kv::StatePlace fromPlace, const std::string& from, kv::StatePlace toPlace,
+                   const std::string& to) {
+    OwnedKey source, target;
+    DWORD error = source.Open(OwnKeyOf(fromPlace, from));
+    if (error == ERROR_FILE_NOT_FOUND) return ERROR_SUCCESS;
+    if (error == ERROR_SUCCESS) error = target.Create(OwnKeyOf(toPlace, to));
+    for (DWORD index = 0; error == ERROR_SUCCESS; ++index) {
+        char name[256];
+        DWORD size = sizeof name;
+        Stored stored;
+        error = static_cast<DWORD>(
+            RegEnumValueA(source.key, index, name, &size, nullptr, &stored.type, nullptr, nullptr));
+        if (error == ERROR_NO_MORE_ITEMS) return ERROR_SUCCESS;
+        if (error == ERROR_SUCCESS) error = ReadOwnValue(source.key, name, stored);
+        if (error == ERROR_SUCCESS) error = WriteOwnValue(target.key, name, stored);
+    }
+    return error;
+}
+
+DWORD DropOwnLists(kv::StatePlace place, const std::string& printer) {
+    const LSTATUS status = RegDeleteKeyA(HKEY_CURRENT_USER, OwnKeyOf(place, printer).c_str());
+    const auto error = static_cast<DWORD>(status);
+    return error == ERROR_FILE_NOT_FOUND ? DWORD{ERROR_SUCCESS} : error;
 }
 
 }  // namespace kvlist

@@ -2,6 +2,8 @@
 // layer and by the installation of printers.
 #pragma once
 
+#include <platform/shell/state_directory.h>
+
 #include <string>
 
 namespace kvspool {
@@ -13,10 +15,10 @@ constexpr const char* kModuleFile = "KVUIMOD.DLL";
 constexpr const char* kRulesFile = "KVUIMOD.ini";
 constexpr const char* kDescriptionFile = "tessora7720mf.ini";
 
-// "<state>/driver"; empty when there is no state directory.
-std::string DriverDirectory();
+// "<state>/driver" of a place; empty when there is no state directory.
+std::string DriverDirectory(kv::StatePlace place);
 // A file of the driver in the version's folder, with the platform's separators:
 // "<state>/driver\3\KVUIMOD.ini". Empty when there is no state directory.
-std::string DriverFile(const char* name);
+std::string DriverFile(kv::StatePlace place, const char* name);
 
 }  // namespace kvspool

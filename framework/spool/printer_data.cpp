@@ -1,7 +1,6 @@
 // Printer data: named values of a printer. Names that begin with "#GET#" or "#SET#" are no values
 // but requests to the printer, which the language monitor carries.
 #include <framework/monitor/language_monitor.h>
-#include <platform/registry/state_store.h>
 #include <winreg.h>
 #include <winspool.h>
 
@@ -30,10 +29,10 @@ DWORD CopyReply(const std::string& reply, LPBYTE data, DWORD size, LPDWORD neede
     return error;
 }
 
-DWORD ReadFromPrinter(const std::string& printer, LPCSTR request, LPDWORD type, LPBYTE data,
-                      DWORD size, LPDWORD needed) {
+DWORD ReadFromPrinter(const kvspool::OpenPrinter& printer, LPCSTR request, LPDWORD type,
+                      LPBYTE data, DWORD size, LPDWORD needed) {
     kv::PrinterRecord record;
-    DWORD error = kv::StateStore::Get().GetPrinter(printer, record);
+    DWORD error = printer.Store().GetPrinter(printer.name, record);
     if (error != ERROR_SUCCESS) return error;
     std::string reply;
     error = kvmonitor::Ask(record.port, request, reply);
@@ -51,10 +50,10 @@ DWORD WINAPI GetPrinterDataA(HANDLE printer, LPSTR valueName, LPDWORD type, LPBY
     if (!valueName || !needed) return ERROR_INVALID_PARAMETER;
     *needed = 0;
     if (kvmonitor::IsRequest(valueName)) {
-        return ReadFromPrinter(open->name, valueName, type, data, size, needed);
+        return ReadFromPrinter(*open, valueName, type, data, size, needed);
     }
     kv::StoredValue value;
-    const DWORD error = kv::StateStore::Get().GetPrinterData(open->name, valueName, value);
+    const DWORD error = open->Store().GetPrinterData(open->name, valueName, value);
     if (error != ERROR_SUCCESS) return error;
     if (type) *type = value.type;
     return CopyOut(value.data, data, size, needed);
@@ -69,11 +68,11 @@ DWORD WINAPI SetPrinterDataA(HANDLE printer, LPSTR valueName, DWORD type, LPBYTE
     if (!open->MayAdminister()) return ERROR_ACCESS_DENIED;
     if (kvmonitor::IsRequest(valueName)) {
         kv::PrinterRecord record;
-        const DWORD error = kv::StateStore::Get().GetPrinter(open->name, record);
+        const DWORD error = open->Store().GetPrinter(open->name, record);
         if (error != ERROR_SUCCESS) return error;
         return kvmonitor::Tell(record.port, valueName);
     }
-    return kv::StateStore::Get().SetPrinterData(open->name, valueName, type, data, size);
+    return open->Store().SetPrinterData(open->name, valueName, type, data, size);
 }
 
 DWORD WINAPI DeletePrinterDataA(HANDLE printer, LPSTR valueName) {
@@ -81,5 +80,5 @@ DWORD WINAPI DeletePrinterDataA(HANDLE printer, LPSTR valueName) {
     if (!open) return ERROR_INVALID_HANDLE;
     if (!valueName) return ERROR_INVALID_PARAMETER;
     if (!open->MayAdminister()) return ERROR_ACCESS_DENIED;
-    return kv::StateStore::Get().DeletePrinterData(open->name, valueName);
+    return open->Store().DeletePrinterData(open->name, valueName);
 }

@@ -49,12 +49,13 @@ bool RemoveHandle(HANDLE handle) {
     return false;
 }
 
-void RenameHandles(const std::string& from, const std::string& to) {
+void RenameHandles(kv::StatePlace place, const std::string& from, const std::string& to) {
     Handles& handles = Table();
     std::lock_guard guard(handles.lock);
     for (const auto& entry : handles.open) {
         const auto printer = entry.lock();
-        if (printer && kv::EqualsIgnoringCase(printer->name, from)) printer->name = to;
+        const bool same = printer && printer->place == place;
+        if (same && kv::EqualsIgnoringCase(printer->name, from)) printer->name = to;
     }
 }
 

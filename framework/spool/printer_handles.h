@@ -2,6 +2,7 @@
 // with. Shared by the files of the spooler layer.
 #pragma once
 
+#include <platform/registry/state_store.h>
 #include <winspool.h>
 
 #include <memory>
@@ -11,8 +12,10 @@ namespace kvspool {
 
 struct OpenPrinter {
     std::string name;
+    kv::StatePlace place = kv::StatePlace::kPerson;
     DWORD access = 0;
 
+    kv::StateStore& Store() const { return kv::StateStore::Of(place); }
     bool MayAdminister() const { return (access & PRINTER_ACCESS_ADMINISTER) != 0; }
 };
 
@@ -21,6 +24,6 @@ HANDLE AddHandle(OpenPrinter printer);
 std::shared_ptr<const OpenPrinter> FindHandle(HANDLE handle);
 bool RemoveHandle(HANDLE handle);
 // A printer that was renamed through one handle stays reachable by the others.
-void RenameHandles(const std::string& from, const std::string& to);
+void RenameHandles(kv::StatePlace place, const std::string& from, const std::string& to);
 
 }  // namespace kvspool

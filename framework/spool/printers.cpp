@@ -10,6 +10,7 @@
 #include "driver_folder.h"
 #include "packed_record.h"
 #include "printer_handles.h"
+#include "printer_places.h"
 
 namespace kvspool {
 namespace {
@@ -84,15 +85,15 @@ BOOL WINAPI OpenPrinterA(LPSTR printerName, HANDLE* printer, PRINTER_DEFAULTSA* 
     if (!printer) return Fail(ERROR_INVALID_PARAMETER);
     *printer = nullptr;
     if (!printerName || !*printerName) return Fail(ERROR_INVALID_PRINTER_NAME);
-    kv::PrinterRecord record;
-    const DWORD error = kv::StateStore::Get().GetPrinter(printerName, record);
+    kvspool::PlacedPrinter found;
+    const DWORD error = kvspool::FindPrinter(printerName, found);
     if (error != ERROR_SUCCESS) return Fail(error);
     DWORD access = defaults ? defaults->DesiredAccess : 0;
     if (access == 0) access = PRINTER_ACCESS_USE;
-    if ((access & PRINTER_ACCESS_ADMINISTER) && !kv::ActsAsAdministrator()) {
+    if ((access & PRINTER_ACCESS_ADMINISTER) && !kv::ActsAsAdministrator(found.place)) {
         return Fail(ERROR_ACCESS_DENIED);
     }
-    *printer = kvspool::AddHandle({record.name, access});
+    *printer = kvspool::AddHandle({found.record.name, found.place, access});
     return *printer ? TRUE : Fail(ERROR_NOT_ENOUGH_MEMORY);
 }
 
@@ -105,7 +106,7 @@ BOOL WINAPI GetPrinterA(HANDLE printer, DWORD level, LPBYTE buffer, DWORD size, 
     if (!open) return FALSE;
     if (level != 1 && level != kvspool::kLevel) return Fail(kvspool::kErrorInvalidLevel);
     std::vector<kv::PrinterRecord> records(1);
-    const DWORD error = kv::StateStore::Get().GetPrinter(open->name, records[0]);
+    const DWORD error = open->Store().GetPrinter(open->name, records[0]);
     if (error != ERROR_SUCCESS) return Fail(error);
     if (level == 1) {
         return kvspool::AnswerInBuffer(buffer, size, needed, [&](BYTE* target) {
@@ -122,7 +123,7 @@ BOOL WINAPI SetPrinterA(HANDLE printer, DWORD level, LPBYTE info, DWORD command)
     if (level != kvspool::kLevel) return Fail(kvspool::kErrorInvalidLevel);
     if (command != kvspool::kSetInformation || !info) return Fail(ERROR_INVALID_PARAMETER);
     if (!open->MayAdminister()) return Fail(ERROR_ACCESS_DENIED);
-    kv::StateStore& store = kv::StateStore::Get();
+    kv::StateStore& store = open->Store();
     const std::string name = open->name;
     kv::PrinterRecord record;
     DWORD error = store.GetPrinter(name, record);
@@ -146,7 +147,7 @@ BOOL WINAPI SetPrinterA(HANDLE printer, DWORD level, LPBYTE info, DWORD command)
     record.untilTime = given.UntilTime;
     error = store.SetPrinter(name, record);
     if (error != ERROR_SUCCESS) return Fail(error);
-    if (record.name != name) kvspool::RenameHandles(name, record.name);
+    if (record.name != name) kvspool::RenameHandles(open->place, name, record.name);
     return TRUE;
 }
 
@@ -157,9 +158,14 @@ BOOL WINAPI EnumPrintersA(DWORD flags, LPSTR /*name*/, DWORD level, LPBYTE buffe
     *returned = 0;
     if (level != kvspool::kLevel) return Fail(kvspool::kErrorInvalidLevel);
     if (!(flags & PRINTER_ENUM_LOCAL)) return TRUE;  // there are no printers of other kinds
+    std::vector<kvspool::PlacedPrinter> placed;
+    std::string problem;
+    const DWORD error = kvspool::ListPrinters(placed, problem);
+    if (error != ERROR_SUCCESS && placed.empty()) return Fail(error);
     std::vector<kv::PrinterRecord> printers;
-    const DWORD error = kv::StateStore::Get().ListPrinters(printers);
-    if (error != ERROR_SUCCESS) return Fail(error);
+    for (kvspool::PlacedPrinter& printer : placed) {
+        if (!printer.isHidden) printers.push_back(std::move(printer.record));
+    }
     if (printers.empty()) return TRUE;
     if (!kvspool::AnswerInBuffer(buffer, size, needed, [&](BYTE* target) {
             return kvspool::FillInfos(target, printers);

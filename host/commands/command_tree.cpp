@@ -31,6 +31,8 @@ constexpr ExampleRow kExamples[] = {
     {"printer list", "kvprefs printer list --json"},
     {"printer add", "kvprefs printer add Lobby --port IP_192.0.2.7"},
     {"printer remove", "kvprefs printer remove Lobby"},
+    {"printer share", "kvprefs printer share Lobby"},
+    {"printer take", "kvprefs printer take Lobby --as \"My Lobby\""},
 };
 
 // An option may stand before or after the words of its command.
@@ -102,13 +104,26 @@ void AddRecord(CLI::App& app, Arguments& args) {
 }
 
 void AddPrinter(CLI::App& app, Arguments& args) {
-    auto* printer = app.add_subcommand("printer", "List, add or remove printers");
+    PrinterArguments& given = args.printer;
+    auto* printer = app.add_subcommand("printer", "List, add, remove, share or copy printers");
     printer->require_subcommand(1);
-    printer->add_subcommand("list", "Names and ports");
-    auto* add = printer->add_subcommand("add", "Add a printer");
-    add->add_option("name", args.name)->required();
-    add->add_option("--port", args.port, "Port name")->required();
-    printer->add_subcommand("remove", "Remove a printer")->add_option("name", args.name)->required();
+    printer->add_subcommand("list", "Names, ports, and whose they are");
+    const auto named = [&](const char* command, const char* help) {
+        auto* sub = printer->add_subcommand(command, help);
+        sub->add_option("name", given.name)->required();
+        return sub;
+    };
+    const char* const kHide = "Even if it hides a shared printer of that name from you";
+    auto* add = named("add", "Add a printer: an administrator a shared one, others their own");
+    add->add_option("--port", given.port, "Port name")->required();
+    add->add_flag("--private", given.isPrivate, "Of your own, also as an administrator");
+    add->add_flag("--hide-shared", given.hideShared, kHide);
+    named("remove", "Remove a printer")
+        ->add_flag("--shared", given.isShared, "The shared one, though your own hides it");
+    named("share", "Make your own printer one of the whole machine (administrators)");
+    auto* take = named("take", "Make a copy of your own of a shared printer");
+    take->add_option("--as", given.newName, "Name of the copy");
+    take->add_flag("--hide-shared", given.hideShared, kHide);
 }
 
 }  // namespace

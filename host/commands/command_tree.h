@@ -2,6 +2,7 @@
 // parsed; completion reads the same tree, so that it offers nothing the parser does not take.
 #pragma once
 
+#include <host/commands/commands.h>
 #include <host/controls/conflict_answers.h>
 #include <host/controls/session.h>
 
@@ -23,8 +24,7 @@ struct Arguments {
     std::string folder;
     std::string file;
     std::string other;
-    std::string name;
-    std::string port = "USB001";
+    PrinterArguments printer;
     std::string policy = "ask";  // one of kPolicyNames
     double scale = 1;
     bool rightToLeft = false;

@@ -27,8 +27,18 @@ ExitStatus RunRecordImport(const Options& options, const std::string& file, bool
 ExitStatus RunRecordCheck(const Options& options, const std::string& file, bool force);
 ExitStatus RunRecordDiff(const std::string& left, const std::string& right);
 ExitStatus RunPrinterList(const Options& options);
-ExitStatus RunPrinterAdd(const std::string& name, const std::string& port);
-ExitStatus RunPrinterRemove(const std::string& name);
+struct PrinterArguments {
+    std::string name;
+    std::string newName;  // of the copy that is taken, empty: the same
+    std::string port;
+    bool isPrivate = false;
+    bool isShared = false;
+    bool hideShared = false;
+};
+ExitStatus RunPrinterAdd(const PrinterArguments& args);
+ExitStatus RunPrinterRemove(const PrinterArguments& args);
+ExitStatus RunPrinterShare(const PrinterArguments& args);
+ExitStatus RunPrinterTake(const PrinterArguments& args);
 
 // "NAME=VALUE" lines of the fields that differ, in table order.
 std::vector<std::string> ChangedFields(const Record& before, const Record& after);

@@ -1,5 +1,6 @@
 // Candidates for the completion of shells, from the parser's own tree, the control index and, for a
 // control of a page, from what the page offers now.
+#include <framework/spool/printer_places.h>
 #include <host/commands/command_tree.h>
 #include <host/commands/commands.h>
 #include <host/commands/complete.h>
@@ -192,10 +193,11 @@ void Completion::OfferSource(Source source, const std::string& prefix, const std
             }
             break;
         case Source::kPrinters: {
-            std::vector<kv::PrinterRecord> printers;
-            kv::StateStore::Get().ListPrinters(printers);
-            for (const kv::PrinterRecord& printer : printers) {
-                Offer(prefix + printer.name, printer.port);
+            std::vector<kvspool::PlacedPrinter> printers;
+            std::string problem;
+            kvspool::ListPrinters(printers, problem);
+            for (const kvspool::PlacedPrinter& printer : printers) {
+                if (!printer.isHidden) Offer(prefix + printer.record.name, printer.record.port);
             }
             break;
         }

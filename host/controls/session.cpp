@@ -4,11 +4,12 @@
 #include <framework/core/description.h>
 #include <framework/core/driver_files.h>
 #include <framework/core/install_printer.h>
+#include <framework/spool/printer_places.h>
 #include <host/host_paths.h>
 #include <host/record/record_check.h>
 #include <host/record/rules_faults.h>
 #include <platform/display/headless.h>
-#include <platform/registry/state_store.h>
+#include <platform/shell/paths.h>
 #include <platform/shell/state_directory.h>
 #include <platform/window/input.h>
 #include <windows.h>
@@ -60,33 +61,44 @@ bool Session::LookAfterDriverFiles() {
     return true;
 }
 
+// A place that cannot be read takes nothing from the printers of the other one.
+bool Session::FindOrMakePrinter(const std::string& named, std::string& error) {
+    std::vector<kvspool::PlacedPrinter> printers;
+    std::string problem;
+    const bool listed = kvspool::ListPrinters(printers, problem) == ERROR_SUCCESS;
+    if (!listed && printers.empty()) error = problem;
+    if (!listed && printers.empty()) return false;
+    if (!listed) PrintWarning(problem);
+    std::string name = named;
+    if (printers.empty() && name.empty()) {
+        if (!kvcore::InstallFirstPrinter(DataPath("models"), error)) return false;
+        name = kvcore::kDriverName;
+    }
+    if (name.empty()) name = printers.front().record.name;
+    for (const kvspool::PlacedPrinter& printer : printers) {
+        if (!printer.isHidden || !kv::EqualsIgnoringCase(printer.record.name, name)) continue;
+        PrintNote("your own printer \"" + name +
+                  "\" is used; it hides the shared one of that name");
+    }
+    return kvcore::ChoosePrinter(name, error) && kvcore::MakePrinterBlock(name, printer_, error);
+}
+
 bool Session::Open(const Options& options) {
     if (kv::StateDirectory().empty()) {
         PrintError(kv::NoStateDirectoryMessage());
         return false;
     }
-    std::string name = options.printer;
-    std::vector<kv::PrinterRecord> printers;
-    const DWORD listed = kv::StateStore::Get().ListPrinters(printers);
-    if (listed != ERROR_SUCCESS && listed != ERROR_FILE_NOT_FOUND) {
-        PrintError(kv::StateStore::Get().LastMessage());
+    if (const std::string foreign = kv::ForeignHomeMessage(); !foreign.empty()) {
+        PrintError(foreign);
         return false;
     }
     std::string error;
-    if (printers.empty() && name.empty()) {
-        if (!kvcore::InstallFirstPrinter(DataPath("models"), error)) {
-            PrintError(error);
-            return false;
-        }
-        name = kvcore::kDriverName;
-    }
-    if (name.empty()) name = printers.front().name;
-    if (!kvcore::MakePrinterBlock(name, printer_, error)) {
+    if (!FindOrMakePrinter(options.printer, error)) {
         PrintError(error);
         return false;
     }
     if (!LookAfterDriverFiles()) return false;
-    store_ = std::make_unique<RecordStore>(printer_.printerName);
+    store_ = std::make_unique<RecordStore>(printer_.printerName, kv::PlaceInForce());
     std::string warning;
     const bool loaded = store_->Load(printer_, record_, warning, error);
     if (!warning.empty()) PrintWarning(warning);
@@ -106,15 +118,16 @@ void Session::StartFromStored() {
 }
 
 bool Session::Look(const Options& options) {
-    std::vector<kv::PrinterRecord> printers;
+    std::vector<kvspool::PlacedPrinter> printers;
     std::string error;
-    if (kv::StateDirectory().empty() ||
-        kv::StateStore::Get().ListPrinters(printers) != ERROR_SUCCESS || printers.empty()) {
+    kvspool::ListPrinters(printers, error);
+    if (kv::StateDirectory().empty() || printers.empty()) return false;
+    const std::string name =
+        options.printer.empty() ? printers.front().record.name : options.printer;
+    if (!kvcore::ChoosePrinter(name, error) || !kvcore::MakePrinterBlock(name, printer_, error)) {
         return false;
     }
-    const std::string name = options.printer.empty() ? printers.front().name : options.printer;
-    if (!kvcore::MakePrinterBlock(name, printer_, error)) return false;
-    store_ = std::make_unique<RecordStore>(printer_.printerName);
+    store_ = std::make_unique<RecordStore>(printer_.printerName, kv::PlaceInForce());
     if (store_->Read(record_, error) != RecordStore::Found::kGood) {
         return store_->ReadDefaults(printer_, record_, error);
     }

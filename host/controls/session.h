@@ -71,6 +71,7 @@ class Session {
     SheetRequest& request() { return request_; }
 
  private:
+    bool FindOrMakePrinter(const std::string& named, std::string& error);
     bool LookAfterDriverFiles();
     void SayFaults(const std::vector<std::string>& faults);
     bool IsInBounds();

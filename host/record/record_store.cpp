@@ -1,4 +1,5 @@
-// Record files: <state>/records/<printer name, escaped>.record.
+// Record files: <state>/records/<printer name, escaped>.record; of a printer of the machine
+// <state>/records/shared/<printer name, escaped>.record.
 #include <host/record/record_check.h>
 #include <host/record/record_store.h>
 
@@ -86,8 +87,10 @@ bool WriteWholeFile(const std::string& path, const void* bytes, size_t size, std
     return file.TakePlace() || Tell(error, path, file.Problem());
 }
 
-RecordStore::RecordStore(const std::string& printerName)
-    : path_(kv::StateDirectory() + "/records/" + EscapedName(printerName) + ".record") {}
+RecordStore::RecordStore(const std::string& printerName, kv::StatePlace place)
+    : path_(kv::StateDirectory() + "/records/" +
+            (place == kv::StatePlace::kMachine ? "shared/" : "") + EscapedName(printerName) +
+            ".record") {}
 
 RecordStore::Found RecordStore::Read(Record& record, std::string& problem) const {
     struct stat info {};
@@ -144,8 +147,7 @@ RecordStore::Found RecordStore::PutAside(Record& record, std::string& warning,
 
 bool RecordStore::MakeFolder(std::string& error) const {
     const std::string folder = kv::FolderOf(path_);
-    if (mkdir(folder.c_str(), 0700) == 0 || errno == EEXIST) return true;
-    return Tell(error, folder, errno);
+    return kv::MakeFolders(folder) || Tell(error, folder, errno);
 }
 
 bool RecordStore::Store(const Record& record, std::string& error) {

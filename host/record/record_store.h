@@ -1,7 +1,9 @@
-// Stored settings records: one file per printer in the state directory. A record is checked before
-// it is used or stored; a bad one is kept aside and the printer's defaults take its place.
+// Stored settings records: a person's, one file per printer in the person's state directory. A
+// record is checked before it is used or stored; a bad one is kept aside and the printer's defaults
+// take its place.
 #pragma once
 
+#include <platform/shell/state_directory.h>
 #include <printer_block.h>
 #include <wingdi.h>
 
@@ -15,7 +17,9 @@ using Record = std::array<BYTE, kRecordBytes>;
 
 class RecordStore {
  public:
-    explicit RecordStore(const std::string& printerName);
+    // Own printers and those of the machine may have the same name.
+    explicit RecordStore(const std::string& printerName,
+                         kv::StatePlace place = kv::StatePlace::kPerson);
     const std::string& path() const { return path_; }
 
     // A bad one was read and is no record; an unreadable one may well be good.

@@ -1,5 +1,6 @@
-// The registry functions on the state store. Everybody may read; keys of the machine may be changed
-// only by an administrator, keys of the user by that user.
+// The registry functions on the state stores: the user's keys in the person's, all others in that
+// of the place in force. Everybody may read; keys of the machine may be changed only by an
+// administrator, keys of the user by that user.
 #include <winbase.h>
 #include <winreg.h>
 
@@ -22,6 +23,7 @@ constexpr REGSAM kMaximumAllowed = 0x02000000;
 constexpr REGSAM kChanges = KEY_SET_VALUE | KEY_CREATE_SUB_KEY | kDelete;
 
 struct OpenKey {
+    StatePlace place = StatePlace::kPerson;
     KeyId id = 0;
     bool isMachine = false;
     REGSAM access = 0;
@@ -33,10 +35,13 @@ auto& Keys() {
 }
 
 struct Place {
+    StatePlace state = StatePlace::kPerson;
     KeyId parent = 0;
     std::string path;
     bool isMachine = false;
     REGSAM access = KEY_ALL_ACCESS;
+
+    StateStore& Store() const { return StateStore::Of(state); }
 };
 
 std::string UserName() {
@@ -51,6 +56,7 @@ bool Locate(HKEY key, LPCSTR subKey, Place& place) {
     if (key == HKEY_LOCAL_MACHINE || key == HKEY_CLASSES_ROOT) {
         place.parent = key == HKEY_LOCAL_MACHINE ? kMachineRoot : kClassesRoot;
         place.isMachine = true;
+        place.state = PlaceInForce();
         return true;
     }
     if (key == HKEY_CURRENT_USER) {
@@ -60,6 +66,7 @@ bool Locate(HKEY key, LPCSTR subKey, Place& place) {
     }
     const auto open = Keys().Find(reinterpret_cast<std::uintptr_t>(key));
     if (!open) return false;
+    place.state = open->place;
     place.parent = open->id;
     place.isMachine = open->isMachine;
     place.access = open->access;
@@ -67,7 +74,7 @@ bool Locate(HKEY key, LPCSTR subKey, Place& place) {
 }
 
 bool MayChange(const Place& place) {
-    return !place.isMachine || ActsAsAdministrator();
+    return !place.isMachine || ActsAsAdministrator(place.state);
 }
 
 LSTATUS Status(DWORD error) {
@@ -75,8 +82,7 @@ LSTATUS Status(DWORD error) {
 }
 
 // The key itself, for the functions on values. The user's own root comes into being when written.
-DWORD ResolveKey(HKEY key, REGSAM needed, KeyId& id) {
-    Place place;
+DWORD ResolveKey(HKEY key, REGSAM needed, Place& place, KeyId& id) {
     if (!Locate(key, nullptr, place)) return ERROR_INVALID_HANDLE;
     if ((needed & kChanges) && !MayChange(place)) return ERROR_ACCESS_DENIED;
     if (!(place.access & needed)) return ERROR_ACCESS_DENIED;
@@ -85,13 +91,13 @@ DWORD ResolveKey(HKEY key, REGSAM needed, KeyId& id) {
         return ERROR_SUCCESS;
     }
     bool created = false;
-    return needed & kChanges ? StateStore::Get().CreateKey(place.parent, place.path, id, created)
-                             : StateStore::Get().FindKey(place.parent, place.path, id);
+    return needed & kChanges ? place.Store().CreateKey(place.parent, place.path, id, created)
+                             : place.Store().FindKey(place.parent, place.path, id);
 }
 
 DWORD OpenHandle(const Place& place, KeyId id, REGSAM access, HKEY* result) {
     if (access & kMaximumAllowed) access = MayChange(place) ? KEY_ALL_ACCESS : KEY_READ;
-    auto key = std::make_shared<OpenKey>(OpenKey{id, place.isMachine, access});
+    auto key = std::make_shared<OpenKey>(OpenKey{place.state, id, place.isMachine, access});
     *result = reinterpret_cast<HKEY>(Keys().Add(std::move(key)));
     return *result ? DWORD{ERROR_SUCCESS} : DWORD{ERROR_NOT_ENOUGH_MEMORY};
 }
@@ -138,12 +144,12 @@ LSTATUS RegCreateKeyExA(HKEY key, LPCSTR subKey, DWORD, LPSTR, DWORD, REGSAM acc
     if (!kv::Locate(key, subKey, place)) return kv::Status(ERROR_INVALID_HANDLE);
     kv::KeyId id = 0;
     bool created = false;
-    DWORD error = kv::StateStore::Get().FindKey(place.parent, place.path, id);
+    DWORD error = place.Store().FindKey(place.parent, place.path, id);
     const bool missing = error == ERROR_FILE_NOT_FOUND;
     if ((missing || (access & kv::kChanges)) && !kv::MayChange(place)) {
         error = ERROR_ACCESS_DENIED;
     } else if (missing) {
-        error = kv::StateStore::Get().CreateKey(place.parent, place.path, id, created);
+        error = place.Store().CreateKey(place.parent, place.path, id, created);
     }
     if (error != ERROR_SUCCESS) return kv::Status(error);
     if (disposition) *disposition = created ? REG_CREATED_NEW_KEY : REG_OPENED_EXISTING_KEY;
@@ -156,7 +162,7 @@ LSTATUS RegOpenKeyExA(HKEY key, LPCSTR subKey, DWORD, REGSAM access, HKEY* resul
     *result = nullptr;
     if (!kv::Locate(key, subKey, place)) return kv::Status(ERROR_INVALID_HANDLE);
     kv::KeyId id = 0;
-    if (const DWORD error = kv::StateStore::Get().FindKey(place.parent, place.path, id)) {
+    if (const DWORD error = place.Store().FindKey(place.parent, place.path, id)) {
         return kv::Status(error);
     }
     if ((access & kv::kChanges) && !kv::MayChange(place)) return kv::Status(ERROR_ACCESS_DENIED);
@@ -171,27 +177,30 @@ LSTATUS RegCloseKey(HKEY key) {
 }
 
 LSTATUS RegQueryValueExA(HKEY key, LPCSTR name, LPDWORD, LPDWORD type, LPBYTE data, LPDWORD size) {
+    kv::Place place;
     kv::KeyId id = 0;
     kv::StoredValue value;
     if (data && !size) return kv::Status(ERROR_INVALID_PARAMETER);
-    DWORD error = kv::ResolveKey(key, KEY_QUERY_VALUE, id);
-    if (error == ERROR_SUCCESS) error = kv::StateStore::Get().GetValue(id, name ? name : "", value);
+    DWORD error = kv::ResolveKey(key, KEY_QUERY_VALUE, place, id);
+    if (error == ERROR_SUCCESS) error = place.Store().GetValue(id, name ? name : "", value);
     if (error != ERROR_SUCCESS) return kv::Status(error);
     if (type) *type = value.type;
     return kv::Status(kv::CopyValue(value, data, size));
 }
 
 LSTATUS RegSetValueExA(HKEY key, LPCSTR name, DWORD, DWORD type, const BYTE* data, DWORD size) {
+    kv::Place place;
     kv::KeyId id = 0;
     if (size > 0 && !data) return kv::Status(kv::kErrorNoAccess);
-    if (const DWORD error = kv::ResolveKey(key, KEY_SET_VALUE, id)) return kv::Status(error);
-    return kv::Status(kv::StateStore::Get().SetValue(id, name ? name : "", type, data, size));
+    if (const DWORD error = kv::ResolveKey(key, KEY_SET_VALUE, place, id)) return kv::Status(error);
+    return kv::Status(place.Store().SetValue(id, name ? name : "", type, data, size));
 }
 
 LSTATUS RegDeleteValueA(HKEY key, LPCSTR name) {
+    kv::Place place;
     kv::KeyId id = 0;
-    if (const DWORD error = kv::ResolveKey(key, KEY_SET_VALUE, id)) return kv::Status(error);
-    return kv::Status(kv::StateStore::Get().DeleteValue(id, name ? name : ""));
+    if (const DWORD error = kv::ResolveKey(key, KEY_SET_VALUE, place, id)) return kv::Status(error);
+    return kv::Status(place.Store().DeleteValue(id, name ? name : ""));
 }
 
 LSTATUS RegDeleteKeyA(HKEY key, LPCSTR subKey) {
@@ -199,15 +208,16 @@ LSTATUS RegDeleteKeyA(HKEY key, LPCSTR subKey) {
     if (!subKey) return kv::Status(ERROR_INVALID_PARAMETER);
     if (!kv::Locate(key, subKey, place)) return kv::Status(ERROR_INVALID_HANDLE);
     if (!kv::MayChange(place)) return kv::Status(ERROR_ACCESS_DENIED);
-    return kv::Status(kv::StateStore::Get().DeleteKey(place.parent, place.path));
+    return kv::Status(place.Store().DeleteKey(place.parent, place.path));
 }
 
 LSTATUS RegEnumKeyExA(HKEY key, DWORD index, LPSTR name, LPDWORD nameSize, LPDWORD, LPSTR keyClass,
                       LPDWORD classSize, FILETIME*) {
+    kv::Place place;
     kv::KeyId id = 0;
     std::string text;
-    DWORD error = kv::ResolveKey(key, KEY_ENUMERATE_SUB_KEYS, id);
-    if (error == ERROR_SUCCESS) error = kv::StateStore::Get().EnumKey(id, index, text);
+    DWORD error = kv::ResolveKey(key, KEY_ENUMERATE_SUB_KEYS, place, id);
+    if (error == ERROR_SUCCESS) error = place.Store().EnumKey(id, index, text);
     if (error != ERROR_SUCCESS) return kv::Status(error);
     if (keyClass && classSize && *classSize > 0) keyClass[0] = '\0';
     if (classSize) *classSize = 0;
@@ -216,11 +226,12 @@ LSTATUS RegEnumKeyExA(HKEY key, DWORD index, LPSTR name, LPDWORD nameSize, LPDWO
 
 LSTATUS RegEnumValueA(HKEY key, DWORD index, LPSTR name, LPDWORD nameSize, LPDWORD, LPDWORD type,
                       LPBYTE data, LPDWORD size) {
+    kv::Place place;
     kv::KeyId id = 0;
     kv::StoredValue value;
     if (data && !size) return kv::Status(ERROR_INVALID_PARAMETER);
-    DWORD error = kv::ResolveKey(key, KEY_QUERY_VALUE, id);
-    if (error == ERROR_SUCCESS) error = kv::StateStore::Get().EnumValue(id, index, value);
+    DWORD error = kv::ResolveKey(key, KEY_QUERY_VALUE, place, id);
+    if (error == ERROR_SUCCESS) error = place.Store().EnumValue(id, index, value);
     if (error == ERROR_SUCCESS) error = kv::CopyName(value.name, name, nameSize);
     if (error != ERROR_SUCCESS) return kv::Status(error);
     if (type) *type = value.type;

@@ -76,13 +76,14 @@ bool IsUniqueViolation(int result) {
 
 }  // namespace
 
-StateStore::StateStore() : inside_(std::make_unique<Inside>()) {}
+StateStore::StateStore(StatePlace place) : inside_(std::make_unique<Inside>(place)) {}
 
 StateStore::~StateStore() = default;
 
-StateStore& StateStore::Get() {
-    static StateStore store;
-    return store;
+StateStore& StateStore::Of(StatePlace place) {
+    static StateStore person(StatePlace::kPerson);
+    static StateStore machine(StatePlace::kMachine);
+    return place == StatePlace::kMachine ? machine : person;
 }
 
 void StateStore::Close() {
@@ -98,7 +99,8 @@ std::string StateStore::LastMessage() {
 }
 
 void CloseStateStore() {
-    StateStore::Get().Close();
+    StateStore::Of(StatePlace::kPerson).Close();
+    StateStore::Of(StatePlace::kMachine).Close();
 }
 
 void SetStateDirectory(const std::string& path) {
@@ -110,6 +112,7 @@ StoreTransaction::StoreTransaction(StateStore& store)
     : store_(store), error_(ERROR_SUCCESS), open_(false) {
     StateStore::Inside& inside = *store_.inside_;
     inside.lock.lock();
+    NoteFileChange();
     if (inside.depth == 0) {
         inside.failed = false;
         error_ = inside.database.Prepare(StoreAccess::kWrite);
@@ -129,6 +132,10 @@ StoreTransaction::~StoreTransaction() {
     inside.lock.unlock();
 }
 
+bool StoreTransaction::IsInner() const {
+    return store_.inside_->depth > 1;
+}
+
 DWORD StoreTransaction::Commit() {
     StateStore::Inside& inside = *store_.inside_;
     if (!open_ || inside.depth == 0) return error_ ? error_ : DWORD{ERROR_INVALID_HANDLE};
@@ -142,7 +149,7 @@ DWORD StoreTransaction::Commit() {
 DWORD StateStore::ListPrinters(std::vector<PrinterRecord>& printers) {
     std::lock_guard guard(inside_->lock);
     printers.clear();
-    const DWORD error = inside_->Prepare(StoreAccess::kRead);
+    const DWORD error = inside_->PrepareRead();
     if (error != ERROR_SUCCESS || !inside_->database.IsOpen()) return error;
     Statement query = inside_->database.Use(kPrinterColumns);
     while (query.NextRow()) printers.push_back(PrinterOf(query));
@@ -156,7 +163,7 @@ DWORD StateStore::GetPrinter(const std::string& name, PrinterRecord& printer) {
         printer = inside_->printer;
         return ERROR_SUCCESS;
     }
-    const DWORD error = inside_->Prepare(StoreAccess::kRead);
+    const DWORD error = inside_->PrepareRead();
     if (error != ERROR_SUCCESS) return error;
     if (!inside_->database.IsOpen()) return ERROR_INVALID_PRINTER_NAME;
     Statement query = inside_->database.Use(kOnePrinter);
@@ -172,41 +179,41 @@ DWORD StateStore::GetPrinter(const std::string& name, PrinterRecord& printer) {
 }
 
 DWORD StateStore::AddPrinter(const PrinterRecord& printer) {
-    std::lock_guard guard(inside_->lock);
     if (!IsPrinterName(printer.name)) return ERROR_INVALID_PRINTER_NAME;
-    if (const DWORD error = inside_->Prepare(StoreAccess::kWrite)) return error;
-    Statement insert = inside_->database.Use(kInsertPrinter);
-    BindPrinter(insert, printer);
-    insert.Run();
-    if (IsUniqueViolation(insert.Result())) return kErrorPrinterAlreadyExists;
-    return inside_->database.Fail(insert.Result());
+    return Change([&]() -> DWORD {
+        Statement insert = inside_->database.Use(kInsertPrinter);
+        BindPrinter(insert, printer);
+        insert.Run();
+        if (IsUniqueViolation(insert.Result())) return kErrorPrinterAlreadyExists;
+        return inside_->database.Fail(insert.Result());
+    });
 }
 
 DWORD StateStore::SetPrinter(const std::string& name, const PrinterRecord& printer) {
-    std::lock_guard guard(inside_->lock);
     if (!IsPrinterName(printer.name)) return ERROR_INVALID_PRINTER_NAME;
-    if (const DWORD error = inside_->Prepare(StoreAccess::kWrite)) return error;
-    Statement update = inside_->database.Use(kUpdatePrinter);
-    BindPrinter(update, printer);
-    const int changed = update.Text(17, name).Run();
-    if (IsUniqueViolation(update.Result())) return kErrorPrinterAlreadyExists;
-    const DWORD failed = inside_->database.Fail(update.Result());
-    return failed || changed ? failed : DWORD{ERROR_INVALID_PRINTER_NAME};
+    return Change([&]() -> DWORD {
+        Statement update = inside_->database.Use(kUpdatePrinter);
+        BindPrinter(update, printer);
+        const int changed = update.Text(17, name).Run();
+        if (IsUniqueViolation(update.Result())) return kErrorPrinterAlreadyExists;
+        const DWORD failed = inside_->database.Fail(update.Result());
+        return failed || changed ? failed : DWORD{ERROR_INVALID_PRINTER_NAME};
+    });
 }
 
 DWORD StateStore::RemovePrinter(const std::string& name) {
-    std::lock_guard guard(inside_->lock);
-    if (const DWORD error = inside_->Prepare(StoreAccess::kWrite)) return error;
-    Statement remove = inside_->database.Use("DELETE FROM printer WHERE name = ?1");
-    const int changed = remove.Text(1, name).Run();
-    const DWORD failed = inside_->database.Fail(remove.Result());
-    return failed || changed ? failed : DWORD{ERROR_INVALID_PRINTER_NAME};
+    return Change([&]() -> DWORD {
+        Statement remove = inside_->database.Use("DELETE FROM printer WHERE name = ?1");
+        const int changed = remove.Text(1, name).Run();
+        const DWORD failed = inside_->database.Fail(remove.Result());
+        return failed || changed ? failed : DWORD{ERROR_INVALID_PRINTER_NAME};
+    });
 }
 
 DWORD StateStore::GetPrinterData(const std::string& printer, const std::string& name,
                                  StoredValue& value) {
     std::lock_guard guard(inside_->lock);
-    const DWORD error = inside_->Prepare(StoreAccess::kRead);
+    const DWORD error = inside_->PrepareRead();
     if (error != ERROR_SUCCESS) return error;
     if (!inside_->database.IsOpen()) return ERROR_INVALID_PRINTER_NAME;
     // One row for the printer, with nulls when it lacks the value: the two misses differ.
@@ -226,8 +233,8 @@ DWORD StateStore::SetPrinterData(const std::string& printer, const std::string& 
                                  const void* data, std::size_t size) {
     std::lock_guard guard(inside_->lock);
     if (size > kLargestValue || (size > 0 && !data)) return ERROR_INVALID_PARAMETER;
-    if (const DWORD error = inside_->Prepare(StoreAccess::kWrite)) return error;
-    {
+    if (const DWORD error = inside_->PrepareRead()) return error;
+    if (inside_->database.IsOpen()) {
         // A value that stands there already needs no other program to let go of the store.
         Statement same = inside_->database.Use(
             "SELECT 1 FROM printer_data d JOIN printer p ON p.id = d.printer"
@@ -236,36 +243,38 @@ DWORD StateStore::SetPrinterData(const std::string& printer, const std::string& 
             return ERROR_SUCCESS;
         }
     }
-    // A single statement is a transaction of its own: one synchronisation of the disk.
-    Statement upsert = inside_->database.Use(
-        "INSERT INTO printer_data (printer, name, type, data)"
-        " SELECT id, ?2, ?3, ?4 FROM printer WHERE name = ?1"
-        " ON CONFLICT (printer, name) DO UPDATE SET type = excluded.type, data = excluded.data");
-    const int changed =
-        upsert.Text(1, printer).Text(2, name).Number(3, type).Blob(4, data, size).Run();
-    const DWORD failed = inside_->database.Fail(upsert.Result());
-    if (failed || changed) return failed;
-    Statement query = inside_->database.Use("SELECT 1 FROM printer WHERE name = ?1");
-    const bool exists = query.Text(1, printer).NextRow();
-    const DWORD unknown = inside_->database.Fail(query.Result());
-    return unknown || exists ? unknown : DWORD{ERROR_INVALID_PRINTER_NAME};
+    return Change([&]() -> DWORD {
+        Statement upsert = inside_->database.Use(
+            "INSERT INTO printer_data (printer, name, type, data)"
+            " SELECT id, ?2, ?3, ?4 FROM printer WHERE name = ?1"
+            " ON CONFLICT (printer, name)"
+            " DO UPDATE SET type = excluded.type, data = excluded.data");
+        const int changed =
+            upsert.Text(1, printer).Text(2, name).Number(3, type).Blob(4, data, size).Run();
+        const DWORD failed = inside_->database.Fail(upsert.Result());
+        if (failed || changed) return failed;
+        Statement query = inside_->database.Use("SELECT 1 FROM printer WHERE name = ?1");
+        const bool exists = query.Text(1, printer).NextRow();
+        const DWORD unknown = inside_->database.Fail(query.Result());
+        return unknown || exists ? unknown : DWORD{ERROR_INVALID_PRINTER_NAME};
+    });
 }
 
 DWORD StateStore::DeletePrinterData(const std::string& printer, const std::string& name) {
-    std::lock_guard guard(inside_->lock);
-    if (const DWORD error = inside_->Prepare(StoreAccess::kWrite)) return error;
-    Statement remove = inside_->database.Use(
-        "DELETE FROM printer_data WHERE name = ?2"
-        " AND printer = (SELECT id FROM printer WHERE name = ?1)");
-    const int changed = remove.Text(1, printer).Text(2, name).Run();
-    const DWORD failed = inside_->database.Fail(remove.Result());
-    return failed || changed ? failed : DWORD{ERROR_FILE_NOT_FOUND};
+    return Change([&]() -> DWORD {
+        Statement remove = inside_->database.Use(
+            "DELETE FROM printer_data WHERE name = ?2"
+            " AND printer = (SELECT id FROM printer WHERE name = ?1)");
+        const int changed = remove.Text(1, printer).Text(2, name).Run();
+        const DWORD failed = inside_->database.Fail(remove.Result());
+        return failed || changed ? failed : DWORD{ERROR_FILE_NOT_FOUND};
+    });
 }
 
 DWORD StateStore::ListPrinterData(const std::string& printer, std::vector<StoredValue>& values) {
     std::lock_guard guard(inside_->lock);
     values.clear();
-    const DWORD error = inside_->Prepare(StoreAccess::kRead);
+    const DWORD error = inside_->PrepareRead();
     if (error != ERROR_SUCCESS) return error;
     if (!inside_->database.IsOpen()) return ERROR_INVALID_PRINTER_NAME;
     Statement query = inside_->database.Use(

@@ -1,5 +1,6 @@
-// The program's store of printers, printer data and registry: one file, store.sqlite, in the state
-// directory. The registry functions and the driver's spooler access layer are built on it.
+// The program's stores of printers, printer data and registry: one file, store.sqlite, in the
+// person's state directory and one in the machine's. The registry functions and the driver's
+// spooler access layer are built on them.
 //
 // Every call answers a platform error code. A write that answers ERROR_SUCCESS is on the disk.
 // Names of printers, values and keys are found without regard to case and keep the case they were
@@ -12,6 +13,8 @@
 #include <memory>
 #include <string>
 #include <vector>
+
+#include <platform/shell/state_directory.h>
 
 namespace kv {
 
@@ -47,8 +50,10 @@ constexpr KeyId kUsersRoot = 3;
 
 class StateStore {
  public:
-    // The process's one store; opened at the first use, and anew when the state directory changes.
-    static StateStore& Get();
+    // The process's store of a place; opened at the first use, and anew when the directory changes.
+    static StateStore& Of(StatePlace place);
+    // That of the place in force.
+    static StateStore& Get() { return Of(PlaceInForce()); }
 
     ~StateStore();
     StateStore(const StateStore&) = delete;
@@ -92,7 +97,10 @@ class StateStore {
 
  private:
     friend class StoreTransaction;
-    StateStore();
+    explicit StateStore(StatePlace place);
+    // Runs a change that is one statement, as a transaction of its own or within the open one.
+    template <typename Statement>
+    DWORD Change(Statement statement);
     struct Inside;
     std::unique_ptr<Inside> inside_;
 };
@@ -107,6 +115,7 @@ class StoreTransaction {
     StoreTransaction& operator=(const StoreTransaction&) = delete;
 
     DWORD Error() const { return error_; }  // why it could not begin
+    bool IsInner() const;
     DWORD Commit();
 
  private:
@@ -115,10 +124,10 @@ class StoreTransaction {
     bool open_;
 };
 
-// Closes the store when it is open; the next use opens it again.
+// Closes the stores that are open; the next use opens them again.
 void CloseStateStore();
-// Closes the store and lets the program use another state directory than the environment names; an
-// empty path returns to that.
+// Closes the stores and lets the program use another person's state directory than the environment
+// names; an empty path returns to that.
 void SetStateDirectory(const std::string& path);
 
 }  // namespace kv

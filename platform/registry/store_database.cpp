@@ -126,7 +126,7 @@ void StoreDatabase::Remember(const std::string& path) {
 }
 
 DWORD StoreDatabase::Prepare(StoreAccess access) {
-    const std::string directory = StateDirectory();
+    const std::string directory = StateDirectoryOf(place_);
     if (directory.empty()) {
         message_ = NoStateDirectoryMessage();
         return ERROR_PATH_NOT_FOUND;
@@ -136,10 +136,11 @@ DWORD StoreDatabase::Prepare(StoreAccess access) {
         // A connection belongs to the process that opened it, and to the file that was there then.
         // One that could only read is given up for a write: the rights may have been put right.
         const bool usable = owner_ == getpid() && IsSameFile(path);
-        if (usable && !(access == StoreAccess::kWrite && readOnly_)) return BePatient();
+        const bool mustWrite = access == StoreAccess::kWrite && !IsShared();
+        if (usable && !(mustWrite && readOnly_)) return BePatient();
         Close();
     }
-    return Open(path, access);
+    return IsShared() ? OpenShared(path) : Open(path, access);
 }
 
 DWORD StoreDatabase::BePatient() {
@@ -207,7 +208,7 @@ DWORD StoreDatabase::OpenConnection(const std::string& path, StoreAccess access)
 // file is then read as one that nobody changes; IsSameFile notices when somebody does.
 DWORD StoreDatabase::OpenUnchanging(const std::string& path, DWORD why) {
     const std::string refusal = message_;
-    if (HasContent(path + "-wal")) return why;
+    if (!IsShared() && HasContent(path + "-wal")) return why;
     Close();
     std::string uri = "file:";
     for (const char character : path) {
@@ -219,12 +220,12 @@ DWORD StoreDatabase::OpenUnchanging(const std::string& path, DWORD why) {
     }
     uri += "?immutable=1";
     constexpr int kFlags = SQLITE_OPEN_READONLY | SQLITE_OPEN_URI | SQLITE_OPEN_FULLMUTEX;
+    Remember(path);  // before it is opened: a file that takes the place meanwhile is noticed
     const int result = sqlite3_open_v2(uri.c_str(), &connection_, kFlags, nullptr);
     if (result != SQLITE_OK) {
         message_ = refusal;
         return why;
     }
-    Remember(path);
     readOnly_ = unchanging_ = true;
     return CheckVersion(StoreAccess::kRead);
 }
@@ -258,7 +259,7 @@ DWORD StoreDatabase::CheckVersion(StoreAccess access) {
 
 // Another process may create the schema at the same moment; the second to get the lock finds it.
 DWORD StoreDatabase::CreateSchema() {
-    if (const DWORD error = Begin(); error != ERROR_SUCCESS) return error;
+    if (const int result = Execute("BEGIN IMMEDIATE"); result != SQLITE_OK) return Fail(result);
     sqlite3_int64 version = 0;
     {
         Statement query = Use("PRAGMA user_version");
@@ -266,11 +267,12 @@ DWORD StoreDatabase::CreateSchema() {
     }
     if (version == 0) {
         if (const int result = Execute(kSchema); result != SQLITE_OK) {
-            Rollback();
-            return Fail(result);
+            const DWORD error = Fail(result);
+            Execute("ROLLBACK");
+            return error;
         }
     }
-    return Commit();
+    return Fail(Execute("COMMIT"));
 }
 
 int StoreDatabase::Execute(const char* sql) {
@@ -299,6 +301,9 @@ Statement StoreDatabase::Use(const char* sql) {
 }
 
 DWORD StoreDatabase::Begin() {
+    if (IsShared()) {
+        if (const DWORD error = OpenCopy()) return error;
+    }
     Statement begin = Use("BEGIN IMMEDIATE");
     begin.Run();
     return Fail(begin.Result());
@@ -312,10 +317,14 @@ DWORD StoreDatabase::Commit() {
         result = commit.Result();
     }
     if (result != SQLITE_OK) Rollback();
-    return Fail(result);
+    if (result != SQLITE_OK || !IsShared()) return Fail(result);
+    const DWORD error = PublishCopy();
+    DropCopy();
+    return error;
 }
 
 void StoreDatabase::Rollback() {
+    if (IsShared()) return DropCopy();
     if (connection_ && !sqlite3_get_autocommit(connection_)) Use("ROLLBACK").Run();
 }
 

@@ -1,5 +1,11 @@
 // The SQLite connection under the state store: opening, checking and refusing the file, prepared
 // statements, transactions, and SQLite's results as platform error codes.
+//
+// A person's file is written in place, with a write-ahead log. The machine's never is: those who
+// may only read it could not take part in a log, nor mend what a killed writer left in a journal,
+// and their locks could keep its writers out. A transaction works on a copy in memory that takes
+// the file's place; readers open the file as one that does not change, and notice when it is
+// another one.
 #pragma once
 
 #include <windef.h>
@@ -9,8 +15,12 @@
 
 #include <chrono>
 #include <map>
+#include <memory>
 #include <string>
 #include <string_view>
+
+#include <platform/shell/folder_lock.h>
+#include <platform/shell/state_directory.h>
 
 namespace kv {
 
@@ -49,7 +59,7 @@ class Statement {
 
 class StoreDatabase {
  public:
-    StoreDatabase() = default;
+    explicit StoreDatabase(StatePlace place) : place_(place) {}
     ~StoreDatabase() { Close(); }
     StoreDatabase(const StoreDatabase&) = delete;
     StoreDatabase& operator=(const StoreDatabase&) = delete;
@@ -77,6 +87,12 @@ class StoreDatabase {
         timespec changed{};
     };
 
+    bool IsShared() const { return place_ == StatePlace::kMachine; }
+    DWORD OpenShared(const std::string& path);
+    DWORD CheckSharedRights();
+    DWORD OpenCopy();
+    DWORD PublishCopy();
+    void DropCopy();
     DWORD Open(const std::string& path, StoreAccess access);
     DWORD OpenConnection(const std::string& path, StoreAccess access);
     DWORD OpenUnchanging(const std::string& path, DWORD why);
@@ -89,6 +105,8 @@ class StoreDatabase {
     bool IsSameFile(const std::string& path) const;
     void Remember(const std::string& path);
 
+    const StatePlace place_;
+    std::unique_ptr<FolderLock> turn_;  // while a copy of the machine's file is open
     sqlite3* connection_ = nullptr;
     std::map<const char*, sqlite3_stmt*> statements_;  // by the address of the SQL literal
     std::string path_;

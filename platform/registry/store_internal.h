@@ -12,6 +12,8 @@
 namespace kv {
 
 struct StateStore::Inside {
+    explicit Inside(StatePlace place) : database(place) {}
+
     std::recursive_mutex lock;
     StoreDatabase database;
     int depth = 0;        // nested transactions
@@ -21,12 +23,22 @@ struct StateStore::Inside {
     PrinterRecord printer;
     unsigned long long printerTrust = 0;
 
-    // Ready for a read or a write? Inside a transaction the connection stays as it is.
-    DWORD Prepare(StoreAccess access) {
-        if (access == StoreAccess::kWrite) NoteFileChange();
-        return depth > 0 ? DWORD{ERROR_SUCCESS} : database.Prepare(access);
+    // Ready for a read? Inside a transaction the connection stays as it is.
+    DWORD PrepareRead() {
+        return depth > 0 ? DWORD{ERROR_SUCCESS} : database.Prepare(StoreAccess::kRead);
     }
 };
+
+// A statement that failed changed nothing: what stands around it may go on.
+template <typename Statement>
+DWORD StateStore::Change(Statement statement) {
+    StoreTransaction transaction(*this);
+    if (const DWORD error = transaction.Error()) return error;
+    const DWORD failed = statement();
+    if (failed && !transaction.IsInner()) return failed;
+    const DWORD error = transaction.Commit();
+    return failed ? failed : error;
+}
 
 constexpr std::size_t kLargestValue = std::size_t{64} << 20;
 

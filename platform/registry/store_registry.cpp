@@ -53,7 +53,7 @@ DWORD StateStore::FindKey(KeyId parent, const std::string& path, KeyId& key) {
     std::lock_guard guard(inside_->lock);
     std::vector<std::string> names;
     if (!SplitPath(path, names)) return kErrorBadPathname;
-    if (const DWORD error = inside_->Prepare(StoreAccess::kRead)) return error;
+    if (const DWORD error = inside_->PrepareRead()) return error;
     if (!inside_->database.IsOpen()) return ERROR_FILE_NOT_FOUND;
     if (const DWORD error = CheckKey(inside_->database, parent)) return error;
     key = parent;
@@ -92,18 +92,19 @@ DWORD StateStore::DeleteKey(KeyId parent, const std::string& path) {
     KeyId key = 0;
     if (const DWORD error = FindKey(parent, path, key)) return error;
     if (key <= kUsersRoot) return ERROR_ACCESS_DENIED;
-    if (const DWORD error = inside_->Prepare(StoreAccess::kWrite)) return error;
-    Statement remove = inside_->database.Use(
-        "DELETE FROM registry_key WHERE id = ?1"
-        " AND NOT EXISTS (SELECT 1 FROM registry_key child WHERE child.parent = ?1)");
-    const int changed = remove.Number(1, key).Run();
-    const DWORD failed = inside_->database.Fail(remove.Result());
-    return failed || changed ? failed : DWORD{ERROR_ACCESS_DENIED};
+    return Change([&]() -> DWORD {
+        Statement remove = inside_->database.Use(
+            "DELETE FROM registry_key WHERE id = ?1"
+            " AND NOT EXISTS (SELECT 1 FROM registry_key child WHERE child.parent = ?1)");
+        const int changed = remove.Number(1, key).Run();
+        const DWORD failed = inside_->database.Fail(remove.Result());
+        return failed || changed ? failed : DWORD{ERROR_ACCESS_DENIED};
+    });
 }
 
 DWORD StateStore::EnumKey(KeyId key, DWORD index, std::string& name) {
     std::lock_guard guard(inside_->lock);
-    if (const DWORD error = inside_->Prepare(StoreAccess::kRead)) return error;
+    if (const DWORD error = inside_->PrepareRead()) return error;
     if (!inside_->database.IsOpen()) return ERROR_NO_MORE_ITEMS;
     Statement query = inside_->database.Use(
         "SELECT name FROM registry_key WHERE parent = ?1 ORDER BY name LIMIT 1 OFFSET ?2");
@@ -118,7 +119,7 @@ DWORD StateStore::EnumKey(KeyId key, DWORD index, std::string& name) {
 
 DWORD StateStore::GetValue(KeyId key, const std::string& name, StoredValue& value) {
     std::lock_guard guard(inside_->lock);
-    if (const DWORD error = inside_->Prepare(StoreAccess::kRead)) return error;
+    if (const DWORD error = inside_->PrepareRead()) return error;
     if (!inside_->database.IsOpen()) return ERROR_FILE_NOT_FOUND;
     Statement query = inside_->database.Use(
         "SELECT name, type, data FROM registry_value WHERE key = ?1 AND name = ?2");
@@ -135,8 +136,8 @@ DWORD StateStore::SetValue(KeyId key, const std::string& name, DWORD type, const
                            std::size_t size) {
     std::lock_guard guard(inside_->lock);
     if (size > kLargestValue || (size > 0 && !data)) return ERROR_INVALID_PARAMETER;
-    if (const DWORD error = inside_->Prepare(StoreAccess::kWrite)) return error;
-    {
+    if (const DWORD error = inside_->PrepareRead()) return error;
+    if (inside_->database.IsOpen()) {
         Statement same = inside_->database.Use(
             "SELECT 1 FROM registry_value WHERE key = ?1 AND name = ?2 AND type = ?3 AND data = "
             "?4");
@@ -144,29 +145,31 @@ DWORD StateStore::SetValue(KeyId key, const std::string& name, DWORD type, const
             return ERROR_SUCCESS;
         }
     }
-    Statement upsert = inside_->database.Use(
-        "INSERT INTO registry_value (key, name, type, data)"
-        " SELECT id, ?2, ?3, ?4 FROM registry_key WHERE id = ?1"
-        " ON CONFLICT (key, name) DO UPDATE SET type = excluded.type, data = excluded.data");
-    const int changed =
-        upsert.Number(1, key).Text(2, name).Number(3, type).Blob(4, data, size).Run();
-    const DWORD failed = inside_->database.Fail(upsert.Result());
-    return failed || changed ? failed : kErrorKeyDeleted;
+    return Change([&]() -> DWORD {
+        Statement upsert = inside_->database.Use(
+            "INSERT INTO registry_value (key, name, type, data)"
+            " SELECT id, ?2, ?3, ?4 FROM registry_key WHERE id = ?1"
+            " ON CONFLICT (key, name) DO UPDATE SET type = excluded.type, data = excluded.data");
+        const int changed =
+            upsert.Number(1, key).Text(2, name).Number(3, type).Blob(4, data, size).Run();
+        const DWORD failed = inside_->database.Fail(upsert.Result());
+        return failed || changed ? failed : kErrorKeyDeleted;
+    });
 }
 
 DWORD StateStore::DeleteValue(KeyId key, const std::string& name) {
-    std::lock_guard guard(inside_->lock);
-    if (const DWORD error = inside_->Prepare(StoreAccess::kWrite)) return error;
-    Statement remove =
-        inside_->database.Use("DELETE FROM registry_value WHERE key = ?1 AND name = ?2");
-    const int changed = remove.Number(1, key).Text(2, name).Run();
-    const DWORD failed = inside_->database.Fail(remove.Result());
-    return failed || changed ? failed : DWORD{ERROR_FILE_NOT_FOUND};
+    return Change([&]() -> DWORD {
+        Statement remove =
+            inside_->database.Use("DELETE FROM registry_value WHERE key = ?1 AND name = ?2");
+        const int changed = remove.Number(1, key).Text(2, name).Run();
+        const DWORD failed = inside_->database.Fail(remove.Result());
+        return failed || changed ? failed : DWORD{ERROR_FILE_NOT_FOUND};
+    });
 }
 
 DWORD StateStore::EnumValue(KeyId key, DWORD index, StoredValue& value) {
     std::lock_guard guard(inside_->lock);
-    if (const DWORD error = inside_->Prepare(StoreAccess::kRead)) return error;
+    if (const DWORD error = inside_->PrepareRead()) return error;
     if (!inside_->database.IsOpen()) return ERROR_NO_MORE_ITEMS;
     Statement query = inside_->database.Use(
         "SELECT name, type, data FROM registry_value WHERE key = ?1 ORDER BY rowid"

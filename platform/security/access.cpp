@@ -2,6 +2,7 @@
 #include <platform/security/access.h>
 
 #include <grp.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -9,9 +10,9 @@
 
 namespace kv {
 
-namespace {
+const char* const kAdministratorGroup = "lpadmin";
 
-constexpr const char* kAdministratorGroup = "lpadmin";
+namespace {
 
 std::optional<bool>& Acting() {
     static std::optional<bool> acting;
@@ -27,7 +28,18 @@ bool FindGroup(const char* name, gid_t& id) {
     return true;
 }
 
+// A state that was not made yet will be this person's.
+bool OwnsState() {
+    struct stat info {};
+    return geteuid() == 0 || stat(StateDirectory().c_str(), &info) != 0 || info.st_uid == geteuid();
+}
+
 }  // namespace
+
+bool IsAdministratorGroup(gid_t group) {
+    gid_t administrators = 0;
+    return FindGroup(kAdministratorGroup, administrators) && group == administrators;
+}
 
 bool IsSystemAdministrator() {
     if (geteuid() == 0) return true;
@@ -40,8 +52,13 @@ bool IsSystemAdministrator() {
     return std::find(groups.begin(), groups.end(), administrators) != groups.end();
 }
 
-bool ActsAsAdministrator() {
-    return Acting() ? *Acting() : IsSystemAdministrator();
+std::string WhoAdministers() {
+    return std::string("; an administrator can: root, or a member of group ") + kAdministratorGroup;
+}
+
+bool ActsAsAdministrator(StatePlace place) {
+    if (Acting()) return *Acting();
+    return place == StatePlace::kMachine ? IsSystemAdministrator() : OwnsState();
 }
 
 void SetActingAsAdministrator(std::optional<bool> administrator) {

@@ -1,5 +1,7 @@
 // A lock by which programs that replace files in a folder take turns. It is a lock on the folder
-// itself: it leaves no file behind, and stays put while the files are replaced.
+// itself: it leaves no file behind, and stays put while the files are replaced. In the machine's
+// state it is one on the file ".lock": everybody can open those folders, and so could lock them for
+// ever.
 #pragma once
 
 #include <string>

@@ -35,7 +35,9 @@ bool MakeFolders(const std::string& path) {
     }
     const std::string parent = FolderOf(path);
     if (parent != path && !MakeFolders(parent)) return false;
-    return mkdir(path.c_str(), 0700) == 0 || errno == EEXIST;
+    if (mkdir(path.c_str(), 0700) != 0) return errno == EEXIST;
+    // Whatever the mask of who makes it.
+    return !IsInMachineState(path) || chmod(path.c_str(), NewFolderMode(StatePlace::kMachine)) == 0;
 }
 
 std::string_view BaseName(std::string_view path) {

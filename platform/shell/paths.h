@@ -17,7 +17,8 @@ std::string NativePath(LPCSTR path);
 std::string WindowsDirectory();
 std::string SystemDirectory();
 
-// Creates a folder and its parents with mode 0700; false with errno set.
+// Creates a folder and its parents with mode 0700, in the machine's state with the mode that is
+// right there; false with errno set.
 bool MakeFolders(const std::string& path);
 
 std::string_view BaseName(std::string_view path);

@@ -1,8 +1,11 @@
-// The state directory: where it is, and making it.
+// The state directories: where they are, and making one.
 #include <platform/shell/state_directory.h>
 
+#include <pwd.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
@@ -21,6 +24,8 @@ std::string& Override() {
     static auto* path = new std::string;
     return *path;
 }
+
+std::atomic<StatePlace> placeInForce{StatePlace::kPerson};
 
 std::string Variable(const char* name) {
     const char* value = std::getenv(name);
@@ -45,6 +50,26 @@ std::string Absolute(std::string path) {
     return std::string(current) + "/" + path;
 }
 
+bool IsNamedOnPurpose() {
+    std::lock_guard guard(overrideLock);
+    return !Override().empty() || !Variable("KVPREFS_STATE").empty();
+}
+
+// The first folder on the way up that is there.
+bool FindExisting(std::string path, struct stat& info) {
+    while (stat(path.c_str(), &info) != 0) {
+        const std::string parent = FolderOf(path);
+        if (parent == path) return false;
+        path = parent;
+    }
+    return true;
+}
+
+std::string UserName(uid_t user) {
+    const passwd* entry = getpwuid(user);
+    return entry ? entry->pw_name : std::to_string(user);
+}
+
 }  // namespace
 
 std::string StateDirectory() {
@@ -53,6 +78,38 @@ std::string StateDirectory() {
         if (!Override().empty()) return Override();
     }
     return Absolute(FromEnvironment());
+}
+
+std::string StateDirectoryOf(StatePlace place) {
+    if (place == StatePlace::kPerson) return StateDirectory();
+    const std::string named = Variable("KVPREFS_SYSTEM");
+    return Absolute(named.empty() ? "/var/lib/kvprefs" : named);
+}
+
+bool HasMachineState() {
+    struct stat info;
+    const std::string path = StateDirectoryOf(StatePlace::kMachine);
+    return stat(path.c_str(), &info) == 0 && S_ISDIR(info.st_mode);
+}
+
+bool IsInMachineState(const std::string& path) {
+    return (path + "/").rfind(StateDirectoryOf(StatePlace::kMachine) + "/", 0) == 0;
+}
+
+StatePlace PlaceInForce() {
+    return placeInForce;
+}
+
+void SetPlaceInForce(StatePlace place) {
+    placeInForce = place;
+}
+
+mode_t NewFileMode(StatePlace place) {
+    return place == StatePlace::kMachine ? 0664 : 0600;
+}
+
+mode_t NewFolderMode(StatePlace place) {
+    return place == StatePlace::kMachine ? 02775 : 0700;
 }
 
 void OverrideStateDirectory(const std::string& path) {
@@ -74,6 +131,16 @@ bool MakeStateDirectory() {
 const char* NoStateDirectoryMessage() {
     return "No directory for settings: set HOME, XDG_DATA_HOME or KVPREFS_STATE, or name one with "
            "--state.";
+}
+
+std::string ForeignHomeMessage() {
+    struct stat info {};
+    const std::string path = StateDirectory();
+    if (path.empty() || IsNamedOnPurpose() || !FindExisting(path, info)) return {};
+    // What nobody owns in particular, as a home that root will make, is not somebody else's.
+    if (info.st_uid == geteuid() || info.st_uid == 0) return {};
+    return path + " belongs to " + UserName(info.st_uid) + ", and you are " + UserName(geteuid()) +
+           ": set HOME to your own, or name a place with --state";
 }
 
 }  // namespace kv

@@ -269,8 +269,8 @@ class Journey(unittest.TestCase):
 
     def environment(self, **changes):
         """A value of None takes the variable away."""
-        base = {**self.desktop.environment, "KVPREFS_STATE": str(self.state), "LC_ALL": "C.UTF-8",
-                "QT_QPA_PLATFORM": "xcb", "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
+        base = {**self.desktop.environment, "KVPREFS_STATE": str(self.state),
+                "KVPREFS_SYSTEM": "/nonexistent", "LC_ALL": "C.UTF-8", "QT_QPA_PLATFORM": "xcb", "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
         return {name: value for name, value in {**base, **changes}.items() if value is not None}
 
     def open(self, *printers, **changes):

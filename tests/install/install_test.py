@@ -24,7 +24,8 @@ GENUINE = SOURCE / "build/genuine/bin/KVUIMOD.dll"
 
 def run(*command, **variables):
     """The finished process, in an environment that knows nothing of the build."""
-    env = {"PATH": "/usr/bin:/bin", "HOME": str(ROOT / "home"), "LANG": "C.UTF-8"}
+    env = {"PATH": "/usr/bin:/bin", "HOME": str(ROOT / "home"), "LANG": "C.UTF-8",
+           "KVPREFS_SYSTEM": "/nonexistent"}
     env.update({name: os.environ[name] for name in PASSED_ON if name in os.environ})
     env.update(variables)
     return subprocess.run([str(word) for word in command], env=env, cwd=ROOT, text=True,

@@ -425,10 +425,9 @@ TEST_F(CommandLine, ARecordThatNoPageCouldMakeIsTakenByForceOnly) {
     EXPECT_EQ(Run("set ComboDuplexBooklet=2").status, 0);
 }
 
-TEST_F(CommandLine, PrintersAreAddedByAdministratorsOnly) {
-    EXPECT_EQ(Run("--as-user printer add Lobby --port USB002").status, 1);
-    EXPECT_EQ(Run("--as-admin printer add Lobby --port USB002").status, 0);
-    EXPECT_NE(Run("printer list").output.find("Lobby\tUSB002"), std::string::npos);
+TEST_F(CommandLine, APrinterOfOnesOwnIsAddedByAnybody) {
+    EXPECT_EQ(Run("--as-user printer add Lobby --port USB002").status, 0);
+    EXPECT_EQ(Run("printer list").output, "Lobby\tUSB002\tprivate\n");
     EXPECT_EQ(Run("--printer Lobby set EditCopies=6").status, 0);
     EXPECT_EQ(Run("get dmCopies --printer Lobby").output, "dmCopies=6\n");
     EXPECT_EQ(Run("--printer Attic get dmCopies").status, 2);
@@ -449,7 +448,10 @@ TEST_F(CommandLine, PrinterCommandsSayWhyTheyRefuse) {
         {"--as-admin printer add '" + std::string(75, '.') + "' --port USB003", 2, "too long"},
         {"--as-admin printer add Attic --port ''", 2, "port"},
         {"--as-admin printer remove Attic", 2, "there is no printer \"Attic\""},
-        {"--as-user printer remove Lobby", 1, "needs an administrator"},
+        {"printer remove --shared Lobby", 2, "there is no shared printer \"Lobby\""},
+        {"printer share Attic", 2, "there is no private printer \"Attic\""},
+        {"printer share Lobby", 1, "no place for shared printers"},
+        {"printer take Lobby", 2, "there is no shared printer \"Lobby\""},
         {"printer", 2, "subcommand"},
     };
     for (const auto& c : kCases) {
@@ -457,7 +459,7 @@ TEST_F(CommandLine, PrinterCommandsSayWhyTheyRefuse) {
         EXPECT_EQ(ran.status, c.status) << c.arguments << ": " << ran.output;
         EXPECT_NE(ran.output.find(c.says), std::string::npos) << c.arguments << ": " << ran.output;
     }
-    EXPECT_EQ(Json("printer list --json").dump(), R"([{"name":"Lobby","port":"USB002"}])");
+    EXPECT_EQ(Json("printer list --json").dump(), R"([{"name":"Lobby","port":"USB002","place":"private","hidden":false}])");
     EXPECT_EQ(Run("--as-admin printer remove LOBBY").status, 0);
     ASSERT_EQ(Run("--as-admin printer add $(printf 'B\\374ro') --port P").status, 0);
     const fs::path state = std::exchange(state_, "/proc/none");
@@ -551,8 +553,9 @@ TEST_F(CommandLine, AReadOnlyStateIsReadAndNeverHalfWritten) {
     writable(fs::perm_options::remove);
     EXPECT_EQ(Run("get dmCopies", obeying).output, "dmCopies=3\n");
     EXPECT_EQ(Run("list Basic", obeying).status, 0);
-    for (const char* arguments : {"set EditCopies=4", "defaults", "--as-admin printer remove X",
-                                  "--as-admin printer add X --port Y"}) {
+    for (const char* arguments :
+         {"set EditCopies=4", "defaults", "--as-admin printer remove 'Varnell Tessora 7720MF'",
+          "--as-admin printer add X --port Y"}) {
         const Ran ran = Run(arguments, obeying);
         EXPECT_NE(ran.status, 0) << arguments;
         EXPECT_NE(ran.output.find(state_.string()), std::string::npos) << ran.output;

@@ -72,7 +72,7 @@ TEST_F(PrinterWindowsTest, APrinterThatIsGoneWhenItsTurnComesIsToldAndTheOthersO
     PrinterWindows windows;
     ASSERT_TRUE(windows.Prepare({}, {"Hall", "Lobby", "Office"}));
     std::string error;
-    ASSERT_TRUE(kvcore::RemovePrinter("Lobby", error)) << error;
+    ASSERT_TRUE(kvcore::RemovePrinter(kv::StatePlace::kPerson, "Lobby", error)) << error;
     EXPECT_EQ(windows.Run(), kBadInput);
     EXPECT_EQ(titles_, (Names{"Hall", "Office"}));
 }

@@ -6,6 +6,7 @@
 
 #include <windows.h>
 
+#include <grp.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -16,6 +17,7 @@
 #include <optional>
 #include <sstream>
 #include <string>
+#include <vector>
 
 #include <platform/registry/state_store.h>
 #include <platform/security/access.h>
@@ -71,17 +73,26 @@ class ScratchTest : public ::testing::Test {
 // Root passes every file right: while one of these lives, the process is an ordinary user.
 class AsOrdinaryUser {
  public:
-    AsOrdinaryUser() : user_(geteuid()) {
-        if (user_ == 0 && seteuid(65534) != 0) ADD_FAILURE() << "cannot become another user";
+    AsOrdinaryUser() : user_(geteuid()), group_(getegid()), groups_(getgroups(0, nullptr)) {
+        if (user_ != 0) return;
+        getgroups(static_cast<int>(groups_.size()), groups_.data());
+        if (setgroups(0, nullptr) != 0 || setegid(kNobody) != 0 || seteuid(kNobody) != 0) {
+            ADD_FAILURE() << "cannot become another user";
+        }
     }
     ~AsOrdinaryUser() {
-        if (geteuid() != user_ && seteuid(user_) != 0) std::abort();
+        if (user_ != 0) return;
+        if (seteuid(user_) != 0 || setegid(group_) != 0) std::abort();
+        if (setgroups(groups_.size(), groups_.data()) != 0) std::abort();
     }
     AsOrdinaryUser(const AsOrdinaryUser&) = delete;
     AsOrdinaryUser& operator=(const AsOrdinaryUser&) = delete;
 
  private:
+    static constexpr uid_t kNobody = 65534;
     const uid_t user_;
+    const gid_t group_;
+    std::vector<gid_t> groups_;
 };
 
 }  // namespace kv::test

@@ -1,5 +1,6 @@
-// Every test program, and every program that it starts, runs as on a desktop whose numbers have a
-// comma: no number may be written or read in the way of whoever's locale it is.
+// What every test program, and every program that it starts, finds around it: a desktop whose numbers
+// have a comma (no number may be written or read in the way of whoever's locale it is), and a machine
+// without shared printers.
 #include <gtest/gtest.h>
 
 #include <clocale>
@@ -23,6 +24,7 @@ const bool used = [] {
     unsetenv("LC_ALL");
     setenv("LOCPATH", KV_LOCALES, 1);
     setenv("LC_NUMERIC", kLocale, 1);
+    setenv("KVPREFS_SYSTEM", "/nonexistent", 1);
     testing::AddGlobalTestEnvironment(new DecimalComma);
     return true;
 }();
