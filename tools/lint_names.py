@@ -1,4 +1,4 @@
-"""Checks that ids, captions and messages are said by their names. lint.py calls it.
+"""Checks that ids, captions, messages and stored fields are said by their names. lint.py calls it.
 
 Tests are left out: their numbers and texts are the second, independent entry that the code is held against.
 """
@@ -42,6 +42,10 @@ NOT_CAPTIONS = {
 }
 SHOWS = re.compile(r"\b(?:SetWindowText|SetDlgItemText|MessageBox|ShowMessage|TextOut|DrawText)\w*\("
                    r"[^;\"]*\"")
+
+LAYOUT = "framework/include/record_layout.h"
+# What names every stored field, whether it is used or not.
+RECORD_FILES = {LAYOUT, "module/sheet/private_devmode.h", "module/settings/setting_field.cpp"}
 
 TOKEN = re.compile(r'"(?:\\.|[^"\\\n])*"|\'(?:\\.|[^\'\\\n])+\'|//[^\n]*|/\*.*?\*/', re.S)
 MESSAGE = re.compile(r"constexpr UINT (k\w+) = (WM_(?:USER|APP) \+ \d+);")
@@ -150,5 +154,16 @@ def message_faults(root):
             yield f"{place}: {name} is {offset}, which {min(known)[0]} names already"
 
 
+def carried_faults(root):
+    """Stored fields that are marked as unused and are used, or the other way."""
+    fields = re.findall(r"^\s+X\((\w+),.*?\)( /\* carried)?", (root / LAYOUT).read_text(), re.M)
+    code = "".join(without(text, lambda token: False)
+                   for where, text in sources(root, ("module", "framework", "host"))
+                   if where not in RECORD_FILES and not where.endswith(".rc"))
+    for field, carried in fields:
+        if bool(re.search(rf'(?:\.|->|, |"){field}\b(?!\()', code)) == bool(carried):
+            yield f"{LAYOUT}: {field} is " + ("not only carried" if carried else "carried: nothing uses it")
+
+
 def faults(root):
-    return [*id_faults(root), *caption_faults(root), *message_faults(root)]
+    return [*id_faults(root), *caption_faults(root), *message_faults(root), *carried_faults(root)]

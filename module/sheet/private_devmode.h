@@ -15,9 +15,9 @@ constexpr DWORD kPrivateSize = kRecordSize - sizeof(DEVMODEA);
 constexpr DWORD kWatermarkCopySize = 344;
 constexpr DWORD kUserNameSize = 9;
 
-// Members carry the names of the record's fields; where each lies is in record_layout.h. Fields
-// without the mdm prefix are shared with the rendering side; those that no code of the module names
-// are there for the record's format only. "reserved" members are carried unchanged.
+// Members carry the names of the record's fields; where each lies, and which are only carried, is in
+// record_layout.h. Fields without the mdm prefix are shared with the rendering side. "reserved"
+// members are carried unchanged.
 struct PrivateDevmode {
     BYTE reserved000[0x38];
     DWORD Compression;
