@@ -36,6 +36,7 @@ test_packages=(
     "appstream: checks the software catalogue's entry"
     "dpkg-dev: dependencies of the Debian packages"
     "file: finds the programs in the Debian packages"
+    "libnss-wrapper: people and groups of the tests that this machine need not have"
     "zsh: tests of completion"
     "fish: tests of completion"
     "g++-mingw-w64-x86-64: builds the module for its genuine platform"

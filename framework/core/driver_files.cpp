@@ -63,17 +63,28 @@ Standing Look(const fs::path& path, std::string& problem) {
     return Standing::kEmpty;
 }
 
-bool Put(const fs::path& path, const std::string& text, std::string& error) {
+kv::StatePlace PlaceOf(const fs::path& path) {
     const bool shared = kv::IsInMachineState(path.string());
-    const mode_t mode =
-        kv::NewFileMode(shared ? kv::StatePlace::kMachine : kv::StatePlace::kPerson);
+    return shared ? kv::StatePlace::kMachine : kv::StatePlace::kPerson;
+}
+
+std::string Refusal(const fs::path& path, int problem) {
+    const std::string text = path.string() + ": " + kv::ErrnoInWords(problem);
+    const bool rights = problem == EACCES || problem == EPERM;
+    const bool shared = PlaceOf(path) == kv::StatePlace::kMachine;
+    return text + (rights && shared ? kv::WhoAdministers() : "");
+}
+
+bool Put(const fs::path& path, const std::string& text, std::string& error) {
+    const mode_t mode = kv::NewFileMode(PlaceOf(path));
     kv::WholeFile file(path.string(), mode);
     file.Write(text);
     // Whatever the writer's mask says of what others may read.
-    if (shared) file.TakeRightsOf(static_cast<uid_t>(-1), static_cast<gid_t>(-1), mode);
+    if (PlaceOf(path) == kv::StatePlace::kMachine) {
+        file.TakeRightsOf(static_cast<uid_t>(-1), static_cast<gid_t>(-1), mode);
+    }
     if (file.TakePlace()) return true;
-    error = path.string() + ": " + kv::ErrnoInWords(file.Problem());
-    if (shared && !kv::IsSystemAdministrator()) error += kv::WhoAdministers();
+    error = Refusal(path, file.Problem());
     return false;
 }
 
@@ -134,29 +145,36 @@ void TakeOverFile(const fs::path& models, kv::StatePlace place, const char* name
             files);
 }
 
-// Of two administrators each can bring the pages up to date; one whose file it is not cannot change
-// its rights, and need not.
-void ShareWithAll(const fs::path& folder) {
-    chmod(folder.c_str(), kv::NewFolderMode(kv::StatePlace::kMachine));
-    for (const auto& entry : fs::recursive_directory_iterator(folder)) {
-        const auto place = kv::StatePlace::kMachine;
-        chmod(entry.path().c_str(),
-              entry.is_directory() ? kv::NewFolderMode(place) : kv::NewFileMode(place));
+// Help pages lie in a folder named like the help file without its extension. A model may come
+// without. New ones are many and can be had again: they are not worth a synchronisation each.
+void CopyHelpPage(const fs::path& from, const fs::path& to, DriverFiles& files) {
+    std::string page, installed;
+    if (!ReadText(from, page) || (ReadText(to, installed) && installed == page)) return;
+    std::error_code failed;
+    if (fs::exists(to)) {
+        Put(to, page, files.error);
+    } else if (fs::copy_file(from, to, failed)) {
+        chmod(to.c_str(), kv::NewFileMode(PlaceOf(to)));
+    } else {
+        files.error = Refusal(to, failed.value());
     }
 }
 
-// Help pages lie in a folder named like the help file without its extension. A model may come
-// without.
 void CopyHelp(const fs::path& models, kv::StatePlace place, DriverFiles& files) {
     const auto description = LoadDescription((models / kvspool::kDescriptionFile).string());
     const std::string* file = description->FindPrinterValue(kHelpFileValue);
-    if (file == nullptr || !fs::is_directory(models / kHelpSource)) return;
-    std::error_code failed;
+    const fs::path source = models / kHelpSource;
+    if (file == nullptr || !fs::is_directory(source)) return;
     const fs::path folder = DriverPath(place, fs::path(*file).stem().c_str());
-    fs::copy(models / kHelpSource, folder,
-             fs::copy_options::recursive | fs::copy_options::overwrite_existing, failed);
-    if (!failed && place == kv::StatePlace::kMachine) ShareWithAll(folder);
-    if (failed) files.error = folder.string() + ": " + kv::ErrnoInWords(failed.value());
+    for (const auto& entry : fs::recursive_directory_iterator(source)) {
+        const fs::path target = folder / entry.path().lexically_relative(source);
+        if (!files.error.empty()) return;
+        if (!kv::MakeFolders(target.parent_path().string())) {
+            files.error = Refusal(target.parent_path(), errno);
+        } else if (entry.is_regular_file()) {
+            CopyHelpPage(entry.path(), target, files);
+        }
+    }
 }
 
 }  // namespace
@@ -165,12 +183,12 @@ DriverFiles TakeOverModel(const std::string& modelsDir, kv::StatePlace place) {
     DriverFiles files;
     const fs::path folder = DriverPath(place, "").parent_path();
     if (!kv::MakeFolders(folder.string())) {
-        files.error = folder.string() + ": " + kv::ErrnoInWords(errno);
+        files.error = Refusal(folder, errno);
         return files;
     }
     const kv::FolderLock lock(folder.string());
     if (lock.Problem() != 0) {
-        files.error = folder.string() + ": " + kv::ErrnoInWords(lock.Problem());
+        files.error = Refusal(folder, lock.Problem());
         return files;
     }
     for (const char* name : {kvspool::kDescriptionFile, kvspool::kRulesFile}) {
