@@ -12,6 +12,7 @@
 #include <string>
 
 #include "tests/platform/shell/scratch.h"
+#include "tests/support/printer_data.h"
 
 namespace kvtest {
 
@@ -36,17 +37,15 @@ class PrinterTest : public kv::test::ScratchTest {
         return OpenPrinterA(const_cast<LPSTR>(name), &handle, &defaults) ? handle : nullptr;
     }
     static DWORD Put(const char* name, DWORD type, const std::string& bytes) {
-        const HANDLE handle = Open(PRINTER_ACCESS_ADMINISTER | PRINTER_ACCESS_USE);
-        std::string copy = bytes;
-        const DWORD error =
-            SetPrinterDataA(handle, const_cast<LPSTR>(name), type,
-                            reinterpret_cast<BYTE*>(copy.data()), static_cast<DWORD>(copy.size()));
-        ClosePrinter(handle);
-        return error;
+        return PutPrinterData(kPrinter, name, type, bytes);
     }
-    static DWORD PutNumber(const char* name, DWORD number) {
-        return Put(name, REG_DWORD,
-                   std::string(reinterpret_cast<const char*>(&number), sizeof number));
+    static void PutNumber(const char* name, DWORD number) {
+        PutPrinterData(kPrinter, name, number);
+    }
+    // As a list of ids, names or numbers is stored.
+    template <typename Value>
+    static std::string BytesOf(const Value& value) {
+        return {reinterpret_cast<const char*>(&value), sizeof value};
     }
 
     PrinterBlock printer{};

@@ -9,18 +9,23 @@
 
 namespace kvtest {
 
-inline void PutPrinterData(const char* printer, const char* name, DWORD type, std::string bytes) {
+// The error of the attempt.
+inline DWORD PutPrinterData(const char* printer, const char* name, DWORD type,
+                            const std::string& bytes) {
     PRINTER_DEFAULTSA access{nullptr, nullptr, PRINTER_ALL_ACCESS};
     HANDLE handle = nullptr;
-    ASSERT_TRUE(OpenPrinterA(const_cast<LPSTR>(printer), &handle, &access));
-    EXPECT_EQ(SetPrinterDataA(handle, const_cast<LPSTR>(name), type,
-                              reinterpret_cast<BYTE*>(bytes.data()),
-                              static_cast<DWORD>(bytes.size())),
-              0u);
+    if (!OpenPrinterA(const_cast<LPSTR>(printer), &handle, &access)) return GetLastError();
+    std::string copy = bytes;
+    const DWORD error =
+        SetPrinterDataA(handle, const_cast<LPSTR>(name), type, reinterpret_cast<BYTE*>(copy.data()),
+                        static_cast<DWORD>(copy.size()));
     ClosePrinter(handle);
+    return error;
 }
 inline void PutPrinterData(const char* printer, const char* name, DWORD number) {
-    PutPrinterData(printer, name, REG_DWORD, {reinterpret_cast<char*>(&number), sizeof number});
+    EXPECT_EQ(PutPrinterData(printer, name, REG_DWORD,
+                             {reinterpret_cast<const char*>(&number), sizeof number}),
+              0u);
 }
 
 }  // namespace kvtest

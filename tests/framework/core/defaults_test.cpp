@@ -1,6 +1,5 @@
 // Default records, printer values, paper data and strings of the served model.
 #include <framework/core/description.h>
-#include <framework/core/record_fields.h>
 
 #include <cstring>
 #include <vector>
@@ -27,40 +26,6 @@ class CoreServices : public PrinterTest {
 
     alignas(DEVMODEA) BYTE bytes[kvui::kRecordSize];
 };
-
-TEST_F(CoreServices, TheFieldTableAgreesWithTheModulesRecord) {
-    // The two tables are written apart because they belong to different libraries.
-    struct {
-        const char* name;
-        std::size_t offset;
-    } const cases[] = {
-        {"dmFields", offsetof(DEVMODEA, dmFields)},
-        {"dmTTOption", offsetof(DEVMODEA, dmTTOption)},
-        {"dmMediaType", offsetof(DEVMODEA, dmMediaType)},
-#define KV_FIELD(name) {#name, kvcore::kPublicSize + offsetof(kvui::PrivateDevmode, name)}
-        KV_FIELD(Compression),
-        KV_FIELD(MediaType),
-        KV_FIELD(Saturation),
-        KV_FIELD(EnhanceContrast),
-        KV_FIELD(layoutFlags),
-        KV_FIELD(posterTilesDown),
-        KV_FIELD(printerModelCode),
-        KV_FIELD(mdmInstalledOptions),
-        KV_FIELD(mdmFirstPageSource),
-        KV_FIELD(mdmNup),
-        KV_FIELD(mdmMailBinAssign),
-        KV_FIELD(mdmFolding),
-        KV_FIELD(mdmJobPassword),
-        KV_FIELD(mdmOtherSettings),
-        KV_FIELD(mdmOffsetY),
-#undef KV_FIELD
-    };
-    for (const auto& row : cases) {
-        const kvcore::RecordField* field = kvcore::FindRecordField(row.name);
-        ASSERT_TRUE(field) << row.name;
-        EXPECT_EQ(field->offset, row.offset) << row.name;
-    }
-}
 
 TEST_F(CoreServices, DefaultsFillAWholeRecordThatIsConsistent) {
     SetRegion("1", "0");

@@ -9,6 +9,7 @@
 #include <set>
 
 #include "tests/framework/printer_fixture.h"
+#include "tests/support/registry.h"
 
 namespace kvtest {
 namespace {
@@ -120,19 +121,12 @@ TEST_F(Installation, ASecondPrinterKeepsTheInstalledRulesFile) {
     std::string error;
     ASSERT_TRUE(kvcore::InstallPrinter("Second", "IP_10.0.0.5", KV_SOURCE_DIR "/models", error));
     EXPECT_EQ(Read(rules), before);
-    HKEY key = nullptr;
-    ASSERT_EQ(RegOpenKeyExA(HKEY_LOCAL_MACHINE,
-                            "System\\CurrentControlSet\\Control\\Print\\Monitors\\"
-                            "Standard TCP/IP Port\\Ports\\IP_10.0.0.5",
-                            0, KEY_READ, &key),
-              0);
-    char address[32] = "";
-    DWORD size = sizeof address;
-    EXPECT_EQ(RegQueryValueExA(key, "IPAddress", nullptr, nullptr, reinterpret_cast<BYTE*>(address),
-                               &size),
-              0);
-    EXPECT_STREQ(address, "10.0.0.5");
-    RegCloseKey(key);
+    EXPECT_STREQ(RegistryValue(HKEY_LOCAL_MACHINE,
+                               "System\\CurrentControlSet\\Control\\Print\\Monitors\\"
+                               "Standard TCP/IP Port\\Ports\\IP_10.0.0.5",
+                               "IPAddress")
+                     .c_str(),
+                 "10.0.0.5");
 }
 
 // What a program that makes a printer, or without a name the first one, ends with.

@@ -25,12 +25,10 @@ class Profiles : public PrinterTest {
 
 TEST_F(Profiles, TheFirstRowThatFitsCounts) {
     Describe("[Gain]\n12, 2 = 14\n12,*=18\n*,*=20\n[Gain]\n12,2=99\n[Empty]\n");
-    const struct {
-        const char* key;
-        const char* value;
-    } rows[] = {{"12,2", "14"}, {"12,3", "18"},     {"7,3", "20"},
-                {"12", "none"}, {"12,2,1", "none"}, {"", "none"}};
-    for (const auto& row : rows) EXPECT_EQ(Search(row.key), row.value) << row.key;
+    const std::pair<const char*, const char*> rows[] = {{"12,2", "14"},     {"12,3", "18"},
+                                                        {"7,3", "20"},      {"12", "none"},
+                                                        {"12,2,1", "none"}, {"", "none"}};
+    for (const auto& [key, value] : rows) EXPECT_EQ(Search(key), value) << key;
     EXPECT_EQ(Search("12,2", 2), "none") << "a value is never cut";
     EXPECT_EQ(QDMFindProfileSection(&printer, 2, "Nowhere"), nullptr);
     EXPECT_EQ(QDMFindProfileSection(&printer, 2, "Resolutions"), nullptr);
@@ -55,9 +53,7 @@ TEST_F(Profiles, KeysAreMadeOfTheRecordsFields) {
 }
 
 TEST_F(Profiles, BinaryPrinterDataAreNumbers) {
-    const DWORD stored[] = {15, 8, 4};
-    ASSERT_EQ(
-        Put("DitherList7", REG_BINARY, std::string(reinterpret_cast<const char*>(stored), 12)), 0u);
+    ASSERT_EQ(Put("DitherList7", REG_BINARY, BytesOf(std::array<DWORD, 3>{15, 8, 4})), 0u);
     DWORD numbers[3] = {};
     EXPECT_TRUE(QDMGetPrinterKeyValue(&printer, 2, "DitherList7", 0, numbers, sizeof numbers));
     EXPECT_THAT(numbers, testing::ElementsAre(15u, 8u, 4u));

@@ -1,11 +1,13 @@
 // The list service: scopes, rights, ids, commit and cancel, and stored lists that are damaged.
 #include <kvlist.h>
 
+#include <array>
 #include <cstring>
 #include <span>
 #include <vector>
 
 #include "tests/framework/printer_fixture.h"
+#include "tests/support/registry.h"
 
 namespace kvtest {
 namespace {
@@ -48,6 +50,11 @@ class Lists : public PrinterTest {
             if (record.id >= 512) names.push_back(record.displayName);
         }
         return names;
+    }
+
+    // As a list is stored.
+    static std::string Stored(DWORD recordSize, DWORD count, const std::string& records) {
+        return "KVL1" + BytesOf(std::array<DWORD, 3>{recordSize, count, 0}) + records;
     }
 
     ListHandle papers{};
@@ -142,47 +149,32 @@ TEST_F(Lists, TextWithoutEndIsRefused) {
 }
 
 TEST_F(Lists, AListThatCannotBeReadIsNoEmptyOne) {
-    const auto list = [](DWORD recordSize, DWORD count, const std::string& records) {
-        const DWORD head[] = {recordSize, count, 0};
-        return "KVL1" + std::string(reinterpret_cast<const char*>(head), sizeof head) + records;
-    };
-    const auto bytesOf = [](const CustomPaperRecord& record) {
-        return std::string(reinterpret_cast<const char*>(&record), sizeof record);
-    };
     CustomPaperRecord endless = Paper(600, "");
     std::memset(endless.displayName, 'x', sizeof endless.displayName);
-    const std::string good = bytesOf(Paper(600, "good"));
-    // type, stored bytes
-    struct {
-        DWORD type;
-        std::string bytes;
-    } const cases[] = {
+    const std::string good = BytesOf(Paper(600, "good"));
+    const std::pair<DWORD, std::string> cases[] = {
         {REG_BINARY, ""},
         {REG_BINARY, "KVL1"},
-        {REG_BINARY, list(168, 2, good)},
-        {REG_BINARY, list(168, 0xFFFFFFFF, good)},
-        {REG_BINARY, list(344, 1, good)},
-        {REG_BINARY, list(0, 5, "")},
+        {REG_BINARY, Stored(168, 2, good)},
+        {REG_BINARY, Stored(168, 0xFFFFFFFF, good)},
+        {REG_BINARY, Stored(344, 1, good)},
+        {REG_BINARY, Stored(0, 5, "")},
         {REG_BINARY, std::string((1 << 20) - 7, 'x')},
-        {REG_SZ, list(168, 1, good)},
-        {REG_BINARY, list(168, 1, bytesOf(endless))},
-        {REG_BINARY, list(168, 1, bytesOf(Paper(9, "not the user's")))},
-        {REG_BINARY, list(168, 2, good + good)},
+        {REG_SZ, Stored(168, 1, good)},
+        {REG_BINARY, Stored(168, 1, BytesOf(endless))},
+        {REG_BINARY, Stored(168, 1, BytesOf(Paper(9, "not the user's")))},
+        {REG_BINARY, Stored(168, 2, good + good)},
     };
-    HKEY own = nullptr;
-    RegCreateKeyExA(HKEY_CURRENT_USER, "Software\\Varnell\\Tessora\\Lists\\Office Tessora", 0,
-                    nullptr, 0, KEY_WRITE, nullptr, &own, nullptr);
-    for (const auto& row : cases) {
-        const int number = static_cast<int>(&row - cases);
-        ASSERT_EQ(Put("KVList.Papers", row.type, row.bytes), ERROR_SUCCESS);
-        EXPECT_FALSE(QDMMLTReadPaper(&printer)) << number;
-        Put("KVList.Papers", REG_BINARY, list(168, 1, good));
-        RegSetValueExA(own, "Papers", 0, row.type, reinterpret_cast<const BYTE*>(row.bytes.data()),
-                       static_cast<DWORD>(row.bytes.size()));
-        EXPECT_FALSE(QDMMLTReadPaper(&printer)) << number << " of the user's own";
-        RegDeleteValueA(own, "Papers");
+    const char own[] = "Software\\Varnell\\Tessora\\Lists\\Office Tessora";
+    for (const auto& [type, bytes] : cases) {
+        SCOPED_TRACE(bytes.substr(0, 20));
+        ASSERT_EQ(Put("KVList.Papers", type, bytes), ERROR_SUCCESS);
+        EXPECT_FALSE(QDMMLTReadPaper(&printer));
+        Put("KVList.Papers", REG_BINARY, Stored(168, 1, good));
+        PutRegistryValue(HKEY_CURRENT_USER, own, "Papers", type, bytes);
+        EXPECT_FALSE(QDMMLTReadPaper(&printer)) << "of the user's own";
+        RegDeleteKeyA(HKEY_CURRENT_USER, own);
     }
-    RegCloseKey(own);
     Drop();
     EXPECT_THAT(Names(kScopeUser), testing::ElementsAre("good"));
 }
@@ -211,11 +203,7 @@ TEST_F(Lists, WhatCouldNotBeReadAgainIsRefusedWhenItIsWritten) {
 TEST_F(Lists, AnOwnEntryWhoseIdBecameCommonGetsAnother) {
     AddTo(2, 512, "mine");
     Commit();
-    const CustomPaperRecord taken = Paper(512, "ours");
-    const DWORD head[] = {168, 1, 0};
-    Put("KVList.Papers", REG_BINARY,
-        "KVL1" + std::string(reinterpret_cast<const char*>(head), sizeof head) +
-            std::string(reinterpret_cast<const char*>(&taken), sizeof taken));
+    Put("KVList.Papers", REG_BINARY, Stored(168, 1, BytesOf(Paper(512, "ours"))));
     Drop();
     EXPECT_THAT(Names(kScopeUser), testing::ElementsAre("ours", "mine"));
     CustomPaperRecord record{};

@@ -3,13 +3,13 @@
 
 #include <gtest/gtest.h>
 #include <platform/security/access.h>
-#include <winreg.h>
 #include <winspool.h>
 
 #include <string>
 #include <vector>
 
 #include "tests/module/support/sheet_fixture.h"
+#include "tests/support/registry.h"
 
 namespace kvui {
 namespace {
@@ -20,14 +20,9 @@ class PrinterPort : public testing::Test {
     ~PrinterPort() override { kv::SetActingAsAdministrator(std::nullopt); }
 
     static void Put(const std::string& port, const char* value, const std::string& text) {
-        HKEY key = nullptr;
-        const std::string path = "System\\CurrentControlSet\\Control\\Print\\Monitors\\" + port;
-        ASSERT_EQ(RegCreateKeyExA(HKEY_LOCAL_MACHINE, path.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS,
-                                  nullptr, &key, nullptr),
-                  0);
-        RegSetValueExA(key, value, 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
-                       static_cast<DWORD>(text.size() + 1));
-        RegCloseKey(key);
+        kvtest::PutRegistryValue(HKEY_LOCAL_MACHINE,
+                                 "System\\CurrentControlSet\\Control\\Print\\Monitors\\" + port,
+                                 value, REG_SZ, text + '\0');
     }
     ScratchSheet sheet;
 };

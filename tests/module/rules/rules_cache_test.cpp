@@ -164,9 +164,9 @@ TEST(HostileRules, AnyContentIsReadWithoutHarm) {
         sheet.UseRules(text);
         UseEverything(sheet);
     }
-    sheet.UseRulesAt(sheet.directory() + "/absent.ini");
+    sheet.UseRulesAt(sheet.scratch.Path("absent.ini"));
     UseEverything(sheet);
-    sheet.UseRulesAt(sheet.directory());
+    sheet.UseRulesAt(sheet.scratch.Path(""));
     UseEverything(sheet);
 }
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "scratch_record.h"
+#include "tests/module/support/scratch_record.h"
 #include "settings/item_catalogue.h"
 
 namespace kvui {

@@ -8,7 +8,7 @@
 #include <set>
 #include <string>
 
-#include "scratch_record.h"
+#include "tests/module/support/scratch_record.h"
 #include "settings/item_catalogue.h"
 
 namespace kvui {

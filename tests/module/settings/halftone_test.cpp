@@ -5,22 +5,18 @@
 #include <gmock/gmock.h>
 #include <platform/resource/register.h>
 #include <platform/security/access.h>
-#include <winreg.h>
-
-#include <memory>
 
 #include "settings/reactor.h"
 #include "settings/threshold_tables.h"
 #include "sheet/snapshot.h"
 #include "tests/module/support/sheet_fixture.h"
 #include "tests/platform/support/compiled_file.h"
+#include "tests/support/registry.h"
 
 namespace kvui {
 namespace {
 
-namespace fs = std::filesystem;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 constexpr char kKey[] = "Software\\VARNELL\\KVRENDER\\ThresholdLUTs";
 
@@ -34,15 +30,9 @@ class Halftone : public testing::Test {
     ~Halftone() override { kv::SetActingAsAdministrator(std::nullopt); }
 
     void Describe(const std::string& text) {
-        const std::string path = Put("description.ini", text);
+        const std::string path = sheet.scratch.Write("description.ini", text);
         snprintf(sheet.printer.descriptionPath, sizeof sheet.printer.descriptionPath, "%s",
                  path.c_str());
-    }
-    std::string Put(const std::string& name, const std::string& text) {
-        const fs::path path = fs::path(sheet.directory()) / name;
-        fs::create_directories(path.parent_path());
-        std::ofstream(path, std::ios::binary) << text;
-        return path.string();
     }
     std::vector<DWORD> Choose(DWORD pattern) {
         settings.mdmDitherPattern = pattern;
@@ -50,15 +40,7 @@ class Halftone : public testing::Test {
         return {settings.Dither, settings.nGrayBits, settings.CellSize};
     }
     static std::string Bytes(const char* name) {
-        HKEY key = nullptr;
-        if (RegOpenKeyExA(HKEY_LOCAL_MACHINE, kKey, 0, KEY_READ, &key) != 0) return "no key";
-        std::string bytes(1 << 16, '\0');
-        DWORD type = 0, size = bytes.size();
-        const LSTATUS error = RegQueryValueExA(key, name, nullptr, &type,
-                                               reinterpret_cast<BYTE*>(bytes.data()), &size);
-        RegCloseKey(key);
-        bytes.resize(error == 0 && type == REG_BINARY ? size : 0);
-        return bytes;
+        return kvtest::RegistryValue(HKEY_LOCAL_MACHINE, kKey, name);
     }
     static std::vector<std::string> Published() {
         std::vector<std::string> names;
@@ -118,7 +100,8 @@ TEST_F(Halftone, EntriesComeFromTheModuleTheTableLibraryAndTheFrameworkInThisOrd
     const kv::ModuleResources resources(
         reinterpret_cast<const void*>(GetProcAddress(uiHost, "QDMDialogAlloc")), file.bytes.data(),
         file.bytes.size());
-    Put("windows/QDM.INI", "[Halftoning]\r\nSmooth=qdtaABC.bmp;fine;er\r\nBroken=short\r\n");
+    sheet.scratch.Write("state/windows/QDM.INI",
+                        "[Halftoning]\r\nSmooth=qdtaABC.bmp;fine;er\r\nBroken=short\r\n");
 
     const struct {
         const char* description;
@@ -126,7 +109,7 @@ TEST_F(Halftone, EntriesComeFromTheModuleTheTableLibraryAndTheFrameworkInThisOrd
     } without[] = {{"[PrinterValues]\nUseTableLibrary=1\n", false},
                    {"[PrinterValues]\nUseTableLibrary=0\n", true}};
     for (const auto& row : without) {
-        if (row.library) Put("driver/KVTABRES.DLL", "");
+        if (row.library) sheet.scratch.Write("state/driver/KVTABRES.DLL", "");
         Describe(row.description);
         EXPECT_STREQ(HalftoneList(sheet.context).Find(2)->name, "Smooth") << row.description;
     }
@@ -149,7 +132,7 @@ TEST_F(Halftone, TheListEndsAtSixtyFourEntriesWhateverTheFileHolds) {
     std::string text = "[Halftoning]\n";
     for (int i = 0; i < 200; ++i)
         text += "Key" + std::to_string(i) + "=" + std::string(600, 'x') + "\n";
-    Put("windows/QDM.INI", text);
+    sheet.scratch.Write("state/windows/QDM.INI", text);
     const HalftoneList list(sheet.context);
     EXPECT_EQ(list.count(), 64u);
     EXPECT_STREQ(list.Find(63)->name, "Key61");

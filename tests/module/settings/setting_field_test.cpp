@@ -8,7 +8,7 @@
 #include <sstream>
 #include <string>
 
-#include "scratch_record.h"
+#include "tests/module/support/scratch_record.h"
 
 namespace kvui {
 namespace {

@@ -8,48 +8,26 @@
 #include <test_paths.h>
 #include <windows.h>
 
-#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <string>
 
 #include "rules/rules_cache.h"
-#include "settings/setting_field.h"
-#include "sheet/private_devmode.h"
 #include "sheet/rules_path.h"
 #include "sheet/sheet_context.h"
+#include "tests/module/support/scratch_record.h"
+#include "tests/support/scratch_folder.h"
 
 namespace kvui {
-
-// A directory of its own that goes with the object.
-class ScratchDirectory {
- public:
-    ScratchDirectory() {
-        std::string pattern = std::filesystem::temp_directory_path() / "kvui-XXXXXX";
-        path = mkdtemp(pattern.data()) != nullptr ? pattern : "";
-    }
-    ~ScratchDirectory() {
-        std::error_code ignored;
-        if (!path.empty()) std::filesystem::remove_all(path, ignored);
-    }
-    ScratchDirectory(const ScratchDirectory&) = delete;
-    ScratchDirectory& operator=(const ScratchDirectory&) = delete;
-    std::string path;
-};
 
 // One sheet. UseRules may be called again: the caches are then built anew, as in the next sheet.
 class ScratchSheet {
  public:
     ScratchSheet() {
-        kv::SetStateDirectory(scratch_.path);
-        DEVMODEA* record = reinterpret_cast<DEVMODEA*>(record_);
-        record->dmSize = sizeof(DEVMODEA);
-        record->dmDriverExtra = static_cast<WORD>(kPrivateSize);
-        context.settings = record;
-        context.privateSettings = PrivatePart(record);
-        context.moduleSettings = record_ + sizeof(DEVMODEA) + kModuleSettingsOffset;
+        kv::SetStateDirectory(scratch.State());
+        context.settings = record.devmode();
+        context.privateSettings = record.settings();
+        context.moduleSettings = record.bytes() + sizeof(DEVMODEA) + kModuleSettingsOffset;
         context.printer = &printer;
         context.host = &host;
         context.shared = &shared;
@@ -66,10 +44,7 @@ class ScratchSheet {
 
     void UseRules(const std::string& text) {
         // A new name each time: a file rewritten within the clock's tick would look unchanged.
-        const std::string path =
-            scratch_.path + "/rules" + std::to_string(++rulesWritten_) + ".ini";
-        std::ofstream(path, std::ios::binary) << text;
-        UseRulesAt(path);
+        UseRulesAt(scratch.Write("rules" + std::to_string(++rulesWritten_) + ".ini", text));
     }
     void UseRulesAt(const std::string& path) {
         FreeRulesCaches(shared);
@@ -88,24 +63,18 @@ class ScratchSheet {
         }
     }
 
-    void Set(const char* field, DWORD value) { WriteSettingByName(context.settings, field, value); }
-    // A value that no field of the tests holds stands for "no such field".
-    DWORD Get(const char* field) const {
-        DWORD value = 0xDEADBEEF;
-        ReadSetting(context.settings, field, &value);
-        return value;
-    }
-    const std::string& directory() const { return scratch_.path; }
+    void Set(const char* field, DWORD value) { WriteSettingByName(record.devmode(), field, value); }
+    DWORD Get(const char* field) const { return record.Value(field); }
 
+    const kv::test::ScratchFolder scratch;
+    ScratchRecord record;
     SheetContext context = {};
     SharedSheet shared = {};
     PrinterBlock printer = {};
     HostUiBlock host = {};
 
  private:
-    ScratchDirectory scratch_;
     int rulesWritten_ = 0;
-    alignas(8) BYTE record_[kRecordSize] = {};
 };
 
 }  // namespace kvui

@@ -11,50 +11,29 @@
 #include <unistd.h>
 
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <map>
 #include <optional>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include <platform/registry/state_store.h>
 #include <platform/security/access.h>
 
+#include "tests/support/scratch_folder.h"
+
 namespace kv::test {
 
-class ScratchTest : public ::testing::Test {
+class ScratchTest : public ::testing::Test, protected ScratchFolder {
  protected:
-    ScratchTest() {
-        char name[] = "/tmp/kvscratch.XXXXXX";
-        root_ = mkdtemp(name);
-        chmod(root_.c_str(), 0755);
-        SetStateDirectory(State());
-    }
+    ScratchTest() { SetStateDirectory(State()); }
     ~ScratchTest() override {
         SetStateDirectory({});
         SetActingAsAdministrator(std::nullopt);
         for (const auto& [name, value] : saved_) {
             value ? setenv(name.c_str(), value->c_str(), 1) : unsetenv(name.c_str());
         }
-        std::error_code ignored;
-        std::filesystem::remove_all(root_, ignored);
     }
 
-    std::string Path(const std::string& name) const { return root_ + "/" + name; }
-    std::string State() const { return Path("state"); }
-
-    std::string Write(const std::string& name, const std::string& text) const {
-        std::filesystem::create_directories(std::filesystem::path(Path(name)).parent_path());
-        std::ofstream(Path(name), std::ios::binary) << text;
-        return Path(name);
-    }
-    static std::string Read(const std::string& path) {
-        std::ostringstream text;
-        text << std::ifstream(path, std::ios::binary).rdbuf();
-        return text.str();
-    }
     void SetVariable(const char* name, const char* value) {
         const char* old = std::getenv(name);
         saved_.try_emplace(name, old ? std::optional<std::string>(old) : std::nullopt);
@@ -66,7 +45,6 @@ class ScratchTest : public ::testing::Test {
     }
 
  private:
-    std::string root_;
     std::map<std::string, std::optional<std::string>> saved_;
 };
 

@@ -1,7 +1,9 @@
 // A whole settings record for tests that read and write fields.
 #pragma once
-#include <cstring>
+
 #include <windows.h>
+
+#include <cstring>
 
 #include "settings/setting_field.h"
 #include "sheet/private_devmode.h"
@@ -10,15 +12,20 @@ namespace kvui {
 
 class ScratchRecord {
  public:
-    explicit ScratchRecord(WORD publicSize = sizeof(DEVMODEA)) { devmode()->dmSize = publicSize; }
+    explicit ScratchRecord(WORD publicSize = sizeof(DEVMODEA)) {
+        devmode()->dmSize = publicSize;
+        devmode()->dmDriverExtra = static_cast<WORD>(kPrivateSize);
+    }
 
     DEVMODEA* devmode() { return reinterpret_cast<DEVMODEA*>(bytes_); }
     PrivateDevmode* settings() { return PrivatePart(devmode()); }
     BYTE* bytes() { return bytes_; }
 
-    DWORD Value(const char* name) {
-        DWORD value = 0xDEADBEEF;
-        return ReadSetting(devmode(), name, &value) ? value : 0xDEADBEEF;
+    // A value that no field of the tests holds stands for "no such field".
+    DWORD Value(const char* name) const {
+        DWORD value = 0;
+        const auto* record = reinterpret_cast<const DEVMODEA*>(bytes_);
+        return ReadSetting(record, name, &value) ? value : 0xDEADBEEF;
     }
     bool operator==(const ScratchRecord& other) const {
         return std::memcmp(bytes_, other.bytes_, kRecordSize) == 0;
