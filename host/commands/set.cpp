@@ -146,7 +146,7 @@ ExitStatus RunDefaults(const Options& options, const std::string& page) {
         return kBadInput;
     }
     const auto pressAll = [&](Session& session, ControlDriver& driver, Changes& changes) {
-        for (int i = 0; i < kSheetPages; ++i) {
+        for (int i = 0; i < std::ssize(kPages); ++i) {
             if (only >= 0 && i != only) continue;
             kv::input::SelectPage(session.sheet(), i);
             const HWND window =

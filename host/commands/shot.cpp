@@ -28,8 +28,8 @@ bool Equal(const std::string& left, const std::string& right) {
 // The dialogs that something opens.
 std::vector<const Dialog*> DialogsThatOpen() {
     std::vector<const Dialog*> dialogs;
-    for (unsigned i = 0; i < kDialogCount; ++i) {
-        if (kDialogs[i].opening != Opening::kNone) dialogs.push_back(&kDialogs[i]);
+    for (const Dialog& dialog : kDialogs) {
+        if (dialog.opening != Opening::kNone) dialogs.push_back(&dialog);
     }
     return dialogs;
 }
@@ -292,7 +292,7 @@ bool MakeFolder(const std::string& folder) {
 }
 
 ExitStatus TakeAll(Photographer& photographer) {
-    for (int i = 0; i < kSheetPages; ++i) {
+    for (int i = 0; i < std::ssize(kPages); ++i) {
         if (!photographer.TakePage(i, Photographer::View::kWhereOffered)) return kRefused;
     }
     for (const Dialog* dialog : DialogsThatOpen()) {

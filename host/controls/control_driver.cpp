@@ -21,8 +21,7 @@ namespace {
 
 // The control of a page that opens the dialog with these items; null when none does.
 const Control* OpenerOf(const char* dialogName) {
-    for (unsigned i = 0; i < kDialogCount; ++i) {
-        const Dialog& dialog = kDialogs[i];
+    for (const Dialog& dialog : kDialogs) {
         if (dialog.opening == Opening::kClick && std::strcmp(dialog.dialogName, dialogName) == 0) {
             return FindControl(dialog.control);
         }

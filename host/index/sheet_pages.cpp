@@ -13,14 +13,14 @@ bool SameName(std::string_view left, std::string_view right) {
 }  // namespace
 
 int PageIndexOfDialog(std::string_view dialogName) {
-    for (int i = 0; i < kSheetPages; ++i) {
+    for (int i = 0; i < std::ssize(kPages); ++i) {
         if (dialogName == kPages[i].dialogName) return i;
     }
     return -1;
 }
 
 int PageIndexOfName(std::string_view name) {
-    for (int i = 0; i < kSheetPages; ++i) {
+    for (int i = 0; i < std::ssize(kPages); ++i) {
         for (const char* known : {kPages[i].fullName, kPages[i].name, kPages[i].templateName}) {
             if (SameName(name, known)) return i;
         }

@@ -4,6 +4,7 @@
 
 #include <windef.h>
 
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,8 +18,7 @@ struct Page {
     const char* dialogName;  // in the catalogue
 };
 
-constexpr int kSheetPages = 8;
-extern const Page kPages[kSheetPages];
+extern const std::span<const Page> kPages;
 
 enum class Opening {
     kClick,   // of a button, or of a check box that is off
@@ -41,8 +41,7 @@ struct Dialog {
     DWORD valueBefore;
 };
 
-extern const Dialog kDialogs[];
-extern const unsigned kDialogCount;
+extern const std::span<const Dialog> kDialogs;
 
 // Index of the page with this dialog name in the catalogue; -1 when the dialog is no page.
 int PageIndexOfDialog(std::string_view dialogName);

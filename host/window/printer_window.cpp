@@ -33,7 +33,9 @@ class PlaceWatcher : public StatusLine {
         if (kv::KindOf(sheet) != "sheet") return;
         const auto tabs = reinterpret_cast<HWND>(SendMessageA(sheet, PSM_GETTABCONTROL, 0, 0));
         const LRESULT index = SendMessageA(tabs, TCM_GETCURSEL, 0, 0);
-        if (index >= 0 && index < kSheetPages) place_.page = PageDialog(static_cast<int>(index));
+        if (index >= 0 && index < std::ssize(kPages)) {
+            place_.page = PageDialog(static_cast<int>(index));
+        }
         POINT corner{};
         if (kv::CurrentDisplay().CornerOf(sheet, &corner)) place_.corner = corner;
     }

@@ -23,11 +23,9 @@ constexpr Opener Exported(const char* procedure) {
 }
 constexpr Opener kUnopened{Opening::kNone, nullptr, 0, 0, 0, 0};
 
-}  // namespace
-
 // clang-format off
 // name, full name, template, dialog, caption, procedure
-constexpr PageRow kPages[kPageCount] = {
+constexpr PageRow kPageRows[] = {
     {"Basic",           "Basic",                  "TAB0R",      "DLGTAB0",       IDS_PAGE_BASIC,           "DDMTAB0"},
     {"Layout",          "Layout",                 "TAB1R",      "DLGTAB1",       IDS_PAGE_LAYOUT,          "DDMTAB1"},
     {"Overlay",         "Overlay",                "TABOVERLAY", "DLGTABOVER",    IDS_PAGE_OVERLAY,         "DDMTABOVER"},
@@ -40,7 +38,7 @@ constexpr PageRow kPages[kPageCount] = {
 constexpr int kTroubleshootingPage = 6;
 
 // name, page, template, dialog, title, opener
-constexpr DialogRow kDialogs[kDialogCount] = {
+constexpr DialogRow kDialogRows[] = {
     {"first-page",            "TAB0R",      "_LBPFIRSTPAGE",       "_LBPFIRSTPAGE",  IDS_TITLE_FIRST_PAGE,       Clicked(IDC_CHK_FIRST_PAGE_SOURCE)},
     {"paper-source-details",  "TAB0R",      "_DLGTAB00",           "DLGTAB00",       IDS_TITLE_PAPER_SOURCE,     Exported("DDMTAB00")},
     {"custom-papers",         "TAB0R",      "_LBPCUSTOMPAPERS",    "",               IDS_TITLE_CUSTOM_PAPERS,    Clicked(IDC_BTN_CUSTOM_PAPER)},
@@ -67,6 +65,11 @@ constexpr DialogRow kDialogs[kDialogCount] = {
     {"printer-properties",    "TAB3",       "_ABOUTKVI",           "",               IDS_TITLE_ABOUT,            Exported("DDMPrinterProp")},
 };
 // clang-format on
+
+}  // namespace
+
+constinit const std::span<const PageRow> kPages = kPageRows;
+constinit const std::span<const DialogRow> kDialogs = kDialogRows;
 
 const PageRow& PageOfWindow(const SheetContext& context, HWND page) {
     char title[64] = "";

@@ -5,6 +5,8 @@
 
 #include <windows.h>
 
+#include <span>
+
 #include "sheet/sheet_context.h"
 
 namespace kvui {
@@ -21,8 +23,7 @@ struct PageRow {
 
 // In the order of the sheet. The module offers all but the last, Job Management, which the host
 // creates where a printer has it.
-constexpr int kPageCount = 8;
-extern const PageRow kPages[kPageCount];
+extern const std::span<const PageRow> kPages;
 
 // The page whose caption the window has as its title; Troubleshooting when none has it.
 const PageRow& PageOfWindow(const SheetContext& context, HWND page);
@@ -54,8 +55,7 @@ struct DialogRow {
     Opener opener;
 };
 
-constexpr int kDialogCount = 23;
-extern const DialogRow kDialogs[kDialogCount];
+extern const std::span<const DialogRow> kDialogs;
 
 // String of a dialog's title; 0 when there is none to load.
 UINT TitleOfTemplate(const char* templateName);

@@ -7,13 +7,15 @@
 #include "sheet/private_devmode.h"
 
 namespace kvui {
+namespace {
+
 // Where a field lies is what the structs say. The order is that of lookups, not of offsets: of two
 // names for one word (mdmAllRaster, mdmCompressMethod) each finds its own row.
 #define PUBLIC(field) {kPublicLocation + offsetof(DEVMODEA, field), #field, kFieldPublic}
 #define PUBLIC_MASK(field) {kPublicLocation + offsetof(DEVMODEA, field), #field, kFieldPublicMask}
 #define PRIVATE(field) {offsetof(PrivateDevmode, field), #field, kFieldPrivate}
 // clang-format off
-constexpr SettingField SettingFieldTable[kSettingFieldCount] = {
+constexpr SettingField kFields[] = {
     PUBLIC(dmOrientation),
     PUBLIC(dmPaperSize),
     PUBLIC(dmPaperLength),
@@ -110,8 +112,6 @@ constexpr SettingField SettingFieldTable[kSettingFieldCount] = {
 #undef PUBLIC_MASK
 #undef PRIVATE
 
-namespace {
-
 char LowerCase(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
@@ -125,7 +125,7 @@ bool EqualAnyCase(const char* a, const char* b) {
 }
 
 const SettingField* FindByLocation(DWORD locationCode) {
-    for (const SettingField& field : SettingFieldTable) {
+    for (const SettingField& field : kFields) {
         if (field.location == locationCode) return &field;
     }
     return nullptr;
@@ -173,15 +173,17 @@ DWORD AsStored(const SettingField& field, DWORD value) {
 
 }  // namespace
 
+constinit const std::span<const SettingField> SettingFieldTable = kFields;
+
 const SettingField* FindSettingField(const char* name) {
-    for (const SettingField& field : SettingFieldTable) {
+    for (const SettingField& field : kFields) {
         if (std::strcmp(field.name, name) == 0) return &field;
     }
     return nullptr;
 }
 
 const SettingField* FindSettingFieldAnyCase(const char* name) {
-    for (const SettingField& field : SettingFieldTable) {
+    for (const SettingField& field : kFields) {
         if (EqualAnyCase(field.name, name)) return &field;
     }
     return nullptr;

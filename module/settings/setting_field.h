@@ -1,8 +1,9 @@
 // The named setting fields of the device settings record: which name lies where. The catalogue, the
 // rules, saved settings and defaults name a setting as text and come through here to reach it.
 #pragma once
-#include <cstddef>
 #include <windows.h>
+
+#include <span>
 
 namespace kvui {
 
@@ -21,8 +22,7 @@ struct SettingField {
     SettingFieldType type;
 };
 
-constexpr std::size_t kSettingFieldCount = 90;
-extern const SettingField SettingFieldTable[kSettingFieldCount];
+extern const std::span<const SettingField> SettingFieldTable;
 
 enum class FieldWrite { kUnchanged, kChanged };
 

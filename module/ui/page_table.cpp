@@ -6,8 +6,8 @@
 #include <page_entry.h>
 #include <prsht.h>
 
-#include <array>
 #include <cstring>
+#include <vector>
 
 #include "dialog/dialog_table.h"
 #include "exports.h"
@@ -15,23 +15,26 @@
 namespace kvui {
 namespace {
 
-constexpr int kOfferedPages = kPageCount - 1;  // the host creates Job Management by itself
-constexpr DWORD kSecondFlags = 2;              // reserved for module kinds without a property sheet
+constexpr DWORD kSecondFlags = 2;  // reserved for module kinds without a property sheet
+
+// The host creates Job Management by itself.
+std::span<const PageRow> OfferedPages() {
+    return kPages.first(kPages.size() - 1);
+}
 
 // Ended by a row of zeros.
-using PageTable = std::array<PageEntry, kOfferedPages + 1>;
-
-PageTable MakePageTable() {
-    PageTable table{};
-    for (int i = 0; i < kOfferedPages; ++i) {
-        table[i] = {.pageTemplate = kPages[i].templateName,
-                    .procedure = kPages[i].procedure,
-                    .reserved1 = nullptr,
-                    .reserved2 = nullptr,
-                    .flags1 = kPageShown | kPageHasHelp,
-                    .flags2 = kSecondFlags,
-                    .reserved3 = nullptr};
+std::vector<PageEntry> MakePageTable() {
+    std::vector<PageEntry> table;
+    for (const PageRow& page : OfferedPages()) {
+        table.push_back({.pageTemplate = page.templateName,
+                         .procedure = page.procedure,
+                         .reserved1 = nullptr,
+                         .reserved2 = nullptr,
+                         .flags1 = kPageShown | kPageHasHelp,
+                         .flags2 = kSecondFlags,
+                         .reserved3 = nullptr});
     }
+    table.push_back({});
     return table;
 }
 
@@ -49,10 +52,10 @@ void SetTabCaptions(const SheetContext& context) {
         item.pszText = text;
         item.cchTextMax = sizeof text;
         if (!SendMessageA(tabs, TCM_GETITEMA, i, reinterpret_cast<LPARAM>(&item))) continue;
-        for (int row = 0; row < kOfferedPages; ++row) {
-            if (std::strcmp(kPages[row].templateName, text) != 0) continue;
+        for (const PageRow& page : OfferedPages()) {
+            if (std::strcmp(page.templateName, text) != 0) continue;
             char caption[64] = "";
-            if (LoadStringA(context.strings, kPages[row].captionId, caption, sizeof caption) == 0) {
+            if (LoadStringA(context.strings, page.captionId, caption, sizeof caption) == 0) {
                 break;
             }
             item.pszText = caption;
@@ -65,7 +68,7 @@ void SetTabCaptions(const SheetContext& context) {
 }  // namespace kvui
 
 const PageEntry* GetPropSheetPages(void* printer) {
-    static const kvui::PageTable table = kvui::MakePageTable();
+    static const std::vector<PageEntry> table = kvui::MakePageTable();
     char modelType[256];
     // The table is the same for every model; the read only wakes the printer's description up.
     QDMGetPrinterKeyValue(static_cast<PrinterBlock*>(printer), kPrinterValueSection, "ModelType",

@@ -21,7 +21,7 @@ const Dialog kFurther[] = {
 };
 
 std::vector<Dialog> AllDialogs() {
-    std::vector<Dialog> dialogs(kvhost::kDialogs, kvhost::kDialogs + kvhost::kDialogCount);
+    std::vector<Dialog> dialogs(kvhost::kDialogs.begin(), kvhost::kDialogs.end());
     dialogs.insert(dialogs.end(), std::begin(kFurther), std::end(kFurther));
     return dialogs;
 }

@@ -45,7 +45,7 @@ void WriteFields() {
         std::printf("    {\"%s\", %#lx, %s},\n", field.name, static_cast<unsigned long>(field.location),
                     field.type == kFieldPublicMask ? "false" : "true");
     }
-    std::printf("};\nextern const unsigned kFieldCount = %zu;\n\n", kSettingFieldCount);
+    std::printf("};\nextern const unsigned kFieldCount = %zu;\n\n", SettingFieldTable.size());
 }
 
 void WriteChoices() {
@@ -95,13 +95,12 @@ void WriteControls() {
 }
 
 void WritePages() {
-    std::puts("extern const Page kPages[kSheetPages] = {");
-    static_assert(kPageCount == 8, "kSheetPages of the host");
+    std::puts("namespace {\nconstexpr Page kPageRows[] = {");
     for (const PageRow& page : kPages) {
         std::printf("    {\"%s\", \"%s\", \"%s\", \"%s\"},\n", page.name, page.fullName,
                     page.templateName, page.dialogName);
     }
-    std::puts("};\n");
+    std::puts("};");
 }
 
 int PageIndex(const char* templateName) {
@@ -112,7 +111,7 @@ int PageIndex(const char* templateName) {
 
 void WriteDialogs() {
     constexpr const char* kWays[] = {"kClick", "kChoose", "kExport", "kNone"};
-    std::puts("extern const Dialog kDialogs[] = {");
+    std::puts("constexpr Dialog kDialogRows[] = {");
     for (const DialogRow& row : kDialogs) {
         const Opener& opener = row.opener;
         std::printf(
@@ -124,7 +123,9 @@ void WriteDialogs() {
             static_cast<unsigned long>(opener.controlBefore),
             static_cast<unsigned long>(opener.valueBefore));
     }
-    std::printf("};\nextern const unsigned kDialogCount = %d;\n", kDialogCount);
+    std::puts(
+        "};\n}  // namespace\n\nconstinit const std::span<const Page> kPages = kPageRows;\n"
+        "constinit const std::span<const Dialog> kDialogs = kDialogRows;");
 }
 
 }  // namespace

@@ -27,7 +27,7 @@ TEST(SettingFieldTable, EveryNameReadsTheBytesAtItsStoredOffset) {
         int bits = 0;
         words >> name >> part >> std::hex >> offset >> std::dec >> bits;
         SCOPED_TRACE(name);
-        ASSERT_LT(row, kSettingFieldCount);
+        ASSERT_LT(row, SettingFieldTable.size());
         EXPECT_EQ(SettingFieldTable[row++].name, name);
 
         ScratchRecord record;
@@ -39,7 +39,7 @@ TEST(SettingFieldTable, EveryNameReadsTheBytesAtItsStoredOffset) {
         EXPECT_EQ(ReadSetting(record.devmode(), name.c_str(), &value), bits != 0);
         EXPECT_EQ(value, bits == 0 ? 0 : bits == 16 ? 0xFFFFFFFE : wide);
     }
-    EXPECT_EQ(row, kSettingFieldCount);
+    EXPECT_EQ(row, SettingFieldTable.size());
 }
 
 TEST(SettingField, NamesAreFoundByCaseExceptWhenAsked) {
