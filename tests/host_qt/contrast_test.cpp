@@ -10,7 +10,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QRadioButton>
 #include <QStyle>
 #include <QStyleOptionButton>
 #include <QStyleOptionComboBox>
@@ -18,6 +17,7 @@
 #include <QTabBar>
 
 #include <cmath>
+#include <map>
 #include <unordered_map>
 
 namespace journey {
@@ -84,127 +84,127 @@ double ContrastOfChange(const QImage& before, const QImage& after, int share = 4
     return *strong;
 }
 
-// Where a widget shows texts, without its frames and indicators.
-std::vector<QRect> TextPlaces(const QWidget& widget) {
-    const QStyle& style = *widget.style();
+enum class Kind { kText, kIndicator, kPicture };
+
+struct Part {
+    Kind kind;
+    QRect place;
+};
+
+// The text and the indicator of a button, its frame left out.
+std::vector<Part> PartsOfButton(const QAbstractButton& button) {
+    if (!button.isCheckable()) return {{Kind::kText, button.rect().adjusted(6, 4, -6, -4)}};
+    const bool check = qobject_cast<const QCheckBox*>(&button) != nullptr;
+    QStyleOptionButton option;
+    option.initFrom(&button);
+    option.text = button.text();
+    const auto place = [&](QStyle::SubElement part) {
+        return button.style()->subElementRect(part, &option, &button);
+    };
+    // With enough of what is around it to tell the ground.
+    constexpr int kAround = 5;
+    return {
+        {Kind::kText, place(check ? QStyle::SE_CheckBoxContents : QStyle::SE_RadioButtonContents)},
+        {Kind::kIndicator,
+         place(check ? QStyle::SE_CheckBoxIndicator : QStyle::SE_RadioButtonIndicator)
+             .adjusted(-kAround, -kAround, kAround, kAround)}};
+}
+
+// Where a combo box shows its text; the picture of an entry is as wide as it is high.
+QRect TextOf(const QComboBox& combo) {
+    QStyleOptionComboBox option;
+    option.initFrom(&combo);
+    const QRect field = combo.style()->subControlRect(QStyle::CC_ComboBox, &option,
+                                                      QStyle::SC_ComboBoxEditField, &combo);
+    const int picture = field.height() > 30 ? field.height() * 5 / 4 : 0;
+    const bool fromRight = combo.layoutDirection() == Qt::RightToLeft;
+    return field.adjusted(fromRight ? 2 : picture + 2, 3, fromRight ? -picture - 2 : -2, -3);
+}
+
+// What a widget shows, without its frame.
+std::vector<Part> PartsOf(QWidget& widget) {
+    if (auto* label = qobject_cast<const QLabel*>(&widget)) {
+        const auto role = QAccessible::queryAccessibleInterface(&widget)->role();
+        const bool view = label->height() > 80;
+        if (role == QAccessible::Graphic && !view) return {{Kind::kPicture, label->rect()}};
+        if (role != QAccessible::StaticText || label->text().isEmpty()) return {};
+        return {{Kind::kText, label->rect()}};
+    }
     if (auto* button = qobject_cast<const QAbstractButton*>(&widget)) {
-        if (button->text().isEmpty()) return {};
-        QStyleOptionButton option;
-        option.initFrom(button);
-        option.text = button->text();
-        const bool check = qobject_cast<const QCheckBox*>(button);
-        const bool radio = qobject_cast<const QRadioButton*>(button);
-        if (!check && !radio) return {button->rect().adjusted(6, 4, -6, -4)};
-        const auto part = check ? QStyle::SE_CheckBoxContents : QStyle::SE_RadioButtonContents;
-        return {style.subElementRect(part, &option, button)};
+        return button->text().isEmpty() ? std::vector<Part>{} : PartsOfButton(*button);
     }
     if (auto* group = qobject_cast<const QGroupBox*>(&widget)) {
         if (group->title().isEmpty()) return {};
-        return {QRect(2, 0, group->width() - 4, group->fontMetrics().height())};
+        return {{Kind::kText, QRect(2, 0, group->width() - 4, group->fontMetrics().height())}};
     }
     if (auto* combo = qobject_cast<const QComboBox*>(&widget)) {
         if (combo->currentText().isEmpty()) return {};
-        QStyleOptionComboBox option;
-        option.initFrom(combo);
-        QRect field = style.subControlRect(QStyle::CC_ComboBox, &option,
-                                           QStyle::SC_ComboBoxEditField, combo);
-        // The picture of an entry is as wide as it is high.
-        const int picture = field.height() > 30 ? field.height() * 5 / 4 : 0;
-        const bool fromRight = combo->layoutDirection() == Qt::RightToLeft;
-        return {field.adjusted(fromRight ? 2 : picture + 2, 3, fromRight ? -picture - 2 : -2, -3)};
-    }
-    if (auto* label = qobject_cast<const QLabel*>(&widget)) {
-        const auto* item = QAccessible::queryAccessibleInterface(&const_cast<QLabel&>(*label));
-        const bool text = item->role() == QAccessible::StaticText && !label->text().isEmpty();
-        return text ? std::vector<QRect>{label->rect()} : std::vector<QRect>{};
+        return {{Kind::kText, TextOf(*combo)}};
     }
     if (auto* edit = qobject_cast<const QLineEdit*>(&widget)) {
         if (edit->text().isEmpty() || edit->hasSelectedText()) return {};
-        return {edit->rect().adjusted(4, 4, -4, -4)};
+        return {{Kind::kText, edit->rect().adjusted(4, 4, -4, -4)}};
     }
-    std::vector<QRect> places;
+    std::vector<Part> parts;
     if (auto* tabs = qobject_cast<const QTabBar*>(&widget)) {
         for (int i = 0; i < tabs->count(); ++i) {
-            places.push_back(tabs->tabRect(i).adjusted(6, 6, -6, -4));
+            parts.push_back({Kind::kText, tabs->tabRect(i).adjusted(6, 6, -6, -4)});
         }
     }
-    if (auto* list = qobject_cast<const QListWidget*>(widget.parentWidget())) {
-        if (&widget != list->viewport()) return {};
-        for (int i = 0; i < list->count(); ++i) {
-            places.push_back(list->visualItemRect(list->item(i)).adjusted(2, 1, -2, -1));
-        }
+    auto* list = qobject_cast<const QListWidget*>(widget.parentWidget());
+    for (int i = 0; list && &widget == list->viewport() && i < list->count(); ++i) {
+        const QRect entry = list->visualItemRect(list->item(i));
+        parts.push_back({Kind::kText, entry.adjusted(2, 1, -2, -1)});
     }
-    return places;
+    return parts;
 }
 
-class Contrast : public SheetTour {
+QImage Crop(const QImage& image, const QRect& place) {
+    const double ratio = image.devicePixelRatio();
+    return image.copy(
+        QRectF(QPointF(place.topLeft()) * ratio, QSizeF(place.size()) * ratio).toAlignedRect());
+}
+
+// On a light desktop and on a dark one.
+class Contrast : public SheetTour, public testing::WithParamInterface<bool> {
  protected:
-    static QImage Crop(const QImage& image, const QRect& place) {
-        const double ratio = image.devicePixelRatio();
-        return image.copy(QRectF(QPointF(place.topLeft()) * ratio, QSizeF(place.size()) * ratio)
-                              .toAlignedRect());
+    void SetUp() override {
+        if (GetParam()) UseDarkPalette();
+        SheetTour::SetUp();
     }
-    void MeasureAll() {
-        int texts = 0;
-        Tour([&](QWidget& window, const std::string& name) {
-            const QImage image = window.grab().toImage();
-            for (const QWidget* widget : window.findChildren<QWidget*>()) {
+};
+INSTANTIATE_TEST_SUITE_P(Grounds, Contrast, testing::Bool(),
+                         [](const auto& dark) { return dark.param ? "Dark" : "Light"; });
+
+TEST_P(Contrast, TextsIndicatorsAndPicturesStandOut) {
+    std::map<Kind, int> seen;
+    Tour([&](QWidget& window, const std::string& name) {
+        const QImage image = window.grab().toImage();
+        for (QWidget* widget : window.findChildren<QWidget*>()) {
+            if (!widget->isVisible()) continue;
+            for (const auto& [kind, part] : PartsOf(*widget)) {
                 // What cannot be used may be faint.
-                if (!widget->isVisible() || !widget->isEnabled()) continue;
-                for (const QRect& place : TextPlaces(*widget)) {
-                    const QRect there(widget->mapTo(&window, place.topLeft()), place.size());
-                    EXPECT_GE(ContrastIn(Crop(image, there), 3), kForTexts)
-                        << name << " " << widget->metaObject()->className() << " "
-                        << widget->objectName().toStdString() << " at " << there.x() << ","
-                        << there.y();
-                    ++texts;
-                }
+                if (kind != Kind::kPicture && !widget->isEnabled()) continue;
+                const QRect place(widget->mapTo(&window, part.topLeft()), part.size());
+                const bool text = kind == Kind::kText;
+                const int pixels = text ? 3 : std::min(part.width(), part.height());
+                EXPECT_GE(ContrastIn(Crop(image, place), pixels), text ? kForTexts : kForMarks)
+                    << name << " " << widget->metaObject()->className() << " "
+                    << widget->objectName().toStdString() << " at " << place.x() << ","
+                    << place.y();
+                ++seen[kind];
             }
-        });
-        EXPECT_GT(texts, 200);
-    }
-    // Boxes and circles, with enough of what is around them to tell the ground.
-    void MeasureIndicators() {
-        constexpr int kAround = 5;
-        int indicators = 0;
-        Tour([&](QWidget& window, const std::string& name) {
-            const QImage image = window.grab().toImage();
-            for (const auto* button : window.findChildren<QAbstractButton*>()) {
-                const bool usable = button->isVisible() && button->isEnabled();
-                if (!usable || !button->isCheckable()) continue;
-                const bool check = qobject_cast<const QCheckBox*>(button) != nullptr;
-                QStyleOptionButton option;
-                option.initFrom(button);
-                const QRect part = button->style()->subElementRect(
-                    check ? QStyle::SE_CheckBoxIndicator : QStyle::SE_RadioButtonIndicator, &option,
-                    button);
-                const QRect there(button->mapTo(&window, part.topLeft()), part.size());
-                const QRect around = there.adjusted(-kAround, -kAround, kAround, kAround);
-                EXPECT_GE(ContrastIn(Crop(image, around), part.width()), kForMarks)
-                    << name << " " << button->text().toStdString();
-                ++indicators;
-            }
-        });
-        EXPECT_GT(indicators, 30);
-    }
-    void MeasurePictures() {
-        int pictures = 0;
-        Tour([&](QWidget& window, const std::string& name) {
-            const QImage image = window.grab().toImage();
-            for (QWidget* widget : window.findChildren<QLabel*>()) {
-                const auto* item = QAccessible::queryAccessibleInterface(widget);
-                const bool view = widget->height() > 80;
-                if (!widget->isVisible() || item->role() != QAccessible::Graphic || view) continue;
-                const QRect there(widget->mapTo(&window, QPoint(0, 0)), widget->size());
-                EXPECT_GE(ContrastIn(Crop(image, there), widget->width()), kForMarks)
-                    << name << " " << widget->objectName().toStdString();
-                ++pictures;
-            }
-        });
-        EXPECT_GT(pictures, 10);
-    }
-    // Both lists of pages per sheet and its order, opened: entries as they are, and the marked one.
-    void MeasureEntries(int id) {
+        }
+    });
+    EXPECT_GT(seen[Kind::kText], 200);
+    EXPECT_GT(seen[Kind::kIndicator], 30);
+    EXPECT_GT(seen[Kind::kPicture], 10);
+}
+
+// The lists of pages per sheet and of its order, opened.
+TEST_P(Contrast, EntriesOfListsStandOut) {
+    OpenSheet();
+    for (const int id : {1410, 1510}) {
         const HWND combo = Item(id, kLayout);
         QComboBox* box = qobject_cast<QComboBox*>(WidgetOf(*SheetWidget(), combo));
         ASSERT_NE(box, nullptr);
@@ -225,61 +225,21 @@ class Contrast : public SheetTour {
         }
         kv::input::DropDown(combo, false);
     }
+}
+
+class PreviewContrast : public SheetTour {
+ protected:
     // The large view of a page.
     QImage ViewOf(int page) {
         PageWindow(page);
         kv::Settle();
-        for (QLabel* label : SheetWidget()->findChildren<QLabel*>(QStringLiteral("14002"))) {
-            if (label->isVisible()) return label->grab().toImage();
-        }
-        return {};
+        return WidgetOf(*SheetWidget(), GetDlgItem(Panel(page), kView))->grab().toImage();
     }
 };
 
-TEST_F(Contrast, TextsStandOut) {
-    MeasureAll();
-}
-
-TEST_F(Contrast, TextsStandOutOnDarkGround) {
-    UseDarkPalette();
-    MeasureAll();
-}
-
-TEST_F(Contrast, BoxesAndCirclesStandOut) {
-    MeasureIndicators();
-}
-
-TEST_F(Contrast, BoxesAndCirclesStandOutOnDarkGround) {
-    UseDarkPalette();
-    MeasureIndicators();
-}
-
-TEST_F(Contrast, PicturesStandOut) {
-    MeasurePictures();
-}
-
-TEST_F(Contrast, PicturesStandOutOnDarkGround) {
-    UseDarkPalette();
-    MeasurePictures();
-}
-
-TEST_F(Contrast, EntriesOfListsStandOut) {
-    OpenSheet();
-    MeasureEntries(1410);
-    MeasureEntries(1510);
-}
-
-TEST_F(Contrast, EntriesOfListsStandOutOnDarkGround) {
-    UseDarkPalette();
-    OpenSheet();
-    MeasureEntries(1410);
-    MeasureEntries(1510);
-}
-
-TEST_F(Contrast, MarksOfThePreviewStandOut) {
+TEST_F(PreviewContrast, MarksOfThePreviewStandOut) {
     OpenSheet();
     const QImage plain = ViewOf(kLayout);
-    ASSERT_FALSE(plain.isNull());
     // The sheet's edges in a row through its middle, and the names in the band at the top.
     constexpr int kEdge = 3;
     const int middle = plain.height() * 3 / 5;
@@ -298,14 +258,13 @@ TEST_F(Contrast, MarksOfThePreviewStandOut) {
     ChooseValue(1510, 1, kLayout);
     ChooseValue(1410, 4, kLayout);
     const QImage four = ViewOf(kLayout);
-    constexpr struct {
+    const struct {
         const char* name;
         size_t offset;
         DWORD value;
-    } kMarks[] = {{"numbers", kNupStyle, 1},
-                  {"borders", kNupStyle, 4},
-                  {"overlay", kOverlayField, 1}};
-    for (const auto& mark : kMarks) {
+    } marks[] = {
+        {"numbers", kNupStyle, 1}, {"borders", kNupStyle, 4}, {"overlay", kOverlayField, 1}};
+    for (const auto& mark : marks) {
         SetPrivate(mark.offset, mark.value);
         PageWindow(kJob);
         change(mark.name, four, ViewOf(kLayout));

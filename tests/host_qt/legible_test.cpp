@@ -90,19 +90,10 @@ TEST_F(Legible, LargerTextsHaveRoom) {
     MeasureAll("larger-");
 }
 
-TEST_F(Legible, LargestTextsHaveRoom) {
+TEST_F(Legible, LargestTextsHaveRoomFromRightToLeft) {
     UseFont(1.5);
-    MeasureAll("largest-");
-}
-
-TEST_F(Legible, TextsFromRightToLeftHaveRoom) {
     ReadFromRightToLeft();
-    MeasureAll("rtl-");
-}
-
-TEST_F(Legible, TextsOnDarkGroundHaveRoom) {
-    UseDarkPalette();
-    MeasureAll("dark-");
+    MeasureAll("largest-");
 }
 
 // The screen of these tests is smaller than the sheet becomes.

@@ -77,12 +77,6 @@ void QtDisplayTest::Show() {
     TakeLog();
 }
 
-std::string QtDisplayTest::Text(HWND window) {
-    char text[256] = "";
-    GetWindowTextA(window, text, sizeof text);
-    return text;
-}
-
 void QtDisplayTest::AddEntries(HWND control, UINT message,
                                std::initializer_list<const char*> entries) {
     for (const char* entry : entries) {

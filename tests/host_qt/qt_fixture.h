@@ -22,7 +22,11 @@
 #include <utility>
 #include <vector>
 
+#include "tests/support/controls.h"
+
 namespace kv {
+
+using kvtest::Text;
 
 // What stood in numbers when the display had been made, on a desktop where it is a comma.
 extern std::string decimalPointAfterStart;
@@ -41,7 +45,6 @@ class QtDisplayTest : public ::testing::Test {
              DWORD exStyle = 0);
     // Shows the dialog with the controls added so far; the first tab stop gets the focus.
     void Show();
-    static std::string Text(HWND window);
     static LRESULT Send(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
         return SendMessageA(window, message, wParam, lParam);
     }

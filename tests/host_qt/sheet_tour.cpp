@@ -40,31 +40,25 @@ HWND FindBelow(HWND window, int id) {
 struct Texts {
     HMODULE module;
     UINT title;
-};
 
-void SetText(HMODULE module, HWND window, UINT id) {
-    char text[256] = "";
-    if (LoadStringA(module, id, text, sizeof text)) SetWindowTextA(window, text);
-}
+    void Set(HWND window, UINT id) const {
+        char text[256] = "";
+        if (id != 0 && LoadStringA(module, id, text, sizeof text)) SetWindowTextA(window, text);
+    }
+};
 
 // As every dialog of the module begins: the title, and texts by the controls' ids.
 INT_PTR CALLBACK TextsOnly(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_COMMAND && LOWORD(wParam) == IDCANCEL) return EndDialog(dialog, 0);
     if (message != WM_INITDIALOG) return FALSE;
     const auto& texts = *reinterpret_cast<const Texts*>(lParam);
-    if (texts.title) SetText(texts.module, dialog, texts.title);
+    texts.Set(dialog, texts.title);
     for (HWND child : kv::WindowFromHandle(dialog)->children) {
-        const int id = GetDlgCtrlID(child);
-        if (id > 0) SetText(texts.module, child, static_cast<UINT>(id));
+        texts.Set(child, static_cast<UINT>(std::max(0, GetDlgCtrlID(child))));
     }
     // A note that is never empty.
-    if (const HWND note = GetDlgItem(dialog, 15015)) SetText(texts.module, note, 16002);
+    if (const HWND note = GetDlgItem(dialog, 15015)) texts.Set(note, 16002);
     return TRUE;
-}
-
-bool IsCheckBox(HWND control) {
-    const auto type = static_cast<DWORD>(GetWindowLongA(control, GWL_STYLE)) & BS_TYPEMASK;
-    return kv::KindOf(control) == "button" && type == BS_AUTOCHECKBOX;
 }
 
 }  // namespace
@@ -102,6 +96,25 @@ std::vector<HWND> SheetTour::ControlsOf(HWND window) {
     return controls;
 }
 
+bool SheetTour::IsField(HWND control) {
+    const auto kind = kv::KindOf(control);
+    if (kind == "edit") return (StyleOf(control) & ES_READONLY) == 0;
+    if (kind == "list") return (StyleOf(control) & LBS_NOSEL) == 0;
+    return kind == "combo" || kind == "trackbar";
+}
+
+std::vector<std::pair<HWND, HWND>> SheetTour::LabelsAndFieldsOf(HWND window) {
+    std::vector<std::pair<HWND, HWND>> pairs;
+    HWND before = nullptr;
+    for (HWND control : ControlsOf(window)) {
+        const HWND label = std::exchange(before, control);
+        if (label && kv::KindOf(label) == "static" && IsField(control)) {
+            pairs.emplace_back(label, control);
+        }
+    }
+    return pairs;
+}
+
 QWidget* SheetTour::WidgetOf(QWidget& window, HWND control) {
     // The widgets of pages that are turned away keep their names.
     for (QWidget* widget : window.findChildren<QWidget*>(QString::number(GetDlgCtrlID(control)))) {
@@ -111,9 +124,7 @@ QWidget* SheetTour::WidgetOf(QWidget& window, HWND control) {
 }
 
 QDialog* SheetTour::SheetWidget() {
-    char title[256] = "";
-    GetWindowTextA(sheet_, title, sizeof title);
-    return kv::DialogTitled(QString::fromLatin1(title));
+    return kv::DialogTitled(QString::fromLatin1(Text(sheet_)));
 }
 
 void SheetTour::Keep(QWidget& window, const std::string& name) {
@@ -148,7 +159,7 @@ void SheetTour::Tour(const Visit& visit) {
 
 void SheetTour::Prepare(int page, int id, DWORD value) {
     const HWND control = Item(id, page);
-    if (!IsCheckBox(control)) return ChooseValue(id, value, page);
+    if (kv::KindOf(control) != "button") return ChooseValue(id, value, page);
     if (static_cast<DWORD>(SendMessageA(control, BM_GETCHECK, 0, 0)) != value) {
         kv::input::Click(control);
     }
@@ -166,7 +177,9 @@ void SheetTour::OpenDialog(const Dialog& row) {
     switch (row.opening) {
         case Opening::kClick: {
             const HWND opener = FindBelow(page, control);
-            if (IsCheckBox(opener)) Prepare(row.page, control, BST_UNCHECKED);
+            if ((StyleOf(opener) & BS_TYPEMASK) == BS_AUTOCHECKBOX) {
+                Prepare(row.page, control, BST_UNCHECKED);
+            }
             kv::input::Click(opener);
             return;
         }

@@ -12,6 +12,10 @@
 
 namespace journey {
 
+inline DWORD StyleOf(HWND control) {
+    return static_cast<DWORD>(GetWindowLongA(control, GWL_STYLE));
+}
+
 class SheetTour : public Preferences {
  protected:
     void TearDown() override;
@@ -33,6 +37,10 @@ class SheetTour : public Preferences {
     static void Keep(QWidget& window, const std::string& name);
     // Visible controls in the order of the templates, panels on pages included.
     static std::vector<HWND> ControlsOf(HWND window);
+    // Fields and their labels, which stand directly before them.
+    static std::vector<std::pair<HWND, HWND>> LabelsAndFieldsOf(HWND window);
+    // What takes input; a list of which nothing can be chosen and a fixed text do not.
+    static bool IsField(HWND control);
     // The widget that stands for a control.
     static QWidget* WidgetOf(QWidget& window, HWND control);
 

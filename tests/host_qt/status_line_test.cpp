@@ -12,10 +12,6 @@ namespace {
 
 class StatusLineTest : public SheetTour {
  protected:
-    void TearDown() override {
-        SheetTour::TearDown();
-        QApplication::setLayoutDirection(Qt::LeftToRight);
-    }
     QStatusBar* Line() { return SheetWidget()->findChild<QStatusBar*>(); }
     void Say(const char* text) {
         kv::CurrentDisplay().ShowStatus(sheet_, text);
