@@ -39,8 +39,8 @@ class PrinterTest : public kv::test::ScratchTest {
     static DWORD Put(const char* name, DWORD type, const std::string& bytes) {
         return PutPrinterData(kPrinter, name, type, bytes);
     }
-    static void PutNumber(const char* name, DWORD number) {
-        PutPrinterData(kPrinter, name, number);
+    static DWORD PutNumber(const char* name, DWORD number) {
+        return PutPrinterData(kPrinter, name, number);
     }
     // As a list of ids, names or numbers is stored.
     template <typename Value>

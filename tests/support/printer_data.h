@@ -22,10 +22,9 @@ inline DWORD PutPrinterData(const char* printer, const char* name, DWORD type,
     ClosePrinter(handle);
     return error;
 }
-inline void PutPrinterData(const char* printer, const char* name, DWORD number) {
-    EXPECT_EQ(PutPrinterData(printer, name, REG_DWORD,
-                             {reinterpret_cast<const char*>(&number), sizeof number}),
-              0u);
+inline DWORD PutPrinterData(const char* printer, const char* name, DWORD number) {
+    return PutPrinterData(printer, name, REG_DWORD,
+                          {reinterpret_cast<const char*>(&number), sizeof number});
 }
 
 }  // namespace kvtest
