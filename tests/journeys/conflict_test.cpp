@@ -1,7 +1,6 @@
 // A choice that other settings do not allow, met on the real pages: what the user is told, and what
 // Resolve and Cancel leave in the record.
 #include "tests/journeys/preferences.h"
-#include "tests/support/printer_data.h"
 
 namespace {
 
@@ -80,28 +79,13 @@ TEST_F(Conflicts, EveryWayToCancelLeavesTheRecordAsItWas) {
     }
 }
 
-TEST_F(Conflicts, AForcedValueWithoutATextLeavesOnlyCancel) {
-    UseRules(MediaRule("ComboStaple,0,0,(0),99"));
-    OpenSheet();
-    PageWindow(kBasic);
-    const auto before = record_;
-    kv::Headless().PushAnswer([](HWND dialog) {
-        EXPECT_EQ(Text(dialog, kTargetNew), "Unresolvable situation!");
-        EXPECT_FALSE(kv::input::Click(GetDlgItem(dialog, kResolve)));
-        EXPECT_EQ(GetFocus(), GetDlgItem(dialog, IDCANCEL));
-        kv::input::Key(VK_RETURN);
-    });
-    ChooseValue(kMedia, kTransparency);
-    EXPECT_EQ(record_, before);
-}
-
 // A newer file, none, a folder, and no text at all: the sheet goes on with the rules that it began
 // with, those that nobody asked for yet among them, and the next sheet takes the new ones.
 TEST_F(Conflicts, ARulesFileReplacedUnderAnOpenSheetLeavesItItsRules) {
     const std::string rules = MediaRule("RadioOrientation,0,0,(1),2") +
                               "RadioOrientation0=(2),0,1,(EditCopies,0,0,(0),H)\n"
                               "[EditAttribute]\nEditCopies=3,1,50\n";
-    const std::string path = state_ + "/driver/3/KVUIMOD.ini";
+    const std::string path = RulesPath();
     const std::function<void()> replacements[] = {
         [&] { UseRules("[ConflictConditions]\nComboMediaType0=(3),0,0,(EditCopies,0,0,(1),2)\n"); },
         [&] { std::filesystem::remove(path); },
@@ -132,8 +116,8 @@ TEST_F(Conflicts, ARulesFileReplacedUnderAnOpenSheetLeavesItItsRules) {
 
 // Where each kind of item finds the texts of its values.
 TEST_F(Conflicts, EveryKindOfItemIsNamed) {
-    const std::string longName(200, 'W');
-    setenv("LC_ALL", "en_US.UTF-8", 1);  // decides the regional default paper
+    const std::string longName(200, 'W'), end(1, '\0');
+    SetVariable("LC_ALL", "en_US.UTF-8");  // decides the regional default paper
     const std::pair<const char*, std::string> rows[] = {
         {"EditCopies,0,0,(1),5", "Copies=1|5"},
         {"ChkProofPrint,1,0,(1),2", "Proof Print=Off|On"},
@@ -147,10 +131,7 @@ TEST_F(Conflicts, EveryKindOfItemIsNamed) {
     for (const auto& [target, texts] : rows) {
         SCOPED_TRACE(target);
         CloseSheet();
-        kvtest::PutPrinterData("Office", "[FormOverlayName]", REG_BINARY,
-                               std::string("0=<NONE>\0"
-                                           "129=Letterhead;x\0",
-                                           26));
+        Put("[FormOverlayName]", REG_BINARY, "0=<NONE>" + end + "129=Letterhead;x" + end);
         UseRules(MediaRule(target) + "[Watermark]\nMinCode=7\nMaxCode=7\n7=" + longName +
                  ",0\n[ShowItemAccordingToOption]\n");
         OpenSheet();
@@ -158,7 +139,6 @@ TEST_F(Conflicts, EveryKindOfItemIsNamed) {
         Expect("Media Type:=Transparency|" + texts, IDCANCEL);
         ChooseValue(kMedia, kTransparency);
     }
-    unsetenv("LC_ALL");
 }
 
 }  // namespace

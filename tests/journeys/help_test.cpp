@@ -1,43 +1,31 @@
 // Help buttons and F1: which page the desktop's browser is asked to open, and that it is there.
-#include <test_paths.h>
 #include "preferences.h"
 
 #include <regex>
 #include <set>
-#include <sstream>
 
 namespace journey {
 namespace {
-
-std::string Content(const std::filesystem::path& path) {
-    std::ostringstream text;
-    text << std::ifstream(path).rdbuf();
-    return text.str();
-}
 
 class Help : public Preferences {
    protected:
     void SetUp() override {
         Preferences::SetUp();
-        const std::string script = state_ + "/opener";
         // The file appears whole, by renaming.
-        std::ofstream(script) << "#!/bin/sh\nprintf '%s' \"$1\" > '" << state_ << "/tmp'\nmv '"
-                              << state_ << "/tmp' '" << state_ << "/opened'\n";
+        const std::string script =
+            Write("opener", "#!/bin/sh\nprintf '%s' \"$1\" > '" + Path("tmp") + "'\nmv '" +
+                                Path("tmp") + "' '" + Path("opened") + "'\n");
         std::filesystem::permissions(script, std::filesystem::perms::owner_all);
-        setenv("KVPREFS_OPENER", script.c_str(), 1);
-    }
-    void TearDown() override {
-        unsetenv("KVPREFS_OPENER");
-        Preferences::TearDown();
+        SetVariable("KVPREFS_OPENER", script.c_str());
     }
     // The page that was opened, and its heading.
     std::string Opened() const {
-        const std::string told = state_ + "/opened";
+        const std::string told = Path("opened");
         for (int i = 0; i < 1000 && !std::filesystem::exists(told); ++i) Sleep(5);
-        const std::filesystem::path page = Content(told);
+        const std::filesystem::path page = Read(told);
         std::filesystem::remove(told);
         std::smatch heading;
-        const std::string text = Content(page);
+        const std::string text = Read(page);
         std::regex_search(text, heading, std::regex("<h1>(.*)</h1>"));
         return page.filename().string() + " " + heading.str(1);
     }
@@ -81,12 +69,12 @@ TEST_F(Help, DialogsHaveTheirOwn) {
     EXPECT_EQ(Opened(), "1102.htm Pages per Sheet");
 }
 
-TEST(HelpPages, LinkToPagesThatExistAndAreAllReachedFromTheList) {
+TEST_F(Help, PagesLinkToOthersThatExistAndAreAllReachedFromTheList) {
     const std::filesystem::path folder = KV_SOURCE_DIR "/models/help/html";
     const std::regex link("href=\"([^\"]+)\"");
     std::set<std::string> listed;
     for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-        const std::string text = Content(entry.path());
+        const std::string text = Read(entry.path());
         for (std::sregex_iterator at(text.begin(), text.end(), link), end; at != end; ++at) {
             const std::string target = (*at)[1];
             EXPECT_TRUE(std::filesystem::exists(folder / target)) << entry.path() << " " << target;

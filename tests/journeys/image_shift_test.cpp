@@ -1,6 +1,5 @@
 // Journeys through the image shift dialog: units, limits, typing and the stored words.
 #include "preferences.h"
-#include "tests/support/printer_data.h"
 
 namespace journey {
 namespace {
@@ -19,9 +18,7 @@ class ImageShift : public Preferences {
         UseUnit(4);  // inches
         SetPrivate(kOtherSettings, Private(kOtherSettings) | kShiftOn);
     }
-    void UseUnit(DWORD unit) {
-        kvtest::PutPrinterData("Office", "CustomPaperUnit", unit);
-    }
+    static void UseUnit(DWORD unit) { PutNumber("CustomPaperUnit", unit); }
     void Store(DWORD x, DWORD y) {
         SetPrivate(kOffsetX, x);
         SetPrivate(kOffsetY, y);
@@ -91,7 +88,7 @@ TEST_F(ImageShift, TheUnitComesFromTheWordsElseFromThePrinterElseFromTheRegion) 
         {0, 0, 0, "en_CA.UTF-8", true, "0.00", "0.00"},
     };
     for (const auto& row : rows) {
-        setenv("LC_ALL", row.locale, 1);
+        SetVariable("LC_ALL", row.locale);
         UseUnit(row.printerUnit);
         Store(row.x, row.y);
         Open(IDCANCEL, [&](HWND dialog) {
@@ -106,7 +103,6 @@ TEST_F(ImageShift, TheUnitComesFromTheWordsElseFromThePrinterElseFromTheRegion) 
         EXPECT_EQ(Private(kOffsetX), row.x);
         EXPECT_EQ(Private(kOffsetY), row.y);
     }
-    unsetenv("LC_ALL");
 }
 
 TEST_F(ImageShift, TheUnitIsRememberedUntilACancelForgetsIt) {

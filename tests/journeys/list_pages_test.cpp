@@ -13,18 +13,18 @@ constexpr DWORD kOwn = 130;
 class ListPages : public Preferences {
  protected:
     void AddOwn() {
-        const ListHandle list = QDMMLTReadWatermark(&printer_);
+        const ListHandle list = QDMMLTReadWatermark(&printer);
         WatermarkRecord record{};
         record.id = kOwn;
         std::strcpy(record.name, "Mine");
-        ASSERT_TRUE(QDMMLTAddWatermark(list, &printer_, &record, 2));
-        ASSERT_TRUE(QDMMLTWriteWatermark(list, &printer_));
+        ASSERT_TRUE(QDMMLTAddWatermark(list, &printer, &record, 2));
+        ASSERT_TRUE(QDMMLTWriteWatermark(list, &printer));
     }
     bool IsStored(DWORD id) {
-        const ListHandle list = QDMMLTReadWatermark(&printer_);
+        const ListHandle list = QDMMLTReadWatermark(&printer);
         WatermarkRecord record{};
-        const bool found = QDMMLTGetWatermarkWithID(list, &printer_, &record, id) != 0;
-        QDMMLTCancelWatermark(list, &printer_);
+        const bool found = QDMMLTGetWatermarkWithID(list, &printer, &record, id) != 0;
+        QDMMLTCancelWatermark(list, &printer);
         return found;
     }
     void Choose(DWORD id) {
@@ -104,7 +104,7 @@ TEST_F(ListPages, ButtonsActOnWhatMayBeChangedOnly) {
     EXPECT_EQ(Buttons(), "d") << "the list is full, and a rule grays Edit";
     EXPECT_EQ(Buttons(kOverlay, 1893, 1892, 1894), "") << "its option is missing";
     CloseSheet();
-    kv::SetActingAsAdministrator(false);
+    Act(Actor::kUser);
     OpenSheet();
     EXPECT_EQ(Buttons(), "---");
     EXPECT_EQ(Buttons(kOverlay, 1893, 1892, 1894), "---");

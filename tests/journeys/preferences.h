@@ -2,30 +2,23 @@
 // and the module's real sheet, driven through the input layer.
 #pragma once
 
-#include <framework/core/install_printer.h>
-#include <gtest/gtest.h>
-#include <test_paths.h>
-#include <kvcore.h>
 #include <platform/display/headless.h>
-#include <platform/registry/state_store.h>
-#include <platform/security/access.h>
 #include <platform/window/input.h>
 #include <platform/window/window.h>
 #include <preferences_sheet.h>
 #include <prsht.h>
 
 #include <array>
-#include <cstdlib>
 #include <cstring>
-#include <filesystem>
-#include <fstream>
 #include <string>
 #include <vector>
 
 #include "tests/support/controls.h"
+#include "tests/support/printer_fixture.h"
 
 namespace journey {
 
+using kvtest::Actor;
 using kvtest::IndexOf;
 using kvtest::IsChecked;
 using kvtest::Selected;
@@ -35,19 +28,12 @@ constexpr unsigned kRecordBytes = 1296;
 constexpr int kView = 14002;  // of the preview panel
 enum Page { kBasic, kLayout, kOverlay, kWatermark, kQuality, kDevice, kTroubleshooting, kJob };
 
-class Preferences : public testing::Test {
-   protected:
+class Preferences : public kvtest::PrinterTest {
+ protected:
     void SetUp() override {
-        char folder[] = "/tmp/kvjourneyXXXXXX";
-        ASSERT_NE(mkdtemp(folder), nullptr);
-        state_ = folder;
-        kv::SetStateDirectory(state_);
-        kv::SetActingAsAdministrator(true);
+        PrinterTest::SetUp();
+        ASSERT_NE(QDMGetStdDefaults(&printer, record_.data(), nullptr), 0);
         std::string error;
-        ASSERT_TRUE(kvcore::InstallPrinter("Office", "USB001", KV_SOURCE_DIR "/models", error))
-            << error;
-        ASSERT_TRUE(kvcore::MakePrinterBlock("Office", printer_, error)) << error;
-        ASSERT_NE(QDMGetStdDefaults(&printer_, record_.data(), nullptr), 0);
         module_ = kvhost::DriverModule::Load(KV_BIN_DIR "/libkvuimod.so", error);
         ASSERT_NE(module_, nullptr) << error;
         kv::Headless().OnUnanswered([](const std::string& dialog) {
@@ -60,22 +46,10 @@ class Preferences : public testing::Test {
         CloseSheet();
         EXPECT_EQ(kv::Headless().PendingAnswers(), 0u) << "a dialog that was expected did not come";
         kv::Headless().SetPolicy(nullptr);
-        kv::SetActingAsAdministrator(std::nullopt);
-        kv::SetStateDirectory("");
-        std::filesystem::remove_all(state_);
-    }
-
-    // Replaces the rules file of the driver's folder.
-    void UseRules(const std::string& text) {
-        for (const auto& entry : std::filesystem::recursive_directory_iterator(state_)) {
-            if (entry.path().filename() == "KVUIMOD.ini") {
-                std::ofstream(entry.path(), std::ios::binary) << text;
-            }
-        }
     }
 
     void OpenSheet(DWORD mode = 0) {
-        request_.printer = &printer_;
+        request_.printer = &printer;
         request_.record = record_.data();
         request_.mode = mode;
         request_.extraPages = extraPages_;
@@ -148,8 +122,6 @@ class Preferences : public testing::Test {
 
     static inline std::vector<UINT> heard;
 
-    std::string state_;
-    PrinterBlock printer_{};
     std::array<BYTE, kRecordBytes> record_{};
     std::unique_ptr<kvhost::DriverModule> module_;
     kvhost::SheetRequest request_;

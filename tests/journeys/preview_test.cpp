@@ -69,8 +69,7 @@ TEST_F(Preview, SwitchingShowsAnotherPictureAndComesBack) {
     const HWND panel = Panel(kBasic);
     const auto paper = Picture(panel);
     ASSERT_TRUE(kv::input::Click(GetDlgItem(panel, kSwitch)));
-    const auto printer = Picture(panel);
-    EXPECT_TRUE(printer != paper);
+    EXPECT_TRUE(Picture(panel) != paper);
     ASSERT_TRUE(kv::input::Click(GetDlgItem(panel, kSwitch)));
     EXPECT_TRUE(Picture(panel) == paper);
 }

@@ -35,7 +35,7 @@ TEST_F(SheetLife, FlagsTellWhatMayBeChanged) {
 }
 
 TEST_F(SheetLife, TheFirstActivationAsksForThePortOnce) {
-    request_.printer = &printer_;
+    request_.printer = &printer;
     request_.record = record_.data();
     sheet_ = module_->CreateSheet(request_);
     Overhear(WindowOf(kBasic), [](UINT message, WPARAM) { return message == WM_USER + 2; });
@@ -57,7 +57,7 @@ TEST_F(SheetLife, TheSheetsEndWaitsForAStoreThatIsLocked) {
     SetPrivate(kInstalledOptions, 0x84);
     OpenSheet();
     sqlite3* other = nullptr;
-    ASSERT_EQ(sqlite3_open((state_ + "/store.sqlite").c_str(), &other), SQLITE_OK);
+    ASSERT_EQ(sqlite3_open((State() + "/store.sqlite").c_str(), &other), SQLITE_OK);
     ASSERT_EQ(sqlite3_exec(other, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
     std::thread release([other] {
         std::this_thread::sleep_for(std::chrono::milliseconds(150));
@@ -70,7 +70,7 @@ TEST_F(SheetLife, TheSheetsEndWaitsForAStoreThatIsLocked) {
     EXPECT_FALSE(IsWindow(sheet));
     // An ordinary user's next sheet has it from the printer.
     SetPrivate(kInstalledOptions, 0);
-    kv::SetActingAsAdministrator(false);
+    Act(Actor::kUser);
     OpenSheet();
     EXPECT_EQ(Private(kInstalledOptions), 0x84u);
 }

@@ -1,7 +1,6 @@
 // Puts a value into a printer's data, as an administrator does.
 #pragma once
 
-#include <gtest/gtest.h>
 #include <windows.h>
 #include <winspool.h>
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "module/sheet/private_devmode.h"
-#include "tests/framework/printer_fixture.h"
+#include "tests/support/printer_fixture.h"
 
 namespace kvtest {
 namespace {

@@ -8,7 +8,7 @@
 
 #include <set>
 
-#include "tests/framework/printer_fixture.h"
+#include "tests/support/printer_fixture.h"
 #include "tests/support/registry.h"
 
 namespace kvtest {
@@ -83,7 +83,7 @@ TEST_F(Installation, RefusalsSayWhyAndCreateNothing) {
 
 // The vendor's sections come from the model, what users stored stays, and nothing is lost unsaid.
 TEST_F(Installation, ASecondPrinterTakesOverWhatTheModelChanged) {
-    const std::string rules = State() + "/driver/3/KVUIMOD.ini";
+    const std::string rules = RulesPath();
     const std::string model = Read(rules);
     const std::string old =
         "[conflictconditions]\r\nEditCopies0=(2),0,0,(ChkCollate,0,0,(1),0)\r\n"
@@ -114,7 +114,7 @@ TEST_F(Installation, ASecondPrinterTakesOverWhatTheModelChanged) {
 }
 
 TEST_F(Installation, ASecondPrinterKeepsTheInstalledRulesFile) {
-    const std::string rules = State() + "/driver/3/KVUIMOD.ini";
+    const std::string rules = RulesPath();
     EXPECT_EQ(ModeOf(rules), 0600u);
     std::ofstream(rules, std::ios::app) << "[KeepSettings]\n";
     const std::string before = Read(rules);

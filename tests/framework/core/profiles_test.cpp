@@ -3,7 +3,7 @@
 
 #include <array>
 
-#include "tests/framework/printer_fixture.h"
+#include "tests/support/printer_fixture.h"
 
 namespace kvtest {
 namespace {

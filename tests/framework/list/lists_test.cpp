@@ -6,7 +6,7 @@
 #include <span>
 #include <vector>
 
-#include "tests/framework/printer_fixture.h"
+#include "tests/support/printer_fixture.h"
 #include "tests/support/registry.h"
 
 namespace kvtest {

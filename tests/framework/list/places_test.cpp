@@ -9,7 +9,7 @@
 #include <cstring>
 #include <filesystem>
 
-#include "tests/framework/printer_fixture.h"
+#include "tests/support/printer_fixture.h"
 
 namespace kvtest {
 namespace {
@@ -92,11 +92,10 @@ TEST_F(Places, OwnEntriesOfASharedPrinterTakeNoAdministrator) {
         EXPECT_EQ(Open(PRINTER_ACCESS_ADMINISTER), nullptr) << "no member of the group";
         EXPECT_NE(Open(PRINTER_ACCESS_USE), nullptr);
         Act(Actor::kAdministrator);
-        EXPECT_EQ(Put("AutoConfigure", REG_DWORD, BytesOf(DWORD{1})), ERROR_ACCESS_DENIED)
-            << "files decide";
+        EXPECT_EQ(PutNumber("AutoConfigure", 1), ERROR_ACCESS_DENIED) << "files decide";
     }
     kv::SetActingAsAdministrator(std::nullopt);
-    PutNumber("AutoConfigure", 1);
+    EXPECT_EQ(PutNumber("AutoConfigure", 1), ERROR_SUCCESS);
 }
 
 TEST_F(Places, AnOwnPrinterHidesTheOneOfTheMachine) {

@@ -5,7 +5,7 @@
 
 #include <cstring>
 
-#include "tests/framework/printer_fixture.h"
+#include "tests/support/printer_fixture.h"
 #include "tests/platform/support/template_builder.h"
 
 namespace kvtest {

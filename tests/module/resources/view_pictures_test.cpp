@@ -8,36 +8,26 @@
 #include <vector>
 
 #include "resources/picture_ids.h"
+#include "tests/support/canvas.h"
 
 namespace {
 
-struct Pixels {
-    int width = 0;
-    int height = 0;
-    std::vector<COLORREF> colors;
-    COLORREF At(int x, int y) const { return colors[static_cast<std::size_t>(y * width + x)]; }
-};
-
-Pixels Load(int id) {
-    Pixels pixels;
+// What the picture has painted over white; empty without one.
+kvtest::Pixels Load(int id) {
     const HBITMAP bitmap = LoadBitmapA(nullptr, MAKEINTRESOURCEA(static_cast<unsigned>(id)));
     BITMAP info{};
-    if (GetObjectA(bitmap, sizeof info, &info) == 0) return pixels;
-    pixels.width = info.bmWidth;
-    pixels.height = info.bmHeight;
-    const HDC dc = CreateCompatibleDC(nullptr);
-    const HGDIOBJ before = SelectObject(dc, bitmap);
-    for (int y = 0; y < pixels.height; ++y) {
-        for (int x = 0; x < pixels.width; ++x) pixels.colors.push_back(GetPixel(dc, x, y));
-    }
-    SelectObject(dc, before);
-    DeleteDC(dc);
+    if (GetObjectA(bitmap, sizeof info, &info) == 0) return {};
+    const kvtest::Canvas canvas(info.bmWidth, info.bmHeight);
+    const HDC from = CreateCompatibleDC(nullptr);
+    const HGDIOBJ before = SelectObject(from, bitmap);
+    BitBlt(canvas.dc, 0, 0, info.bmWidth, info.bmHeight, from, 0, 0, SRCCOPY);
+    SelectObject(from, before);
+    DeleteDC(from);
     DeleteObject(bitmap);
-    return pixels;
+    return canvas.Read();
 }
 
-constexpr COLORREF kBlack = RGB(0, 0, 0);
-constexpr COLORREF kWhite = RGB(255, 255, 255);
+constexpr DWORD kBlack = 0, kWhite = 0xFFFFFF;
 
 // Grey; those in colour follow at a distance.
 constexpr int kPages[] = {13807, 13816, 13819, 13828, 13831, 13801,
@@ -60,18 +50,18 @@ TEST(ViewPictures, TheTileAndTheMarksOfTheLabelsHaveTheirSizes) {
 
 // Drawn with AND and XOR, a picture that is not black outside its mask would change the ground.
 void ExpectMaskFits(int id) {
-    const Pixels picture = Load(id), mask = Load(id + 1);
+    const kvtest::Pixels picture = Load(id), mask = Load(id + 1);
     ASSERT_EQ(mask.width, picture.width) << id;
     ASSERT_EQ(mask.height, picture.height) << id;
     std::size_t kept = 0;
-    for (std::size_t i = 0; i < mask.colors.size(); ++i) {
-        ASSERT_TRUE(mask.colors[i] == kWhite || mask.colors[i] == kBlack) << id;
-        if (mask.colors[i] != kWhite) continue;
+    for (std::size_t i = 0; i < mask.values.size(); ++i) {
+        ASSERT_TRUE(mask.values[i] == kWhite || mask.values[i] == kBlack) << id;
+        if (mask.values[i] != kWhite) continue;
         ++kept;
-        ASSERT_EQ(picture.colors[i], kBlack) << id << " at " << i;
+        ASSERT_EQ(picture.values[i], kBlack) << id << " at " << i;
     }
     EXPECT_GT(kept, 0u) << id;
-    EXPECT_LT(kept, mask.colors.size()) << id;
+    EXPECT_LT(kept, mask.values.size()) << id;
 }
 
 TEST(ViewPictures, AreBlackWhereTheirMaskKeepsTheGround) {
@@ -79,13 +69,13 @@ TEST(ViewPictures, AreBlackWhereTheirMaskKeepsTheGround) {
     for (const int id : kOtherMasked) ExpectMaskFits(id);
 }
 
-bool IsGrey(COLORREF color) {
-    return GetRValue(color) == GetGValue(color) && GetGValue(color) == GetBValue(color);
+bool IsGrey(DWORD pixel) {
+    return pixel == (pixel & 0xFF) * 0x010101;
 }
 
 TEST(ViewPictures, OnlyTheColourPagesHaveColour) {
     for (const int id : kPages) {
-        const auto grey = Load(id).colors, color = Load(id + IDB_PAGE_COLOR_STEP).colors;
+        const auto grey = Load(id).values, color = Load(id + IDB_PAGE_COLOR_STEP).values;
         EXPECT_TRUE(std::all_of(grey.begin(), grey.end(), IsGrey)) << id;
         EXPECT_LT(std::count_if(color.begin(), color.end(), IsGrey) + 200,
                   static_cast<long>(color.size()))
@@ -95,9 +85,9 @@ TEST(ViewPictures, OnlyTheColourPagesHaveColour) {
 
 // Each of these is the only sign of its setting, so that no two may look alike.
 TEST(ViewPictures, TellTheirSettingsApart) {
-    std::set<std::vector<COLORREF>> seen;
+    std::set<std::vector<DWORD>> seen;
     const auto expectNew = [&seen](int id) {
-        EXPECT_TRUE(seen.insert(Load(id).colors).second) << id;
+        EXPECT_TRUE(seen.insert(Load(id).values).second) << id;
     };
     for (const int id : kNumbers) expectNew(id);
     for (const int id : kPages) expectNew(id);
@@ -119,7 +109,7 @@ TEST(ViewPictures, SheetsAreWhiteBelowThePage) {
         {IDB_BOOKLET_LANDSCAPE_LEFT, 26, 13, 93, 65}, {IDB_BOOKLET_LANDSCAPE_RIGHT, 15, 15, 93, 65},
     };
     for (const auto& test : cases) {
-        const Pixels sheet = Load(test.id);
+        const kvtest::Pixels sheet = Load(test.id);
         for (int y = test.top; y < test.top + test.height; ++y) {
             for (int x = test.left; x < test.left + test.width; ++x) {
                 ASSERT_EQ(sheet.At(x, y), kWhite) << test.id << " at " << x << ", " << y;

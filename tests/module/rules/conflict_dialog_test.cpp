@@ -36,32 +36,30 @@ class ConflictDialog : public testing::Test {
 };
 
 TEST_F(ConflictDialog, ShowsTheReportAndOnlyTheFirstAmpersandGoes) {
-    Report("&Paper && Tray", "Copies:&", "then");
-    EXPECT_EQ(Run([](HWND dialog) {
-                  const std::pair<int, const char*> texts[] = {
-                      {IDC_ST_TRIGGER_NAME, "Paper && Tray"}, {IDC_ST_TRIGGER_SELECTION, "A & B"},
-                      {IDC_ST_TARGET_NAME, "Copies:"},        {IDC_ST_TARGET_SELECTION, "now"},
-                      {IDC_ST_NEW_NAME, "Copies:"},           {IDC_ST_NEW_SELECTION, "then"},
-                      {IDC_ST_CONFLICT_NEW, "New Selection"}, {IDCANCEL, "Cancel"},
-                      {IDC_BTN_CONFLICT_RESOLVE, "Resolve"},
-                  };
-                  for (const auto& [id, text] : texts) EXPECT_EQ(Text(dialog, id), text) << id;
-                  EXPECT_EQ(Text(dialog), "Conflicts");
-                  EXPECT_EQ(SendMessageA(dialog, WM_HELP, 0, 0), 0);
-                  EXPECT_TRUE(kv::input::Key(VK_RETURN));
-              }),
-              1);
-}
-
-TEST_F(ConflictDialog, TheLongestTextsAreShownWhole) {
     const std::string longest(kReportTextSize - 1, '&');
-    Report(longest.c_str(), longest.c_str(), longest.c_str());
-    EXPECT_EQ(Run([&](HWND dialog) {
-                  EXPECT_EQ(Text(dialog, IDC_ST_TRIGGER_NAME), longest.substr(1));
-                  EXPECT_EQ(Text(dialog, IDC_ST_NEW_SELECTION), longest);
-                  kv::input::Close(dialog);
-              }),
-              2);
+    const struct {
+        const char *trigger, *target, *forced, *triggerShown, *targetShown;
+    } rows[] = {
+        {"&Paper && Tray", "Copies:&", "then", "Paper && Tray", "Copies:"},
+        {longest.c_str(), longest.c_str(), longest.c_str(), &longest[1], &longest[1]},
+    };
+    for (const auto& row : rows) {
+        Report(row.trigger, row.target, row.forced);
+        EXPECT_EQ(
+            Run([&](HWND dialog) {
+                const std::pair<int, const char*> texts[] = {
+                    {IDC_ST_TRIGGER_NAME, row.triggerShown}, {IDC_ST_TRIGGER_SELECTION, "A & B"},
+                    {IDC_ST_TARGET_NAME, row.targetShown},   {IDC_ST_TARGET_SELECTION, "now"},
+                    {IDC_ST_NEW_NAME, row.targetShown},      {IDC_ST_NEW_SELECTION, row.forced},
+                    {IDC_ST_CONFLICT_NEW, "New Selection"},
+                };
+                for (const auto& [id, text] : texts) EXPECT_EQ(Text(dialog, id), text) << id;
+                EXPECT_EQ(Text(dialog), "Conflicts");
+                EXPECT_EQ(SendMessageA(dialog, WM_HELP, 0, 0), 0);
+                EXPECT_TRUE(kv::input::Key(VK_RETURN));
+            }),
+            1);
+    }
 }
 
 TEST_F(ConflictDialog, WithoutAStateADialogEndsAsCancelled) {
@@ -70,14 +68,15 @@ TEST_F(ConflictDialog, WithoutAStateADialogEndsAsCancelled) {
     EXPECT_EQ(DialogBoxParamA(resources, "_LBPCUSTOMPAPERS", nullptr, DDMCUSTOMPAPER, 0), -1);
 }
 
-TEST_F(ConflictDialog, WithoutStringsItStillAsks) {
+TEST_F(ConflictDialog, WithoutAForcedTextOnlyCancelIsLeftEvenWhereThereAreNoStrings) {
     Report("A", "B", "");
     sheet_.context.strings = LoadLibraryA(KV_BIN_DIR "/libkvspool.so");  // has no string table
     ASSERT_NE(sheet_.context.strings, nullptr);
     EXPECT_EQ(Run([&](HWND dialog) {
                   EXPECT_EQ(Text(dialog, IDC_ST_NEW_SELECTION), "");
                   EXPECT_FALSE(IsWindowEnabled(GetDlgItem(dialog, IDC_BTN_CONFLICT_RESOLVE)));
-                  kv::input::Key(VK_ESCAPE);
+                  EXPECT_EQ(GetFocus(), GetDlgItem(dialog, IDCANCEL));
+                  kv::input::Key(VK_RETURN);
               }),
               2);
 }

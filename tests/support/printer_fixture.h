@@ -1,4 +1,4 @@
-// A printer of the served model on a scratch state directory. Shared by the framework's tests.
+// A printer of the served model on a scratch state directory.
 #pragma once
 
 #include <framework/core/install_printer.h>
@@ -29,6 +29,9 @@ class PrinterTest : public kv::test::ScratchTest {
             << error;
         ASSERT_TRUE(kvcore::MakePrinterBlock(kPrinter, printer, error)) << error;
     }
+    // The rules file of the driver's folder.
+    std::string RulesPath() const { return State() + "/driver/3/KVUIMOD.ini"; }
+    void UseRules(const std::string& text) { std::ofstream(RulesPath(), std::ios::binary) << text; }
     static void Act(Actor actor) { kv::SetActingAsAdministrator(actor == Actor::kAdministrator); }
     // Null when it is refused; the last error says why.
     static HANDLE Open(DWORD access, const char* name = kPrinter) {
