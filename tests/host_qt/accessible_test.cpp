@@ -128,7 +128,7 @@ class Accessible : public SheetTour {
     // What the large view says of itself.
     std::string Words(int page) {
         QWidget& window = Open(page);
-        QWidget* view = WidgetOf(window, GetDlgItem(Panel(page), kView));
+        QWidget* view = WidgetOf(window, GetDlgItem(Panel(page), IDC_PIC_MAIN_VIEW));
         return Of(*QAccessible::queryAccessibleInterface(view), QAccessible::Name);
     }
 };
@@ -220,19 +220,19 @@ TEST_F(Accessible, ArrowsBelongToTheirNumberAndTurnIt) {
     EXPECT_EQ(RelatedTo(*arrows, QAccessible::Controlled),
               Find(window, QAccessible::EditableText, "Number"));
     arrows->valueInterface()->setCurrentValue(3);
-    EXPECT_EQ(Text(Item(2014)), "3");
+    EXPECT_EQ(Text(Item(IDC_EDIT_COPIES)), "3");
     EXPECT_EQ(arrows->valueInterface()->maximumValue().toInt(), 999);
 }
 
 TEST_F(Accessible, ThePreviewSaysInWordsWhatItShows) {
     EXPECT_EQ(Words(kBasic), "A4, portrait, in color");
-    kv::input::Click(Item(2027));
-    ChooseValue(1410, 2, kLayout);
-    ChooseValue(1510, 2, kLayout);
+    kv::input::Click(Item(IDC_RADIO_LANDSCAPE));
+    ChooseValue(IDC_COMBO_NUP, 2, kLayout);
+    ChooseValue(IDC_COMBO_DUPLEX, 2, kLayout);
     // The sheet of two landscape pages is turned.
     EXPECT_EQ(Words(kLayout),
               "A4, 2 pages per sheet, landscape, two-sided, bound at the left, in color");
-    ChooseValue(1410, 20, kLayout);
+    ChooseValue(IDC_COMBO_NUP, 20, kLayout);
     QAccessibleInterface* duplex = Find(Open(kLayout), QAccessible::ComboBox, "2-Sided Printing");
     ASSERT_NE(duplex, nullptr);
     EXPECT_EQ(Of(*duplex, QAccessible::Value), "On") << "renamed while another list is drawn";

@@ -27,9 +27,6 @@ namespace {
 constexpr double kForTexts = 4.5;
 constexpr double kForMarks = 3.0;
 
-// Fields of the private part: page order with borders, and the overlay.
-constexpr size_t kNupStyle = 0x1B0, kOverlayField = 0x258;
-
 double Luminance(QRgb pixel) {
     const auto linear = [](int part) {
         const double value = part / 255.0;
@@ -233,7 +230,9 @@ class PreviewContrast : public SheetTour {
     QImage ViewOf(int page) {
         PageWindow(page);
         kv::Settle();
-        return WidgetOf(*SheetWidget(), GetDlgItem(Panel(page), kView))->grab().toImage();
+        return WidgetOf(*SheetWidget(), GetDlgItem(Panel(page), IDC_PIC_MAIN_VIEW))
+            ->grab()
+            .toImage();
     }
 };
 
@@ -253,29 +252,29 @@ TEST_F(PreviewContrast, MarksOfThePreviewStandOut) {
     const auto change = [&](const char* name, const QImage& before, const QImage& after) {
         EXPECT_GE(ContrastOfChange(before, after), kForMarks) << name;
     };
-    ChooseValue(1510, 2, kLayout);
+    ChooseValue(IDC_COMBO_DUPLEX, 2, kLayout);
     change("binding", plain, ViewOf(kLayout));
-    ChooseValue(1510, 1, kLayout);
-    ChooseValue(1410, 4, kLayout);
+    ChooseValue(IDC_COMBO_DUPLEX, 1, kLayout);
+    ChooseValue(IDC_COMBO_NUP, 4, kLayout);
     const QImage four = ViewOf(kLayout);
-    const struct {
-        const char* name;
-        size_t offset;
-        DWORD value;
-    } marks[] = {
-        {"numbers", kNupStyle, 1}, {"borders", kNupStyle, 4}, {"overlay", kOverlayField, 1}};
+    using Record = kvui::PrivateDevmode;
+    const struct { const char* name; DWORD Record::*field; DWORD value; } marks[] = {
+        {"numbers", &Record::mdmNupStyle, 1},
+        {"borders", &Record::mdmNupStyle, 4},
+        {"overlay", &Record::mdmOverlay, 1},
+    };
     for (const auto& mark : marks) {
-        SetPrivate(mark.offset, mark.value);
+        Settings().*mark.field = mark.value;
         PageWindow(kJob);
         change(mark.name, four, ViewOf(kLayout));
-        SetPrivate(mark.offset, 0);
+        Settings().*mark.field = 0;
     }
     // A watermark has the colour in which it prints, which may be a faint one.
     constexpr DWORD kLetter = 1;
-    ChooseValue(1410, 0, kLayout);
-    ChooseValue(2002, kLetter);
+    ChooseValue(IDC_COMBO_NUP, 0, kLayout);
+    ChooseValue(IDC_COMBO_PAPER_SIZE, kLetter);
     const QImage letter = ViewOf(kLayout);
-    kv::input::Choose(Item(8002, kWatermark), 1);
+    kv::input::Choose(Item(IDC_LIST_WATERMARK, kWatermark), 1);
     // Its small letters are mostly soft edges.
     EXPECT_GE(ContrastOfChange(letter, ViewOf(kLayout), 20), 1.3) << "watermark";
 }

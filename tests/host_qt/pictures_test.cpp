@@ -36,16 +36,16 @@ class Pictures : public SheetTour {
 TEST_F(Pictures, OfTheReadme) {
     OpenSheet();
     KeepPage(kBasic, "readme-basic");
-    ChooseValue(1410, 4, kLayout);
-    ChooseValue(1510, 2, kLayout);
+    ChooseValue(IDC_COMBO_NUP, 4, kLayout);
+    ChooseValue(IDC_COMBO_DUPLEX, 2, kLayout);
     KeepPage(kLayout, "readme-layout");
     KeepPage(kOverlay, "readme-overlay");
-    kv::input::Choose(Item(8002, kWatermark), 1);
+    kv::input::Choose(Item(IDC_LIST_WATERMARK, kWatermark), 1);
     KeepPage(kWatermark, "readme-watermark");
     KeepPage(kQuality, "readme-quality");
     KeepPage(kDevice, "readme-device");
     KeepPage(kTroubleshooting, "readme-troubleshooting");
-    kv::input::Click(Item(5002, kJob));
+    kv::input::Click(Item(IDC_CHK_ACCESS_CODE, kJob));
     KeepPage(kJob, "readme-job-management");
     VisitDialog("conflict",
                 [](QWidget& window, const std::string&) { Keep(window, "readme-conflict"); });
@@ -54,7 +54,7 @@ TEST_F(Pictures, OfTheReadme) {
 TEST_F(Pictures, OfTheReadmeOnADarkDesktop) {
     UseDarkPalette();
     OpenSheet();
-    ChooseValue(1410, 20, kLayout);
+    ChooseValue(IDC_COMBO_NUP, 20, kLayout);
     KeepPage(kLayout, "readme-dark");
 }
 

@@ -46,7 +46,7 @@ class Repaint : public SheetTour {
 // picture is the same before and after, and that do not lie under or over a changed one.
 TEST_F(Repaint, AChoiceRepaintsWhatItChangesAndLeavesTheOthersAlone) {
     OpenSheet();
-    const HWND combo = Item(1141);
+    const HWND combo = Item(IDC_COMBO_MEDIA_TYPE);
     ASSERT_TRUE(kv::input::Focus(combo));
     QDialog* window = SheetWidget();
     ASSERT_NE(window, nullptr);

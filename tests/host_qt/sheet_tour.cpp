@@ -57,7 +57,7 @@ INT_PTR CALLBACK TextsOnly(HWND dialog, UINT message, WPARAM wParam, LPARAM lPar
         texts.Set(child, static_cast<UINT>(std::max(0, GetDlgCtrlID(child))));
     }
     // A note that is never empty.
-    if (const HWND note = GetDlgItem(dialog, 15015)) texts.Set(note, 16002);
+    if (const HWND note = GetDlgItem(dialog, IDC_EDIT_SET_NOTICE)) texts.Set(note, 16002);
     return TRUE;
 }
 

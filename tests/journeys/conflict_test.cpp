@@ -6,11 +6,6 @@ namespace {
 
 using namespace journey;
 
-enum Control {
-    kTriggerName = 9410, kTriggerSelection, kTargetName, kTargetCurrent, kNewName, kTargetNew,
-    kResolve
-};
-constexpr int kMedia = 1141;
 constexpr DWORD kTransparency = 2;
 
 class Conflicts : public Preferences {
@@ -18,11 +13,13 @@ class Conflicts : public Preferences {
     // "trigger=selection|target=current|new", as the next question puts it; then presses a button.
     void Expect(const std::string& texts, int button) {
         kv::Headless().PushAnswer([texts, button](HWND dialog) {
-            EXPECT_EQ(Text(dialog, kTriggerName) + "=" + Text(dialog, kTriggerSelection) + "|" +
-                          Text(dialog, kTargetName) + "=" + Text(dialog, kTargetCurrent) + "|" +
-                          Text(dialog, kTargetNew),
+            EXPECT_EQ(Text(dialog, IDC_ST_TRIGGER_NAME) + "=" +
+                          Text(dialog, IDC_ST_TRIGGER_SELECTION) + "|" +
+                          Text(dialog, IDC_ST_TARGET_NAME) + "=" +
+                          Text(dialog, IDC_ST_TARGET_SELECTION) + "|" +
+                          Text(dialog, IDC_ST_NEW_SELECTION),
                       texts);
-            EXPECT_EQ(Text(dialog, kNewName), Text(dialog, kTargetName));
+            EXPECT_EQ(Text(dialog, IDC_ST_NEW_NAME), Text(dialog, IDC_ST_TARGET_NAME));
             EXPECT_TRUE(kv::input::Click(GetDlgItem(dialog, button)));
         });
     }
@@ -36,27 +33,27 @@ TEST_F(Conflicts, ResolveForcesEveryTargetOfTheChain) {
         "[ConflictConditions]\n"
         "ComboMediaType0=(2),0,0,(RadioOrientation,0,0,(1),2),(ChkCollate,0,0,(0),1)\n"
         "RadioOrientation0=(2),0,0,(EditCopies,0,0,(1-4),7)\n");
-    SetPrivate(kCollate, 0);
+    Settings().mdmCollate = 0;
     OpenSheet();
     PageWindow(kBasic);
-    Expect("Media Type:=Transparency|Orientation=Po&rtrait|&Landscape", kResolve);
-    Expect("Orientation=&Landscape|Copies=1|7", kResolve);
-    Expect("Media Type:=Transparency|Collate=Off|On", kResolve);
-    ChooseValue(kMedia, kTransparency);
-    EXPECT_EQ(Private(kMediaType), kTransparency);
+    Expect("Media Type:=Transparency|Orientation=Po&rtrait|&Landscape", IDC_BTN_CONFLICT_RESOLVE);
+    Expect("Orientation=&Landscape|Copies=1|7", IDC_BTN_CONFLICT_RESOLVE);
+    Expect("Media Type:=Transparency|Collate=Off|On", IDC_BTN_CONFLICT_RESOLVE);
+    ChooseValue(IDC_COMBO_MEDIA_TYPE, kTransparency);
+    EXPECT_EQ(Settings().MediaType, kTransparency);
     EXPECT_EQ(Public().dmOrientation, 2);
     EXPECT_EQ(Public().dmCopies, 7);
-    EXPECT_EQ(Private(kCollate), 1u);
-    EXPECT_EQ(Text(Item(2014)), "7") << "the page shows what was forced";
+    EXPECT_EQ(Settings().mdmCollate, 1u);
+    EXPECT_EQ(Text(Item(IDC_EDIT_COPIES)), "7") << "the page shows what was forced";
 }
 
 TEST_F(Conflicts, AnotherPageShowsWhatWasForcedBeforeItReadsBack) {
     UseRules("[ConflictConditions]\nComboNup0=(2),0,0,(EditCopies,0,0,(1),7)\n");
     OpenSheet();
     PageWindow(kLayout);
-    Expect("Pages/Sheet:=2|Copies=1|7", kResolve);
-    ChooseValue(1410, 2, kLayout);
-    EXPECT_EQ(Text(WindowOf(kBasic), 2014), "7");
+    Expect("Pages/Sheet:=2|Copies=1|7", IDC_BTN_CONFLICT_RESOLVE);
+    ChooseValue(IDC_COMBO_NUP, 2, kLayout);
+    EXPECT_EQ(Text(WindowOf(kBasic), IDC_EDIT_COPIES), "7");
     ASSERT_TRUE(PressOk());
     EXPECT_EQ(Public().dmCopies, 7);
 }
@@ -73,9 +70,9 @@ TEST_F(Conflicts, EveryWayToCancelLeavesTheRecordAsItWas) {
     };
     for (const auto& way : ways) {
         kv::Headless().PushAnswer(way);
-        ChooseValue(kMedia, kTransparency);
+        ChooseValue(IDC_COMBO_MEDIA_TYPE, kTransparency);
         EXPECT_EQ(record_, before);
-        EXPECT_EQ(Selected(Item(kMedia)), "Plain Paper");
+        EXPECT_EQ(Selected(Item(IDC_COMBO_MEDIA_TYPE)), "Plain Paper");
     }
 }
 
@@ -99,17 +96,18 @@ TEST_F(Conflicts, ARulesFileReplacedUnderAnOpenSheetLeavesItItsRules) {
         replace();
         for (int page = kBasic; page <= kJob; ++page) PageWindow(page);
         PageWindow(kBasic);
-        Expect("Media Type:=Transparency|Orientation=Po&rtrait|&Landscape", kResolve);
-        ChooseValue(kMedia, kTransparency);
-        EXPECT_FALSE(IsWindowEnabled(Item(2014))) << "grayed while landscape is chosen";
-        ChooseValue(kMedia, 1);
-        ASSERT_TRUE(kv::input::Click(Item(2026)));
-        EXPECT_TRUE(IsWindowEnabled(Item(2014)));
+        Expect("Media Type:=Transparency|Orientation=Po&rtrait|&Landscape",
+               IDC_BTN_CONFLICT_RESOLVE);
+        ChooseValue(IDC_COMBO_MEDIA_TYPE, kTransparency);
+        EXPECT_FALSE(IsWindowEnabled(Item(IDC_EDIT_COPIES))) << "grayed while landscape is chosen";
+        ChooseValue(IDC_COMBO_MEDIA_TYPE, 1);
+        ASSERT_TRUE(kv::input::Click(Item(IDC_RADIO_PORTRAIT)));
+        EXPECT_TRUE(IsWindowEnabled(Item(IDC_EDIT_COPIES)));
         CloseSheet();
         OpenSheet();
-        ChooseValue(kMedia, kTransparency);
+        ChooseValue(IDC_COMBO_MEDIA_TYPE, kTransparency);
         EXPECT_EQ(Public().dmOrientation, 1) << "the new file has no such rule";
-        ChooseValue(kMedia, 1);
+        ChooseValue(IDC_COMBO_MEDIA_TYPE, 1);
         CloseSheet();
     }
 }
@@ -137,7 +135,7 @@ TEST_F(Conflicts, EveryKindOfItemIsNamed) {
         OpenSheet();
         PageWindow(kBasic);
         Expect("Media Type:=Transparency|" + texts, IDCANCEL);
-        ChooseValue(kMedia, kTransparency);
+        ChooseValue(IDC_COMBO_MEDIA_TYPE, kTransparency);
     }
 }
 

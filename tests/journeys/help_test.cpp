@@ -8,7 +8,7 @@ namespace journey {
 namespace {
 
 class Help : public Preferences {
-   protected:
+ protected:
     void SetUp() override {
         Preferences::SetUp();
         // The file appears whole, by renaming.
@@ -42,7 +42,7 @@ TEST_F(Help, EveryPageHasItsOwnAndF1TheListOfAll) {
         ASSERT_TRUE(kv::input::Click(GetDlgItem(sheet_, IDHELP)));
         EXPECT_EQ(Opened(), pages[page]);
     }
-    kv::input::Focus(Item(2014));
+    kv::input::Focus(Item(IDC_EDIT_COPIES));
     kv::input::Key(VK_F1);
     EXPECT_EQ(Opened(), "index.htm Printing preferences");
 }
@@ -63,9 +63,9 @@ TEST_F(Help, DialogsHaveTheirOwn) {
         module_->RunDialog(PageWindow(row.page), row.dialogTemplate, row.procedure);
         EXPECT_EQ(Opened(), row.opened);
     }
-    ChooseValue(1410, 20, kLayout);
+    ChooseValue(IDC_COMBO_NUP, 20, kLayout);
     kv::Headless().PushAnswer(pressHelp);
-    kv::input::Click(Item(1430, kLayout));
+    kv::input::Click(Item(IDC_BTN_NUP_DETAILS, kLayout));
     EXPECT_EQ(Opened(), "1102.htm Pages per Sheet");
 }
 

@@ -4,28 +4,25 @@
 namespace journey {
 namespace {
 
-enum : int {
-    kAcross = 1902, kAcrossSpin = 1903, kAcrossRange = 1905, kDown = 1907, kDownSpin = 1908,
-    kDownRange = 1910, kInch = 9933, kMillimetre = 9934, kOpener = 1912, kRotate = 2032,
-};
-constexpr size_t kOffsetX = 0x264, kOffsetY = 0x268;
-constexpr DWORD kShiftOn = 0x400, kTenths = 0x8000, kNegative = 0x4000;
+constexpr int kAcross = IDC_EDIT_OFFSET_X, kDown = IDC_EDIT_OFFSET_Y, kInch = IDC_RADIO_SHIFT_INCH,
+              kMillimetre = IDC_RADIO_SHIFT_MM;
+constexpr DWORD kTenths = 0x8000, kNegative = 0x4000;
 
 class ImageShift : public Preferences {
  protected:
     void SetUp() override {
         Preferences::SetUp();
         UseUnit(4);  // inches
-        SetPrivate(kOtherSettings, Private(kOtherSettings) | kShiftOn);
+        Settings().mdmOtherSettings |= kvui::kOtherImageShifting;
     }
     static void UseUnit(DWORD unit) { PutNumber("CustomPaperUnit", unit); }
     void Store(DWORD x, DWORD y) {
-        SetPrivate(kOffsetX, x);
-        SetPrivate(kOffsetY, y);
+        Settings().mdmOffsetX = x;
+        Settings().mdmOffsetY = y;
     }
     void Open(int closer, const std::function<void(HWND)>& act) {
         if (sheet_ == nullptr) OpenSheet();
-        InDialog(kLayout, kOpener, closer, act);
+        InDialog(kLayout, IDC_BTN_IMAGE_SHIFT, closer, act);
     }
     static void TypeIn(HWND dialog, int id, const std::string& text) {
         kvtest::TypeIn(GetDlgItem(dialog, id), text);
@@ -51,8 +48,8 @@ TEST_F(ImageShift, LeavingAnEditShowsTheLimitInTheUnitsFormat) {
             EXPECT_EQ(Text(dialog, row.edit), row.shown) << row.typed;
         }
     });
-    EXPECT_EQ(Private(kOffsetX), kTenths | 158);
-    EXPECT_EQ(Private(kOffsetY), kTenths | 70);
+    EXPECT_EQ(Settings().mdmOffsetX, kTenths | 158);
+    EXPECT_EQ(Settings().mdmOffsetY, kTenths | 70);
 }
 
 TEST_F(ImageShift, WordsCarryMagnitudeSignAndUnit) {
@@ -70,8 +67,8 @@ TEST_F(ImageShift, WordsCarryMagnitudeSignAndUnit) {
             TypeIn(dialog, kDown, row.down);
             ASSERT_TRUE(kv::input::Key(VK_RETURN));
         });
-        EXPECT_EQ(Private(kOffsetX), row.x) << row.across;
-        EXPECT_EQ(Private(kOffsetY), row.y) << row.down;
+        EXPECT_EQ(Settings().mdmOffsetX, row.x) << row.across;
+        EXPECT_EQ(Settings().mdmOffsetY, row.y) << row.down;
     }
 }
 
@@ -97,18 +94,20 @@ TEST_F(ImageShift, TheUnitComesFromTheWordsElseFromThePrinterElseFromTheRegion) 
             EXPECT_EQ(Checked(dialog, kMillimetre), !row.inches);
             EXPECT_EQ(Text(dialog, kAcross), row.across);
             EXPECT_EQ(Text(dialog, kDown), row.down);
-            EXPECT_EQ(Text(dialog, kAcrossRange), row.inches ? "[-0.63 - 0.63]" : "[-15.9 - 15.9]");
-            EXPECT_EQ(Text(dialog, kDownRange), row.inches ? "[-0.28 - 0.28]" : "[-7.1 - 7.1]");
+            EXPECT_EQ(Text(dialog, IDC_ST_OFFSET_X_RANGE),
+                      row.inches ? "[-0.63 - 0.63]" : "[-15.9 - 15.9]");
+            EXPECT_EQ(Text(dialog, IDC_ST_OFFSET_Y_RANGE),
+                      row.inches ? "[-0.28 - 0.28]" : "[-7.1 - 7.1]");
         });
-        EXPECT_EQ(Private(kOffsetX), row.x);
-        EXPECT_EQ(Private(kOffsetY), row.y);
+        EXPECT_EQ(Settings().mdmOffsetX, row.x);
+        EXPECT_EQ(Settings().mdmOffsetY, row.y);
     }
 }
 
 TEST_F(ImageShift, TheUnitIsRememberedUntilACancelForgetsIt) {
     UseUnit(2);
     Open(IDOK, [&](HWND dialog) { kv::input::Click(GetDlgItem(dialog, kInch)); });
-    EXPECT_EQ(Private(kOffsetX) | Private(kOffsetY), 0u) << "no inch is no shift";
+    EXPECT_EQ(Settings().mdmOffsetX | Settings().mdmOffsetY, 0u) << "no inch is no shift";
     Open(IDCANCEL, [&](HWND dialog) { EXPECT_TRUE(Checked(dialog, kInch)); });
     Open(IDCANCEL, [&](HWND dialog) { EXPECT_TRUE(Checked(dialog, kMillimetre)); });
 }
@@ -120,13 +119,13 @@ TEST_F(ImageShift, OnlyAnAcceptedShiftIsAChangeAndOutlivesAReset) {
         Open(closer, [&](HWND dialog) { TypeIn(dialog, kAcross, "0.5"); });
         EXPECT_EQ(CanApply(), before || closer == IDOK);
         Notify(kLayout, PSN_RESET);
-        EXPECT_EQ(Private(kOffsetX), closer == IDOK ? 50u : 0u);
+        EXPECT_EQ(Settings().mdmOffsetX, closer == IDOK ? 50u : 0u);
     }
     // A choice on the page is accepted by the dialog's opening.
-    ASSERT_TRUE(kv::input::Click(Item(kRotate, kLayout)));
+    ASSERT_TRUE(kv::input::Click(Item(IDC_CHK_ROTATE, kLayout)));
     Open(IDCANCEL, [&](HWND) {});
     Notify(kLayout, PSN_RESET);
-    EXPECT_TRUE(Private(kOtherSettings) & 0x80);
+    EXPECT_TRUE(Settings().mdmOtherSettings & kvui::kOtherRotate);
 }
 
 TEST_F(ImageShift, TypingStopsAtWhatCannotStandThere) {
@@ -153,7 +152,7 @@ TEST_F(ImageShift, TypingStopsAtWhatCannotStandThere) {
 
 TEST_F(ImageShift, ArrowsMoveByOneStepWithinTheLimits) {
     Open(IDCANCEL, [&](HWND dialog) {
-        const HWND across = GetDlgItem(dialog, kAcrossSpin);
+        const HWND across = GetDlgItem(dialog, IDC_SPIN_OFFSET_X);
         ASSERT_TRUE(kv::input::Step(across, 3));
         EXPECT_EQ(Text(dialog, kAcross), "0.03");
         ASSERT_TRUE(kv::input::Step(across, -4));
@@ -161,7 +160,7 @@ TEST_F(ImageShift, ArrowsMoveByOneStepWithinTheLimits) {
         ASSERT_TRUE(kv::input::Step(across, 1));
         EXPECT_EQ(Text(dialog, kAcross), "0.00");
         ASSERT_TRUE(kv::input::Click(GetDlgItem(dialog, kMillimetre)));
-        ASSERT_TRUE(kv::input::Step(GetDlgItem(dialog, kDownSpin), 80));
+        ASSERT_TRUE(kv::input::Step(GetDlgItem(dialog, IDC_SPIN_OFFSET_Y), 80));
         EXPECT_EQ(Text(dialog, kDown), "7.1");
         ASSERT_TRUE(kv::input::Key(VK_DOWN));
         EXPECT_EQ(Text(dialog, kDown), "7.0");
@@ -175,19 +174,19 @@ TEST_F(ImageShift, ChangingTheUnitConvertsAndDefaultsReset) {
         ASSERT_TRUE(kv::input::Click(GetDlgItem(dialog, kInch)));
         EXPECT_EQ(Text(dialog, kAcross), "0.39");
         EXPECT_EQ(Text(dialog, kDown), "-0.04");
-        EXPECT_EQ(Text(dialog, kAcrossRange), "[-0.63 - 0.63]");
+        EXPECT_EQ(Text(dialog, IDC_ST_OFFSET_X_RANGE), "[-0.63 - 0.63]");
         ASSERT_TRUE(kv::input::Click(GetDlgItem(dialog, kInch)));
         EXPECT_EQ(Text(dialog, kAcross), "0.39") << "the same unit converts nothing";
         ASSERT_TRUE(kv::input::Click(GetDlgItem(dialog, kMillimetre)));
         EXPECT_EQ(Text(dialog, kAcross), "9.9");
         ASSERT_TRUE(kv::input::Click(GetDlgItem(dialog, kInch)));
-        ASSERT_TRUE(kv::input::Click(GetDlgItem(dialog, 12)));
+        ASSERT_TRUE(kv::input::Click(GetDlgItem(dialog, IDC_DEFAULTS)));
         EXPECT_TRUE(Checked(dialog, kMillimetre));
         EXPECT_EQ(Text(dialog, kAcross), "0.0");
-        EXPECT_EQ(Text(dialog, kDownRange), "[-7.1 - 7.1]");
+        EXPECT_EQ(Text(dialog, IDC_ST_OFFSET_Y_RANGE), "[-7.1 - 7.1]");
     });
-    EXPECT_EQ(Private(kOffsetX), kTenths);
-    EXPECT_EQ(Private(kOffsetY), kTenths);
+    EXPECT_EQ(Settings().mdmOffsetX, kTenths);
+    EXPECT_EQ(Settings().mdmOffsetY, kTenths);
 }
 
 }  // namespace

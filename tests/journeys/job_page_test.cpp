@@ -14,13 +14,12 @@ namespace {
 using kv::input::Click;
 using kv::input::Key;
 
-enum : int {
-    kAccessBox = 5002, kAccess = 5004, kLockBox = 5005, kPassword = 5007, kDistribution = 5009,
-    kFirstOnly = 5010, kDensity = 5012, kStart = 5014, kApply = 0x3021,
-};
-constexpr size_t kSecurity = 0x228, kAccessNumber = 0x22C, kJobPassword = 0x230,
-                 kDistributionField = 0x234, kStartField = 0x238;
-constexpr DWORD kNone = 0xFFFFFFFF;
+constexpr int kAccessBox = IDC_CHK_ACCESS_CODE, kAccess = IDC_EDIT_ACCESS_NUMBER,
+              kLockBox = IDC_CHK_LOCK_JOB, kPassword = IDC_EDIT_PASSWORD, kApply = 0x3021;
+using Field = DWORD kvui::PrivateDevmode::*;
+constexpr Field kAccessNumber = &kvui::PrivateDevmode::mdmAccessNumber,
+                kJobPassword = &kvui::PrivateDevmode::mdmJobPassword;
+constexpr DWORD kNone = kvui::kNoJobPassword;
 
 class JobPage : public Preferences {
  protected:
@@ -45,10 +44,8 @@ class JobPage : public Preferences {
         return shown;
     }
     LRESULT ActiveTab() { return SendMessageA(Tabs(), TCM_GETCURSEL, 0, 0); }
-    DWORD Stored(size_t offset) {
-        DWORD value = 0;
-        std::memcpy(&value, stored_.data() + sizeof(DEVMODEA) + offset, sizeof value);
-        return value;
+    DWORD StoredNumber() {
+        return kvui::PrivatePart(reinterpret_cast<DEVMODEA*>(stored_.data()))->mdmAccessNumber;
     }
 
     std::array<BYTE, kRecordBytes> stored_{};
@@ -57,7 +54,7 @@ class JobPage : public Preferences {
 };
 
 TEST_F(JobPage, NumbersAreStoredInRangeAndShownWithFourDigits) {
-    const struct { int box, edit; size_t field; const char *typed; DWORD stored; const char* shown;
+    const struct { int box, edit; Field field; const char *typed; DWORD stored; const char* shown;
     } rows[] = {
         {kAccessBox, kAccess, kAccessNumber, "1234", 999, "0999"},
         {kAccessBox, kAccess, kAccessNumber, "0000", 1, "0001"},
@@ -70,8 +67,8 @@ TEST_F(JobPage, NumbersAreStoredInRangeAndShownWithFourDigits) {
         ASSERT_TRUE(Click(On(row.box)));
         EXPECT_EQ(GetFocus(), On(row.edit)) << "ticking the box goes to its number";
         ASSERT_TRUE(kv::input::Type(row.typed));
-        ASSERT_TRUE(kv::input::Focus(On(kDistribution)));
-        EXPECT_EQ(Private(row.field), row.stored) << row.typed;
+        ASSERT_TRUE(kv::input::Focus(On(IDC_CHK_DISTRIBUTION)));
+        EXPECT_EQ(Settings().*row.field, row.stored) << row.typed;
         EXPECT_EQ(Text(On(row.edit)), row.shown);
         ASSERT_TRUE(Click(On(row.box)));
         EXPECT_EQ(Text(On(row.edit)), "") << "the number goes with its box";
@@ -84,12 +81,12 @@ TEST_F(JobPage, ANumberConfirmedWithEnterIsStoredAndNothingIsWrittenLater) {
     ASSERT_TRUE(Click(On(kAccessBox)));
     ASSERT_TRUE(kv::input::Type("77"));
     SendMessageA(sheet_, PSM_APPLY, 0, 0);
-    EXPECT_EQ(Stored(kAccessNumber), 77u);
+    EXPECT_EQ(StoredNumber(), 77u);
     EXPECT_EQ(GetFocus(), On(kAccess)) << "the person goes on typing";
     SendMessageA(GetFocus(), EM_SETSEL, 0, -1);
     ASSERT_TRUE(kv::input::Type("88"));
     ASSERT_TRUE(Key(VK_RETURN));
-    EXPECT_EQ(Stored(kAccessNumber), 88u);
+    EXPECT_EQ(StoredNumber(), 88u);
     EXPECT_EQ(applied_, 2);
     EXPECT_EQ(SendMessageA(sheet_, PSM_GETCURRENTPAGEHWND, 0, 0), 0) << "OK closes the sheet";
     CloseSheet();
@@ -97,11 +94,11 @@ TEST_F(JobPage, ANumberConfirmedWithEnterIsStoredAndNothingIsWrittenLater) {
 }
 
 TEST_F(JobPage, AnErasedNumberIsAskedForOnceWhereverThePersonGoes) {
-    const struct { int edit; size_t field; DWORD empty; const char* title; } edits[] = {
+    const struct { int edit; Field field; DWORD empty; const char* title; } edits[] = {
         {kAccess, kAccessNumber, 0, "Access Number Error"},
         {kPassword, kJobPassword, kNone, "Password Error"}};
     const std::pair<const char*, std::function<void()>> ways[] = {
-        {"another control", [&] { kv::input::Focus(On(kDistribution)); }},
+        {"another control", [&] { kv::input::Focus(On(IDC_CHK_DISTRIBUTION)); }},
         {"the other number", [&] { Click(On(GetFocus() == On(kAccess) ? kPassword : kAccess)); }},
         {"the box of the other number",
          [&] { Click(On(GetFocus() == On(kAccess) ? kLockBox : kAccessBox)); }},
@@ -122,9 +119,9 @@ TEST_F(JobPage, AnErasedNumberIsAskedForOnceWhereverThePersonGoes) {
     for (const DWORD number : {0u, 5u}) {
         for (const auto& edit : edits) {
             for (const auto& [name, leave] : ways) {
-                SetPrivate(kSecurity, 3);
-                SetPrivate(kAccessNumber, number);
-                SetPrivate(kJobPassword, number == 0 ? kNone : number);
+                Settings().mdmSecurity = 3;
+                Settings().mdmAccessNumber = number;
+                Settings().mdmJobPassword = number == 0 ? kNone : number;
                 stored_ = record_;
                 OpenSheet();
                 SCOPED_TRACE(std::string(edit.title) + ", " + name + ", " + std::to_string(number));
@@ -140,7 +137,7 @@ TEST_F(JobPage, AnErasedNumberIsAskedForOnceWhereverThePersonGoes) {
                 EXPECT_EQ(ShownPages(), 1);
                 ASSERT_EQ(GetFocus(), On(edit.edit));
                 EXPECT_EQ(Text(GetFocus()), "");
-                EXPECT_EQ(Private(edit.field), edit.empty);
+                EXPECT_EQ(Settings().*edit.field, edit.empty);
                 EXPECT_EQ(applied_, 0);
                 // Escape gives up, without another word.
                 ASSERT_TRUE(Key(VK_ESCAPE));
@@ -167,7 +164,7 @@ TEST_F(JobPage, ASheetMayGoWhileItsQuestionIsOpenAndATabMayHaveAnotherName) {
     kv::input::SelectPage(sheet_, kJob);
     ASSERT_TRUE(kv::input::Focus(On(kAccess)));
     kv::Headless().PushAnswer([this](HWND) { DestroyWindow(sheet_); });
-    kv::input::Focus(On(kDistribution));
+    kv::input::Focus(On(IDC_CHK_DISTRIBUTION));
     EXPECT_FALSE(IsWindow(sheet_));
     EXPECT_EQ(record_, stored_);
 }
@@ -178,8 +175,9 @@ TEST_F(JobPage, AnyOrderOfActionsWithEmptyNumbersEndsWell) {
     const unsigned seed = wanted != nullptr ? static_cast<unsigned>(std::atol(wanted)) : 7720;
     std::mt19937 random(seed);
     const auto pick = [&](unsigned count) { return static_cast<int>(random() % count); };
-    const int targets[] = {kAccessBox,    kAccess,    kLockBox, kPassword,
-                           kDistribution, kFirstOnly, kStart,   kDensity};
+    const int targets[] = {kAccessBox, kAccess, kLockBox, kPassword, IDC_CHK_DISTRIBUTION,
+                           IDC_CHK_DISTRIBUTION_FIRST, IDC_EDIT_DISTRIBUTION_START,
+                           IDC_COMBO_DENSITY};
     const std::function<void()> actions[] = {
         [&] { Key(VK_TAB, pick(2) ? kv::input::kShift : kv::input::kNoModifier); },
         [] { Key(VK_DELETE), Key(VK_BACK); },
@@ -200,9 +198,9 @@ TEST_F(JobPage, AnyOrderOfActionsWithEmptyNumbersEndsWell) {
         for (unsigned i = 0; i < kSequences / 3; ++i) {
             SCOPED_TRACE("KV_TEST_SEED=" + std::to_string(seed) + ", sequence " +
                          std::to_string(i));
-            SetPrivate(kSecurity, random() % 4);
-            SetPrivate(kAccessNumber, random() % 2);
-            SetPrivate(kJobPassword, random() % 2 - 1);
+            Settings().mdmSecurity = random() % 4;
+            Settings().mdmAccessNumber = random() % 2;
+            Settings().mdmJobPassword = random() % 2 - 1;
             stored_ = record_;
             OpenSheet();
             kv::input::SelectPage(sheet_, kJob);
@@ -220,7 +218,7 @@ TEST_F(JobPage, AnyOrderOfActionsWithEmptyNumbersEndsWell) {
 }
 
 TEST_F(JobPage, TellsTheCommonAreaWhatWasReallyChanged) {
-    SetPrivate(kDistributionField, 0xA8000000);
+    Settings().mdmDistribution = 0xA8000000;
     OpenSheet();
     constexpr UINT kRedraw = WM_USER + 300, kActivated = WM_USER + 301;
     Overhear(Panel(kJob), [](UINT message, WPARAM wParam) {
@@ -231,23 +229,23 @@ TEST_F(JobPage, TellsTheCommonAreaWhatWasReallyChanged) {
     EXPECT_EQ(heard, std::vector<UINT>{kActivated}) << "at activation";
     heard.clear();
     // Behind the page's back, then what its snapshot has: no change.
-    SetPrivate(kDistributionField, 0xA4000000);
-    ChooseValue(kDensity, 0x08000000, kJob);
+    Settings().mdmDistribution = 0xA4000000;
+    ChooseValue(IDC_COMBO_DENSITY, 0x08000000, kJob);
     EXPECT_FALSE(CanApply());
     EXPECT_EQ(heard, std::vector<UINT>{kActivated});
     heard.clear();
-    ChooseValue(kDensity, 0x04000000, kJob);
+    ChooseValue(IDC_COMBO_DENSITY, 0x04000000, kJob);
     EXPECT_TRUE(CanApply());
     EXPECT_EQ(heard, (std::vector<UINT>{kActivated, kRedraw}));
-    EXPECT_EQ(Private(kDistributionField), 0xA4000000u) << "the other bits stay";
-    ASSERT_TRUE(Click(On(kFirstOnly)));
-    ASSERT_TRUE(Click(On(kFirstOnly)));
-    EXPECT_EQ(Private(kDistributionField), 0xA4000000u) << "never both clear";
+    EXPECT_EQ(Settings().mdmDistribution, 0xA4000000u) << "the other bits stay";
+    ASSERT_TRUE(Click(On(IDC_CHK_DISTRIBUTION_FIRST)));
+    ASSERT_TRUE(Click(On(IDC_CHK_DISTRIBUTION_FIRST)));
+    EXPECT_EQ(Settings().mdmDistribution, 0xA4000000u) << "never both clear";
     // Apply leaves the snapshot alone: what is taken back goes to the page's last change.
-    SetPrivate(kStartField, 9);
+    Settings().mdmDistStartNumber = 9;
     Notify(kJob, PSN_APPLY);
     Notify(kJob, PSN_RESET);
-    EXPECT_NE(Private(kStartField), 9u);
+    EXPECT_NE(Settings().mdmDistStartNumber, 9u);
 }
 
 TEST_F(JobPage, SparePagesDispatchAndTellButDeriveAndHelpNothing) {
@@ -263,13 +261,13 @@ TEST_F(JobPage, SparePagesDispatchAndTellButDeriveAndHelpNothing) {
         };
         EXPECT_TRUE(tells(WM_COMMAND)) << "it begins without a snapshot";
         EXPECT_FALSE(tells(WM_COMMAND)) << "each command takes one";
-        SetPrivate(kNup, 20);
+        Settings().mdmNup = 20;
         EXPECT_TRUE(tells(WM_HSCROLL));
         EXPECT_TRUE(tells(WM_HSCROLL)) << "a scroll takes none";
         EXPECT_FALSE(tells(WM_VSCROLL));
-        EXPECT_EQ(Private(kNUpField), 0u) << "nothing is derived";
+        EXPECT_EQ(Settings().nUp, 0u) << "nothing is derived";
         Notify(kJob, PSN_RESET);
-        EXPECT_EQ(Private(kNup), 20u) << "nothing is taken back";
+        EXPECT_EQ(Settings().mdmNup, 20u) << "nothing is taken back";
         HELPINFO help{};
         const DLGPROC procedure = module_->Procedure(("DDMTAB" + std::string(number)).c_str());
         EXPECT_TRUE(procedure(page, WM_HELP, 0, reinterpret_cast<LPARAM>(&help)));

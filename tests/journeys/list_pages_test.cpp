@@ -6,8 +6,6 @@
 namespace journey {
 namespace {
 
-enum Control { kList = 8002, kEdit = 8005, kAdd = 8006, kDelete = 8007, kDefaults = 12 };
-constexpr size_t kChosen = 0x1BC, kRecord = 0x270, kRecordText = kRecord + 27;
 constexpr DWORD kOwn = 130;
 
 class ListPages : public Preferences {
@@ -28,20 +26,24 @@ class ListPages : public Preferences {
         return found;
     }
     void Choose(DWORD id) {
-        const HWND list = Item(kList, kWatermark);
+        const HWND list = Item(IDC_LIST_WATERMARK, kWatermark);
         const LRESULT count = SendMessageA(list, LB_GETCOUNT, 0, 0);
         for (int i = 0; i < count; ++i) {
-            if (static_cast<DWORD>(SendMessageA(list, LB_GETITEMDATA, i, 0)) == id) {
-                ASSERT_TRUE(kv::input::Choose(list, i));
-                return;
-            }
+            if (static_cast<DWORD>(SendMessageA(list, LB_GETITEMDATA, i, 0)) != id) continue;
+            ASSERT_TRUE(kv::input::Choose(list, i));
+            return;
         }
         FAIL() << "no watermark " << id;
     }
-    // Those of the buttons that can be pressed: "aed" for Add, Edit, Delete; "-" for hidden ones.
-    std::string Buttons(int page, int add, int edit, int remove) {
+    // The buttons that can be pressed: "aed" for Add, Edit, Delete; "-" for hidden ones.
+    std::string Buttons(int page) {
+        const bool overlay = page == kOverlay;
+        const std::pair<int, char> buttons[] = {
+            {overlay ? IDC_BTN_OVERLAY_ADD : IDC_BTN_WATERMARK_ADD, 'a'},
+            {overlay ? IDC_BTN_OVERLAY_EDIT : IDC_BTN_WATERMARK_EDIT, 'e'},
+            {overlay ? IDC_BTN_OVERLAY_DELETE : IDC_BTN_WATERMARK_DELETE, 'd'}};
         std::string enabled;
-        for (const auto& [id, letter] : {std::pair{add, 'a'}, {edit, 'e'}, {remove, 'd'}}) {
+        for (const auto& [id, letter] : buttons) {
             const HWND button = Item(id, page);
             if (!IsWindowVisible(button)) {
                 enabled += '-';
@@ -51,9 +53,8 @@ class ListPages : public Preferences {
         }
         return enabled;
     }
-    std::string Buttons() { return Buttons(kWatermark, kAdd, kEdit, kDelete); }
-    const char* CopiedText() {
-        return reinterpret_cast<const char*>(record_.data()) + sizeof(DEVMODEA) + kRecordText;
+    const WatermarkRecord& Copied() {
+        return *reinterpret_cast<const WatermarkRecord*>(Settings().watermarkRecord);
     }
     void Press(int id, int answer) { InDialog(kWatermark, id, answer, [](HWND) {}); }
 };
@@ -61,53 +62,53 @@ class ListPages : public Preferences {
 TEST_F(ListPages, ChoosingNoWatermarkLeavesNothingOfTheLastOne) {
     OpenSheet();
     Choose(1);
-    EXPECT_EQ(Private(kRecord), 1u);
-    EXPECT_STREQ(CopiedText(), "CONFIDENTIAL");
+    EXPECT_EQ(Copied().id, 1u);
+    EXPECT_STREQ(Copied().text, "CONFIDENTIAL");
     Choose(0);
-    EXPECT_EQ(Private(kChosen), 0u);
-    EXPECT_EQ(Private(kRecord), 0u);
-    EXPECT_STREQ(CopiedText(), "");
+    EXPECT_EQ(Settings().mdmWatermark, 0u);
+    EXPECT_EQ(Copied().id, 0u);
+    EXPECT_STREQ(Copied().text, "");
     // Defaults choose none as well; the page finishes the record when it applies.
     Choose(2);
-    ASSERT_TRUE(kv::input::Click(Item(kDefaults, kWatermark)));
+    ASSERT_TRUE(kv::input::Click(Item(IDC_DEFAULTS, kWatermark)));
     ASSERT_TRUE(PressOk());
-    EXPECT_EQ(Private(kRecord), 0u);
-    EXPECT_STREQ(CopiedText(), "");
+    EXPECT_EQ(Copied().id, 0u);
+    EXPECT_STREQ(Copied().text, "");
 }
 
 TEST_F(ListPages, ButtonsActOnWhatMayBeChangedOnly) {
     AddOwn();
     OpenSheet();
-    EXPECT_EQ(Buttons(), "a") << "no watermark is chosen";
+    EXPECT_EQ(Buttons(kWatermark), "a") << "no watermark is chosen";
     Choose(1);
-    EXPECT_EQ(Buttons(), "a") << "the printer's own";
+    EXPECT_EQ(Buttons(kWatermark), "a") << "the printer's own";
     Choose(kOwn);
-    EXPECT_EQ(Buttons(), "aed");
-    EXPECT_EQ(Buttons(kOverlay, 1893, 1892, 1894), "a") << "there is no overlay";
-    Press(kDelete, IDCANCEL);
-    EXPECT_EQ(Private(kChosen), kOwn);
-    Press(kDelete, IDOK);
-    EXPECT_EQ(Private(kChosen), 3u) << "the one above";
-    EXPECT_EQ(Private(kRecord), 3u);
-    EXPECT_EQ(Buttons(), "a");
+    EXPECT_EQ(Buttons(kWatermark), "aed");
+    EXPECT_EQ(Buttons(kOverlay), "a") << "there is no overlay";
+    Press(IDC_BTN_WATERMARK_DELETE, IDCANCEL);
+    EXPECT_EQ(Settings().mdmWatermark, kOwn);
+    Press(IDC_BTN_WATERMARK_DELETE, IDOK);
+    EXPECT_EQ(Settings().mdmWatermark, 3u) << "the one above";
+    EXPECT_EQ(Copied().id, 3u);
+    EXPECT_EQ(Buttons(kWatermark), "a");
     EXPECT_TRUE(IsStored(kOwn));
     ASSERT_TRUE(PressOk());
     EXPECT_FALSE(IsStored(kOwn));
 
     AddOwn();
-    SetPrivate(kChosen, kOwn);
+    Settings().mdmWatermark = kOwn;
     UseRules(
         "[Watermark]\nCurrentUser=1\n[ConflictConditions]\n"
         "ComboWatermark0=(130),0,1,(ButtonEditWatermark,0,0,(0),H)\n"
         "[ShowItemAccordingToOption]\nEditOverlay=0,0,0,5\n");
     OpenSheet();
-    EXPECT_EQ(Buttons(), "d") << "the list is full, and a rule grays Edit";
-    EXPECT_EQ(Buttons(kOverlay, 1893, 1892, 1894), "") << "its option is missing";
+    EXPECT_EQ(Buttons(kWatermark), "d") << "the list is full, and a rule grays Edit";
+    EXPECT_EQ(Buttons(kOverlay), "") << "its option is missing";
     CloseSheet();
     Act(Actor::kUser);
     OpenSheet();
-    EXPECT_EQ(Buttons(), "---");
-    EXPECT_EQ(Buttons(kOverlay, 1893, 1892, 1894), "---");
+    EXPECT_EQ(Buttons(kWatermark), "---");
+    EXPECT_EQ(Buttons(kOverlay), "---");
 }
 
 }  // namespace

@@ -13,6 +13,8 @@
 #include <string>
 #include <vector>
 
+#include "module/resources/resource.h"
+#include "module/sheet/private_devmode.h"
 #include "tests/support/controls.h"
 #include "tests/support/printer_fixture.h"
 
@@ -25,7 +27,6 @@ using kvtest::Selected;
 using kvtest::Text;
 
 constexpr unsigned kRecordBytes = 1296;
-constexpr int kView = 14002;  // of the preview panel
 enum Page { kBasic, kLayout, kOverlay, kWatermark, kQuality, kDevice, kTroubleshooting, kJob };
 
 class Preferences : public kvtest::PrinterTest {
@@ -65,7 +66,7 @@ class Preferences : public kvtest::PrinterTest {
     // The preview panel, while it is on the page.
     HWND Panel(int page) {
         HWND child = GetWindow(PageWindow(page), GW_CHILD);
-        while (child != nullptr && GetDlgItem(child, kView) == nullptr) {
+        while (child != nullptr && GetDlgItem(child, IDC_PIC_MAIN_VIEW) == nullptr) {
             child = GetWindow(child, GW_HWNDNEXT);
         }
         return child;
@@ -111,14 +112,7 @@ class Preferences : public kvtest::PrinterTest {
     void Leave() { ASSERT_TRUE(kv::input::Focus(GetDlgItem(sheet_, IDCANCEL))); }
 
     DEVMODEA& Public() { return *reinterpret_cast<DEVMODEA*>(record_.data()); }
-    DWORD Private(size_t offset) {
-        DWORD value = 0;
-        std::memcpy(&value, record_.data() + sizeof(DEVMODEA) + offset, sizeof value);
-        return value;
-    }
-    void SetPrivate(size_t offset, DWORD value) {
-        std::memcpy(record_.data() + sizeof(DEVMODEA) + offset, &value, sizeof value);
-    }
+    kvui::PrivateDevmode& Settings() { return *kvui::PrivatePart(&Public()); }
 
     static inline std::vector<UINT> heard;
 
@@ -136,12 +130,5 @@ class Preferences : public kvtest::PrinterTest {
     static inline bool (*wanted_)(UINT, WPARAM);
     static inline WNDPROC overheard_;
 };
-
-// Offsets in the private part, as docs/formats.md gives them.
-constexpr size_t kMediaType = 0x4C, kScale = 0x14C, kNupMode = 0x144, kDriverPaper = 0x148,
-                 kFirstPage = 0x1A0, kFirstPageSourceField = 0x1A4, kFitToPaper = 0x1B4,
-                 kScaleSize = 0x1B8, kDuplexMode = 0x1C4, kCollate = 0x1F8, kNup = 0x210,
-                 kOutputPaper = 0x214, kFirstPageMedia = 0x21C, kOtherSettings = 0x254,
-                 kInstalledOptions = 0x198, kMailBinAssign = 0x1DC, kNUpField = 0x140;
 
 }  // namespace journey

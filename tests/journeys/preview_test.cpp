@@ -10,11 +10,9 @@
 namespace journey {
 namespace {
 
-enum Control { kStrip = 14001, kSwitch = 14003, kLandscape = 2027 };
-
 class Preview : public Preferences {
-   protected:
-    static kvtest::Pixels Picture(HWND panel, int id = kView) {
+ protected:
+    static kvtest::Pixels Picture(HWND panel, int id = IDC_PIC_MAIN_VIEW) {
         const HWND view = GetDlgItem(panel, id);
         RECT client{};
         GetClientRect(view, &client);
@@ -22,7 +20,6 @@ class Preview : public Preferences {
         EXPECT_EQ(kv::PaintWindow(view, canvas.dc), kv::Painting::kSelf);
         return canvas.Read();
     }
-    std::string SwitchLabel(int page) { return Text(Panel(page), kSwitch); }
 };
 
 TEST_F(Preview, OnePanelFollowsTheActivePageAndGoesWithTheSheet) {
@@ -37,14 +34,14 @@ TEST_F(Preview, OnePanelFollowsTheActivePageAndGoesWithTheSheet) {
     // The large view is as large as its ground, the strip as wide.
     EXPECT_EQ(Picture(panel).width, 160);
     EXPECT_EQ(Picture(panel).height, 194);
-    EXPECT_EQ(Picture(panel, kStrip).width, 160);
+    EXPECT_EQ(Picture(panel, IDC_PIC_SUB_VIEW).width, 160);
     EXPECT_EQ(Panel(kTroubleshooting), nullptr) << "a page that uses its full width";
     EXPECT_EQ(Panel(kQuality), panel);
     CloseSheet();
     EXPECT_FALSE(IsWindow(panel));
 }
 
-TEST_F(Preview, EachPageStartsWithItsOwnViewAndTheButtonNamesTheOther) {
+TEST_F(Preview, EachPageStartsWithItsOwnViewAndTheButtonShowsAndNamesTheOther) {
     const struct { int page; const char* atStart; const char* pressed; } rows[] = {
         {kBasic,     "Printer View", "Paper View"},
         {kLayout,    "Printer View", "Paper View"},
@@ -56,34 +53,33 @@ TEST_F(Preview, EachPageStartsWithItsOwnViewAndTheButtonNamesTheOther) {
     OpenSheet();
     for (int round = 0; round < 2; ++round) {
         for (const auto& row : rows) {
-            EXPECT_EQ(SwitchLabel(row.page), row.atStart) << row.page;
-            ASSERT_TRUE(kv::input::Click(GetDlgItem(Panel(row.page), kSwitch)));
-            EXPECT_EQ(SwitchLabel(row.page), row.pressed) << row.page;
+            const HWND panel = Panel(row.page), button = GetDlgItem(panel, IDC_BTN_CHANGE_VIEW);
+            const auto first = Picture(panel);
+            EXPECT_EQ(Text(button), row.atStart) << row.page;
+            ASSERT_TRUE(kv::input::Click(button));
+            // Nothing is drawn yet on the printer and on the watermark.
+            EXPECT_EQ(Picture(panel) == first, row.page == kWatermark) << row.page;
+            EXPECT_EQ(Text(button), row.pressed) << row.page;
+            ASSERT_TRUE(kv::input::Click(button));
+            EXPECT_TRUE(Picture(panel) == first) << row.page;
+            kv::input::Click(button);
         }
-        SwitchLabel(kTroubleshooting);  // the next round activates the first page again
+        PageWindow(kTroubleshooting);  // the next round activates the first page again
     }
-}
-
-TEST_F(Preview, SwitchingShowsAnotherPictureAndComesBack) {
-    OpenSheet();
-    const HWND panel = Panel(kBasic);
-    const auto paper = Picture(panel);
-    ASSERT_TRUE(kv::input::Click(GetDlgItem(panel, kSwitch)));
-    EXPECT_TRUE(Picture(panel) != paper);
-    ASSERT_TRUE(kv::input::Click(GetDlgItem(panel, kSwitch)));
-    EXPECT_TRUE(Picture(panel) == paper);
 }
 
 TEST_F(Preview, AChoiceRepaintsBothViews) {
     OpenSheet();
-    for (const auto& [page, id] : {std::pair{kBasic, int{kLandscape}}, {kLayout, 2032}}) {
+    constexpr int kViews[] = {IDC_PIC_MAIN_VIEW, IDC_PIC_SUB_VIEW};
+    for (const auto& [page, id] :
+         {std::pair{kBasic, IDC_RADIO_LANDSCAPE}, {kLayout, IDC_CHK_ROTATE}}) {
         const HWND panel = Panel(page), button = Item(id, page);
-        for (const int view : {kView, int{kStrip}}) Picture(panel, view);  // none is left to paint
+        for (const int view : kViews) Picture(panel, view);  // none is left to paint
         std::set<HWND> repainted;
         kvtest::Listener display;
         display.invalidated = [&](HWND window) { repainted.insert(window); };
         kv::input::Click(button);
-        for (const int view : {kView, int{kStrip}}) {
+        for (const int view : kViews) {
             EXPECT_EQ(repainted.count(GetDlgItem(panel, view)), 1u) << page << " " << view;
         }
     }
@@ -93,12 +89,12 @@ TEST_F(Preview, ABookletsWordsNameTheEdgeThatItsPictureShowsFolded) {
     const struct { SHORT orientation; DWORD binding; const char* edge; } rows[] = {
         {1, 4, "left"}, {1, 5, "right"}, {2, 4, "top"}, {2, 5, "bottom"},
     };
-    SetPrivate(kNup, 20);
+    Settings().mdmNup = 20;
     for (const auto& row : rows) {
         Public().dmOrientation = row.orientation;
-        SetPrivate(kDuplexMode, row.binding);
+        Settings().mdmDuplexMode = row.binding;
         OpenSheet();
-        const std::string words = Text(Panel(kBasic), kView);
+        const std::string words = Text(Panel(kBasic), IDC_PIC_MAIN_VIEW);
         EXPECT_NE(words.find(std::string("bound at the ") + row.edge), std::string::npos) << words;
         CloseSheet();
     }

@@ -8,39 +8,26 @@
 namespace journey {
 namespace {
 
-enum : int {
-    kContrast = 3008, kContrastEdit = 3009, kBrightness = 3011, kBrightnessEdit = 3012,
-    kSaturation = 3210, kSaturationEdit = 3211, kSharpness = 3215, kSharpnessEdit = 3216,
-    kSaturationSpin = 1070, kResolution = 3003, kGrayscale = 3202, kColor = 3203,
-    kMatchingOff = 3205, kMatchingOn = 3206, kPhoto = 3246, kGraphics = 3247, kText = 3248,
-    kLineArt = 3235, kDefaults = 12,
-};
-
-// Offsets in the private part.
-constexpr size_t kUnsharpMask = 0xBC, kColorMatching = 0xC0, kLightness = 0xE8,
-                 kContrastField = 0xEC, kSaturationField = 0xF0, kRenderingIntent = 0x15C,
-                 kMatchingSetting = 0x1FC;
+using Record = kvui::PrivateDevmode;
 
 struct Slider {
-    int slider;
-    int edit;
-    int spin;
-    size_t field;
+    int slider, edit, spin;
+    LONG Record::*field;
     LONG zero;  // stored at position 0
 };
 constexpr Slider kSliders[] = {
-    {kContrast, kContrastEdit, 1068, kContrastField, -50},
-    {kBrightness, kBrightnessEdit, 1069, kLightness, -50},
-    {kSaturation, kSaturationEdit, 1070, kSaturationField, -50},
-    {kSharpness, kSharpnessEdit, 1071, kUnsharpMask, 0},
+    {IDC_SLD_CONTRAST, IDC_EDIT_CONTRAST, IDC_SPIN_CONTRAST, &Record::Contrast, -50},
+    {IDC_SLD_BRIGHTNESS, IDC_EDIT_BRIGHTNESS, IDC_SPIN_BRIGHTNESS, &Record::Lightness, -50},
+    {IDC_SLD_SATURATION, IDC_EDIT_SATURATION, IDC_SPIN_SATURATION, &Record::Saturation, -50},
+    {IDC_SLD_SHARPNESS, IDC_EDIT_SHARPNESS, IDC_SPIN_SHARPNESS, &Record::UnsharpMask, 0},
 };
 
 class QualityPage : public Preferences {
  protected:
     HWND On(int id) { return Item(id, kQuality); }
-    LONG Stored(const Slider& slider) { return static_cast<LONG>(Private(slider.field)); }
+    LONG Stored(const Slider& slider) { return Settings().*slider.field; }
     LRESULT Position(int slider) { return SendMessageA(On(slider), TBM_GETPOS, 0, 0); }
-    std::string Sample() { return Text(Panel(kQuality), kView); }
+    std::string Sample() { return Text(Panel(kQuality), IDC_PIC_MAIN_VIEW); }
 };
 
 TEST_F(QualityPage, TypedNumbersMoveTheSliderAndAreStoredInRange) {
@@ -77,7 +64,7 @@ TEST_F(QualityPage, AHeldThumbMovesTheEditAndStoresWhenItIsReleased) {
 
 TEST_F(QualityPage, SlidersStartAtWhatIsStoredGrowUpwardAndStopAtTheirEnds) {
     for (const Slider& slider : kSliders) {
-        SetPrivate(slider.field, static_cast<DWORD>(slider.zero + 30));
+        Settings().*slider.field = slider.zero + 30;
     }
     OpenSheet();
     for (const Slider& slider : kSliders) {
@@ -101,15 +88,15 @@ TEST_F(QualityPage, ApplyAndTheSharedViewHearOfAcceptedChangesOnly) {
     OpenSheet();
     Overhear(Panel(kQuality), [](UINT message, WPARAM) { return message == WM_USER + 300; });
     ASSERT_FALSE(CanApply());
-    ASSERT_TRUE(kv::input::TrackTo(On(kContrast), 80));
+    ASSERT_TRUE(kv::input::TrackTo(On(IDC_SLD_CONTRAST), 80));
     EXPECT_FALSE(CanApply()) << "the thumb is still held";
     EXPECT_EQ(heard.size(), 0u);
-    ASSERT_TRUE(kv::input::DragTo(On(kContrast), 80));
+    ASSERT_TRUE(kv::input::DragTo(On(IDC_SLD_CONTRAST), 80));
     EXPECT_TRUE(CanApply());
     EXPECT_EQ(heard.size(), 1u);
-    ASSERT_TRUE(kv::input::Click(On(kGrayscale)));
+    ASSERT_TRUE(kv::input::Click(On(IDC_RADIO_GRAYSCALE)));
     EXPECT_EQ(heard.size(), 2u);
-    ASSERT_TRUE(kv::input::Click(On(kDefaults)));
+    ASSERT_TRUE(kv::input::Click(On(IDC_DEFAULTS)));
     EXPECT_EQ(heard.size(), 3u);
 }
 
@@ -124,7 +111,7 @@ TEST_F(QualityPage, TheSampleIsColourWhileColourIsBothChosenAndPossible) {
         std::string first;
         kvtest::Listener display;
         display.changed = [&](HWND window, unsigned changes) {
-            if (changes & kv::kChangedParent) first = Text(window, kView);
+            if (changes & kv::kChangedParent) first = Text(window, IDC_PIC_MAIN_VIEW);
         };
         PageWindow(kQuality);
         EXPECT_EQ(first, kGreySample);
@@ -134,14 +121,14 @@ TEST_F(QualityPage, TheSampleIsColourWhileColourIsBothChosenAndPossible) {
     for (const auto& row : rows) {  // what another page has changed
         PageWindow(kBasic);
         Public().dmColor = row.colour;
-        SetPrivate(kOtherSettings, (Private(kOtherSettings) & ~0x10u) | row.bit);
+        Settings().mdmOtherSettings = (Settings().mdmOtherSettings & ~0x10u) | row.bit;
         EXPECT_EQ(Sample(), row.sample);
     }
 }
 
 TEST_F(QualityPage, AResolutionPublishesTheTablesOfItsAspect) {
     OpenSheet();
-    ChooseValue(kResolution, 1200, kQuality);
+    ChooseValue(IDC_COMBO_RESOLUTION, 1200, kQuality);
     EXPECT_EQ(Public().dmPrintQuality, 1200);
     for (const char* name : {"dQDTAC820_D18_A200", "dQDTAC823_D18_A200"}) {
         const std::string bytes = kvtest::RegistryValue(
@@ -154,48 +141,49 @@ TEST_F(QualityPage, AResolutionPublishesTheTablesOfItsAspect) {
 
 TEST_F(QualityPage, ColourMatchingReachesTheRenderersField) {
     OpenSheet();
-    ASSERT_TRUE(kv::input::Click(On(kMatchingOff)));
-    EXPECT_EQ(Private(kMatchingSetting), 0u);
-    EXPECT_EQ(Private(kColorMatching), 0u);
-    ASSERT_TRUE(kv::input::Click(On(kMatchingOn)));
-    EXPECT_EQ(Private(kMatchingSetting), 2u);
-    EXPECT_EQ(Private(kColorMatching), 1u);
-    ChooseValue(kPhoto, 0x300, kQuality);
-    ChooseValue(kGraphics, 2, kQuality);
-    ChooseValue(kText, 0x20000, kQuality);
-    EXPECT_EQ(Private(kRenderingIntent), 0x020302u);
+    ASSERT_TRUE(kv::input::Click(On(IDC_RADIO_MATCHING_OFF)));
+    EXPECT_EQ(Settings().mdmColorMatching, 0u);
+    EXPECT_EQ(Settings().ColorMatching, 0u);
+    ASSERT_TRUE(kv::input::Click(On(IDC_RADIO_MATCHING_ON)));
+    EXPECT_EQ(Settings().mdmColorMatching, 2u);
+    EXPECT_EQ(Settings().ColorMatching, 1u);
+    ChooseValue(IDC_COMBO_MATCH_PHOTO, 0x300, kQuality);
+    ChooseValue(IDC_COMBO_MATCH_GRAPHICS, 2, kQuality);
+    ChooseValue(IDC_COMBO_MATCH_TEXT, 0x20000, kQuality);
+    EXPECT_EQ(Settings().RenderingIntent, 0x020302u);
 }
 
 TEST_F(QualityPage, DefaultsResetThePageAndCountAsColour) {
     OpenSheet();
-    ASSERT_TRUE(kv::input::Click(On(kMatchingOff)));
-    ASSERT_TRUE(kv::input::Click(On(kGrayscale)));
-    ASSERT_TRUE(kv::input::Click(On(kLineArt)));
-    ChooseValue(kResolution, 1200, kQuality);
-    TypeInto(kContrastEdit, "90", kQuality);
+    ASSERT_TRUE(kv::input::Click(On(IDC_RADIO_MATCHING_OFF)));
+    ASSERT_TRUE(kv::input::Click(On(IDC_RADIO_GRAYSCALE)));
+    ASSERT_TRUE(kv::input::Click(On(IDC_CHK_LINE_ART)));
+    ChooseValue(IDC_COMBO_RESOLUTION, 1200, kQuality);
+    TypeInto(IDC_EDIT_CONTRAST, "90", kQuality);
     Public().dmCopies = 9;
     EXPECT_EQ(Sample(), kGreySample);
-    ASSERT_TRUE(kv::input::Click(On(kDefaults)));
+    ASSERT_TRUE(kv::input::Click(On(IDC_DEFAULTS)));
     EXPECT_EQ(Public().dmColor, 2);
     EXPECT_EQ(Public().dmPrintQuality, 600);
     EXPECT_EQ(Public().dmCopies, 9);
-    EXPECT_EQ(Private(kContrastField), 0u);
-    EXPECT_EQ(Text(On(kContrastEdit)), "50");
-    EXPECT_EQ(Private(kOtherSettings) & 0x14, 0x10u);
+    EXPECT_EQ(Settings().Contrast, 0);
+    EXPECT_EQ(Text(On(IDC_EDIT_CONTRAST)), "50");
+    EXPECT_EQ(Settings().mdmOtherSettings & 0x14, 0x10u);
     EXPECT_EQ(Sample(), kColourSample);
-    EXPECT_EQ(Private(kMatchingSetting), 2u);
-    EXPECT_EQ(Private(kColorMatching), 1u);
+    EXPECT_EQ(Settings().mdmColorMatching, 2u);
+    EXPECT_EQ(Settings().ColorMatching, 1u);
 }
 
 TEST_F(QualityPage, GrayscaleGraysSaturationWithItsCompanionsAndColourBringsThemBack) {
     OpenSheet();
     for (const bool colour : {false, true}) {
-        ASSERT_TRUE(kv::input::Click(On(colour ? kColor : kGrayscale)));
-        EXPECT_EQ((Private(kOtherSettings) & 0x10) != 0, colour);
-        for (const int id : {kSaturation, kSaturationEdit, kSaturationSpin, kPhoto, kMatchingOff}) {
+        ASSERT_TRUE(kv::input::Click(On(colour ? IDC_RADIO_COLOR : IDC_RADIO_GRAYSCALE)));
+        EXPECT_EQ((Settings().mdmOtherSettings & 0x10) != 0, colour);
+        for (const int id : {IDC_SLD_SATURATION, IDC_EDIT_SATURATION, IDC_SPIN_SATURATION,
+                             IDC_COMBO_MATCH_PHOTO, IDC_RADIO_MATCHING_OFF}) {
             EXPECT_EQ(IsWindowEnabled(On(id)) != FALSE, colour) << id;
         }
-        EXPECT_TRUE(IsWindowEnabled(On(kContrastEdit)));
+        EXPECT_TRUE(IsWindowEnabled(On(IDC_EDIT_CONTRAST)));
     }
 }
 
@@ -205,8 +193,8 @@ TEST_F(QualityPage, TheListDialogEndsWithOneAndTakesNothingBack) {
         Public().dmColor = 2;
         kv::Headless().PushAnswer([this, button](HWND dialog) {
             EXPECT_EQ(Text(dialog), "DLGTAB2");
-            EXPECT_NE(GetDlgItem(dialog, 3801), nullptr);
-            SendMessageA(dialog, WM_COMMAND, MAKEWPARAM(kGrayscale, BN_CLICKED), 0);
+            EXPECT_NE(GetDlgItem(dialog, IDC_LIST_TAB20), nullptr);
+            SendMessageA(dialog, WM_COMMAND, MAKEWPARAM(IDC_RADIO_GRAYSCALE, BN_CLICKED), 0);
             EXPECT_TRUE(kv::input::Click(GetDlgItem(dialog, button)));
         });
         EXPECT_EQ(module_->RunDialog(PageWindow(kQuality), "_DLGTAB20", "DDMTAB20"), 1);

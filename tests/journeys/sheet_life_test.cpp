@@ -47,14 +47,14 @@ TEST_F(SheetLife, TheFirstActivationAsksForThePortOnce) {
 
 TEST_F(SheetLife, ApplyingTheLayoutPageShowsWhatTheRecordHas) {
     OpenSheet();
-    const HWND combo = Item(1410, kLayout);
-    SetPrivate(kNup, 4);
+    const HWND combo = Item(IDC_COMBO_NUP, kLayout);
+    Settings().mdmNup = 4;
     Notify(kLayout, PSN_APPLY);
     EXPECT_EQ(SendMessageA(combo, CB_GETCURSEL, 0, 0), IndexOf(combo, 4));
 }
 
 TEST_F(SheetLife, TheSheetsEndWaitsForAStoreThatIsLocked) {
-    SetPrivate(kInstalledOptions, 0x84);
+    Settings().mdmInstalledOptions = 0x84;
     OpenSheet();
     sqlite3* other = nullptr;
     ASSERT_EQ(sqlite3_open((State() + "/store.sqlite").c_str(), &other), SQLITE_OK);
@@ -69,10 +69,10 @@ TEST_F(SheetLife, TheSheetsEndWaitsForAStoreThatIsLocked) {
     sqlite3_close(other);
     EXPECT_FALSE(IsWindow(sheet));
     // An ordinary user's next sheet has it from the printer.
-    SetPrivate(kInstalledOptions, 0);
+    Settings().mdmInstalledOptions = 0;
     Act(Actor::kUser);
     OpenSheet();
-    EXPECT_EQ(Private(kInstalledOptions), 0x84u);
+    EXPECT_EQ(Settings().mdmInstalledOptions, 0x84u);
 }
 
 }  // namespace

@@ -9,8 +9,6 @@
 namespace journey {
 namespace {
 
-constexpr int kFirstLink = 20024;
-
 class Titles : public Preferences {};
 
 TEST_F(Titles, ExportedDialogsHaveTheirTitlesAndCaptions) {
@@ -44,7 +42,7 @@ TEST_F(Titles, ThePageOfTheProductTellsItsNameAndVersionEachTimeItIsShown) {
     OpenSheet();
     HFONT first = nullptr;
     for (int visit = 0; visit < 2; ++visit) {
-        const HWND name = Item(4101, kTroubleshooting);
+        const HWND name = Item(IDC_ST_PRODUCT_NAME, kTroubleshooting);
         EXPECT_EQ(Text(name), "Varnell Tessora(R) 7720MF");
         const auto font = reinterpret_cast<HFONT>(SendMessageA(name, WM_GETFONT, 0, 0));
         LOGFONTA look{};
@@ -53,7 +51,7 @@ TEST_F(Titles, ThePageOfTheProductTellsItsNameAndVersionEachTimeItIsShown) {
         EXPECT_EQ(look.lfHeight, -13) << "10 points";
         if (first == nullptr) first = font;
         EXPECT_EQ(font, first);
-        EXPECT_EQ(Text(Item(4102, kTroubleshooting)), "Version 1.0.0.0");
+        EXPECT_EQ(Text(Item(IDC_ST_VERSION, kTroubleshooting)), "Version 1.0.0.0");
         PageWindow(kBasic);
     }
 }
@@ -61,7 +59,7 @@ TEST_F(Titles, ThePageOfTheProductTellsItsNameAndVersionEachTimeItIsShown) {
 // In the colour of links, one that can be read on the page's ground, over a line.
 TEST_F(Titles, LinksLookLikeLinksOnLightAndDarkGround) {
     OpenSheet();
-    const HWND link = Item(kFirstLink, kTroubleshooting);
+    const HWND link = Item(IDC_URL_TECH, kTroubleshooting);
     const INT face = COLOR_BTNFACE;
     const COLORREF before = GetSysColor(COLOR_BTNFACE);
     const struct { COLORREF ground; DWORD text; } rows[] = {
