@@ -2,7 +2,6 @@
 #include "device/printer_port.h"
 
 #include <gtest/gtest.h>
-#include <platform/security/access.h>
 #include <winspool.h>
 
 #include <string>
@@ -16,9 +15,6 @@ namespace {
 
 class PrinterPort : public testing::Test {
  protected:
-    PrinterPort() { kv::SetActingAsAdministrator(true); }
-    ~PrinterPort() override { kv::SetActingAsAdministrator(std::nullopt); }
-
     static void Put(const std::string& port, const char* value, const std::string& text) {
         kvtest::PutRegistryValue(HKEY_LOCAL_MACHINE,
                                  "System\\CurrentControlSet\\Control\\Print\\Monitors\\" + port,

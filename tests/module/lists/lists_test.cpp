@@ -1,6 +1,5 @@
 // What the users' lists and the printer's data say of papers, watermarks and overlays.
 #include <gtest/gtest.h>
-#include <platform/security/access.h>
 
 #include <cstring>
 #include <string>
@@ -17,9 +16,6 @@ namespace {
 
 class Lists : public testing::Test {
  protected:
-    Lists() { kv::SetActingAsAdministrator(true); }
-    ~Lists() override { kv::SetActingAsAdministrator(std::nullopt); }
-
     void AddPaper(DWORD id, DWORD unit, DWORD width, DWORD height) {
         CustomPaperRecord paper{};
         paper.id = id;

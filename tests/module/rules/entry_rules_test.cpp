@@ -8,15 +8,13 @@
 
 #include <string>
 
+#include "resources/resource.h"
 #include "rules/gray_out.h"
 #include "sheet/locked_block.h"
 #include "tests/module/support/sheet_fixture.h"
 
 namespace kvui {
 namespace {
-
-constexpr DWORD kComboStaple = 1303;
-constexpr DWORD kGrpStaple = 1301;
 
 // Replaces the cache by one that holds the section of entry rules.
 void UseEntryRules(ScratchSheet& sheet,
@@ -47,14 +45,14 @@ TEST(EntryRules, GrayedValuesAreRefusedWithTheirFallback) {
     constexpr LONG kNothing = -7;
     const struct { Rules rules; DWORD control; LONG value; int allowed; LONG replacement, hidden; }
     rows[] = {
-        {groups, kComboStaple, 2, 1, kNothing, 0},
+        {groups, IDC_COMBO_STAPLE, 2, 1, kNothing, 0},
         // The current 0 is in no fallback group.
-        {groups, kComboStaple, 3, 0, 5, 1},
-        {groups, kComboStaple, 4, 0, 5, 1},
-        {groups, kComboStaple, 9, 0, 5, 1},
-        {without, kComboStaple, 77, 0, 0, 0},
-        {without, kGrpStaple, 77, 0, 0, 1},
-        {malformed, kComboStaple, 3, 0, 0, 0},  // the third rule has no groups left
+        {groups, IDC_COMBO_STAPLE, 3, 0, 5, 1},
+        {groups, IDC_COMBO_STAPLE, 4, 0, 5, 1},
+        {groups, IDC_COMBO_STAPLE, 9, 0, 5, 1},
+        {without, IDC_COMBO_STAPLE, 77, 0, 0, 0},
+        {without, IDC_GRP_STAPLE, 77, 0, 0, 1},
+        {malformed, IDC_COMBO_STAPLE, 3, 0, 0, 0},  // the third rule has no groups left
         {malformed, 999999, 3, 1, kNothing, 0},
     };
     for (const auto& row : rows) {
@@ -80,7 +78,7 @@ TEST(EntryConflicts, GrayOutRulesCountAndAdditionalConditionsDoNot) {
         ++asked;
         kv::input::Click(GetDlgItem(dialog, IDCANCEL));
     });
-    EXPECT_EQ(ResolveEntryConflicts(nullptr, sheet.context, kComboStaple, nullptr), 0);
+    EXPECT_EQ(ResolveEntryConflicts(nullptr, sheet.context, IDC_COMBO_STAPLE, nullptr), 0);
     kv::Headless().SetPolicy(nullptr);
     EXPECT_EQ(asked, 1);
     EXPECT_EQ(sheet.Get("mdmHolePunch"), 0u);

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "binding/control_fill.h"
+#include "resources/resource.h"
 #include "rules/gray_out.h"
 #include "tests/module/support/sheet_fixture.h"
 #include "tests/support/controls.h"
@@ -11,7 +12,7 @@
 namespace kvui {
 namespace {
 
-constexpr DWORD kStaple = 1303, kPunch = 1306, kFolding = 1312;
+constexpr DWORD kStaple = IDC_COMBO_STAPLE, kPunch = IDC_COMBO_PUNCH, kFolding = IDC_COMBO_FOLDING;
 
 // A page with three lists, whose rows stand in this order.
 HWND MakePage() {

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "resources/resource.h"
 #include "rules/conflicts.h"
 #include "rules/gray_out.h"
 #include "rules/rules_file.h"
@@ -17,9 +18,6 @@
 
 namespace kvui {
 namespace {
-
-constexpr DWORD kComboMediaType = 1141;
-constexpr DWORD kComboStaple = 1303;
 
 std::string Lookup(ScratchSheet& sheet, const char* section, const std::string& key) {
     char value[1024];
@@ -68,14 +66,14 @@ TEST(RulesCache, IsBuiltOncePerSheet) {
 TEST(ConflictRules, EndAtTheFirstGapAndAtSixtyFour) {
     ScratchSheet sheet;
     sheet.UseRules("[ConflictConditions]\nComboStaple0=4,0,0\nComboStaple2=(1),0,0\n");
-    EXPECT_EQ(CountConflictRules(sheet.context, kComboStaple), 1);
-    EXPECT_EQ(CountConflictRules(sheet.context, kComboMediaType), 0);
+    EXPECT_EQ(CountConflictRules(sheet.context, IDC_COMBO_STAPLE), 1);
+    EXPECT_EQ(CountConflictRules(sheet.context, IDC_COMBO_MEDIA_TYPE), 0);
     EXPECT_EQ(CountConflictRules(sheet.context, 999999), 0);
 
     std::string text = "[ConflictConditions]\n";
     for (int i = 0; i < 100; ++i) text += "ComboStaple" + std::to_string(i) + "=(1),0,0\n";
     sheet.UseRules(text);
-    EXPECT_EQ(CountConflictRules(sheet.context, kComboStaple), 64);
+    EXPECT_EQ(CountConflictRules(sheet.context, IDC_COMBO_STAPLE), 64);
 }
 
 TEST(GrayOutIndex, KeepsOnlyParenthesisedRulesOfKindOne) {
@@ -134,16 +132,15 @@ void UseEverything(ScratchSheet& sheet) {
     }
 }
 
-TEST(HostileRules, AnyContentIsReadWithoutHarm) {
-    const std::string conflicts = "[ConflictConditions]\n";
-    std::string full = conflicts;
+std::vector<std::string> HostileTexts() {
+    const std::string conflicts = "[ConflictConditions]\n", rule = conflicts + "ComboStaple0=";
+    std::string full = conflicts, targets = rule + "(1),0,0";
+    std::string groups = rule + "(1),0,0,(ComboPunch,0,0,(";
     while (full.size() < 1 << 20)
         full += "ComboStaple0=(1),0,1,(T" + std::to_string(full.size()) + ",0,0,(0),H)\n";
-    std::string targets = conflicts + "ComboStaple0=(1),0,0";
     for (int i = 0; i < 100; ++i) targets += ",(A,0,0,(),1)";
-    std::string groups = conflicts + "ComboStaple0=(1),0,0,(ComboPunch,0,0,(";
     for (int i = 0; i < 200; ++i) groups += "1,";
-    const std::string cases[] = {
+    return {
         "",
         "[",
         "[ConflictConditions",
@@ -151,40 +148,36 @@ TEST(HostileRules, AnyContentIsReadWithoutHarm) {
         full,
         targets + "\n",
         groups + "),1)\n",
-        conflicts + "ComboStaple0=((((((((\nComboMediaType0=))))\n",
-        conflicts + "ComboStaple0=(1\nComboMediaType0=(2),0,1,(EditScaling,0,0,(0\n",
-        conflicts + "ComboStaple0=(2),0,1,(EditScaling,0,0\nComboMediaType0=(2),0,1,(\n",
-        conflicts + "ComboStaple0=(2),0,1,(" + std::string(900, 'n') + ",0,0,(0),H)\n",
+        rule + "((((((((\nComboMediaType0=))))\n",
+        rule + "(1\nComboMediaType0=(2),0,1,(EditScaling,0,0,(0\n",
+        rule + "(2),0,1,(EditScaling,0,0\nComboMediaType0=(2),0,1,(\n",
+        rule + "(2),0,1,(" + std::string(900, 'n') + ",0,0,(0),H)\n",
         conflicts + "=(1),0,1,(EditScaling,0,0,(0),H)\nComboStaple0=(2),0,1\n",
-        conflicts + "ComboStaple0=(99999999999999999999),0,0,(ComboPunch,0,0,(1-99999999999),9)\n",
+        rule + "(99999999999999999999),0,0,(ComboPunch,0,0,(1-99999999999),9)\n",
         "[AddCondition]\n1=AND,(1,1,1)\n1000=0,9,0,9,0,1001\n1001=0,9,0,9,0,1000\n999=,\n0=x\n",
     };
-    ScratchSheet sheet;
-    for (const std::string& text : cases) {
-        sheet.UseRules(text);
-        UseEverything(sheet);
-    }
-    sheet.UseRulesAt(sheet.scratch.Path("absent.ini"));
-    UseEverything(sheet);
-    sheet.UseRulesAt(sheet.scratch.Path(""));
-    UseEverything(sheet);
 }
 
-TEST(HostileRules, MutatedModelRulesAreReadWithoutHarm) {
-    std::ifstream file(KV_SOURCE_DIR "/models/KVUIMOD.ini", std::ios::binary);
-    const std::string original((std::istreambuf_iterator<char>(file)), {});
-    ASSERT_FALSE(original.empty());
-    const unsigned seed = 7720;
-    SCOPED_TRACE("seed " + std::to_string(seed));
-    std::mt19937 random(seed);
+// Hostile texts, the model's rules with random bytes in them, no file, and a folder.
+TEST(HostileRules, AnyContentIsReadWithoutHarm) {
+    std::vector<std::string> texts = HostileTexts();
+    const std::string model = kv::test::ScratchFolder::Read(KV_SOURCE_DIR "/models/KVUIMOD.ini");
+    ASSERT_FALSE(model.empty());
+    std::mt19937 random(7720);
     constexpr char kBytes[] = "(),-;=[]H09\n\r\0 ";
-    ScratchSheet sheet;
     for (int round = 0; round < 60; ++round) {
-        std::string text = original;
+        std::string& text = texts.emplace_back(model);
         for (int i = 0; i < 200; ++i) {
             text[random() % text.size()] = kBytes[random() % (sizeof kBytes - 1)];
         }
+    }
+    ScratchSheet sheet;
+    for (const std::string& text : texts) {
         sheet.UseRules(text);
+        UseEverything(sheet);
+    }
+    for (const char* path : {"absent.ini", ""}) {
+        sheet.UseRulesAt(sheet.scratch.Path(path));
         UseEverything(sheet);
     }
 }

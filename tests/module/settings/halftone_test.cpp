@@ -4,7 +4,6 @@
 
 #include <gmock/gmock.h>
 #include <platform/resource/register.h>
-#include <platform/security/access.h>
 
 #include "settings/reactor.h"
 #include "settings/threshold_tables.h"
@@ -23,11 +22,9 @@ constexpr char kKey[] = "Software\\VARNELL\\KVRENDER\\ThresholdLUTs";
 class Halftone : public testing::Test {
  protected:
     Halftone() {
-        kv::SetActingAsAdministrator(true);
         sheet.context.snapshot = &snapshot;
         settings.Dither = settings.nGrayBits = settings.CellSize = 9;
     }
-    ~Halftone() override { kv::SetActingAsAdministrator(std::nullopt); }
 
     void Describe(const std::string& text) {
         const std::string path = sheet.scratch.Write("description.ini", text);

@@ -5,6 +5,7 @@
 #include <framework/core/install_printer.h>
 #include <kvcore.h>
 #include <platform/registry/state_store.h>
+#include <platform/security/access.h>
 #include <test_paths.h>
 #include <windows.h>
 
@@ -20,11 +21,13 @@
 
 namespace kvui {
 
-// One sheet. UseRules may be called again: the caches are then built anew, as in the next sheet.
+// One sheet of an administrator. UseRules may be called again: the caches are then built anew, as
+// in the next sheet.
 class ScratchSheet {
  public:
     ScratchSheet() {
         kv::SetStateDirectory(scratch.State());
+        kv::SetActingAsAdministrator(true);
         context.settings = record.devmode();
         context.privateSettings = record.settings();
         context.moduleSettings = record.bytes() + sizeof(DEVMODEA) + kModuleSettingsOffset;
@@ -40,6 +43,7 @@ class ScratchSheet {
         FreeRulesCaches(shared);
         UseRulesFile("");
         kv::SetStateDirectory("");
+        kv::SetActingAsAdministrator(std::nullopt);
     }
 
     void UseRules(const std::string& text) {

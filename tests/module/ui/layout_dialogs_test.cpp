@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "exports.h"
+#include "resources/resource.h"
 #include "sheet/snapshot.h"
 #include "tests/module/support/sheet_fixture.h"
 #include "tests/support/canvas.h"
@@ -40,8 +41,6 @@ class LayoutDialogs : public testing::Test {
     SettingsSnapshot snapshot{};
 };
 
-constexpr int kPunchPictureId = 1305, kPunchBox = 1306, kHolesBox = 1308;
-
 TEST_F(LayoutDialogs, ThePunchPictureFollowsEdgeAndHoles) {
     const struct { DWORD edge; DWORD holes; int icon; } rows[] = {
         {3, 2, 1661}, {3, 3, 1662}, {3, 4, 1663}, {2, 4, 1666}, {2, 3, 1665}, {2, 2, 1664}, {0, 3, 1660},
@@ -49,11 +48,11 @@ TEST_F(LayoutDialogs, ThePunchPictureFollowsEdgeAndHoles) {
     sheet.Set("mdmHolePunchNumber", 2);
     const INT_PTR result = Run("_DLGTAB01", DDMTAB01, IDOK, [&](HWND dialog) {
         EXPECT_EQ(kvtest::Text(dialog), "Detail Of Output Setting");
-        const HWND picture = GetDlgItem(dialog, kPunchPictureId);
+        const HWND picture = GetDlgItem(dialog, IDC_PIC_PUNCH);
         EXPECT_EQ(SendMessageA(picture, STM_GETICON, 0, 0), Icon(1660));
         for (const auto& row : rows) {
-            ChooseIn(dialog, kPunchBox, row.edge);
-            ChooseIn(dialog, kHolesBox, row.holes);
+            ChooseIn(dialog, IDC_COMBO_PUNCH, row.edge);
+            ChooseIn(dialog, IDC_COMBO_PUNCH_NUM, row.holes);
             EXPECT_EQ(sheet.Get("mdmHolePunch"), row.edge);
             EXPECT_EQ(sheet.Get("mdmHolePunchNumber"), row.holes);
             EXPECT_EQ(SendMessageA(picture, STM_GETICON, 0, 0), Icon(row.icon)) << row.icon;
@@ -62,7 +61,7 @@ TEST_F(LayoutDialogs, ThePunchPictureFollowsEdgeAndHoles) {
     EXPECT_EQ(result, 1);
     EXPECT_EQ(sheet.Get("mdmHolePunchNumber"), 3u);
     EXPECT_EQ(Run("_DLGTAB01", DDMTAB01, IDCANCEL, [&](HWND dialog) {
-        ChooseIn(dialog, kPunchBox, 2);
+        ChooseIn(dialog, IDC_COMBO_PUNCH, 2);
         EXPECT_EQ(sheet.Get("mdmHolePunch"), 2u);
     }), 1);
     EXPECT_EQ(sheet.Get("mdmHolePunch"), 0u);
@@ -83,10 +82,10 @@ TEST_F(LayoutDialogs, ThePictureShowsAChosenPunchBeforeAnybodyAsksOrRefusesIt) {
     const struct { DWORD edge, holes; int chosen, kept; } rows[] = {
         {2, 4, 1666, 1663}, {4, 4, 1669, 1663}, {4, 3, 1668, 1662}, {4, 2, 1667, 1661}};
     Run("_DLGTAB01", DDMTAB01, IDOK, [&](HWND dialog) {
-        watcher.picture = GetDlgItem(dialog, kPunchPictureId);
-        const HWND box = GetDlgItem(dialog, kPunchBox);
+        watcher.picture = GetDlgItem(dialog, IDC_PIC_PUNCH);
+        const HWND box = GetDlgItem(dialog, IDC_COMBO_PUNCH);
         for (const auto& row : rows) {
-            ChooseIn(dialog, kHolesBox, row.holes);
+            ChooseIn(dialog, IDC_COMBO_PUNCH_NUM, row.holes);
             kv::input::Focus(box);
             const LRESULT entry = SendMessageA(box, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>("Any"));
             SendMessageA(box, CB_SETITEMDATA, static_cast<WPARAM>(entry), row.edge);
@@ -94,7 +93,7 @@ TEST_F(LayoutDialogs, ThePictureShowsAChosenPunchBeforeAnybodyAsksOrRefusesIt) {
             watcher.PushAnswer([](HWND) { kv::input::Key(VK_ESCAPE); });
             watcher.icons.clear();
             kv::UseDisplay(&watcher);
-            SendMessageA(dialog, WM_COMMAND, MAKEWPARAM(kPunchBox, CBN_SELENDOK),
+            SendMessageA(dialog, WM_COMMAND, MAKEWPARAM(IDC_COMBO_PUNCH, CBN_SELENDOK),
                          reinterpret_cast<LPARAM>(box));
             kv::UseDisplay(nullptr);
             EXPECT_EQ(watcher.PendingAnswers(), 0u) << row.chosen;
@@ -108,27 +107,29 @@ TEST_F(LayoutDialogs, ThePictureShowsAChosenPunchBeforeAnybodyAsksOrRefusesIt) {
 }
 
 TEST_F(LayoutDialogs, StyleButtonsOwnTheOrderBitsOnly) {
-    for (const DWORD order : {1u, 3u, 2u, 0u}) {
+    for (const int order : {1, 3, 2, 0}) {
         sheet.Set("mdmNupStyle", 4 | 3);
         sheet.Set("mdmNup", 4);
         sheet.Set("mdmDuplexMode", 1);
-        EXPECT_EQ(Run("_DLGTAB02", DDMTAB02, IDOK, [&](HWND dialog) {
-            EXPECT_EQ(SendMessageA(GetDlgItem(dialog, 1464), BM_GETCHECK, 0, 0), BST_CHECKED);
-            ASSERT_TRUE(kv::input::Click(GetDlgItem(dialog, static_cast<int>(1461 + order))));
-            EXPECT_EQ(IsDlgButtonChecked(dialog, static_cast<int>(1461 + order)), 1u);
-        }), 1);
-        EXPECT_EQ(sheet.Get("mdmNupStyle"), 4 | order);
-        EXPECT_EQ(sheet.context.privateSettings->nUpMode & 7, (order & 1) | (order & 2) << 1);
+        const INT_PTR result = Run("_DLGTAB02", DDMTAB02, IDOK, [&](HWND dialog) {
+            const HWND button = GetDlgItem(dialog, IDC_RADIO_STYLE_1 + order);
+            EXPECT_TRUE(kvtest::IsChecked(GetDlgItem(dialog, IDC_RADIO_STYLE_4)));
+            ASSERT_TRUE(kv::input::Click(button));
+            EXPECT_TRUE(kvtest::IsChecked(button));
+        });
+        EXPECT_EQ(result, 1);
+        EXPECT_EQ(sheet.Get("mdmNupStyle"), 4u | order);
+        EXPECT_EQ(sheet.context.privateSettings->nUpMode & 7, (order & 1u) | (order & 2u) << 1);
     }
     Run("_DLGTAB02", DDMTAB02, IDCANCEL,
-        [&](HWND dialog) { kv::input::Click(GetDlgItem(dialog, 1463)); });
+        [&](HWND dialog) { kv::input::Click(GetDlgItem(dialog, IDC_RADIO_STYLE_3)); });
     EXPECT_EQ(sheet.Get("mdmNupStyle"), 4u);
 }
 
 TEST_F(LayoutDialogs, StylePicturesDarkenWhatLiesUnderThem) {
     Run("_DLGTAB02", DDMTAB02, IDCANCEL, [&](HWND dialog) {
         kvtest::Canvas canvas(32, 32);
-        for (int id = 1465; id <= 1468; ++id) {
+        for (int id = IDC_PIC_STYLE_1; id <= IDC_PIC_STYLE_4; ++id) {
             canvas.Fill(RGB(0xF0, 0xE0, 0x70));
             ASSERT_EQ(kv::PaintWindow(GetDlgItem(dialog, id), canvas.dc), kv::Painting::kSelf);
             int darker = 0;

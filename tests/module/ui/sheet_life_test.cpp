@@ -1,11 +1,8 @@
 // A sheet's end: lists are committed or cancelled, and an administrator's options reach the
 // printer, once.
-#include <framework/core/install_printer.h>
 #include <gtest/gtest.h>
 #include <commctrl.h>
 #include <kvlist.h>
-#include <platform/security/access.h>
-#include <test_paths.h>
 
 #include <algorithm>
 #include <cstring>
@@ -28,13 +25,7 @@ namespace {
 
 class SheetEnd : public testing::Test {
  protected:
-    void SetUp() override {
-        std::string error;
-        ASSERT_TRUE(kvcore::InstallPrinter("Hall", "USB001", KV_SOURCE_DIR "/models", error));
-        ASSERT_TRUE(kvcore::MakePrinterBlock("Hall", sheet_.printer, error)) << error;
-        kv::SetActingAsAdministrator(true);
-    }
-    void TearDown() override { kv::SetActingAsAdministrator(std::nullopt); }
+    SheetEnd() { sheet_.InstallPrinter(); }
     DWORD Value(const char* name) {
         DWORD value = 0xDEADBEEF;
         ReadPrinterData(sheet_.context, name, &value, sizeof value);
