@@ -92,15 +92,12 @@ TEST_F(ModelRules, NumbersHaveNoGapsAndGrayOutKeysFindTheirControl) {
 }
 
 TEST_F(ModelRules, DefaultsStandInNoConflict) {
-    const struct {
-        const char* field;
-        DWORD value;
-    } defaults[] = {
+    const std::pair<const char*, DWORD> defaults[] = {
         {"dmOrientation", 1},    {"dmPaperSize", 9}, {"dmCopies", 1},       {"dmDefaultSource", 7},
         {"dmPrintQuality", 600}, {"dmColor", 2},     {"MediaType", 1},      {"mdmDuplexMode", 1},
         {"mdmOutBin", 65},       {"mdmCollate", 1},  {"mdmScaleSize", 100},
     };
-    for (const auto& setting : defaults) sheet.Set(setting.field, setting.value);
+    for (const auto& [field, value] : defaults) sheet.Set(field, value);
     // Every control, as if its default had just been chosen: nothing is asked, nothing is changed.
     for (const DWORD options : {0x0u, 0x81u, 0x985085u}) {
         sheet.Set("mdmInstalledOptions", options);

@@ -100,15 +100,11 @@ TEST_F(Halftone, EntriesComeFromTheModuleTheTableLibraryAndTheFrameworkInThisOrd
     sheet.scratch.Write("state/windows/QDM.INI",
                         "[Halftoning]\r\nSmooth=qdtaABC.bmp;fine;er\r\nBroken=short\r\n");
 
-    const struct {
-        const char* description;
-        bool library;
-    } without[] = {{"[PrinterValues]\nUseTableLibrary=1\n", false},
-                   {"[PrinterValues]\nUseTableLibrary=0\n", true}};
-    for (const auto& row : without) {
-        if (row.library) sheet.scratch.Write("state/driver/KVTABRES.DLL", "");
-        Describe(row.description);
-        EXPECT_STREQ(HalftoneList(sheet.context).Find(2)->name, "Smooth") << row.description;
+    for (const bool library : {false, true}) {
+        if (library) sheet.scratch.Write("state/driver/KVTABRES.DLL", "");
+        Describe(library ? "[PrinterValues]\nUseTableLibrary=0\n"
+                         : "[PrinterValues]\nUseTableLibrary=1\n");
+        EXPECT_STREQ(HalftoneList(sheet.context).Find(2)->name, "Smooth") << library;
     }
     Describe("[PrinterValues]\nUseTableLibrary=1\n; \n");
     const HalftoneList list(sheet.context);
