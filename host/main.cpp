@@ -1,4 +1,5 @@
 // kvprefs: the printing preferences of a printer, in a window or from the command line.
+#include <framework/core/install_printer.h>
 #include <host/commands/command_tree.h>
 #include <host/commands/commands.h>
 #include <host/commands/complete.h>
@@ -7,6 +8,7 @@
 
 #include <clocale>
 #include <cstring>
+#include <string>
 
 namespace {
 
@@ -53,7 +55,7 @@ int main(int argc, char** argv) {
     std::setlocale(LC_ALL, "");
     std::setlocale(LC_NUMERIC, "C");
     Arguments args;
-    CLI::App app("Printing preferences of the Varnell Tessora 7720MF", "kvprefs");
+    CLI::App app(std::string("Printing preferences of the ") + kvcore::kDriverName, "kvprefs");
     app.set_version_flag("--version", "kvprefs " KV_VERSION);
     DescribeCommands(app, args);
     // Half a command line is no command line yet: the parser does not see it.

@@ -1,6 +1,7 @@
 // The rows of pages and dialogs.
 #include "dialog/dialog_table.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "resources/resource.h"
@@ -35,7 +36,6 @@ constexpr PageRow kPageRows[] = {
     {"Troubleshooting", "Troubleshooting",        "TABVERSION", "DLGTABVERSION", IDS_PAGE_TROUBLESHOOTING, "DDMAbout"},
     {"Job",             "Job Management",         "TAB4",       "DLGTAB4",       IDS_PAGE_JOB_MANAGEMENT,  "DDMTAB4"},
 };
-constexpr int kTroubleshootingPage = 6;
 
 // name, page, template, dialog, title, opener
 constexpr DialogRow kDialogRows[] = {
@@ -79,7 +79,7 @@ const PageRow& PageOfWindow(const SheetContext& context, HWND page) {
         LoadStringA(context.resources, row.captionId, caption, sizeof caption);
         if (caption[0] != '\0' && std::strcmp(caption, title) == 0) return row;
     }
-    return kPages[kTroubleshootingPage];
+    return *std::ranges::find(kPages, UINT{IDS_PAGE_TROUBLESHOOTING}, &PageRow::captionId);
 }
 
 UINT TitleOfTemplate(const char* templateName) {
