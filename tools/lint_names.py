@@ -28,7 +28,7 @@ ID_CALL = re.compile(r"\b(?:\w*(?:DlgItem\w*|DlgButton\w*|LoadString\w*)\([^,()]
 # The one list of captions.
 CAPTIONS = "module/dialog/dialog_table.cpp"
 # Tables whose names for controls and entries are those of the rules file, whatever the captions are.
-RULE_NAMES = {"module/settings/catalogue_lists.cpp", "module/settings/catalogue_rows.cpp"}
+RULE_NAMES = {"module/settings/catalogue_lists.h", "module/settings/catalogue_rows.cpp"}
 # Texts that look like captions and are none, and why.
 NOT_CAPTIONS = {
     "a key, a value or a name that others gave": {

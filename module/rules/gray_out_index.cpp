@@ -17,10 +17,10 @@ namespace {
 // Row number of a catalogue row; the catalogue's size for a record that is none of its rows.
 size_t RowOf(const ControlItem& item) {
     const std::less<const ControlItem*> before;
-    if (before(&item, kCatalogue) || !before(&item, kCatalogue + kCatalogueSize)) {
-        return kCatalogueSize;
+    if (before(&item, kCatalogue.data()) || !before(&item, kCatalogue.data() + kCatalogue.size())) {
+        return kCatalogue.size();
     }
-    return static_cast<size_t>(&item - kCatalogue);
+    return static_cast<size_t>(&item - kCatalogue.data());
 }
 
 bool AdditionalConditionHolds(SheetContext& context, LONG key) {
@@ -105,7 +105,7 @@ int ApplyGrayOutIndex(SheetContext& context, HWND dialog, const ControlItem& ite
     if (context.shared == nullptr) return 0;
     const LockedBlock<GrayOutIndex> index(context.shared->rules.grayOutIndex);
     const size_t row = RowOf(item);
-    if (!index || row == kCatalogueSize) return 0;
+    if (!index || row == kCatalogue.size()) return 0;
     const GrayOutPlan* plan = GrayOutPlanOf(context, *index.get());
     if (plan == nullptr || plan->entryOfRow[row] < 0) return 0;
 

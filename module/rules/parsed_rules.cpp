@@ -88,7 +88,7 @@ std::int8_t EntryNamed(const GrayOutIndex& index, const char* name) {
 }
 
 void ResolveIndex(const GrayOutIndex& index, GrayOutPlan& plan) {
-    for (size_t row = 0; row < kCatalogueSize; ++row) {
+    for (size_t row = 0; row < kCatalogue.size(); ++row) {
         plan.entryOfRow[row] = EntryNamed(index, kCatalogue[row].grayOutKey);
     }
     plan.entries.resize(static_cast<size_t>(index.count));

@@ -49,7 +49,7 @@ struct GrayOutPlan {
         ItemField target;  // the first row of the target's name
         ItemField triggers[kMaxGrayOutRecords];
     };
-    std::int8_t entryOfRow[kCatalogueSize];  // by the row's gray-out key; -1 for none
+    std::int8_t entryOfRow[kMostCatalogueRows];  // by the row's gray-out key; -1 for none
     std::vector<Entry> entries;
 };
 

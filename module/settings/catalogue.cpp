@@ -43,7 +43,7 @@ struct DialogRows {
 const DialogRows* RowsOfDialog(const char* dialogName) {
     static const std::vector<DialogRows> dialogs = [] {
         std::vector<DialogRows> made;
-        for (std::size_t row = 0; row < kCatalogueSize; ++row) {
+        for (std::size_t row = 0; row < kCatalogue.size(); ++row) {
             const char* name = kCatalogue[row].dialogName;
             auto place = std::find_if(made.begin(), made.end(), [name](const DialogRows& known) {
                 return std::strcmp(known.dialogName, name) == 0;
@@ -58,15 +58,14 @@ const DialogRows* RowsOfDialog(const char* dialogName) {
     }
     return nullptr;
 }
-static_assert(kCatalogueSize <= 256);
 
 const ControlItem* NextOfAnyDialog(std::size_t start, ItemType type, std::size_t* next) {
-    for (std::size_t row = start; row < kCatalogueSize; ++row) {
+    for (std::size_t row = start; row < kCatalogue.size(); ++row) {
         if (type != kItemAnyType && kCatalogue[row].type != type) continue;
         *next = row + 1;
         return &kCatalogue[row];
     }
-    *next = kCatalogueSize;
+    *next = kCatalogue.size();
     return nullptr;
 }
 
@@ -75,7 +74,7 @@ const ControlItem* NextOfAnyDialog(std::size_t start, ItemType type, std::size_t
 const ControlItem* NextItemOfDialog(std::size_t start, const char* dialogName, ItemType type,
                                     std::size_t* next) {
     if (*dialogName == '\0') return NextOfAnyDialog(start, type, next);
-    *next = kCatalogueSize;
+    *next = kCatalogue.size();
     const DialogRows* dialog = RowsOfDialog(dialogName);
     if (dialog == nullptr) return nullptr;
     for (const std::size_t row : dialog->rows) {

@@ -2,9 +2,14 @@
 // is that of all walks and lookups, so a row is never moved.
 #include "resources/resource.h"
 #include "resources/string_ids.h"
-#include "settings/catalogue_tables.h"
+#include "settings/catalogue_controls.h"
+#include "settings/catalogue_lists.h"
 
 namespace kvui {
+
+// Opens nothing until the mailbox dialog fills it.
+constinit ButtonItem mailBoxApplyButton{};
+
 namespace {
 
 // The bits of its field that a control owns. Rule conditions name single bits of Bits by number and
@@ -103,13 +108,11 @@ consteval ControlItem Slider(DWORD id, const char* name, const char* dialog, con
     return item;
 }
 
-}  // namespace
-
 // Columns: control id, name, dialog, setting field, caption string, owned bits, list or record, help
 // topic; then what few rows have: picture control, dialog that a check box opens, rules-file section
 // of a list. Columns that a type has no use for are left blank.
 // clang-format off
-constexpr ControlItem kCatalogue[kCatalogueSize] = {
+constexpr ControlItem kRows[] = {
     Text  (IDC_ST_PAPER_SIZE,             "PaperSizeGroup",           "DLGTAB0",                               IDC_ST_PAPER_SIZE,                                                             1211),
     Combo (IDC_COMBO_PAPER_SIZE,          "ComboPaperSize",           "DLGTAB0",        "dmPaperSize",         IDC_ST_PAPER_SIZE,             kWhole,           kRunTimeEntries,              1211),
     Button(IDC_BTN_CUSTOM_PAPER,          "EditCustom",               "DLGTAB0",                               IDC_BTN_CUSTOM_PAPER,                            &kOpenCustomPapers,           1211),
@@ -276,7 +279,10 @@ constexpr ControlItem kCatalogue[kCatalogueSize] = {
 };
 // clang-format on
 
-// A missing row would leave the last one empty.
-static_assert(kCatalogue[kCatalogueSize - 1].controlId != 0);
+static_assert(std::size(kRows) <= kMostCatalogueRows);
+
+}  // namespace
+
+constinit const std::span<const ControlItem> kCatalogue = kRows;
 
 }  // namespace kvui

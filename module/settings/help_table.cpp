@@ -4,10 +4,11 @@
 #include "settings/item_catalogue.h"
 
 namespace kvui {
+namespace {
 
 // Columns: control id, help topic.
 // clang-format off
-constexpr HelpPair kHelpTable[kHelpTableSize] = {
+constexpr HelpPair kPairs[] = {
     // The Defaults button of every page.
     {IDC_DEFAULTS, 5317},
     // Saved settings: the strip, the save and the edit dialog.
@@ -192,6 +193,8 @@ constexpr HelpPair kHelpTable[kHelpTableSize] = {
 };
 // clang-format on
 
-static_assert(kHelpTable[kHelpTableSize - 1].controlId != 0);
+}  // namespace
+
+constinit const std::span<const HelpPair> kHelpTable = kPairs;
 
 }  // namespace kvui

@@ -147,10 +147,9 @@ struct HelpPair {
     DWORD helpId;
 };
 
-constexpr std::size_t kCatalogueSize = 163;
-constexpr std::size_t kHelpTableSize = 170;
-extern const ControlItem kCatalogue[kCatalogueSize];
-extern const HelpPair kHelpTable[kHelpTableSize];
+constexpr std::size_t kMostCatalogueRows = 256;  // row numbers are kept in bytes
+extern const std::span<const ControlItem> kCatalogue;
+extern const std::span<const HelpPair> kHelpTable;
 
 // The apply button of the mailbox dialog; that dialog fills it while it runs.
 extern ButtonItem mailBoxApplyButton;

@@ -91,7 +91,7 @@ void WriteControls() {
                     item.edit != nullptr ? static_cast<long>(item.edit->maximum) : 0L);
         choice += count;
     }
-    std::printf("};\nextern const unsigned kControlCount = %zu;\n", kCatalogueSize);
+    std::printf("};\nextern const unsigned kControlCount = %zu;\n", kCatalogue.size());
 }
 
 void WritePages() {

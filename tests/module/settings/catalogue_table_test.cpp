@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "settings/catalogue_tables.h"
+#include "settings/catalogue_names.h"
 #include "settings/item_catalogue.h"
 #include "settings/setting_field.h"
 
@@ -90,8 +90,8 @@ std::string DescribeRow(std::size_t row) {
 
 TEST(Catalogue, EveryRowIsAsListed) {
     const std::vector<std::string> expected = ReadLines("catalogue_expected.txt");
-    ASSERT_EQ(expected.size(), kCatalogueSize);
-    for (std::size_t row = 0; row < kCatalogueSize; ++row) {
+    ASSERT_EQ(expected.size(), kCatalogue.size());
+    for (std::size_t row = 0; row < kCatalogue.size(); ++row) {
         EXPECT_EQ(DescribeRow(row), expected[row]);
     }
 }

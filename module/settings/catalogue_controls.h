@@ -1,13 +1,13 @@
 // The records of the catalogue's check boxes, radio groups, edits, sliders and buttons. The rows in
 // catalogue_rows.cpp point to them.
+#pragma once
 #include "exports.h"
 #include "resources/picture_ids.h"
 #include "resources/resource.h"
-#include "settings/catalogue_tables.h"
+#include "settings/catalogue_names.h"
 #include "settings/dialog_procedures.h"
 
 namespace kvui {
-namespace {
 
 // A check box whose value is compared with the checked value as a whole.
 constexpr CheckItem Equals(DWORD checked, DWORD cleared, DWORD checkedIcon = 0,
@@ -66,8 +66,6 @@ constexpr ButtonItem Moves(const MoveRecord* move) {
 
 constexpr MoveRecord kFromInstallable = {IDC_LIST_INSTALLABLE, "mdmInstalledOptions"};
 constexpr MoveRecord kFromInstalled = {IDC_LIST_INSTALLED, "mdmInstalledOptions"};
-
-}  // namespace
 
 // clang-format off
 
@@ -167,8 +165,5 @@ constexpr ButtonItem kInstallOptions         = Moves(&kFromInstallable);
 constexpr ButtonItem kRemoveOptions          = Moves(&kFromInstalled);
 
 // clang-format on
-
-// Opens nothing until the mailbox dialog fills it.
-constinit ButtonItem mailBoxApplyButton{};
 
 }  // namespace kvui

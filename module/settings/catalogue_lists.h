@@ -1,12 +1,12 @@
 // The value lists of the catalogue's combo boxes and list boxes. Which entries a user sees is decided
 // when a list is filled, by the installed options and the rules file.
+#pragma once
 #include "resources/picture_ids.h"
 #include "resources/resource.h"
 #include "resources/string_ids.h"
-#include "settings/catalogue_tables.h"
+#include "settings/catalogue_names.h"
 
 namespace kvui {
-namespace {
 
 consteval SelectItem Entry(DWORD stringId, DWORD value, DWORD iconId, const char* name) {
     SelectItem entry{stringId, value, iconId, "", "", ""};
@@ -14,8 +14,6 @@ consteval SelectItem Entry(DWORD stringId, DWORD value, DWORD iconId, const char
     return entry;
 }
 constexpr SelectItem kNoMoreEntries{};
-
-}  // namespace
 
 constexpr SelectItem kRunTimeEntries[] = {kNoMoreEntries};
 
