@@ -164,22 +164,6 @@ bool OptionList(const Command& command) {
     return false;
 }
 
-bool AutoConfigure(const Command& command) {
-    const bool changed = Dispatch(command);
-    const bool on = command.context.privateSettings->mdmOtherSettings & kOtherAutoConfig;
-    const HWND state = Control(command, IDC_COMBO_INSTALLED_STATE);
-    const HWND options = Control(command, IDC_LIST_OPTIONS);
-    EnableWindow(state, !on);
-    EnableWindow(options, !on);
-    if (on) {
-        SendMessageA(state, CB_SETCURSEL, static_cast<WPARAM>(-1), 0);
-        SendMessageA(options, LB_SETCURSEL, static_cast<WPARAM>(-1), 0);
-    } else if (changed) {
-        SetFocus(options);
-    }
-    return changed;
-}
-
 bool JobCheck(const Command& command) {
     const bool changed = Dispatch(command);
     if (IsDlgButtonChecked(command.page, static_cast<int>(command.id)) != BST_CHECKED) {
@@ -278,7 +262,7 @@ constexpr Route kRoutes[] = {
     {IDC_BTN_MAILBOX, DispatchOnly},
     {IDC_EDIT_USER_NAME, TrackedEdit},
     {IDC_BTN_ABOUT, DispatchWithoutChange},
-    {IDC_CHK_AUTO_CONFIG, AutoConfigure},
+    {IDC_CHK_AUTO_CONFIG, DispatchOnly},
     {IDC_COMBO_INSTALLED_STATE, IDC_LIST_OPTIONS, NotAChange},
     {IDC_CHK_ACCESS_CODE, JobCheck},
     {IDC_EDIT_ACCESS_NUMBER, JobEdit},

@@ -196,4 +196,9 @@ BOOL ClassifyPrinterPort(const SheetContext& context, PrinterPortAddress* result
            (attributes & PRINTER_ATTRIBUTE_ENABLE_BIDI) != 0;
 }
 
+void FindOutWhetherQueryable(SheetContext& context) {
+    printerQueryable = ClassifyPrinterPort(context, nullptr);
+    context.shared->life.portKnown = TRUE;
+}
+
 }  // namespace kvui

@@ -26,8 +26,10 @@ struct PrinterPortAddress {
     DWORD openCount;
 };
 
-// Set by the Basic page when it first becomes active.
+// Set by the Basic page when it first becomes active, or by the Device Options page of a sheet that
+// opens with it.
 extern BOOL printerQueryable;
+void FindOutWhetherQueryable(SheetContext& context);
 
 // TRUE when the printer can be queried; copies the address out when asked.
 BOOL ClassifyPrinterPort(const SheetContext& context, PrinterPortAddress* address);

@@ -45,6 +45,7 @@ struct SheetLife {
     BOOL active;       // the sheet end has work to do
     SheetAnswer dataWritable;
     SheetAnswer networkPrinter;  // PRINTER_ATTRIBUTE_NETWORK
+    BOOL portKnown;              // printerQueryable is of this sheet's printer
 };
 
 // What is made from the rules file (rules/).

@@ -118,7 +118,7 @@ void PaintPaperMarker(Run& run) {
 }
 
 void ClassifyPort(Run& run) {
-    printerQueryable = ClassifyPrinterPort(run.context, nullptr);
+    FindOutWhetherQueryable(run.context);
 }
 
 const PageDefinition kBasicPage = {

@@ -44,8 +44,13 @@ INT_PTR TakeSteps(Step steps, Run& run) {
 INT_PTR OnNotify(const PageDefinition& definition, Run& run) {
     const UINT code = reinterpret_cast<const NMHDR*>(run.lParam)->code;
     if (code == PSN_SETACTIVE) run.context.page = run.window;
-    TakeSteps(StepsOfNotification(definition, code), run);
-    SetWindowLongPtrA(run.window, DWLP_MSGRESULT, PSNRET_NOERROR);
+    LONG_PTR result = PSNRET_NOERROR;
+    if (code == PSN_QUERYINITIALFOCUS) {
+        result = TakeSteps(definition.initialFocus, run);
+    } else {
+        TakeSteps(StepsOfNotification(definition, code), run);
+    }
+    SetWindowLongPtrA(run.window, DWLP_MSGRESULT, result);
     return TRUE;
 }
 
