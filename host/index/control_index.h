@@ -40,6 +40,10 @@ struct Control {
     LONG highest;
 };
 
+// Controls that only who administers the printer may use.
+extern const DWORD kAdministratorControls[];
+extern const unsigned kAdministratorControlCount;
+
 extern const Field kFields[];
 extern const unsigned kFieldCount;
 extern const Control kControls[];

@@ -108,7 +108,7 @@ void Mirror::Sync(unsigned changes) {
     SyncState(changes);
     constexpr unsigned kLooks = kv::kChangedEnabled | kv::kChangedStyle | kv::kChangedText;
     if ((changes & kLooks) != 0) SyncColors();
-    if ((changes & kv::kChangedText) != 0) {
+    if ((changes & (kv::kChangedText | kv::kChangedEnabled)) != 0) {
         SyncName();
     }
 }

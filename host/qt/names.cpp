@@ -4,6 +4,7 @@
 #include <host/qt/picture.h>
 #include <host/qt/tool_tips.h>
 #include <platform/dialog/message_box.h>
+#include <platform/display/disabled_reason.h>
 #include <platform/window/window.h>
 
 #include <commctrl.h>
@@ -244,6 +245,8 @@ QString NameOf(HWND window) {
 }
 
 QString DescriptionOf(HWND window) {
+    const QString reason = FromAnsi(kv::ReasonDisabled(window));
+    if (!reason.isEmpty()) return reason;
     if (kv::KindOf(window) == "edit") return TextsBehind(window);
     if (IsRadio(window)) return FrameAround(window);
     if (IsPicture(window) && WindowTextOf(window).isEmpty()) return ValueOfIllustrated(window);

@@ -2,6 +2,7 @@
 #include <host/qt/core_text.h>
 #include <host/qt/names.h>
 #include <host/qt/tool_tips.h>
+#include <platform/display/disabled_reason.h>
 #include <platform/window/window.h>
 
 #include <commctrl.h>
@@ -66,6 +67,8 @@ void Collect(HWND window, std::vector<HWND>& tips) {
 }  // namespace
 
 QString TipAt(HWND window, POINT place) {
+    const QString reason = FromAnsi(kv::ReasonDisabled(SpotsAt(window, place).back().window));
+    if (!reason.isEmpty()) return reason;
     QString tip = ToolTipAt(window, place);
     if (!tip.isEmpty()) return tip;
     const std::vector<Spot> spots = SpotsAt(window, place);

@@ -9,7 +9,8 @@ namespace kvqt {
 
 // The tip for a place in a window's client area; empty when no tool is there.
 QString ToolTipAt(HWND window, POINT place);
-// That tip, or else in words what a picture at the place shows.
+// Why the control there is disabled; else that tip, or else in words what a picture at the place
+// shows.
 QString TipAt(HWND window, POINT place);
 
 }  // namespace kvqt

@@ -1,4 +1,5 @@
 // Running the sheet, and what OK and Apply do.
+#include <host/window/administrator_reason.h>
 #include <host/window/printer_window.h>
 #include <host/record/record_differences.h>
 #include <host/index/sheet_pages.h>
@@ -21,11 +22,17 @@ bool WasChanged(HWND sheet) {
     return IsWindowEnabled(GetDlgItem(sheet, kv::kSheetApplyButton)) != 0;
 }
 
-// Notes at each action where the window stands: the last one closes it.
+HWND ActivePageOf(HWND sheet) {
+    return reinterpret_cast<HWND>(SendMessageA(sheet, PSM_GETCURRENTPAGEHWND, 0, 0));
+}
+
+// Notes at each action where the window stands, the last one closes it, and tells on a page that
+// comes up who can use what is disabled there.
 class PlaceWatcher : public StatusLine {
  public:
-    PlaceWatcher(const SettingNames& names, const Record& record, WindowPlace& place)
-        : StatusLine(names, record), place_(place) {}
+    PlaceWatcher(const SettingNames& names, const Record& record, WindowPlace& place,
+                 const AdministratorReason& reason)
+        : StatusLine(names, record), place_(place), reason_(reason) {}
 
     void Begun(HWND window) override {
         StatusLine::Begun(window);
@@ -38,10 +45,26 @@ class PlaceWatcher : public StatusLine {
         }
         POINT corner{};
         if (kv::CurrentDisplay().CornerOf(sheet, &corner)) place_.corner = corner;
+        if (page_ == nullptr) page_ = ActivePageOf(sheet);
+    }
+
+    void Ended() override {
+        StatusLine::Ended();
+        if (page_ == nullptr || !IsWindow(page_)) return;
+        const HWND sheet = GetParent(page_);
+        const HWND page = ActivePageOf(sheet);
+        if (page == page_) return;
+        const std::string reason = reason_.OfPage(page);
+        if (!reason.empty() || !reason_.OfPage(page_).empty()) {
+            kv::CurrentDisplay().ShowStatus(sheet, reason.c_str());
+        }
+        page_ = page;
     }
 
  private:
     WindowPlace& place_;
+    const AdministratorReason& reason_;
+    HWND page_{};  // that was active after the last action
 };
 
 }  // namespace
@@ -63,8 +86,13 @@ ExitStatus PrinterWindow::Run() {
         request.applied = [this](HWND sheet, bool closing) { return Apply(sheet, closing); };
         request.ending = [this] { session_.DropUnstored(); };
         TellPutBack();
-        request.shown = [this](HWND sheet) { TellFaults(sheet); };
-        const PlaceWatcher watcher(names_, session_.record(), place_);
+        const AdministratorReason reason(session_.printer());
+        request.shown = [&](HWND sheet) {
+            const std::string text = reason.OfPage(ActivePageOf(sheet));
+            if (!text.empty()) kv::CurrentDisplay().ShowStatus(sheet, text.c_str());
+            TellFaults(sheet);
+        };
+        const PlaceWatcher watcher(names_, session_.record(), place_, reason);
         result = session_.module().RunSheet(request);
         if (openAgain_) session_.StartFromStored();
     } while (openAgain_ && result >= 0);

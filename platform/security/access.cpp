@@ -52,8 +52,13 @@ bool IsSystemAdministrator() {
     return std::find(groups.begin(), groups.end(), administrators) != groups.end();
 }
 
+std::string Administrators(StatePlace place) {
+    if (place == StatePlace::kPerson) return "the owner of " + StateDirectoryOf(place);
+    return std::string("root or a member of group ") + kAdministratorGroup;
+}
+
 std::string WhoAdministers() {
-    return std::string("; an administrator can: root, or a member of group ") + kAdministratorGroup;
+    return "; an administrator can: " + Administrators(StatePlace::kMachine);
 }
 
 bool ActsAsAdministrator(StatePlace place) {

@@ -16,7 +16,9 @@ extern const char* const kAdministratorGroup;  // "lpadmin"
 bool IsSystemAdministrator();
 bool IsAdministratorGroup(gid_t group);
 
-// "; an administrator can: root, or a member of group lpadmin": what to add to a refusal.
+// "root or a member of group lpadmin"; of a person's own state, its owner.
+std::string Administrators(StatePlace place);
+// "; an administrator can: root or a member of group lpadmin": what to add to a refusal.
 std::string WhoAdministers();
 
 // What the driver is told. An override changes group membership in tokens and access to the model's

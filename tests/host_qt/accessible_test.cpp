@@ -2,6 +2,8 @@
 // what the pictures say.
 #include "sheet_tour.h"
 
+#include <platform/display/disabled_reason.h>
+
 #include <QAccessible>
 #include <QHelpEvent>
 #include <QToolTip>
@@ -249,6 +251,20 @@ std::string TipOver(QWidget& window, const QWidget& widget) {
     QHelpEvent rest(QEvent::ToolTip, under->mapFrom(&window, place), window.mapToGlobal(place));
     QApplication::sendEvent(under, &rest);
     return QToolTip::isVisible() ? QToolTip::text().toStdString() : "";
+}
+
+TEST_F(Accessible, ADisabledControlSaysWhyInsteadOfWhatItIsFor) {
+    kv::ExplainDisabled([](HWND) { return std::string("Ask the caretaker"); });
+    const auto description = [&] {
+        return Of(*Find(Open(kBasic), QAccessible::EditableText, "Number"),
+                  QAccessible::Description);
+    };
+    EXPECT_EQ(description(), "[1-999]");
+    EnableWindow(Item(IDC_EDIT_COPIES), FALSE);
+    EXPECT_EQ(description(), "Ask the caretaker");
+    EXPECT_EQ(TipOver(Open(kBasic), *WidgetOf(Open(kBasic), Item(IDC_EDIT_COPIES))),
+              "Ask the caretaker");
+    kv::ExplainDisabled(nullptr);
 }
 
 TEST_F(Accessible, PicturesTellInATipWhatTheyShow) {

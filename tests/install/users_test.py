@@ -134,7 +134,7 @@ class Sharing(Machine):
         hall = ('the shared printer "Hall"', "root", "lpadmin")
         self.refused(ALICE, hall, "printer", "remove", "Hall")
         for words in (("add", "Cellar", "--port", "USB002"), ("remove", "Hall")):
-            self.refused(ALICE, (str(self.machine), "root, or a member of group lpadmin"),
+            self.refused(ALICE, (str(self.machine), "root or a member of group lpadmin"),
                          "--as-admin", "printer", *words)
         self.done(ALICE, "printer", "add", "Mine", "--port", "USB003")
         self.refused(ALICE, ("Mine", "lpadmin"), "printer", "share", "Mine")

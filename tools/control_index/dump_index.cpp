@@ -3,12 +3,14 @@
 // table.
 #include <cstdio>
 #include <cstring>
+#include <iterator>
 
 #include "dialog/dialog_table.h"
 #include "resources/resource.h"
 #include "resources/string_ids.h"
 #include "settings/item_catalogue.h"
 #include "settings/setting_field.h"
+#include "sheet/administrator.h"
 
 namespace {
 
@@ -37,6 +39,15 @@ long SliderBase(const ControlItem& item) {
 DWORD SpinOf(const ControlItem& item) {
     if (item.slider != nullptr) return item.slider->spinId;
     return item.edit != nullptr ? item.edit->spinId : 0;
+}
+
+void WriteAdministratorControls() {
+    std::puts("extern const DWORD kAdministratorControls[] = {");
+    for (const DWORD id : kAdministratorControls) {
+        std::printf("    %lu,\n", static_cast<unsigned long>(id));
+    }
+    std::printf("};\nextern const unsigned kAdministratorControlCount = %zu;\n\n",
+                std::size(kAdministratorControls));
 }
 
 void WriteFields() {
@@ -135,6 +146,7 @@ int main() {
         "// Made by the build from the module's tables.\n#include <host/index/control_index.h>\n"
         "#include <host/index/sheet_pages.h>\n\n"
         "namespace kvhost {\n");
+    WriteAdministratorControls();
     WriteFields();
     WriteChoices();
     WriteControls();

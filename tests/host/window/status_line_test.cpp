@@ -4,6 +4,8 @@
 #include <gmock/gmock.h>
 #include <host/index/setting_names.h>
 #include <platform/controls/property_sheet.h>
+#include <platform/display/disabled_reason.h>
+#include <platform/security/access.h>
 
 #include <functional>
 
@@ -12,7 +14,8 @@ namespace {
 
 using testing::ElementsAre;
 
-enum Page { kBasic, kLayout };
+enum Page { kBasic, kLayout, kDevice = 5 };
+constexpr int kOptions = 4015, kInstalledState = 4014;
 constexpr int kNup = 1410, kDetails = 1430, kOrder = 1418, kMedia = 1141, kZoom = 2009;
 constexpr int kPortrait = 2026, kLandscape = 2027, kDefaults = 12, kResolve = 9416;
 
@@ -96,6 +99,26 @@ TEST_F(StatusLineTest, WhatAPersonSetInADialogIsNoEffectOfTheButtonThatOpensIt) 
         },
     });
     EXPECT_THAT(lines, ElementsAre(""));
+}
+
+TEST_F(StatusLineTest, APageThatIsForAdministratorsSaysWhoTheyAre) {
+    const auto turn = [](int page) {
+        return [page](HWND sheet) { ASSERT_NE(Item(sheet, page, kDefaults), nullptr); };
+    };
+    const std::string said =
+        "Only the owner of " + state_ + " can change what is installed in the printer \"Hall\"";
+    kv::SetActingAsAdministrator(false);
+    const auto list = [&](HWND sheet) {
+        for (const int id : {kOptions, kInstalledState}) {
+            EXPECT_EQ(kv::ReasonDisabled(Item(sheet, kDevice, id)), said);
+        }
+        EXPECT_EQ(kv::ReasonDisabled(GetDlgItem(sheet, kv::kSheetApplyButton)), "");
+    };
+    EXPECT_THAT(After({turn(kDevice), list, turn(kBasic), turn(kDevice)}),
+                ElementsAre(said, said, "", said));
+    EXPECT_THAT(After({turn(kLayout)}), ElementsAre("")) << "it opened on the page";
+    kv::SetActingAsAdministrator(std::nullopt);
+    EXPECT_THAT(After({turn(kDevice)}), ElementsAre(""));
 }
 
 TEST_F(StatusLineTest, EverySettingHasACaptionAndItsValuesTexts) {
