@@ -227,8 +227,8 @@ const PageDefinition kDeviceOptionsPage = {
                        LockMoveButtons, IfDefaults<ApplyDefaults>, IfChanged<IfDiffers<Take>>,
                        Refresh, IfChanged<UpdatePanel>>,
     .take = InOrder<React, TellSheet>,
-    .refresh = InOrder<RefreshControls, BuildOptionList, EnableByRights, CheckAutoConfigure,
-                       DisableIfReadOnly>,
+    .refresh = InOrder<RefreshControls, BuildOptionList, ShowState, EnableByRights,
+                       CheckAutoConfigure, DisableIfReadOnly>,
     .initialFocus = FocusFirst,
 };
 

@@ -140,6 +140,7 @@ TEST_F(DevicePage, WhoDoesNotAdministerSeesTheOptionsAndChangesNone) {
     for (const int id : {IDC_LIST_OPTIONS, IDC_COMBO_INSTALLED_STATE}) {
         EXPECT_FALSE(IsWindowEnabled(Item(id, kDevice))) << id;
     }
+    EXPECT_EQ(Selected(Item(IDC_COMBO_INSTALLED_STATE, kDevice)), "") << "of no row";
     EXPECT_EQ(Rows().find("Tray 2-"), std::string::npos);
     TypeInto(IDC_EDIT_USER_NAME, "an(n)a.maria", kDevice);
     EXPECT_FALSE(IsWindowEnabled(Item(IDC_LIST_OPTIONS, kDevice))) << "after commands too";
