@@ -20,7 +20,7 @@ std::string DataPath(const char* name) {
 }
 
 std::string QtDisplayPath() {
-    for (const char* folder : {"", "/../lib/kvprefs"}) {
+    for (const char* folder : {"", "/../" KV_PRIVATE_LIBS}) {
         const std::string path = ProgramDirectory() + folder + "/libkvdisplay-qt.so";
         if (access(path.c_str(), R_OK) == 0) return path;
     }

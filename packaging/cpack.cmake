@@ -1,12 +1,12 @@
 # Debian packages, made by `cpack` in the build folder: kvprefs for servers and scripts, kvprefs-gui
 # for desktops, kvuimod-genuine for people who assemble the driver. What they depend on is read from the libraries that they link.
-set(KV_MAINTAINER "kvprefs developers <root@localhost>" CACHE STRING "Maintainer of the packages")
+set(KV_PACKAGE_MAINTAINER "kvprefs developers <kvprefs@varnell.example>" CACHE STRING "Maintainer of the packages")
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME kvprefs)
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_PACKAGE_VENDOR kvprefs)
-set(CPACK_PACKAGE_CONTACT ${KV_MAINTAINER})
+set(CPACK_PACKAGE_CONTACT ${KV_PACKAGE_MAINTAINER})
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_SOURCE_DIR}/folder_modes.cmake)
 set(CPACK_STRIP_FILES ON)
@@ -23,6 +23,7 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # The packages' own libraries are found there; they are no other package's.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_LIBRARY_OUTPUT_DIRECTORY})
 
+set(KV_DEBIAN ${CMAKE_CURRENT_SOURCE_DIR}/debian)
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_NAME kvprefs)
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PROGRAM_DESCRIPTION
@@ -30,6 +31,8 @@ set(CPACK_DEBIAN_PROGRAM_DESCRIPTION
 Shows and changes the settings of a colour laser multifunction printer:
 paper, duplex, pages per sheet, booklets, overlays, watermarks, quality
 and finishing. The window is in the package kvprefs-gui.")
+set(CPACK_DEBIAN_PROGRAM_PACKAGE_DEPENDS adduser)  # the group lpadmin
+set(CPACK_DEBIAN_PROGRAM_PACKAGE_CONTROL_EXTRA "${KV_DEBIAN}/postinst;${KV_DEBIAN}/postrm")
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_RECOMMENDS fonts-liberation)
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_SUGGESTS kvprefs-gui)
 
@@ -40,7 +43,8 @@ set(CPACK_DEBIAN_GUI_DESCRIPTION
 Opens the printing preferences of a colour laser multifunction printer in
 a window, with a preview of the sheet.")
 set(CPACK_DEBIAN_GUI_PACKAGE_DEPENDS "kvprefs (= ${PROJECT_VERSION})")
-set(CPACK_DEBIAN_GUI_PACKAGE_RECOMMENDS xdg-utils)  # opens help pages and links
+# Wayland desktops show the window through it; help pages and links are opened by xdg-utils.
+set(CPACK_DEBIAN_GUI_PACKAGE_RECOMMENDS "qt6-wayland, xdg-utils")
 
 configure_file(genuine_package.cmake.in genuine_package.cmake @ONLY)
 set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_CURRENT_BINARY_DIR}/genuine_package.cmake)

@@ -181,7 +181,7 @@ std::string DefaultModulePath() {
     const std::string folder = path.substr(0, path.rfind('/'));
     const std::string beside = folder + "/" + kModuleFile;
     if (access(beside.c_str(), R_OK) == 0) return beside;
-    return folder + "/../lib/kvprefs/" + kModuleFile;
+    return folder + "/../" KV_PRIVATE_LIBS "/" + kModuleFile;
 }
 
 }  // namespace kvhost

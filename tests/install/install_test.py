@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Installs the build, moves it away and runs it there; packs it and looks into the packages.
+"""Installs the build, moves it away and runs it there.
 
 Run by ctest: install_test.py SOURCE BUILD plain|sanitized
 """
@@ -9,31 +9,13 @@ import os
 import pathlib
 import re
 import shutil
-import subprocess
 import sys
-import tempfile
+import time
 import unittest
 
-SOURCE, BUILD, KIND = pathlib.Path(sys.argv[1]), pathlib.Path(sys.argv[2]), sys.argv[3]
-VERSION = re.search(r"project\(kvprefs VERSION (\S+)", (SOURCE / "CMakeLists.txt").read_text())[1]
-PASSED_ON = ("ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS")
-SCRATCH = tempfile.TemporaryDirectory(prefix="kvinstall")
-ROOT = pathlib.Path(SCRATCH.name)
-GENUINE = SOURCE / "build/genuine/bin/KVUIMOD.dll"
+from scratch import BUILD, KIND, ROOT, SOURCE, VERSION, needs, run
 
-
-def run(*command, **variables):
-    """The finished process, in an environment that knows nothing of the build."""
-    env = {"PATH": "/usr/bin:/bin", "HOME": str(ROOT / "home"), "LANG": "C.UTF-8",
-           "KVPREFS_SYSTEM": "/nonexistent"}
-    env.update({name: os.environ[name] for name in PASSED_ON if name in os.environ})
-    env.update(variables)
-    return subprocess.run([str(word) for word in command], env=env, cwd=ROOT, text=True,
-                          stdin=subprocess.DEVNULL, capture_output=True, timeout=120)
-
-
-def needs(tool):
-    return unittest.skipUnless(shutil.which(tool), f"{tool} is not installed")
+FIRST_RUN = 0.1  # seconds that a person's first command may take
 
 
 class Installed(unittest.TestCase):
@@ -72,6 +54,25 @@ class Installed(unittest.TestCase):
         self.assertTrue(picture.startswith(b"\x89PNG"))
         self.assertEqual(oct(self.program.stat().st_mode)[-3:], "755")
 
+    @unittest.skipIf(KIND == "sanitized", "checks take time")
+    def test_the_first_run_of_a_person_is_quick(self):
+        machine = ROOT / "machine"
+        machine.mkdir(mode=0o2775)
+        for places in ({}, {"KVPREFS_SYSTEM": str(machine)}):
+            for words in (("printer", "list"), ("get",), ("list",)):
+                # The best of several: what else the machine does is not counted.
+                times = []
+                for attempt in range(5):
+                    home = ROOT / "fresh"
+                    shutil.rmtree(home, ignore_errors=True)
+                    home.mkdir()
+                    start = time.monotonic()
+                    self.kvprefs(*words, HOME=str(home), **places)
+                    times.append(time.monotonic() - start)
+                self.assertLess(min(times), FIRST_RUN, (words, places))
+            if not places:
+                self.kvprefs("printer", "add", "Hall", "--port", "USB001", KVPREFS_SYSTEM=str(machine))
+
     def test_libraries_come_from_the_prefix_or_the_system(self):
         self.kvprefs("shot", ROOT / "pictures", "--page", "Basic",
                      LD_DEBUG="libs", LD_DEBUG_OUTPUT=str(ROOT / "loaded"))
@@ -84,7 +85,7 @@ class Installed(unittest.TestCase):
         for log in ROOT.glob("loaded.*"):
             loaded.update(re.findall(r"calling init: (/.*)", log.read_text()))
         own = {path for path in loaded if path.startswith(str(self.prefix))}
-        libs = {path.name for path in (self.prefix / "lib/kvprefs").iterdir()}
+        libs = {path.name for path in self.prefix.glob("lib/**/*.so")}
         self.assertEqual({pathlib.Path(path).name for path in own}, libs)
         for path in loaded - own:
             self.assertRegex(path, r"^/(usr/)?lib(64)?/")
@@ -175,66 +176,6 @@ class Installed(unittest.TestCase):
     def test_zsh_reads_its_completion(self):
         done = run("zsh", "-n", self.share / "zsh/site-functions/_kvprefs")
         self.assertEqual((done.returncode, done.stderr), (0, ""))
-
-
-@unittest.skipIf(KIND == "sanitized", "nobody packs a sanitized build")
-@needs("dpkg-shlibdeps")
-class Packed(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        # Modes must not come from who packs.
-        done = run("sh", "-c", 'umask 077 && exec cpack --config "$1" -B "$2"', "sh",
-                   BUILD / "CPackConfig.cmake", ROOT / "packages", PATH=os.environ["PATH"])
-        assert done.returncode == 0, done.stdout + done.stderr
-        cls.packages = {path.name.split("_")[0]: path for path in (ROOT / "packages").glob("*.deb")}
-
-    def field(self, package, name):
-        return run("dpkg-deb", "-f", self.packages[package], name).stdout.strip()
-
-    def test_dependencies_keep_qt_out_of_the_command_line(self):
-        genuine = {"kvuimod-genuine"} if GENUINE.is_file() else set()
-        self.assertEqual(set(self.packages), {"kvprefs", "kvprefs-gui"} | genuine)
-        program, window = self.field("kvprefs", "Depends"), self.field("kvprefs-gui", "Depends")
-        self.assertNotIn("qt", program.lower())
-        for library in ("libc6", "libsqlite3-0", "libfreetype6", "libfontconfig1", "libpng16"):
-            self.assertIn(library, program)
-        self.assertIn("libqt6widgets6", window)
-        self.assertIn(f"kvprefs (= {VERSION})", window)
-        self.assertEqual(self.field("kvprefs", "Version"), VERSION)
-
-    def test_every_file_is_in_one_package_with_the_right_mode(self):
-        files = {}
-        for package in self.packages.values():
-            for line in run("dpkg-deb", "-c", package).stdout.splitlines():
-                mode, owner, name = line.split()[0], line.split()[1], line.split()[5]
-                self.assertEqual(owner, "root/root", line)
-                if name.endswith("/"):
-                    self.assertEqual(mode, "drwxr-xr-x", line)
-                    continue
-                self.assertNotIn(name, files)
-                files[name] = mode
-        self.assertEqual(files.pop("./usr/bin/kvprefs"), "-rwxr-xr-x")
-        self.assertEqual(set(files.values()), {"-rw-r--r--"})
-        for name in ("share/kvprefs/models/KVUIMOD.ini", "share/applications/kvprefs.desktop",
-                     "share/zsh/vendor-completions/_kvprefs", "share/man/man1/kvprefs.1.gz"):
-            self.assertIn("./usr/" + name, files)
-
-    @unittest.skipUnless(GENUINE.is_file(), "the preset genuine is not built")
-    def test_the_genuine_module_is_packed_as_it_was_built(self):
-        run("dpkg-deb", "-x", self.packages["kvuimod-genuine"], ROOT / "genuine")
-        packed = ROOT / "genuine/usr/share/kvuimod-genuine/KVUIMOD.dll"
-        self.assertEqual(packed.read_bytes(), GENUINE.read_bytes())
-        self.assertEqual(self.field("kvuimod-genuine", "Depends"), "")
-        self.assertEqual(self.field("kvuimod-genuine", "Architecture"), "all")
-
-    def test_the_command_line_works_without_the_window(self):
-        run("dpkg-deb", "-x", self.packages["kvprefs"], ROOT / "server")
-        program = ROOT / "server/usr/bin/kvprefs"
-        done = run(program, "get", "dmCopies", KVPREFS_STATE=str(ROOT / "server/state"))
-        self.assertEqual((done.stdout, done.stderr), ("dmCopies=1\n", ""))
-        opened = run(program, "open", DISPLAY=":99")
-        self.assertEqual(opened.returncode, 1)
-        self.assertIn("kvprefs-gui", opened.stderr)
 
 
 if __name__ == "__main__":
