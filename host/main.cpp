@@ -38,6 +38,12 @@ ExitStatus Run(CLI::App& app, Arguments& args, int argc, char** argv) {
         }
         return RunRecordDiff(args.file, args.other);
     }
+    if (chosen("device")) {
+        CLI::App* device = app.get_subcommand("device");
+        const bool install = device->got_subcommand("install");
+        if (!install && !device->got_subcommand("remove")) return RunDevice(args.options);
+        return RunDevicePut(args.options, args.names, install, PolicyOfName(args.policy));
+    }
     if (chosen("printer")) {
         CLI::App* printer = app.get_subcommand("printer");
         if (printer->got_subcommand("add")) return RunPrinterAdd(args.printer);

@@ -27,6 +27,9 @@ constexpr ExampleRow kExamples[] = {
     {"record import", "kvprefs record import lobby.record"},
     {"record check", "kvprefs record check lobby.record"},
     {"record diff", "kvprefs record diff before.record after.record"},
+    {"device", "kvprefs device --json"},
+    {"device install", "kvprefs device install \"Tray 3\" --on-conflict=resolve"},
+    {"device remove", "kvprefs device remove Tray3"},
     {"printer", "kvprefs printer list"},
     {"printer list", "kvprefs printer list --json"},
     {"printer add", "kvprefs printer add Lobby --port IP_192.0.2.7"},
@@ -66,6 +69,13 @@ void AddShot(CLI::App& app, Arguments& args) {
     shot->add_flag("--rtl", args.rightToLeft, "Mirrored, for right-to-left languages");
 }
 
+void AddPolicy(CLI::App& command, Arguments& args) {
+    command.add_option("--on-conflict", args.policy, "ask, resolve or cancel")
+        ->check(CLI::IsMember(
+            std::vector<std::string>(std::begin(kPolicyNames), std::end(kPolicyNames)),
+            CLI::ignore_case));
+}
+
 void AddSettings(CLI::App& app, Arguments& args) {
     auto* list = app.add_subcommand("list", "Show every control, or those of one page");
     list->add_option("page", args.page, "Page: Basic, Layout, Overlay, Watermark, Quality, ...");
@@ -74,10 +84,7 @@ void AddSettings(CLI::App& app, Arguments& args) {
     auto* set = app.add_subcommand("set", "Change settings: all of them or none");
     set->add_option("assignment", args.pairs, "CONTROL=VALUE; an entry's caption, name or number")
         ->required();
-    set->add_option("--on-conflict", args.policy, "ask, resolve or cancel")
-        ->check(CLI::IsMember(
-            std::vector<std::string>(std::begin(kPolicyNames), std::end(kPolicyNames)),
-            CLI::ignore_case));
+    AddPolicy(*set, args);
     auto* defaults = app.add_subcommand("defaults", "Press Defaults on one page or on every page");
     defaults->add_option("page", args.page, "Page");
 }
@@ -101,6 +108,18 @@ void AddRecord(CLI::App& app, Arguments& args) {
     auto* diff = record->add_subcommand("diff", "Show the fields in which two records differ");
     diff->add_option("left", args.file)->required();
     diff->add_option("right", args.other)->required();
+}
+
+void AddDevice(CLI::App& app, Arguments& args) {
+    auto* device = app.add_subcommand("device", "Show, install or remove the printer's options");
+    device->require_subcommand(0, 1);
+    for (const auto& [name, text] :
+         {std::pair("install", "Tell that options have been fitted; other settings go to defaults"),
+          std::pair("remove", "Tell that options are gone; other settings go to defaults")}) {
+        auto* command = device->add_subcommand(name, text);
+        command->add_option("option", args.names, "Label, name or number of the bit")->required();
+        AddPolicy(*command, args);
+    }
 }
 
 void AddPrinter(CLI::App& app, Arguments& args) {
@@ -136,6 +155,7 @@ void DescribeCommands(CLI::App& app, Arguments& args) {
     AddSettings(app, args);
     AddShot(app, args);
     AddRecord(app, args);
+    AddDevice(app, args);
     AddPrinter(app, args);
     FinishCommand(app, app.get_name());
 }

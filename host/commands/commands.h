@@ -18,6 +18,10 @@ ExitStatus RunSet(const Options& options, const std::vector<std::string>& pairs,
                   ConflictPolicy policy);
 ExitStatus RunDefaults(const Options& options, const std::string& page);
 ExitStatus RunList(const Options& options, const std::string& page);
+// Which options the printer has.
+ExitStatus RunDevice(const Options& options);
+ExitStatus RunDevicePut(const Options& options, const std::vector<std::string>& names,
+                        bool installed, ConflictPolicy policy);
 ExitStatus RunShot(const Options& options, const std::string& folder, const std::string& page,
                    const std::string& view, double scale, bool rightToLeft);
 ExitStatus RunRecordExport(const Options& options, const std::string& file);

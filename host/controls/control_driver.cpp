@@ -300,6 +300,11 @@ ControlDriver::~ControlDriver() {
     kv::Headless().SetPolicy(nullptr);
 }
 
+std::string ControlDriver::WhyRefused() const {
+    if (conflicts_.refusal() != ConflictRefusal::kNone) return RefusalText(conflicts_.refusal());
+    return lastMessage_.empty() ? "the page does not take it" : lastMessage_;
+}
+
 HWND ControlDriver::WindowOf(const Control& control) {
     const int index = PageIndexOfDialog(control.dialog);
     if (index < 0) return nullptr;

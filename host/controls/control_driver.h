@@ -41,8 +41,10 @@ class ControlDriver {
     static std::vector<ChoiceText> EntriesOf(HWND window);
     static std::string ShownText(const Control& control, HWND window);
     std::vector<std::string>& notes() { return notes_; }
+    // Why the page did not take the last choice: a refused conflict, or a message that came up.
+    std::string WhyRefused() const;
 
-   private:
+ private:
     void AnswerDialog(HWND dialog);
     SetOutcome SetOnPage(const Control& control, const std::string& value, HWND window);
     SetOutcome PressButton(const Control& control, HWND window);
