@@ -23,6 +23,18 @@ struct Choice {
     const char* name;  // entry name, "on"/"off", or empty
 };
 
+// Lists whose entries users change: the list service keeps them, overlays are files.
+enum class RunTimeList {
+    kNone,
+    kPapers,
+    kOutputPapers,  // 0 stands for the paper it is laid out for
+    kSources,
+    kOtherSources,
+    kMailBins,
+    kWatermarks,
+    kOverlays,
+};
+
 struct Control {
     DWORD id;
     const char* name;
@@ -38,6 +50,7 @@ struct Control {
     DWORD parts[2];   // ids of a slider's edit and of the arrows; 0 for none
     LONG lowest;      // of an edit; the rules file may say otherwise
     LONG highest;
+    RunTimeList list;  // of a combo or list
 };
 
 // Controls that only who administers the printer may use.

@@ -39,24 +39,6 @@ constexpr CaptionRow kCaptions[] = {
     {"Password", IDC_ST_PASSWORD, 0},
 };
 
-// Values of lists that the driver's list service keeps.
-enum class ListKind { kPapers, kBins, kWatermarks };
-// Control, which list, what the value 0 stands for.
-struct ListRow {
-    const char* control;
-    ListKind kind;
-    DWORD zero;
-};
-constexpr ListRow kLists[] = {
-    {"ComboPaperSize", ListKind::kPapers, 0},
-    {"CBOutPaper", ListKind::kPapers, IDS_SAME_AS_ORIGINAL},
-    {"ComboPaperSource", ListKind::kBins, 0},
-    {"Combo1stPageSource", ListKind::kBins, 0},
-    {"ComboCoverSource", ListKind::kBins, 0},
-    {"ComboInterleaveSource", ListKind::kBins, 0},
-    {"ComboWatermark", ListKind::kWatermarks, 0},
-};
-
 constexpr const char* kSecrets[] = {"mdmJobPassword", "mdmAccessNumber"};
 
 bool IsNamed(const char* name, const char* other) { return std::strcmp(name, other) == 0; }
@@ -114,16 +96,19 @@ std::string BinName(PrinterBlock& printer, DWORD identifier) {
     return name;
 }
 
-std::string NameInList(PrinterBlock& printer, ListKind kind, DWORD value) {
-    switch (kind) {
-        case ListKind::kPapers:
+std::string NameInList(PrinterBlock& printer, RunTimeList list, DWORD value) {
+    switch (list) {
+        case RunTimeList::kPapers:
+        case RunTimeList::kOutputPapers:
             return PaperName(printer, value);
-        case ListKind::kBins:
+        case RunTimeList::kSources:
+        case RunTimeList::kOtherSources:
             return BinName(printer, value);
-        case ListKind::kWatermarks:
+        case RunTimeList::kWatermarks:
             return WatermarkName(printer, value);
+        default:
+            return {};
     }
-    return {};
 }
 
 }  // namespace
@@ -240,13 +225,10 @@ std::string SettingNames::ValueText(const NamedSetting& setting, DWORD value) co
                 bits += (bits.empty() ? "" : ", ") + ModuleString(choice.captionId);
             }
         }
-        for (const ListRow& row : kLists) {
-            if (!IsNamed(row.control, control->name)) continue;
-            const bool isZero = value == 0 && row.zero != 0;
-            const std::string name =
-                isZero ? ModuleString(row.zero) : NameInList(printer_, row.kind, value);
-            if (!name.empty()) return name;
-        }
+        const bool asLaidOut = value == 0 && control->list == RunTimeList::kOutputPapers;
+        const std::string name = asLaidOut ? ModuleString(IDS_SAME_AS_ORIGINAL)
+                                           : NameInList(printer_, control->list, value);
+        if (!name.empty()) return name;
     }
     if (!bits.empty()) return bits;
     return std::to_string(static_cast<LONG>(value) - setting.controls.front()->sliderBase);

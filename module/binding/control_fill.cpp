@@ -109,7 +109,7 @@ std::vector<ListEntry> EntriesOf(SheetContext& context, const ControlItem& item)
             entries.push_back({record.name, static_cast<DWORD>(record.code)});
         }
     }
-    AddRunTimeEntries(context, item.controlId, entries);
+    AddRunTimeEntries(context, item.runTimeList, entries);
     return entries;
 }
 
@@ -119,8 +119,9 @@ int IndexOfValue(const std::vector<ListEntry>& entries, DWORD value) {
     return found != entries.end() ? static_cast<int>(found - entries.begin()) : -1;
 }
 
-bool IsPaperBox(const ControlItem& item) {
-    return item.controlId == IDC_COMBO_PAPER_SIZE || item.controlId == IDC_COMBO_OUT_PAPER;
+bool OffersPapers(const ControlItem& item) {
+    return item.runTimeList == RunTimeList::kPapers ||
+           item.runTimeList == RunTimeList::kOutputPapers;
 }
 
 // Selects the stored value; a value that is no longer offered falls back and is written.
@@ -130,7 +131,7 @@ DWORD SelectStoredValue(SheetContext& context, HWND box, const BoxMessages& mess
     int index = IndexOfValue(entries, value);
     if (index < 0 && !entries.empty()) {
         index = 0;
-        if (IsPaperBox(item)) {
+        if (OffersPapers(item)) {
             index = std::max(0, IndexOfValue(entries, static_cast<DWORD>(RegionalDefaultPaper(
                                                           context.printer))));
         }

@@ -1,12 +1,9 @@
-// Builders of run-time lists: which control, which builder, in one table.
+// Builders of run-time lists: which list, which builder, in one table.
 #include "binding/list_builders.h"
 
-#include <algorithm>
 #include <cstring>
-#include <iterator>
 
 #include "lists/paper_size.h"
-#include "resources/resource.h"
 #include "resources/string_ids.h"
 #include "rules/gray_out.h"
 #include "sheet/administrator.h"
@@ -81,26 +78,22 @@ void AddMailBins(SheetContext& context, std::vector<ListEntry>& entries) {
     }
 }
 
-struct RunTimeList {
-    DWORD controlId;
+// list, builder
+constexpr struct {
+    RunTimeList list;
     void (*add)(SheetContext&, std::vector<ListEntry>&);
-};
-
-// control, builder
-constexpr RunTimeList kRunTimeLists[] = {
-    {IDC_COMBO_PAPER_SIZE, AddPapers},         {IDC_COMBO_OUT_PAPER, AddOutputPapers},
-    {IDC_COMBO_PAPER_SOURCE, AddSources},      {IDC_COMBO_FIRST_PAGE_SOURCE, AddOtherSources},
-    {IDC_COMBO_COVER_SOURCE, AddOtherSources}, {IDC_COMBO_INTERLEAVE_SOURCE, AddOtherSources},
-    {IDC_LIST_WATERMARK, AddWatermarks},       {IDC_LIST_OUTPUT_SETTING, AddMailBins},
+} kBuilders[] = {
+    {RunTimeList::kPapers, AddPapers},         {RunTimeList::kOutputPapers, AddOutputPapers},
+    {RunTimeList::kSources, AddSources},       {RunTimeList::kOtherSources, AddOtherSources},
+    {RunTimeList::kWatermarks, AddWatermarks}, {RunTimeList::kMailBins, AddMailBins},
 };
 
 }  // namespace
 
-void AddRunTimeEntries(SheetContext& context, DWORD controlId, std::vector<ListEntry>& entries) {
-    const auto* row =
-        std::find_if(std::begin(kRunTimeLists), std::end(kRunTimeLists),
-                     [&](const RunTimeList& list) { return list.controlId == controlId; });
-    if (row != std::end(kRunTimeLists)) row->add(context, entries);
+void AddRunTimeEntries(SheetContext& context, RunTimeList list, std::vector<ListEntry>& entries) {
+    for (const auto& builder : kBuilders) {
+        if (builder.list == list) builder.add(context, entries);
+    }
 }
 
 }  // namespace kvui

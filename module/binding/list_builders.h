@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "settings/item_catalogue.h"
 #include "sheet/sheet_context.h"
 
 namespace kvui {
@@ -14,7 +15,7 @@ struct ListEntry {
     bool operator==(const ListEntry&) const = default;
 };
 
-// Adds the run-time entries of a control; does nothing for controls that have none.
-void AddRunTimeEntries(SheetContext& context, DWORD controlId, std::vector<ListEntry>& entries);
+// Adds the entries of a run-time list; none where whoever shows it fills it.
+void AddRunTimeEntries(SheetContext& context, RunTimeList list, std::vector<ListEntry>& entries);
 
 }  // namespace kvui

@@ -8,8 +8,6 @@
 
 #include "lists/overlay_store.h"
 #include "lists/paper_size.h"
-#include "lists/paper_size.h"
-#include "resources/resource.h"
 #include "resources/string_ids.h"
 #include "rules/conflicts.h"
 #include "rules/rules_file.h"
@@ -28,11 +26,7 @@ void CopyField(char* text, const char (&field)[Size]) {
     CopyText(text, std::min(Size + 1, kReportTextSize), field);
 }
 
-void DescribePaper(SheetContext& context, DWORD controlId, LONG code, char* text) {
-    if (controlId == IDC_COMBO_OUT_PAPER && code == 0) {
-        LoadText(context, IDS_SAME_AS_ORIGINAL, text);
-        return;
-    }
+void DescribePaper(SheetContext& context, LONG code, char* text) {
     for (const CustomPaperRecord& paper : VisiblePapers(context)) {
         if (paper.id != static_cast<DWORD>(code)) continue;
         CopyField(text, paper.displayName);
@@ -40,9 +34,14 @@ void DescribePaper(SheetContext& context, DWORD controlId, LONG code, char* text
     }
 }
 
+void DescribeOutputPaper(SheetContext& context, LONG code, char* text) {
+    if (code == 0) return LoadText(context, IDS_SAME_AS_ORIGINAL, text);
+    DescribePaper(context, code, text);
+}
+
 // Both lists of input bins: the second holds the sources that only the first page and the covers
 // use.
-void DescribeBin(SheetContext& context, DWORD /*controlId*/, LONG identifier, char* text) {
+void DescribeBin(SheetContext& context, LONG identifier, char* text) {
     for (const SheetList which : {kListBin0, kListBin1}) {
         const ListHandle bins = context.shared->lists.handles[which];
         const int count = bins != nullptr ? QDMMLTGetBinNum(bins, context.printer) : 0;
@@ -57,29 +56,24 @@ void DescribeBin(SheetContext& context, DWORD /*controlId*/, LONG identifier, ch
     }
 }
 
-void DescribeOverlay(SheetContext& context, DWORD /*controlId*/, LONG identifier, char* text) {
+void DescribeOverlay(SheetContext& context, LONG identifier, char* text) {
     ReadOverlayEntry(context, "[FormOverlayName]", static_cast<DWORD>(identifier), text,
                      kReportTextSize);
 }
 
-using Describer = void (*)(SheetContext&, DWORD, LONG, char*);
-
-// Columns: control whose values are kept outside the catalogue, how its text is found.
+// list, how the text of a value is found
 constexpr struct {
-    DWORD controlId;
-    Describer describe;
-} kRunTimeControls[] = {
-    {IDC_COMBO_PAPER_SIZE, DescribePaper}, {IDC_COMBO_OUT_PAPER, DescribePaper},
-    {IDC_COMBO_PAPER_SOURCE, DescribeBin}, {IDC_COMBO_FIRST_PAGE_SOURCE, DescribeBin},
-    {IDC_COMBO_COVER_SOURCE, DescribeBin}, {IDC_COMBO_INTERLEAVE_SOURCE, DescribeBin},
-    {IDC_LIST_OVERLAY, DescribeOverlay},
+    RunTimeList list;
+    void (*describe)(SheetContext&, LONG, char*);
+} kDescribers[] = {
+    {RunTimeList::kPapers, DescribePaper},     {RunTimeList::kOutputPapers, DescribeOutputPaper},
+    {RunTimeList::kSources, DescribeBin},      {RunTimeList::kOtherSources, DescribeBin},
+    {RunTimeList::kOverlays, DescribeOverlay},
 };
 
 void DescribeListEntry(SheetContext& context, const ControlItem& item, LONG value, char* text) {
-    for (const auto& special : kRunTimeControls) {
-        if (special.controlId != item.controlId) continue;
-        special.describe(context, item.controlId, value, text);
-        return;
+    for (const auto& row : kDescribers) {
+        if (row.list == item.runTimeList) return row.describe(context, value, text);
     }
     for (const SelectItem& entry : SelectEntries(item)) {
         if (entry.value != static_cast<DWORD>(value)) continue;

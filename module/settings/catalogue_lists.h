@@ -15,8 +15,6 @@ consteval SelectItem Entry(DWORD stringId, DWORD value, DWORD iconId, const char
 }
 constexpr SelectItem kNoMoreEntries{};
 
-constexpr SelectItem kRunTimeEntries[] = {kNoMoreEntries};
-
 // Columns: caption string, value, icon, entry name.
 // clang-format off
 constexpr SelectItem kMediaEntries[] = {

@@ -13,7 +13,4 @@ consteval void SetName(char (&target)[size], const char* name) {
     target[length] = '\0';
 }
 
-// Stands for a list that the binding builds when it fills the control.
-extern const SelectItem kRunTimeEntries[];
-
 }  // namespace kvui

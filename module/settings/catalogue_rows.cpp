@@ -22,6 +22,15 @@ constexpr Owned kWhole = {kMaskWholeField, 0};
 constexpr Owned Bits(DWORD mask) { return {kMaskBitNumbers, mask}; }
 constexpr Owned Part(DWORD mask) { return {kMaskValues, mask}; }
 
+// Entries of the row itself, or which run-time list has them.
+struct Entries {
+    const SelectItem* own;
+    RunTimeList runTime;
+    consteval Entries(const SelectItem* entries) : own(entries), runTime(RunTimeList::kNone) {}
+    consteval Entries(RunTimeList list) : own(nullptr), runTime(list) {}
+};
+using enum RunTimeList;
+
 // What the rows of every type share. The rules file names a control by its control name in all
 // sections; a control without a setting takes part in no conflict.
 consteval ControlItem Item(ItemType type, DWORD id, const char* name, const char* dialog,
@@ -54,18 +63,19 @@ consteval ControlItem Edit(DWORD id, const char* name, const char* dialog, const
 }
 
 consteval ControlItem Combo(DWORD id, const char* name, const char* dialog, const char* field,
-                            DWORD caption, Owned owned, const SelectItem* entries, DWORD help,
+                            DWORD caption, Owned owned, Entries entries, DWORD help,
                             DWORD picture = 0) {
     ControlItem item = Item(kItemCombo, id, name, dialog, field, caption, help);
     item.pictureId = picture;
     item.maskMode = owned.mode;
     item.mask = owned.mask;
-    item.selectList = entries;
+    item.selectList = entries.own;
+    item.runTimeList = entries.runTime;
     return item;
 }
 
 consteval ControlItem List(DWORD id, const char* name, const char* dialog, const char* field,
-                           DWORD caption, Owned owned, const SelectItem* entries, DWORD help,
+                           DWORD caption, Owned owned, Entries entries, DWORD help,
                            const char* rulesSection = "") {
     ControlItem item = Combo(id, name, dialog, field, caption, owned, entries, help);
     item.type = kItemList;
@@ -114,22 +124,22 @@ consteval ControlItem Slider(DWORD id, const char* name, const char* dialog, con
 // clang-format off
 constexpr ControlItem kRows[] = {
     Text  (IDC_ST_PAPER_SIZE,             "PaperSizeGroup",           "DLGTAB0",                               IDC_ST_PAPER_SIZE,                                                             1211),
-    Combo (IDC_COMBO_PAPER_SIZE,          "ComboPaperSize",           "DLGTAB0",        "dmPaperSize",         IDC_ST_PAPER_SIZE,             kWhole,           kRunTimeEntries,              1211),
+    Combo (IDC_COMBO_PAPER_SIZE,          "ComboPaperSize",           "DLGTAB0",        "dmPaperSize",         IDC_ST_PAPER_SIZE,             kWhole,           kPapers,                      1211),
     Button(IDC_BTN_CUSTOM_PAPER,          "EditCustom",               "DLGTAB0",                               IDC_BTN_CUSTOM_PAPER,                            &kOpenCustomPapers,           1211),
     Check (IDC_CHK_ALL_PAPER_SIZE,        "ChkAllPaperSize",          "DLGTAB0",        "mdmOtherSettings",    IDC_CHK_ALL_PAPER_SIZE,        Part(0x40),       &kAllPaperSizeCheck,          1211),
     Text  (IDC_ST_OUT_PAPER,              "GrpOutPaper",              "DLGTAB0",                               IDC_ST_OUT_PAPER,                                                              1212),
     Check (IDC_CHK_OUT_PAPER,             "ChkOutPaper",              "DLGTAB0",        "mdmOutputPaper",      IDS_OUT_PAPER_CHECK,           Part(0x80000000), &kOutPaperCheck,              1212),
-    Combo (IDC_COMBO_OUT_PAPER,           "CBOutPaper",               "DLGTAB0",        "mdmOutputPaper",      IDC_ST_OUT_PAPER,              kWhole,           kRunTimeEntries,              1212),
+    Combo (IDC_COMBO_OUT_PAPER,           "CBOutPaper",               "DLGTAB0",        "mdmOutputPaper",      IDC_ST_OUT_PAPER,              kWhole,           kOutputPapers,                1212),
     Check (IDC_CHK_FIT_TO_PAPER,          "ChkFitToPaper",            "DLGTAB0",        "mdmFitToPaper",       0,                             kWhole,           &kFitToPaperCheck,            1212),
     Radio (IDC_GRP_SCALING,               "RadioScaling",             "DLGTAB0",        "mdmFitToPaper",       IDC_GRP_SCALING,                                 kScalingButtons,              5320),
     Edit  (IDC_EDIT_SCALING,              "EditScaling",              "DLGTAB0",        "mdmScaleSize",        IDC_GRP_SCALING,                                 &kScalingEdit,                5320),
     Text  (IDC_ST_SCALING_UNIT,           "StScalingUnit",            "DLGTAB0",                               IDC_ST_SCALING_UNIT,                                                           5320),
     Text  (IDC_ST_SCALING_RANGE,          "StScalingRange",           "DLGTAB0",                               IDC_ST_SCALING_RANGE,                                                          5320),
     Text  (IDC_ST_PAPER_SOURCE,           "StaticPaperSource",        "DLGTAB0",                               IDC_ST_PAPER_SOURCE,                                                           1117),
-    Combo (IDC_COMBO_PAPER_SOURCE,        "ComboPaperSource",         "DLGTAB0",        "dmDefaultSource",     IDC_ST_PAPER_SOURCE,           kWhole,           kRunTimeEntries,              1117),
+    Combo (IDC_COMBO_PAPER_SOURCE,        "ComboPaperSource",         "DLGTAB0",        "dmDefaultSource",     IDC_ST_PAPER_SOURCE,           kWhole,           kSources,                     1117),
     Check (IDC_CHK_FIRST_PAGE_SOURCE,     "Chk1stPageSource",         "DLGTAB0",        "mdmFirstPage",        IDC_CHK_FIRST_PAGE_SOURCE,     Part(1),          &k1stPageSourceCheck,         5111, 0, &kOpenFirstPage),
     Text  (IDC_ST_FIRST_PAGE_SOURCE,      "Static1stPageSource",      "_LBPFIRSTPAGE",                         IDC_ST_FIRST_PAGE_SOURCE,                                                      5321),
-    Combo (IDC_COMBO_FIRST_PAGE_SOURCE,   "Combo1stPageSource",       "_LBPFIRSTPAGE",  "mdmFirstPageSource",  IDC_ST_FIRST_PAGE_SOURCE,      kWhole,           kRunTimeEntries,              5321),
+    Combo (IDC_COMBO_FIRST_PAGE_SOURCE,   "Combo1stPageSource",       "_LBPFIRSTPAGE",  "mdmFirstPageSource",  IDC_ST_FIRST_PAGE_SOURCE,      kWhole,           kOtherSources,                5321),
     Button(IDC_BTN_FIRST_PAGE,            "Chk1stPage",               "DLGTAB0",                               IDC_BTN_FIRST_PAGE,                              &kOpenPaperSourceDetails,     1117),
     Text  (IDC_ST_MEDIA_TYPE,             "StaticMediaType",          "DLGTAB0",                               IDC_ST_MEDIA_TYPE,                                                             5111),
     Combo (IDC_COMBO_MEDIA_TYPE,          "ComboMediaType",           "DLGTAB0",        "MediaType",           IDC_ST_MEDIA_TYPE,             kWhole,           kMediaEntries,                5111),
@@ -138,7 +148,7 @@ constexpr ControlItem kRows[] = {
     Combo (IDC_COMBO_FIRST_PAGE_MEDIA,    "Combo1stPageMedia",        "_LBPFIRSTPAGE",  "mdmFirstPageMedia",   IDC_ST_FIRST_PAGE_MEDIA,       kWhole,           kFirstPageMediaEntries,       5321),
     Text  (IDC_GRP_OUTPUT_SETTING,        "GrpOutputSetting",         "DLGTAB0",                               IDC_GRP_OUTPUT_SETTING,                                                        1118),
     Combo (IDC_COMBO_OUTPUT_SETTING,      "ComboOutputSetting",       "DLGTAB0",        "mdmOutBin",           IDC_GRP_OUTPUT_SETTING,        kWhole,           kOutBinEntries,               1118),
-    List  (IDC_LIST_OUTPUT_SETTING,       "ListOutputSetting",        "DLGTAB0",        "mdmMailBins",         0,                             kWhole,           kRunTimeEntries,              1118),
+    List  (IDC_LIST_OUTPUT_SETTING,       "ListOutputSetting",        "DLGTAB0",        "mdmMailBins",         0,                             kWhole,           kMailBins,                    1118),
     Button(IDC_BTN_OUTPUT_SETTING,        "DetailOfOutputSetting",    "DLGTAB0",                               IDC_BTN_OUTPUT_SETTING,                          &kOpenOutputDetails,          1118),
     Radio (IDC_GRP_ORIENTATION,           "RadioOrientation",         "DLGTAB0",        "dmOrientation",       IDC_GRP_ORIENTATION,                             kOrientationButtons,          1216, IDC_PIC_ORIENTATION),
     Text  (IDC_GRP_COPIES,                "GrpCopies",                "DLGTAB0",                               IDC_GRP_COPIES,                                                                1213),
@@ -167,7 +177,7 @@ constexpr ControlItem kRows[] = {
     Text  (IDC_ST_OFFSET_X_UNIT,          "StaticOffsetXUnit",        "_LBPIMAGESHIFT",                        IDC_ST_OFFSET_X_UNIT,                                                          1217),
     Text  (IDC_ST_OFFSET_Y_UNIT,          "StaticOffsetYUnit",        "_LBPIMAGESHIFT",                        IDC_ST_OFFSET_Y_UNIT,                                                          1217),
     Text  (IDC_ST_WATERMARK,              "StaticWatermark",          "DLGTABWM",                              IDS_WATERMARK,                                                                 1115),
-    List  (IDC_LIST_WATERMARK,            "ComboWatermark",           "DLGTABWM",       "mdmWatermark",        0,                             kWhole,           kRunTimeEntries,              1115, "Watermark"),
+    List  (IDC_LIST_WATERMARK,            "ComboWatermark",           "DLGTABWM",       "mdmWatermark",        0,                             kWhole,           kWatermarks,                  1115, "Watermark"),
     Check (IDC_CHK_WATERMARK_FIRST_PAGE,  "ChkWatermark1stPage",      "DLGTABWM",       "mdmWatermarkMode",    IDS_FIRST_PAGE_ONLY,           Bits(1),          &kWatermark1stPageCheck,      1115),
     Check (IDC_CHK_WATERMARK_BACKGROUND,  "ChkWatermarkInBackground", "DLGTABWM",       "mdmWatermarkMode",    IDS_BACKGROUND,                Bits(2),          &kWatermarkInBackgroundCheck, 1115),
     Check (IDC_CHK_WATERMARK_REPEAT,      "ChkWatermarkRepeat",       "DLGTABWM",       "mdmWatermarkMode",    IDC_CHK_WATERMARK_REPEAT,      Bits(0x10),       &kWatermarkRepeatCheck,       1115),
@@ -175,7 +185,7 @@ constexpr ControlItem kRows[] = {
     Button(IDC_BTN_WATERMARK_ADD,         "ButtonWatermarkAdd",       "DLGTABWM",                              IDS_ADD,                                         &kOpenWatermarkEditor,        1115),
     Button(IDC_BTN_WATERMARK_DELETE,      "ButtonWatermarkDel",       "DLGTABWM",                              IDS_DELETE,                                      nullptr,                      1115),
     Text  (IDC_ST_OVERLAY,                "StaticOverlay",            "DLGTABOVER",                            IDC_ST_OVERLAY,                                                                5112),
-    List  (IDC_LIST_OVERLAY,              "ComboOverlay",             "DLGTABOVER",     "mdmOverlay",          IDC_ST_OVERLAY,                kWhole,           kRunTimeEntries,              5112),
+    List  (IDC_LIST_OVERLAY,              "ComboOverlay",             "DLGTABOVER",     "mdmOverlay",          IDC_ST_OVERLAY,                kWhole,           kOverlays,                    5112),
     Button(IDC_BTN_OVERLAY_EDIT,          "EditOverlay",              "DLGTABOVER",                            IDC_BTN_OVERLAY_EDIT,                            &kOpenOverlayEditor,          5112),
     Button(IDC_BTN_OVERLAY_ADD,           "EditOverlay",              "DLGTABOVER",                            IDC_BTN_OVERLAY_ADD,                             &kOpenOverlayEditor,          5112),
     Button(IDC_BTN_OVERLAY_DELETE,        "EditOverlay",              "DLGTABOVER",                            IDC_BTN_OVERLAY_DELETE,                          &kOpenOverlayEditor,          5112),
@@ -253,12 +263,12 @@ constexpr ControlItem kRows[] = {
     Check (IDC_CHK_BACK_COVER,            "ChkBackCover",             "DLGTAB00",       "mdmCoverPage",        IDC_CHK_BACK_COVER,            Bits(4),          &kBackCoverCheck,             1121),
     Check (IDC_CHK_BACK_WITH_IMAGE,       "ChkBackWithImage",         "DLGTAB00",       "mdmCoverPage",        IDC_CHK_BACK_WITH_IMAGE,       Bits(8),          &kBackWithImageCheck,         1121),
     Text  (IDC_ST_COVER_SOURCE,           "StCoverSource",            "DLGTAB00",                              IDC_ST_COVER_SOURCE,                                                           1121),
-    Combo (IDC_COMBO_COVER_SOURCE,        "ComboCoverSource",         "DLGTAB00",       "mdmFirstPageSource",  0,                             kWhole,           kRunTimeEntries,              1121),
+    Combo (IDC_COMBO_COVER_SOURCE,        "ComboCoverSource",         "DLGTAB00",       "mdmFirstPageSource",  0,                             kWhole,           kOtherSources,                1121),
     Text  (IDC_GRP_INTERLEAVE,            "GrpInterleave",            "DLGTAB00",                              IDC_GRP_INTERLEAVE,                                                            1122),
     Check (IDC_CHK_INTERLEAVING,          "ChkInterleaving",          "DLGTAB00",       "mdmInterleave",       IDC_CHK_INTERLEAVING,          Bits(0x80000000), &kInterleavingCheck,          1122),
     Check (IDC_CHK_INTERLEAVE_WITH_IMAGE, "ChkInterleaveWithImage",   "DLGTAB00",       "mdmInterleave",       IDC_CHK_INTERLEAVE_WITH_IMAGE, Bits(0x40000000), &kInterleaveWithImageCheck,   1122),
     Text  (IDC_ST_INTERLEAVE_SOURCE,      "StInterleaveSource",       "DLGTAB00",                              IDC_ST_INTERLEAVE_SOURCE,                                                      1122),
-    Combo (IDC_COMBO_INTERLEAVE_SOURCE,   "ComboInterleaveSource",    "DLGTAB00",       "mdmInterleaveSource", IDC_ST_INTERLEAVE_SOURCE,      kWhole,           kRunTimeEntries,              1122),
+    Combo (IDC_COMBO_INTERLEAVE_SOURCE,   "ComboInterleaveSource",    "DLGTAB00",       "mdmInterleaveSource", IDC_ST_INTERLEAVE_SOURCE,      kWhole,           kOtherSources,                1122),
     Text  (IDC_GRP_STAPLE,                "GrpStaple",                "DLGTAB01",                              IDC_GRP_STAPLE,                                                                1131),
     Combo (IDC_COMBO_STAPLE,              "ComboStaple",              "DLGTAB01",       "mdmStaple",           IDC_GRP_STAPLE,                kWhole,           kStapleEntries,               1131, IDC_PIC_STAPLE),
     Text  (IDC_GRP_PUNCH,                 "GrpPunch",                 "DLGTAB01",                              IDC_GRP_PUNCH,                                                                 1132),

@@ -48,6 +48,18 @@ enum ButtonKind : DWORD {
     kButtonMoveEntries = 4,    // between the two installed-options lists
 };
 
+// Lists whose entries users change: the list service keeps them, overlays are files.
+enum class RunTimeList {
+    kNone,  // the row has its entries
+    kPapers,
+    kOutputPapers,  // with an entry of 0 before them: printed on the paper it is laid out for
+    kSources,
+    kOtherSources,  // of the first page, covers and interleaves
+    kMailBins,
+    kWatermarks,
+    kOverlays,
+};
+
 constexpr std::size_t kItemNameSize = 128;
 
 struct SelectItem {
@@ -126,7 +138,7 @@ struct ControlItem {
     DWORD pictureId;
     MaskMode maskMode;
     DWORD mask;
-    const SelectItem* selectList;  // types 2 and 7; run-time lists have no entries here
+    const SelectItem* selectList;  // types 2 and 7; null for run-time lists
     char listName[kItemNameSize];  // rules-file section with further entries
     DWORD defaultIconId;
     DWORD alternateIds[4];
@@ -140,6 +152,7 @@ struct ControlItem {
     const SliderItem* slider;
     const void* group;
     DWORD helpId;
+    RunTimeList runTimeList;
 };
 
 struct HelpPair {

@@ -36,6 +36,12 @@ long SliderBase(const ControlItem& item) {
     return item.slider != nullptr && item.slider->valueEditId != IDC_EDIT_SHARPNESS ? -50 : 0;
 }
 
+const char* ListOf(const ControlItem& item) {
+    constexpr const char* kLists[] = {"kNone",         "kPapers",   "kOutputPapers", "kSources",
+                                      "kOtherSources", "kMailBins", "kWatermarks",   "kOverlays"};
+    return kLists[static_cast<int>(item.runTimeList)];
+}
+
 DWORD SpinOf(const ControlItem& item) {
     if (item.slider != nullptr) return item.slider->spinId;
     return item.edit != nullptr ? item.edit->spinId : 0;
@@ -90,16 +96,17 @@ void WriteControls() {
     size_t choice = 0;
     for (const ControlItem& item : kCatalogue) {
         const size_t count = ChoiceCount(item);
-        std::printf("    {%lu, \"%s\", \"%s\", \"%s\", \"%s\", %lu, %lu, %#lx, kChoices + %zu, %zu, "
-                    "%ld, {%lu, %lu}, %ld, %ld},\n",
-                    static_cast<unsigned long>(item.controlId), item.controlName, item.dialogName,
-                    KindOf(item), item.settingField, static_cast<unsigned long>(item.captionId),
-                    static_cast<unsigned long>(item.maskMode), static_cast<unsigned long>(item.mask),
-                    choice, count, SliderBase(item),
-                    static_cast<unsigned long>(item.slider != nullptr ? item.slider->valueEditId : 0),
-                    static_cast<unsigned long>(SpinOf(item)),
-                    item.edit != nullptr ? static_cast<long>(item.edit->minimum) : 0L,
-                    item.edit != nullptr ? static_cast<long>(item.edit->maximum) : 0L);
+        std::printf(
+            "    {%lu, \"%s\", \"%s\", \"%s\", \"%s\", %lu, %lu, %#lx, kChoices + %zu, %zu, "
+            "%ld, {%lu, %lu}, %ld, %ld, RunTimeList::%s},\n",
+            static_cast<unsigned long>(item.controlId), item.controlName, item.dialogName,
+            KindOf(item), item.settingField, static_cast<unsigned long>(item.captionId),
+            static_cast<unsigned long>(item.maskMode), static_cast<unsigned long>(item.mask),
+            choice, count, SliderBase(item),
+            static_cast<unsigned long>(item.slider != nullptr ? item.slider->valueEditId : 0),
+            static_cast<unsigned long>(SpinOf(item)),
+            item.edit != nullptr ? static_cast<long>(item.edit->minimum) : 0L,
+            item.edit != nullptr ? static_cast<long>(item.edit->maximum) : 0L, ListOf(item));
         choice += count;
     }
     std::printf("};\nextern const unsigned kControlCount = %zu;\n", kCatalogue.size());

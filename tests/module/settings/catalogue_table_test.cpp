@@ -31,7 +31,12 @@ void DescribeEntries(std::ostream& out, const ControlItem& item) {
         out << separator << entry.name << '=' << entry.value;
         separator = ", ";
     }
-    if (item.selectList == kRunTimeEntries) out << "list at run time";
+    constexpr const char* kRunTimeLists[] = {"",           "papers",        "output papers",
+                                             "sources",    "other sources", "mail bins",
+                                             "watermarks", "overlays"};
+    if (item.runTimeList != RunTimeList::kNone) {
+        out << "list of " << kRunTimeLists[static_cast<int>(item.runTimeList)] << " at run time";
+    }
     if (item.listName[0] != '\0') out << " and section " << item.listName;
 }
 
