@@ -1,5 +1,6 @@
 # Debian packages, made by `cpack` in the build folder: kvprefs for servers and scripts, kvprefs-gui
-# for desktops, kvuimod-genuine for people who assemble the driver. What they depend on is read from the libraries that they link.
+# for desktops, kvprefs-tools for testers, kvuimod-genuine for people who assemble the driver. What they
+# depend on is read from the libraries that they link.
 set(KV_PACKAGE_MAINTAINER "kvprefs developers <kvprefs@varnell.example>" CACHE STRING "Maintainer of the packages")
 
 set(CPACK_GENERATOR DEB)
@@ -11,7 +12,7 @@ set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_SOURCE_DIR}/folder_modes.cmake)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
-set(CPACK_COMPONENTS_ALL program)
+set(CPACK_COMPONENTS_ALL program tools)
 if(KV_QT)
     list(APPEND CPACK_COMPONENTS_ALL gui)
 endif()
@@ -45,6 +46,13 @@ a window, with a preview of the sheet.")
 set(CPACK_DEBIAN_GUI_PACKAGE_DEPENDS "kvprefs (= ${PROJECT_VERSION})")
 # Wayland desktops show the window through it; help pages and links are opened by xdg-utils.
 set(CPACK_DEBIAN_GUI_PACKAGE_RECOMMENDS "qt6-wayland, xdg-utils")
+
+set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME kvprefs-tools)
+set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION utils)
+set(CPACK_DEBIAN_TOOLS_DESCRIPTION
+    "printer to talk to, for tests of printing preferences
+kvprinter answers a driver's questions about the installed options as a
+printer does, plays recorded answers back, and misbehaves on request.")
 
 configure_file(genuine_package.cmake.in genuine_package.cmake @ONLY)
 set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_CURRENT_BINARY_DIR}/genuine_package.cmake)

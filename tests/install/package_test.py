@@ -38,7 +38,7 @@ class Packed(Packages):
 
     def test_dependencies_keep_qt_out_of_the_command_line(self):
         genuine = {"kvuimod-genuine"} if GENUINE.is_file() else set()
-        self.assertEqual(set(self.packages), {"kvprefs", "kvprefs-gui"} | genuine)
+        self.assertEqual(set(self.packages), {"kvprefs", "kvprefs-gui", "kvprefs-tools"} | genuine)
         program, window = self.field("kvprefs", "Depends"), self.field("kvprefs-gui", "Depends")
         self.assertNotIn("qt", program.lower())
         for library in ("libc6", "libsqlite3-0", "libfreetype6", "libfontconfig1", "libpng16"):
@@ -66,7 +66,8 @@ class Packed(Packages):
                     continue
                 self.assertNotIn(name, files)
                 files[name] = mode
-        self.assertEqual(files.pop("./usr/bin/kvprefs"), "-rwxr-xr-x")
+        for program in ("kvprefs", "kvprinter"):
+            self.assertEqual(files.pop("./usr/bin/" + program), "-rwxr-xr-x")
         self.assertEqual(set(files.values()), {"-rw-r--r--"})
         for name in ("share/kvprefs/models/KVUIMOD.ini", "share/applications/kvprefs.desktop",
                      "share/zsh/vendor-completions/_kvprefs", "share/man/man1/kvprefs.1.gz"):
