@@ -7,13 +7,11 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
-#include <iterator>
 #include <string>
 #include <vector>
 
 #include "binding/edit_binding.h"
 #include "binding/list_builders.h"
-#include "resources/resource.h"
 #include "rules/gray_out.h"
 #include "rules/rules_file.h"
 #include "sheet/printer_values.h"
@@ -23,12 +21,9 @@ namespace kvui {
 namespace {
 
 constexpr size_t kCaptionSize = 128;
-// Entries with pictures of pages need this height.
+// Owner-drawn entries have pictures of pages, which need this height.
 constexpr int kPictureEntryHeight = 32;
 constexpr WPARAM kClosedField = static_cast<WPARAM>(-1);  // of CB_SETITEMHEIGHT
-constexpr DWORD kPictureEntryCombos[] = {
-    IDC_COMBO_POSTER,     IDC_COMBO_NUP,          IDC_COMBO_ORDER, IDC_COMBO_BOOKLET,
-    IDC_COMBO_ORDER_DOWN, IDC_COMBO_ORDER_ACROSS, IDC_COMBO_DUPLEX};
 
 HWND ChildOf(HWND dialog, DWORD id) {
     return id != 0 ? GetDlgItem(dialog, static_cast<int>(id)) : nullptr;
@@ -153,8 +148,7 @@ void FillText(SheetContext& context, HWND dialog, const ControlItem& item) {
 void FillCombo(SheetContext& context, HWND dialog, const ControlItem& item) {
     const HWND combo = ChildOf(dialog, item.controlId);
     const std::vector<ListEntry> entries = EntriesOf(context, item);
-    if (std::find(std::begin(kPictureEntryCombos), std::end(kPictureEntryCombos), item.controlId) !=
-            std::end(kPictureEntryCombos) &&
+    if ((GetWindowLongPtrA(combo, GWL_STYLE) & CBS_OWNERDRAWFIXED) != 0 &&
         SendMessageA(combo, CB_GETITEMHEIGHT, 0, 0) != kPictureEntryHeight) {
         SendMessageA(combo, CB_SETITEMHEIGHT, 0, kPictureEntryHeight);
         SendMessageA(combo, CB_SETITEMHEIGHT, kClosedField, kPictureEntryHeight);
@@ -172,10 +166,7 @@ void FillList(SheetContext& context, HWND dialog, const ControlItem& item) {
     const BoxMessages& messages = IsListBox(box) ? kListMessages : kComboMessages;
     const std::vector<ListEntry> entries = EntriesOf(context, item);
     PutEntries(box, messages, entries);
-    // The installed-options lists own a mask that stands for many entries at once.
-    const bool isOptionList =
-        item.controlId == IDC_LIST_INSTALLABLE || item.controlId == IDC_LIST_INSTALLED;
-    if (!isOptionList) SelectStoredValue(context, box, messages, item, entries);
+    if (!IsSetOfEntries(item)) SelectStoredValue(context, box, messages, item, entries);
     EnableWindow(box, IsShownByOptions(context, item.optionKey) == 1);
 }
 
@@ -203,9 +194,7 @@ void FillRadio(SheetContext& context, HWND dialog, const ControlItem& item) {
 void FillCheck(SheetContext& context, HWND dialog, const ControlItem& item) {
     const HWND box = ChildOf(dialog, item.controlId);
     SetCaption(context, box, item.captionId);
-    if (item.controlId != IDC_CHK_WATERMARK_FIRST_PAGE &&
-        item.controlId != IDC_CHK_WATERMARK_BACKGROUND &&
-        item.controlId != IDC_CHK_WATERMARK_REPEAT) {
+    if (item.check == nullptr || !item.check->alwaysEnabled) {
         EnableWindow(box, IsShownByOptions(context, item.optionKey) == 1);
     }
     if (item.check == nullptr) return;
@@ -248,8 +237,9 @@ void FillSlider(SheetContext& context, HWND dialog, const ControlItem& item) {
     const HWND edit = ChildOf(dialog, slider.valueEditId);
     EnableWindow(edit, enable);
     LONG position = static_cast<LONG>(ItemValue(context, item));
-    if (item.controlId != IDC_SLD_SHARPNESS) {
-        position = (maximum - minimum) * (std::clamp<LONG>(position, -50, 50) + 50) / 100 + minimum;
+    if (const LONG stored = slider.storedMinimum; stored != 0) {
+        const LONG steps = std::clamp(position, stored, -stored) - stored;
+        position = (maximum - minimum) * steps / (-2 * stored) + minimum;
     }
     if (SendMessageA(bar, TBM_GETPOS, 0, 0) != position) {
         SendMessageA(bar, TBM_SETPOS, TRUE, position);

@@ -9,7 +9,6 @@
 #include "binding/control_fill.h"
 #include "binding/edit_binding.h"
 #include "binding/notification.h"
-#include "resources/resource.h"
 #include "rules/conflicts.h"
 #include "settings/defaults.h"
 #include "sheet/message_box.h"
@@ -43,8 +42,8 @@ Reading ReadSlider(HWND bar, const ControlItem& item) {
     const LONG minimum = static_cast<LONG>(item.slider->minimum);
     const LONG maximum = static_cast<LONG>(item.slider->maximum);
     LONG value = static_cast<LONG>(SendMessageA(bar, TBM_GETPOS, 0, 0));
-    if (item.controlId != IDC_SLD_SHARPNESS && maximum > minimum) {
-        value = (value - minimum) * 100 / (maximum - minimum) - 50;
+    if (const LONG stored = item.slider->storedMinimum; stored != 0 && maximum > minimum) {
+        value = (value - minimum) * (-2 * stored) / (maximum - minimum) + stored;
     }
     return {true, static_cast<DWORD>(value)};
 }
@@ -188,13 +187,13 @@ bool ReadBack(SheetContext& context, HWND page, const ControlItem& item, DWORD c
 bool DispatchNotification(SheetContext& context, HWND page, DWORD controlId, WORD code) {
     const ControlItem* item = controlId != 0 ? ItemOfNotification(controlId) : nullptr;
     if (item == nullptr || !PassesFilter(*item, code)) return false;
-    if (item->type == kItemEdit && code == EN_UPDATE) {
-        FilterTyping(GetDlgItem(page, static_cast<int>(controlId)), *item);
-        return item->controlId == IDC_EDIT_USER_NAME &&
-               ReadUserName(context, GetDlgItem(page, static_cast<int>(controlId)));
-    }
-    if (item->controlId == IDC_EDIT_USER_NAME) {
-        return ReadUserName(context, GetDlgItem(page, static_cast<int>(controlId)));
+    if (item->type == kItemEdit) {
+        const HWND edit = GetDlgItem(page, static_cast<int>(controlId));
+        if (code == EN_UPDATE) FilterTyping(edit, *item);
+        // The user name is the record's only text.
+        const bool isText = item->edit != nullptr && item->edit->kind == kEditText;
+        if (isText) return ReadUserName(context, edit);
+        if (code == EN_UPDATE) return false;
     }
     return ReadBack(context, page, *item, controlId);
 }

@@ -48,9 +48,10 @@ void ShowConflicts(Run& run) {
 constexpr DialogDefinition kConflicts =
     ConflictDialog("_CONFLICTS", IDC_BTN_CONFLICT_RESOLVE, InOrder<SetCaptions, ShowConflicts>);
 
-// The installed-options lists hold several entries of one word; what the user chose is the entry.
+// Of a list that stands for bits of one word: the entry that the user chose.
 LONG ShownTriggerValue(HWND page, DWORD triggerId, LONG value) {
-    if (triggerId != IDC_LIST_INSTALLABLE && triggerId != IDC_LIST_INSTALLED) return value;
+    const ControlItem* trigger = ItemById(triggerId);
+    if (trigger == nullptr || !IsSetOfEntries(*trigger)) return value;
     const int list = static_cast<int>(triggerId);
     const LRESULT selection = SendDlgItemMessageA(page, list, LB_GETCURSEL, 0, 0);
     if (GetDlgItem(page, list) == nullptr || selection < 0) return value;

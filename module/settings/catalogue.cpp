@@ -85,6 +85,10 @@ const ControlItem* NextItemOfDialog(std::size_t start, const char* dialogName, I
     return nullptr;
 }
 
+bool IsSetOfEntries(const ControlItem& item) {
+    return item.type == kItemList && item.maskMode == kMaskBitNumbers;
+}
+
 std::span<const SelectItem> SelectEntries(const ControlItem& item) {
     if (item.selectList == nullptr) return {};
     std::size_t count = 0;

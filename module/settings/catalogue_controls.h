@@ -12,11 +12,15 @@ namespace kvui {
 // A check box whose value is compared with the checked value as a whole.
 constexpr CheckItem Equals(DWORD checked, DWORD cleared, DWORD checkedIcon = 0,
                            DWORD clearedIcon = 0) {
-    return {kCheckEquals, checked, cleared, 0, 0, checkedIcon, clearedIcon, 0};
+    return {kCheckEquals, checked, cleared, 0, 0, checkedIcon, clearedIcon, false};
 }
 // A check box that shows checked while any bit of the checked value is set.
 constexpr CheckItem AnyBit(DWORD checked, DWORD cleared) {
-    return {kCheckAnyBit, checked, cleared, 0, 0, 0, 0, 0};
+    return {kCheckAnyBit, checked, cleared, 0, 0, 0, 0, false};
+}
+constexpr CheckItem AlwaysEnabled(CheckItem check) {
+    check.alwaysEnabled = true;
+    return check;
 }
 
 // A radio button's caption string has the button's own id.
@@ -44,8 +48,8 @@ consteval EditAttribute SignedDigits(LONG maxCharacters, LONG minimum, LONG maxi
 
 // Every slider runs from 0 to 100 on the screen, in pages and ticks of ten.
 constexpr SliderItem Percent(DWORD valueEditId, DWORD minimumTextId, DWORD maximumTextId,
-                             DWORD spinId) {
-    return {100, 0, 10, 10, valueEditId, minimumTextId, maximumTextId, spinId};
+                             DWORD spinId, LONG storedMinimum) {
+    return {100, 0, 10, 10, valueEditId, minimumTextId, maximumTextId, spinId, storedMinimum};
 }
 
 consteval ButtonItem Opens(const char* templateName, DLGPROC procedure) {
@@ -79,10 +83,10 @@ constexpr CheckItem kTransmitOnceCheck          = Equals(0x8,        0);
 constexpr CheckItem kProofPrintCheck            = Equals(0x2,        0);
 constexpr CheckItem kRotateCheck                = Equals(0x80,       0);
 constexpr CheckItem kImageShiftingCheck         = Equals(0x400,      0);
-constexpr CheckItem kWatermark1stPageCheck      = Equals(0x1,        0);
+constexpr CheckItem kWatermark1stPageCheck      = AlwaysEnabled(Equals(0x1, 0));
 // Cleared, these two leave a bit outside their mask: "not in background", "not repeated".
-constexpr CheckItem kWatermarkInBackgroundCheck = Equals(0x2,        0x4);
-constexpr CheckItem kWatermarkRepeatCheck       = Equals(0x10,       0x8);
+constexpr CheckItem kWatermarkInBackgroundCheck = AlwaysEnabled(Equals(0x2, 0x4));
+constexpr CheckItem kWatermarkRepeatCheck       = AlwaysEnabled(Equals(0x10, 0x8));
 constexpr CheckItem kOverlay1stPageCheck        = Equals(0x1,        0);
 constexpr CheckItem kGlossyBlackTextCheck       = AnyBit(0xC00,      0);
 constexpr CheckItem kGlossyBlackGraphicsCheck   = AnyBit(0x1FF,      0);
@@ -144,11 +148,11 @@ constexpr EditAttribute kOffsetYEdit      = SignedDigits(5, -71, 71, IDC_SPIN_OF
 constexpr EditAttribute kUserNameEdit =
     Characters(kEditText, R"(!@#$%^&*()-+}{[]|?><'\/.,=`~:;")", 8, 0, 0, 0, 0);
 
-// Columns: value edit, texts at the minimum and the maximum end, spin.
-constexpr SliderItem kContrastSlider   = Percent(IDC_EDIT_CONTRAST, IDC_ST_CONTRAST_MIN, IDC_ST_CONTRAST_MAX, IDC_SPIN_CONTRAST);
-constexpr SliderItem kBrightnessSlider = Percent(IDC_EDIT_BRIGHTNESS, IDC_ST_BRIGHTNESS_MIN, IDC_ST_BRIGHTNESS_MAX, IDC_SPIN_BRIGHTNESS);
-constexpr SliderItem kSaturationSlider = Percent(IDC_EDIT_SATURATION, IDC_ST_SATURATION_MIN, IDC_ST_SATURATION_MAX, IDC_SPIN_SATURATION);
-constexpr SliderItem kSharpnessSlider  = Percent(IDC_EDIT_SHARPNESS, IDC_ST_SHARPNESS_MIN, IDC_ST_SHARPNESS_MAX, IDC_SPIN_SHARPNESS);
+// Columns: value edit, texts at the minimum and the maximum end, spin, stored at the minimum.
+constexpr SliderItem kContrastSlider   = Percent(IDC_EDIT_CONTRAST, IDC_ST_CONTRAST_MIN, IDC_ST_CONTRAST_MAX, IDC_SPIN_CONTRAST, -50);
+constexpr SliderItem kBrightnessSlider = Percent(IDC_EDIT_BRIGHTNESS, IDC_ST_BRIGHTNESS_MIN, IDC_ST_BRIGHTNESS_MAX, IDC_SPIN_BRIGHTNESS, -50);
+constexpr SliderItem kSaturationSlider = Percent(IDC_EDIT_SATURATION, IDC_ST_SATURATION_MIN, IDC_ST_SATURATION_MAX, IDC_SPIN_SATURATION, -50);
+constexpr SliderItem kSharpnessSlider  = Percent(IDC_EDIT_SHARPNESS, IDC_ST_SHARPNESS_MIN, IDC_ST_SHARPNESS_MAX, IDC_SPIN_SHARPNESS, 0);
 
 // Columns: template, procedure, combo box that then shows the dialog's result.
 constexpr ButtonItem kOpenCustomPapers       = OpensAndSelects("_LBPCUSTOMPAPERS", DDMCUSTOMPAPER, IDC_COMBO_PAPER_SIZE);

@@ -79,7 +79,7 @@ struct CheckItem {
     DWORD shownWhileCleared;
     DWORD checkedIcon;
     DWORD clearedIcon;
-    DWORD reserved;
+    bool alwaysEnabled;  // whatever the installed options show
 };
 
 struct RadioItem {
@@ -110,6 +110,7 @@ struct SliderItem {
     DWORD minimumTextId;
     DWORD maximumTextId;
     DWORD spinId;
+    LONG storedMinimum;  // left of 0 where the middle is stored as 0; 0: stored as it is shown
 };
 
 struct MoveRecord {
@@ -181,6 +182,9 @@ DWORD IconForValue(const ControlItem& item, DWORD value);
 
 // Popup help topic of a control: the help table first, then the catalogue; 0 for none.
 DWORD HelpIdFor(DWORD controlId);
+
+// Whether the entries of a list stand for bits of one word, several of them at once.
+bool IsSetOfEntries(const ControlItem& item);
 
 // The entries of an item's static list, without the terminator; empty when it has none.
 std::span<const SelectItem> SelectEntries(const ControlItem& item);

@@ -6,7 +6,6 @@
 #include <iterator>
 
 #include "dialog/dialog_table.h"
-#include "resources/resource.h"
 #include "resources/string_ids.h"
 #include "settings/item_catalogue.h"
 #include "settings/setting_field.h"
@@ -29,11 +28,6 @@ const char* KindOf(const ControlItem& item) {
         case kItemSlider: return "slider";
         default: return "other";
     }
-}
-
-// The stored value that stands for the left end of a slider.
-long SliderBase(const ControlItem& item) {
-    return item.slider != nullptr && item.slider->valueEditId != IDC_EDIT_SHARPNESS ? -50 : 0;
 }
 
 const char* ListOf(const ControlItem& item) {
@@ -102,7 +96,8 @@ void WriteControls() {
             static_cast<unsigned long>(item.controlId), item.controlName, item.dialogName,
             KindOf(item), item.settingField, static_cast<unsigned long>(item.captionId),
             static_cast<unsigned long>(item.maskMode), static_cast<unsigned long>(item.mask),
-            choice, count, SliderBase(item),
+            choice, count,
+            item.slider != nullptr ? static_cast<long>(item.slider->storedMinimum) : 0L,
             static_cast<unsigned long>(item.slider != nullptr ? item.slider->valueEditId : 0),
             static_cast<unsigned long>(SpinOf(item)),
             item.edit != nullptr ? static_cast<long>(item.edit->minimum) : 0L,

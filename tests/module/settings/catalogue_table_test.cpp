@@ -64,7 +64,8 @@ std::string DescribeRecords(const ControlItem& item) {
     if (const CheckItem* check = item.check) {
         out << (check->testMode == kCheckAnyBit ? "any bit on " : "equals on ")
             << check->checkedValue << " off " << check->clearedValue << " icons "
-            << check->checkedIcon << '/' << check->clearedIcon;
+            << check->checkedIcon << '/' << check->clearedIcon
+            << (check->alwaysEnabled ? ", always enabled" : "");
         if (item.button != nullptr) out << ", ";
     }
     if (const EditAttribute* edit = item.edit) {
@@ -76,7 +77,8 @@ std::string DescribeRecords(const ControlItem& item) {
         out << "range " << slider->minimum << " to " << slider->maximum << ", tick "
             << slider->tickFrequency << ", page " << slider->pageSize << ", value edit "
             << slider->valueEditId << ", end labels " << slider->minimumTextId << '/'
-            << slider->maximumTextId << ", spin " << slider->spinId;
+            << slider->maximumTextId << ", spin " << slider->spinId << ", stored from "
+            << slider->storedMinimum;
     }
     if (item.button != nullptr) DescribeButton(out, *item.button);
     return out.str().empty() ? "-" : out.str();
