@@ -47,6 +47,12 @@ class Display {
     virtual bool CornerOf(HWND /*window*/, POINT* /*corner*/) { return false; }
     // Where the next sheet is to open, as far as the desktop has room there.
     virtual void OpenNextSheetAt(POINT /*corner*/) {}
+    // The program waits for something outside it, `what` in a few words, since so many
+    // milliseconds: repaint, say so, and take no input. Called about every 50 ms while the wait
+    // lasts.
+    virtual void Waiting(const char* /*what*/, unsigned /*milliseconds*/) {}
+    // What was waited for is over.
+    virtual void WaitEnded() {}
     // Called by a modal loop that has nothing to do: handle at least one event, or wait for one.
     // False: nothing will ever come; the loop gives up.
     virtual bool WaitForInput(HWND modal) = 0;

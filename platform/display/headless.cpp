@@ -51,6 +51,10 @@ void HeadlessDisplay::OnUnanswered(std::function<void(const std::string&)> handl
     onUnanswered_ = std::move(handler);
 }
 
+void HeadlessDisplay::OnWaiting(std::function<void(const char*, unsigned)> handler) {
+    onWaiting_ = std::move(handler);
+}
+
 void HeadlessDisplay::ModalBegun(HWND window) {
     modals_.push_back({window, false});
     shown.push_back(DescribeModal(window));

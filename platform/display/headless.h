@@ -25,6 +25,8 @@ class HeadlessDisplay : public Display {
     // and ends the process with status 1. A handler of a test reports and returns; the dialog is
     // then ended with -1.
     void OnUnanswered(std::function<void(const std::string& description)> handler);
+    // Hears what the program waits for, about every 50 ms, and nullptr when it is over.
+    void OnWaiting(std::function<void(const char* what, unsigned milliseconds)> handler);
     size_t PendingAnswers() const { return answers_.size(); }
 
     int beeps = 0;
@@ -35,6 +37,10 @@ class HeadlessDisplay : public Display {
 
     void Beeped() override { ++beeps; }
     void ShowStatus(HWND /*sheet*/, const char* text) override { status = text; }
+    void Waiting(const char* what, unsigned milliseconds) override {
+        if (onWaiting_) onWaiting_(what, milliseconds);
+    }
+    void WaitEnded() override { Waiting(nullptr, 0); }
     void ModalBegun(HWND window) override;
     void ModalEnded(HWND window) override;
     bool WaitForInput(HWND modal) override;
@@ -48,6 +54,7 @@ class HeadlessDisplay : public Display {
     std::deque<Answer> answers_;
     Answer policy_;
     std::function<void(const std::string&)> onUnanswered_;
+    std::function<void(const char*, unsigned)> onWaiting_;
 };
 
 // The headless display that CurrentDisplay() answers when no other is in use.

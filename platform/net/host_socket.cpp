@@ -1,35 +1,67 @@
 // POSIX sockets for winsock.cpp.
+#include <platform/display/waiting.h>
 #include <platform/net/host_socket.h>
 
 #include <arpa/inet.h>
 #include <fcntl.h>
 #include <netdb.h>
 #include <netinet/in.h>
-#include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstring>
+#include <future>
 
 namespace kv {
 
 namespace {
 
+// As long as the platform tries: three times, 3, 6 and 12 seconds apart.
+constexpr Milliseconds kConnectLimit{21000};
+
 int Outcome(int result) {
     return result < 0 ? -errno : result;
 }
 
-// A connect that a signal interrupts goes on by itself; its end is waited for.
-int FinishConnect(int socket) {
-    pollfd entry{socket, POLLOUT, 0};
-    while (poll(&entry, 1, -1) < 0) {
-        if (errno != EINTR) return -errno;
+bool IsBlocking(int socket) {
+    return (fcntl(socket, F_GETFL) & O_NONBLOCK) == 0;
+}
+
+// Tries until something was moved, or the socket does not wait.
+template <typename Attempt>
+long Transfer(Ready ready, int socket, Attempt attempt) {
+    for (;;) {
+        const ssize_t moved = attempt();
+        if (moved >= 0) return moved;
+        if (errno == EINTR) continue;
+        if (errno != EAGAIN || !IsBlocking(socket)) return -errno;
+        WaitUntil(ready, socket, Milliseconds::max() / 2);
     }
+}
+
+int FinishConnect(int socket) {
+    if (!WaitUntil(Ready::kToWrite, socket, kConnectLimit)) return -ETIMEDOUT;
     int error = 0;
     socklen_t length = sizeof error;
     if (getsockopt(socket, SOL_SOCKET, SO_ERROR, &error, &length) != 0) return -errno;
     return -error;
+}
+
+std::vector<std::uint32_t> AskForHost(const std::string& name) {
+    std::vector<std::uint32_t> addresses;
+    addrinfo hints{};
+    hints.ai_family = AF_INET;
+    hints.ai_socktype = SOCK_STREAM;
+    addrinfo* found = nullptr;
+    if (getaddrinfo(name.c_str(), nullptr, &hints, &found) != 0) return addresses;
+    for (const addrinfo* entry = found; entry; entry = entry->ai_next) {
+        sockaddr_in address;
+        std::memcpy(&address, entry->ai_addr, sizeof address);
+        addresses.push_back(address.sin_addr.s_addr);
+    }
+    freeaddrinfo(found);
+    return addresses;
 }
 
 }  // namespace
@@ -43,9 +75,14 @@ int ConnectSocket(int socket, std::uint32_t address, std::uint16_t port) {
     target.sin_family = AF_INET;
     target.sin_port = htons(port);
     target.sin_addr.s_addr = address;
-    const int result = connect(socket, reinterpret_cast<const sockaddr*>(&target), sizeof target);
-    if (result < 0 && errno == EINTR) return FinishConnect(socket);
-    return Outcome(result);
+    // A socket that waits is made one that does not: the wait here tells the display.
+    const bool waits = IsBlocking(socket);
+    if (waits) SetBlocking(socket, false);
+    int result =
+        Outcome(connect(socket, reinterpret_cast<const sockaddr*>(&target), sizeof target));
+    if (waits && (result == -EINPROGRESS || result == -EINTR)) result = FinishConnect(socket);
+    if (waits) SetBlocking(socket, true);
+    return result;
 }
 
 int SetBlocking(int socket, bool blocking) {
@@ -55,37 +92,24 @@ int SetBlocking(int socket, bool blocking) {
 }
 
 long SendBytes(int socket, const char* data, std::size_t length) {
-    ssize_t sent;
-    while ((sent = send(socket, data, length, MSG_NOSIGNAL)) < 0 && errno == EINTR) {
-    }
-    return sent < 0 ? -errno : static_cast<long>(sent);
+    return Transfer(Ready::kToWrite, socket,
+                    [&] { return send(socket, data, length, MSG_NOSIGNAL | MSG_DONTWAIT); });
 }
 
 long ReceiveBytes(int socket, char* data, std::size_t length) {
-    ssize_t got;
-    while ((got = recv(socket, data, length, 0)) < 0 && errno == EINTR) {
-    }
-    return got < 0 ? -errno : static_cast<long>(got);
+    return Transfer(Ready::kToRead, socket,
+                    [&] { return recv(socket, data, length, MSG_DONTWAIT); });
 }
 
 int CloseSocket(int socket) {
     return Outcome(close(socket));
 }
 
-std::vector<std::uint32_t> LookUpHost(const char* name) {
-    std::vector<std::uint32_t> addresses;
-    addrinfo hints{};
-    hints.ai_family = AF_INET;
-    hints.ai_socktype = SOCK_STREAM;
-    addrinfo* found = nullptr;
-    if (getaddrinfo(name, nullptr, &hints, &found) != 0) return addresses;
-    for (const addrinfo* entry = found; entry; entry = entry->ai_next) {
-        sockaddr_in address;
-        std::memcpy(&address, entry->ai_addr, sizeof address);
-        addresses.push_back(address.sin_addr.s_addr);
-    }
-    freeaddrinfo(found);
-    return addresses;
+// The host system's look-up waits by itself, so it has a thread of its own.
+std::vector<std::uint32_t> LookUpHost(const std::string& name) {
+    auto answer = std::async(std::launch::async, AskForHost, name);
+    while (answer.wait_for(kWaitStep) != std::future_status::ready) TellWaiting();
+    return answer.get();
 }
 
 }  // namespace kv

@@ -1,9 +1,11 @@
 // The host system's sockets behind names of our own: its headers and winsock2.h declare the same
-// names and cannot meet in one file. Errors are negative errno values.
+// names and cannot meet in one file. Errors are negative errno values. What waits tells the
+// display.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <vector>
 
 namespace kv {
@@ -17,6 +19,6 @@ long ReceiveBytes(int socket, char* data, std::size_t length);
 int CloseSocket(int socket);
 
 // IPv4 addresses in network byte order; empty when the name is unknown.
-std::vector<std::uint32_t> LookUpHost(const char* name);
+std::vector<std::uint32_t> LookUpHost(const std::string& name);
 
 }  // namespace kv

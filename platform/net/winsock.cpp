@@ -5,10 +5,12 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
-#include <set>
+#include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
+#include <platform/display/waiting.h>
 #include <platform/net/host_socket.h>
 
 namespace {
@@ -18,9 +20,11 @@ constexpr WORD kHighestVersion = 0x0202;
 thread_local int lastSocketError = 0;
 int startCount = 0;  // clean-ups that are still due
 
-// Only sockets that were opened here may be used and closed: a number can be any open file.
-std::set<SOCKET>& OpenSockets() {
-    static auto* sockets = new std::set<SOCKET>;
+// Only sockets that were opened here may be used and closed: a number can be any open file. Each
+// with whom it is connected to: that is what a program waits for that has an open connection.
+using SocketTable = std::map<SOCKET, std::unique_ptr<kv::WaitSubject>>;
+SocketTable& OpenSockets() {
+    static auto* sockets = new SocketTable;
     return *sockets;
 }
 
@@ -120,7 +124,7 @@ int WSAStartup(WORD version, WSADATA* data) {
 int WSACleanup() {
     if (!IsStarted()) return SOCKET_ERROR;
     if (--startCount == 0) {
-        for (const SOCKET socket : OpenSockets()) kv::CloseSocket(static_cast<int>(socket));
+        for (const auto& [socket, peer] : OpenSockets()) kv::CloseSocket(static_cast<int>(socket));
         OpenSockets().clear();
     }
     return 0;
@@ -134,8 +138,10 @@ hostent* gethostbyname(const char* name) {
     static thread_local HostAnswer answer;
     if (!IsStarted()) return nullptr;
     answer.name = name ? name : "";
-    answer.addresses = kv::LookUpHost(answer.name.c_str());
-    if (answer.name.empty() || answer.addresses.empty()) {
+    const kv::WaitSubject subject("the address of " + answer.name);
+    answer.addresses =
+        answer.name.empty() ? std::vector<std::uint32_t>{} : kv::LookUpHost(answer.name);
+    if (answer.addresses.empty()) {
         Fail(WSAHOST_NOT_FOUND);
         return nullptr;
     }
@@ -187,7 +193,7 @@ SOCKET socket(int family, int type, int) {
     const int opened =
         Outcome(family == AF_INET && type == SOCK_STREAM ? kv::OpenStreamSocket() : -EINVAL);
     if (opened < 0) return INVALID_SOCKET;
-    OpenSockets().insert(static_cast<SOCKET>(opened));
+    OpenSockets()[static_cast<SOCKET>(opened)] = nullptr;
     return static_cast<SOCKET>(opened);
 }
 
@@ -197,6 +203,8 @@ int connect(SOCKET socket, const sockaddr* address, int length) {
     if (!address || length < static_cast<int>(sizeof target)) return Fail(WSAEINVAL);
     std::memcpy(&target, address, sizeof target);
     if (target.sin_family != AF_INET) return Fail(WSAEINVAL);
+    OpenSockets()[socket] = std::make_unique<kv::WaitSubject>(
+        std::string(inet_ntoa(target.sin_addr)) + ":" + std::to_string(htons(target.sin_port)));
     const int result = Outcome(kv::ConnectSocket(static_cast<int>(socket), target.sin_addr.s_addr,
                                                  htons(target.sin_port)));
     return result < 0 ? SOCKET_ERROR : 0;

@@ -1,15 +1,15 @@
 // Taking turns at a folder; see folder_lock.h.
 #include <platform/shell/folder_lock.h>
 
-#include <winbase.h>
-
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <optional>
 
+#include <platform/display/waiting.h>
 #include <platform/shell/state_directory.h>
 
 namespace kv {
@@ -17,7 +17,7 @@ namespace kv {
 namespace {
 
 constexpr int kAttempts = 400;  // of 5 ms: two seconds
-constexpr DWORD kPause = 5;
+constexpr Milliseconds kPause{5};
 constexpr mode_t kLockMode = 0660;
 
 int OpenLock(const std::string& folder) {
@@ -35,10 +35,14 @@ int OpenLock(const std::string& folder) {
 }  // namespace
 
 FolderLock::FolderLock(const std::string& folder) : fd_(OpenLock(folder)) {
+    std::optional<WaitSubject> subject;
     problem_ = fd_ < 0 ? errno : EWOULDBLOCK;
     for (int attempt = 0; fd_ >= 0 && attempt < kAttempts; ++attempt) {
         problem_ = flock(fd_, LOCK_EX | LOCK_NB) == 0 ? 0 : errno;
-        if (problem_ == EWOULDBLOCK) Sleep(kPause);
+        if (problem_ == EWOULDBLOCK) {
+            if (!subject) subject.emplace(folder + ", which another program uses");
+            PassTime(kPause);
+        }
         if (problem_ != EWOULDBLOCK && problem_ != EINTR) return;
     }
 }

@@ -1,7 +1,7 @@
 // Version and time.
+#include <platform/display/waiting.h>
 #include <winbase.h>
 
-#include <cerrno>
 #include <ctime>
 
 BOOL GetVersionExA(OSVERSIONINFOA* info) {
@@ -25,8 +25,5 @@ DWORD GetTickCount() {
 }
 
 void Sleep(DWORD milliseconds) {
-    timespec rest{static_cast<time_t>(milliseconds / 1000),
-                  static_cast<long>(milliseconds % 1000) * 1000000};
-    while (nanosleep(&rest, &rest) != 0 && errno == EINTR) {
-    }
+    kv::PassTime(kv::Milliseconds(milliseconds));
 }

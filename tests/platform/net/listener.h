@@ -1,6 +1,8 @@
 // A listening socket of the host system for the socket tests; its headers cannot meet winsock2.h.
 #pragma once
 
+#include <vector>
+
 namespace kv::test {
 
 class Listener {
@@ -13,9 +15,12 @@ class Listener {
     unsigned short Port() const { return port_; }
     // Accepts one connection, sends back what it reads first, and closes.
     void EchoOnce();
+    // Takes all room for connections that nobody accepts: further ones are left without an answer.
+    void Fill();
 
  private:
     int socket_;
+    std::vector<int> waiting_;
     unsigned short port_ = 0;
 };
 

@@ -1,10 +1,16 @@
 // Sockets against a listener of the test's own; addresses and look-ups.
 #include <winsock2.h>
 
-#include <gtest/gtest.h>
+#include <platform/display/headless.h>
+#include <platform/display/waiting.h>
+#include <windows.h>
+
+#include <gmock/gmock.h>
 
 #include <cstring>
+#include <string>
 #include <thread>
+#include <vector>
 
 #include "tests/platform/net/listener.h"
 
@@ -69,6 +75,40 @@ TEST_F(Sockets, ARefusedConnectionAndAForeignNumberFail) {
     EXPECT_EQ(WSAGetLastError(), WSAECONNREFUSED);
     closesocket(opened);
     EXPECT_EQ(closesocket(1), SOCKET_ERROR) << "standard output is no socket of ours";
+}
+
+// The display hears whom the program waits for, and how long already, as often as it must repaint.
+TEST_F(Sockets, WaitsAreToldUntilTheConnectionIsClosed) {
+    Listener listener;
+    listener.Fill();
+    const std::string peer = "127.0.0.1:" + std::to_string(listener.Port());
+    std::vector<unsigned> told;
+    bool ended = false;
+    Headless().OnWaiting([&](const char* what, unsigned milliseconds) {
+        ended = what == nullptr;
+        if (ended) return;
+        EXPECT_EQ(what, peer);
+        told.push_back(milliseconds);
+    });
+    ReplaceTime([](Milliseconds) {});
+    Sleep(500);
+    EXPECT_TRUE(told.empty()) << "of a pause nobody knows what it is for";
+    const SOCKET opened = socket(AF_INET, SOCK_STREAM, 0);
+    EXPECT_EQ(Connect(opened, Address(listener.Port())), SOCKET_ERROR);
+    EXPECT_EQ(WSAGetLastError(), WSAETIMEDOUT);
+    EXPECT_THAT(told, testing::SizeIs(21000 / 50));
+    EXPECT_EQ(told.front(), 50u);
+    EXPECT_EQ(told.back(), 21000u);
+    Sleep(250);
+    EXPECT_EQ(told.back(), 21250u) << "a pause while a connection is open is for its peer";
+    EXPECT_FALSE(ended);
+    closesocket(opened);
+    EXPECT_TRUE(ended);
+    ReplaceTime(nullptr);
+    const DWORD before = GetTickCount();
+    Sleep(120);
+    EXPECT_GE(GetTickCount() - before, 119u);
+    Headless().OnWaiting(nullptr);
 }
 
 TEST_F(Sockets, AddressesAreReadInTheirUsualForms) {
