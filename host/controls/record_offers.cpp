@@ -56,13 +56,6 @@ bool IsOnPage(const Control& control) {
     return PageIndexOfDialog(control.dialog) >= 0;
 }
 
-// Values beside the range of an edit: what an empty job number is stored as.
-struct EmptyRow {
-    const char* control;
-    DWORD value;
-};
-constexpr EmptyRow kEmpty[] = {{"AccessNumber", 0}, {"Password", 0xFFFFFFFF}};
-
 // What the printer has is a fact: the query sets bits that no list names.
 constexpr const char* kFacts = "mdmInstalledOptions";
 
@@ -85,11 +78,7 @@ void AddRange(const Control& control, HWND window, Offers& offers) {
     offers.hasRange = true;
     offers.low = low;
     offers.high = high;
-    for (const EmptyRow& row : kEmpty) {
-        if (std::strcmp(row.control, control.name) == 0) {
-            offers.choices.push_back({row.value, "empty"});
-        }
-    }
+    if (control.empty) offers.choices.push_back({*control.empty, "empty"});
 }
 
 void AddOffers(const Control& control, HWND window, Offers& offers) {

@@ -50,7 +50,8 @@ struct Control {
     DWORD parts[2];   // ids of a slider's edit and of the arrows; 0 for none
     LONG lowest;      // of an edit; the rules file may say otherwise
     LONG highest;
-    RunTimeList list;  // of a combo or list
+    RunTimeList list;            // of a combo or list
+    std::optional<DWORD> empty;  // of a job's secret number: stored when there is none
 };
 
 // Controls that only who administers the printer may use.

@@ -39,8 +39,6 @@ constexpr CaptionRow kCaptions[] = {
     {"Password", IDC_ST_PASSWORD, 0},
 };
 
-constexpr const char* kSecrets[] = {"mdmJobPassword", "mdmAccessNumber"};
-
 bool IsNamed(const char* name, const char* other) { return std::strcmp(name, other) == 0; }
 
 bool ChangesSetting(const Control& control) {
@@ -208,9 +206,8 @@ const NamedSetting* SettingNames::SettingOfControl(DWORD controlId) const {
 }
 
 std::string SettingNames::ValueText(const NamedSetting& setting, DWORD value) const {
-    for (const char* secret : kSecrets) {
-        if (!IsNamed(secret, setting.field->name)) continue;
-        return value != 0 && value != 0xFFFFFFFF ? "set" : "not set";
+    if (const auto& empty = setting.controls.front()->empty) {
+        return value != 0 && value != *empty ? "set" : "not set";
     }
     std::string bits;
     for (const Control* control : setting.controls) {

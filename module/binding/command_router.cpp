@@ -127,9 +127,15 @@ bool TrackedEdit(const Command& command) {
     }
     if (command.code == EN_KILLFOCUS) {
         flags &= ~kSheetTyping;
-        const bool read = command.id != IDC_EDIT_SCALING || TypedNumberDiffers(command);
-        return read && Dispatch(command);
+        return Dispatch(command);
     }
+    return false;
+}
+
+// Not read when it is left with the number that is stored.
+bool ScalingEdit(const Command& command) {
+    if (command.code != EN_KILLFOCUS || TypedNumberDiffers(command)) return TrackedEdit(command);
+    command.context.flags &= ~kSheetTyping;
     return false;
 }
 
@@ -164,17 +170,18 @@ bool OptionList(const Command& command) {
     return false;
 }
 
+// Ticking the box goes to its number.
+template <DWORD editId>
 bool JobCheck(const Command& command) {
     const bool changed = Dispatch(command);
     if (IsDlgButtonChecked(command.page, static_cast<int>(command.id)) != BST_CHECKED) {
         return changed;
     }
-    const ControlItem* edit = ItemById(
-        command.id == IDC_CHK_ACCESS_CODE ? IDC_EDIT_ACCESS_NUMBER : IDC_EDIT_PASSWORD);
+    const ControlItem* edit = ItemById(editId);
     // The edit was grayed while the box was off, and a grayed window takes no focus.
     FillControl(command.context, command.page, *edit);
     ApplyGrayOutIndex(command.context, command.page, *edit);
-    SetFocus(Control(command, edit->controlId));
+    SetFocus(Control(command, editId));
     return changed;
 }
 
@@ -239,7 +246,7 @@ constexpr Route kRoutes[] = {
     {IDC_CHK_OUT_PAPER, DispatchAndTurnWatermark},
     {IDC_COMBO_OUT_PAPER, PaperBox},
     {IDC_CHK_FIT_TO_PAPER, DispatchAndTurnWatermark},
-    {IDC_EDIT_SCALING, TrackedEdit},
+    {IDC_EDIT_SCALING, ScalingEdit},
     {IDC_EDIT_COPIES, TrackedEdit},
     {IDC_COMBO_SORTING, DispatchOnly},
     {IDC_RADIO_PORTRAIT, IDC_RADIO_LANDSCAPE, DispatchAndTurnWatermark},
@@ -264,9 +271,9 @@ constexpr Route kRoutes[] = {
     {IDC_BTN_ABOUT, DispatchWithoutChange},
     {IDC_CHK_AUTO_CONFIG, DispatchOnly},
     {IDC_COMBO_INSTALLED_STATE, IDC_LIST_OPTIONS, NotAChange},
-    {IDC_CHK_ACCESS_CODE, JobCheck},
+    {IDC_CHK_ACCESS_CODE, JobCheck<IDC_EDIT_ACCESS_NUMBER>},
     {IDC_EDIT_ACCESS_NUMBER, JobEdit},
-    {IDC_CHK_LOCK_JOB, JobCheck},
+    {IDC_CHK_LOCK_JOB, JobCheck<IDC_EDIT_PASSWORD>},
     {IDC_EDIT_PASSWORD, JobEdit},
     {IDC_CHK_DISTRIBUTION, IDC_CHK_DISTRIBUTION_FIRST, DispatchOnly},
     {IDC_COMBO_DENSITY, DispatchOnly},

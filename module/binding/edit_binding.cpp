@@ -12,7 +12,6 @@
 #include <utility>
 
 #include "binding/control_fill.h"
-#include "resources/resource.h"
 #include "resources/string_ids.h"
 #include "rules/gray_out.h"
 #include "rules/rules_file.h"
@@ -21,28 +20,6 @@
 
 namespace kvui {
 namespace {
-
-// Edits of job numbers: what an empty one means while its check box is on.
-struct JobEdit {
-    DWORD editId;
-    DWORD securityBit;
-    UINT titleId;
-    UINT textId;
-    DWORD emptyValue;
-};
-// edit, bit of mdmSecurity, title string, text string, stored for "empty"
-constexpr JobEdit kJobEdits[] = {
-    {IDC_EDIT_ACCESS_NUMBER, kSecurityAccessCode, IDS_ACCESS_NUMBER_TITLE, IDS_ACCESS_NUMBER_TEXT,
-     0},
-    {IDC_EDIT_PASSWORD, kSecurityLockJob, IDS_PASSWORD_TITLE, IDS_PASSWORD_TEXT, kNoJobPassword},
-};
-
-const JobEdit* JobEditOf(DWORD editId) {
-    for (const JobEdit& row : kJobEdits) {
-        if (row.editId == editId) return &row;
-    }
-    return nullptr;
-}
 
 double PowerOfTen(LONG exponent) {
     return std::pow(10.0, static_cast<double>(exponent));
@@ -91,8 +68,8 @@ class Question {
 // An empty job number whose check box is on: store "empty", tell the user and come back to it. What
 // was erased is gone before the page can show it again. Nobody is there to answer when the edit
 // goes with its window.
-void RefuseEmptyJobEdit(SheetContext& context, HWND edit, const ControlItem& item,
-                        const JobEdit& job) {
+void RefuseEmptyJobEdit(SheetContext& context, HWND edit, const ControlItem& item) {
+    const JobNumber& job = *item.edit->job;
     WriteItemValue(context.settings, item, job.emptyValue, nullptr);
     if (pageInQuestion == context.page || !IsWindowVisible(edit)) return;
     const Question question(context.page);
@@ -104,7 +81,7 @@ void RefuseEmptyJobEdit(SheetContext& context, HWND edit, const ControlItem& ite
 
 std::string NumberText(const ControlItem& item, DWORD value) {
     char text[64];
-    if (const JobEdit* job = JobEditOf(item.controlId)) {
+    if (const JobNumber* job = item.edit->job) {
         if (value == job->emptyValue) return "";
         std::snprintf(text, sizeof text, "%04ld", static_cast<long>(static_cast<LONG>(value)));
         return text;
@@ -201,10 +178,9 @@ EditReading ReadEdit(SheetContext& context, HWND dialog, const ControlItem& item
     if (edit == nullptr || item.edit == nullptr) return {false, 0};
     char text[256] = "";
     GetWindowTextA(edit, text, sizeof text);
-    const JobEdit* job = JobEditOf(item.controlId);
-    if (job != nullptr && text[0] == '\0') {
-        if (context.privateSettings->mdmSecurity & job->securityBit) {
-            RefuseEmptyJobEdit(context, edit, item, *job);
+    if (item.edit->job != nullptr && text[0] == '\0') {
+        if (context.privateSettings->mdmSecurity & item.edit->job->securityBit) {
+            RefuseEmptyJobEdit(context, edit, item);
         }
         return {false, 0};
     }

@@ -4,7 +4,6 @@
 #include <cstring>
 #include <functional>
 
-#include "resources/resource.h"
 #include "rules/conflicts.h"
 #include "rules/gray_out.h"
 #include "rules/parsed_rules.h"
@@ -47,12 +46,7 @@ bool IsGrayed(SheetContext& context, const GrayOutEntry& entry, const GrayOutPla
 void ForceSetting(SheetContext& context, const ItemField& target, LONG value) {
     if (target.item == nullptr) return;
     WriteItemValue(context.settings, *target.item, static_cast<DWORD>(value), nullptr);
-    const DWORD id = target.item->controlId;
-    if (id == IDC_COMBO_DENSITY) NormaliseDistribution(*context.privateSettings);
-    if (id == IDC_EDIT_PASSWORD) NormaliseJobPassword(*context.privateSettings);
-    if (id == IDC_COMBO_DENSITY || id == IDC_EDIT_PASSWORD) {
-        React(context, id, ReactScope::kOneControl);
-    }
+    ReactToForced(context, target.item->controlId);
 }
 
 void EnableControl(HWND dialog, DWORD controlId, BOOL enable) {

@@ -4,8 +4,10 @@
 #include "exports.h"
 #include "resources/picture_ids.h"
 #include "resources/resource.h"
+#include "resources/string_ids.h"
 #include "settings/catalogue_names.h"
 #include "settings/dialog_procedures.h"
+#include "sheet/private_devmode.h"
 
 namespace kvui {
 
@@ -31,7 +33,7 @@ constexpr RadioItem kNoMoreChoices = Choice(0, 0);
 
 consteval EditAttribute Characters(EditKind kind, const char* characters, LONG maxCharacters,
                                    LONG minimum, LONG maximum, DWORD spinId, DWORD rangeTextId) {
-    EditAttribute edit{kind, "", maxCharacters, minimum, maximum, 0, spinId, rangeTextId};
+    EditAttribute edit{kind, "", maxCharacters, minimum, maximum, 0, spinId, rangeTextId, nullptr};
     SetName(edit.characters, characters);
     return edit;
 }
@@ -44,6 +46,11 @@ consteval EditAttribute SignedDigits(LONG maxCharacters, LONG minimum, LONG maxi
                                      DWORD rangeTextId) {
     return Characters(kEditNumeric, "-0123456789", maxCharacters, minimum, maximum, spinId,
                       rangeTextId);
+}
+
+consteval EditAttribute OfJob(const JobNumber* job, EditAttribute edit) {
+    edit.job = job;
+    return edit;
 }
 
 // Every slider runs from 0 to 100 on the screen, in pages and ticks of ten.
@@ -134,11 +141,15 @@ constexpr RadioItem kNupStyleButtons[] = {
     kNoMoreChoices,
 };
 
+// Columns: bit of mdmSecurity, stored for "empty", title, text.
+constexpr JobNumber kAccessNumber = {kSecurityAccessCode, 0,              IDS_ACCESS_NUMBER_TITLE, IDS_ACCESS_NUMBER_TEXT};
+constexpr JobNumber kJobPassword  = {kSecurityLockJob,    kNoJobPassword, IDS_PASSWORD_TITLE,      IDS_PASSWORD_TEXT};
+
 // Columns: most characters, minimum, maximum, spin, range text.
 constexpr EditAttribute kScalingEdit      = Digits(3, 20, 400, IDC_SPIN_SCALING, IDC_ST_SCALING_RANGE);
 constexpr EditAttribute kCopiesEdit       = Digits(3, 1, 999, IDC_SPIN_COPIES, IDC_ST_COPIES_RANGE);
-constexpr EditAttribute kAccessNumberEdit = Digits(4, 1, 999);
-constexpr EditAttribute kPasswordEdit     = Digits(4, 0, 9999);
+constexpr EditAttribute kAccessNumberEdit = OfJob(&kAccessNumber, Digits(4, 1, 999));
+constexpr EditAttribute kPasswordEdit     = OfJob(&kJobPassword, Digits(4, 0, 9999));
 constexpr EditAttribute kDistStartEdit    = Digits(3, 1, 999, IDC_SPIN_DISTRIBUTION_START);
 // The image shift dialog works in inches or millimetres and keeps its own limits; these are its
 // widest, in tenths of a millimetre.

@@ -90,6 +90,14 @@ struct RadioItem {
     char name[kItemNameSize];
 };
 
+// A secret number of a job, which counts while its bit of mdmSecurity is set.
+struct JobNumber {
+    DWORD securityBit;
+    DWORD emptyValue;  // stored for an edit without a number
+    UINT titleId;      // of the message when it is left empty all the same
+    UINT textId;
+};
+
 struct EditAttribute {
     EditKind kind;
     char characters[64];
@@ -99,6 +107,7 @@ struct EditAttribute {
     LONG decimals;
     DWORD spinId;
     DWORD rangeTextId;
+    const JobNumber* job;  // null for all other numbers
 };
 
 struct SliderItem {

@@ -120,8 +120,6 @@ void DerivePoster(PrivateDevmode& settings) {
     }
 }
 
-}  // namespace
-
 void NormaliseDistribution(PrivateDevmode& settings) {
     DWORD& value = settings.mdmDistribution;
     if (!(value & kDistributionOn)) {
@@ -142,6 +140,8 @@ void NormaliseDistribution(PrivateDevmode& settings) {
 void NormaliseJobPassword(PrivateDevmode& settings) {
     if (!(settings.mdmSecurity & kSecurityLockJob)) settings.mdmJobPassword = kNoJobPassword;
 }
+
+}  // namespace
 
 void DeriveColorMatching(PrivateDevmode& settings) {
     settings.ColorMatching = settings.mdmColorMatching == kColorMatchingOn ? 1 : 0;
@@ -181,6 +181,11 @@ void React(SheetContext& context, DWORD id, ReactScope scope) {
     }
     if (whole || id == IDC_LIST_OVERLAY) ReadChosenOverlayPath(context);
     if (whole) DerivePoster(settings);
+}
+
+void ReactToForced(SheetContext& context, DWORD id) {
+    if (!IsOneOf(id, {IDC_COMBO_DENSITY, IDC_EDIT_PASSWORD})) return;
+    React(context, id, ReactScope::kOneControl);
 }
 
 void DeriveAtSheetStart(SheetContext& context) {

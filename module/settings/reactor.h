@@ -11,10 +11,10 @@ enum class ReactScope { kOneControl, kWholePage };
 // After every accepted change of a control (kOneControl), or to derive everything again
 // (kWholePage, control id 0).
 void React(SheetContext& context, DWORD controlId, ReactScope scope);
-// What rules and pages call on its own, wherever these settings change.
+// After a rule forced the control's setting; only job settings have followers then.
+void ReactToForced(SheetContext& context, DWORD controlId);
+// What pages call on its own, wherever the setting changes.
 void DeriveColorMatching(PrivateDevmode& settings);
-void NormaliseDistribution(PrivateDevmode& settings);
-void NormaliseJobPassword(PrivateDevmode& settings);
 // The reverse derivation, once per sheet.
 void DeriveAtSheetStart(SheetContext& context);
 

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstring>
 #include <iterator>
+#include <string>
 
 #include "dialog/dialog_table.h"
 #include "resources/string_ids.h"
@@ -34,6 +35,11 @@ const char* ListOf(const ControlItem& item) {
     constexpr const char* kLists[] = {"kNone",         "kPapers",   "kOutputPapers", "kSources",
                                       "kOtherSources", "kMailBins", "kWatermarks",   "kOverlays"};
     return kLists[static_cast<int>(item.runTimeList)];
+}
+
+std::string EmptyOf(const ControlItem& item) {
+    const bool isJob = item.edit != nullptr && item.edit->job != nullptr;
+    return isJob ? std::to_string(item.edit->job->emptyValue) : "std::nullopt";
 }
 
 DWORD SpinOf(const ControlItem& item) {
@@ -92,7 +98,7 @@ void WriteControls() {
         const size_t count = ChoiceCount(item);
         std::printf(
             "    {%lu, \"%s\", \"%s\", \"%s\", \"%s\", %lu, %lu, %#lx, kChoices + %zu, %zu, "
-            "%ld, {%lu, %lu}, %ld, %ld, RunTimeList::%s},\n",
+            "%ld, {%lu, %lu}, %ld, %ld, RunTimeList::%s, %s},\n",
             static_cast<unsigned long>(item.controlId), item.controlName, item.dialogName,
             KindOf(item), item.settingField, static_cast<unsigned long>(item.captionId),
             static_cast<unsigned long>(item.maskMode), static_cast<unsigned long>(item.mask),
@@ -101,7 +107,8 @@ void WriteControls() {
             static_cast<unsigned long>(item.slider != nullptr ? item.slider->valueEditId : 0),
             static_cast<unsigned long>(SpinOf(item)),
             item.edit != nullptr ? static_cast<long>(item.edit->minimum) : 0L,
-            item.edit != nullptr ? static_cast<long>(item.edit->maximum) : 0L, ListOf(item));
+            item.edit != nullptr ? static_cast<long>(item.edit->maximum) : 0L, ListOf(item),
+            EmptyOf(item).c_str());
         choice += count;
     }
     std::printf("};\nextern const unsigned kControlCount = %zu;\n", kCatalogue.size());

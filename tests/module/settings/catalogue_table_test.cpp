@@ -72,6 +72,9 @@ std::string DescribeRecords(const ControlItem& item) {
         out << (edit->kind == kEditNumeric ? "accepts " : "refuses ") << edit->characters
             << ", max " << edit->maxCharacters << ", " << edit->minimum << " to " << edit->maximum
             << ", spin " << edit->spinId << ", range text " << edit->rangeTextId;
+        if (const JobNumber* job = edit->job) {
+            out << ", bit " << job->securityBit << ", empty " << static_cast<LONG>(job->emptyValue);
+        }
     }
     if (const SliderItem* slider = item.slider) {
         out << "range " << slider->minimum << " to " << slider->maximum << ", tick "
