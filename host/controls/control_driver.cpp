@@ -22,11 +22,33 @@ namespace {
 // The control of a page that opens the dialog with these items; null when none does.
 const Control* OpenerOf(const char* dialogName) {
     for (const Dialog& dialog : kDialogs) {
-        if (dialog.opening == Opening::kClick && std::strcmp(dialog.dialogName, dialogName) == 0) {
+        if (dialog.opening == Opening::kChoose || dialog.control == 0) continue;
+        if (std::strcmp(dialog.dialogName, dialogName) == 0) {
             return FindControl(dialog.control);
         }
     }
     return nullptr;
+}
+
+// Controls that no page has room for, and what decides in their place.
+struct ElsewhereRow {
+    const char* control;
+    const char* where;
+};
+constexpr char kDestination[] =
+    "where paper is delivered follows from what is installed (`kvprefs device`), or comes with a "
+    "whole record (`kvprefs record import`)";
+constexpr ElsewhereRow kElsewhere[] = {
+    {"ComboOutputSetting", kDestination},
+    {"ListOutputSetting", kDestination},
+};
+
+std::string WhyNoPageOffers(const Control& control) {
+    std::string why = std::string(control.name) + ": this printer's pages do not offer it";
+    for (const ElsewhereRow& row : kElsewhere) {
+        if (std::strcmp(row.control, control.name) == 0) why += std::string("; ") + row.where;
+    }
+    return why;
 }
 
 std::optional<long> NumberOf(const std::string& text) {
@@ -378,9 +400,7 @@ SetOutcome ControlDriver::Set(const Control& control, const std::string& value) 
     if (PageIndexOfDialog(control.dialog) >= 0) {
         const HWND window = WindowOf(control);
         outcome = window != nullptr ? SetOnPage(control, value, window)
-                                    : Refuse(kRefused, std::string(control.name) +
-                                                           ": this printer's pages do not "
-                                                           "offer it");
+                                    : Refuse(kRefused, WhyNoPageOffers(control));
     } else {
         outcome = SetInSubDialog(control, value);
     }

@@ -3,6 +3,7 @@
 
 #include <cstring>
 
+#include "lists/mailboxes.h"
 #include "lists/paper_size.h"
 #include "resources/string_ids.h"
 #include "rules/gray_out.h"
@@ -66,13 +67,9 @@ void AddWatermarks(SheetContext& context, std::vector<ListEntry>& entries) {
 }
 
 void AddMailBins(SheetContext& context, std::vector<ListEntry>& entries) {
-    const ListHandle list = context.shared->lists.handles[kListOutBin];
-    const int count = list != nullptr ? QDMMLTGetOUTBinNum(list, context.printer) : 0;
-    if (count <= 0) return;
-    std::vector<BinRecord> bins(count, BinRecord{});
-    if (!QDMMLTGetOUTBinArray(list, context.printer, bins.data())) return;
-    for (const BinRecord& bin : bins) {
-        if (IsShownByOptions(context, BoundedText(bin.optionItem).c_str())) {
+    for (const BinRecord& bin : SorterBins(context)) {
+        if (IsMailbox(context, bin) &&
+            IsShownByOptions(context, BoundedText(bin.optionItem).c_str()) == 1) {
             entries.push_back({BoundedText(bin.displayName), bin.identifier});
         }
     }

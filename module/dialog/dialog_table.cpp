@@ -19,8 +19,9 @@ constexpr Opener ClickedAfter(DWORD before, DWORD value, DWORD control) {
 constexpr Opener ChosenAfter(DWORD before, DWORD valueBefore, DWORD control, DWORD value) {
     return {Opening::kChoose, nullptr, control, value, before, valueBefore};
 }
-constexpr Opener Exported(const char* procedure) {
-    return {Opening::kExport, procedure, 0, 0, 0, 0};
+// A control that opens it where the options allow that.
+constexpr Opener Exported(const char* procedure, DWORD control = 0) {
+    return {Opening::kExport, procedure, control, 0, 0, 0};
 }
 constexpr Opener kUnopened{Opening::kNone, nullptr, 0, 0, 0, 0};
 
@@ -57,7 +58,7 @@ constexpr DialogRow kDialogRows[] = {
     {"watermark-editor",      "TABWM",      "_LBPQUARNWATERCOLOR", "",               IDS_TITLE_WATERMARK,        Clicked(IDC_BTN_WATERMARK_ADD)},
     {"record-editor",         "TABWM",      "_DLGEDIT0",           "",               IDS_TITLE_EDIT_WATERMARK,   Exported("DDMEDIT0")},
     {"quality-list",          "TAB2R",      "_DLGTAB20",           "DLGTAB20",       0,                          Exported("DDMTAB20")},
-    {"mailboxes",             "TAB3",       "_MAILBOXR",           "",               IDS_TITLE_MAILBOX,          Exported("DDMMailBox")},
+    {"mailboxes",             "TAB3",       "_MAILBOXR",           "MAILBOX",        IDS_TITLE_MAILBOX,          Exported("DDMMailBox", IDC_BTN_MAILBOX)},
     {"option-conflict",       "TAB3",       "_OPTIONCONFLICT",     "",               IDS_TITLE_OPTION_CONFLICTS, kUnopened},
     {"advanced-settings",     "TAB3",       "_ADVANCEDSETTINGS",   "",               0,                          kUnopened},
     {"hue-correction",        "TAB3",       "_HUECORRECTION",      "",               0,                          kUnopened},

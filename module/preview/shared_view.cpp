@@ -165,6 +165,12 @@ void DestroySharedView(SharedSheet& shared) {
     shared.preview.page = nullptr;
 }
 
+void HookPrinterFigure(SheetContext& context, HWND frame) {
+    if (frame == nullptr) return;
+    ResizeView(frame, kGroundWidth, kGroundHeight);
+    HookView(frame, context, ViewOf(kPrinterFigure));
+}
+
 void SetSampleMode(SheetContext& context, SampleMode mode) {
     if (context.shared->preview.sampleMode == mode) return;
     context.shared->preview.sampleMode = mode;

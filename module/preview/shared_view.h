@@ -34,5 +34,7 @@ void SetSampleMode(SheetContext& context, SampleMode mode);
 // Makes a static frame of a dialog show the Paper View of the current settings until the frame is
 // destroyed; the dialog invalidates the frame after each change.
 void HookPaperView(SheetContext& context, HWND frame);
+// The same with the printer figure.
+void HookPrinterFigure(SheetContext& context, HWND frame);
 
 }  // namespace kvui

@@ -137,6 +137,7 @@
 #define IDS_MAILBOX_8_10         4218
 #define IDS_MAILBOX_9_10         4219
 #define IDS_MAILBOX_10_10        4220
+#define IDS_NAMES_NOT_STORED 4221
 #define IDS_DENSITY_DARKER       5021
 #define IDS_DENSITY_MIDDLE       5022
 #define IDS_DENSITY_LIGHTER      5023

@@ -7,7 +7,7 @@
 
 namespace kvui {
 
-// Opens nothing until the mailbox dialog fills it.
+// Opens nothing: the mailbox dialog takes the press itself.
 constinit ButtonItem mailBoxApplyButton{};
 
 namespace {

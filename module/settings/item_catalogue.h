@@ -174,7 +174,7 @@ constexpr std::size_t kMostCatalogueRows = 256;  // row numbers are kept in byte
 extern const std::span<const ControlItem> kCatalogue;
 extern const std::span<const HelpPair> kHelpTable;
 
-// The apply button of the mailbox dialog; that dialog fills it while it runs.
+// The apply button of the mailbox dialog, which opens nothing.
 extern ButtonItem mailBoxApplyButton;
 
 const ControlItem* ItemById(DWORD controlId);

@@ -22,7 +22,6 @@ constexpr DialogDefinition kWatermarkEditor = ClosesOnly("_LBPQUARNWATERCOLOR", 
 constexpr DialogDefinition kOverlayEditor   = ClosesOnly("_LBPEDITOVERLAY",     SetCaptions,       2);
 constexpr DialogDefinition kRecordEditor    = ClosesOnly("_DLGEDIT0",           SetButtonCaptions, 1);
 constexpr DialogDefinition kCustomPapers    = ClosesOnly("_LBPCUSTOMPAPERS",    SetCaptions,       -1);
-constexpr DialogDefinition kMailbox         = ClosesOnly("_MAILBOXR",           SetCaptions,       0);
 constexpr DialogDefinition kKeepSetting     = ClosesOnly("_DLGKEEPSETTINGADD",  SetCaptions,       0);
 constexpr DialogDefinition kSavedData       = ClosesOnly("_DLGSAVEDATA",        SetButtonCaptions, 0);
 // clang-format on
@@ -43,9 +42,6 @@ INT_PTR CALLBACK DDMEDIT0(HWND dialog, UINT message, WPARAM wParam, LPARAM lPara
 }
 INT_PTR CALLBACK DDMCUSTOMPAPER(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     return kvui::RunDialog(kvui::kCustomPapers, dialog, message, wParam, lParam);
-}
-INT_PTR CALLBACK DDMMailBox(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    return kvui::RunDialog(kvui::kMailbox, dialog, message, wParam, lParam);
 }
 INT_PTR CALLBACK DDMKeepSettingAdd(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     return kvui::RunDialog(kvui::kKeepSetting, dialog, message, wParam, lParam);

@@ -21,6 +21,7 @@
 namespace journey {
 
 using kvtest::Actor;
+using kvtest::ChooseIn;
 using kvtest::IndexOf;
 using kvtest::IsChecked;
 using kvtest::Selected;
