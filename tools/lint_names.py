@@ -19,7 +19,7 @@ NOT_IDS = (
 # A row of settings/ that begins with its id may have one number more, its help topic.
 ROW_WITH_TOPIC = re.compile(r"^(\s+\w* *[({]ID\w+,.*)\b\d{4}\b")
 # Named numbers that are no ids. Powers of two are none either, nor is the largest number of a word.
-NAMED = {"kBitmapRows", "kFarAway", "kFirstPaperKey", "kLineOfReadControl", "kRecordSize",
+NAMED = {"kBitmapRows", "kFarAway", "kFirstPaperKey", "kLineOfReadControl", "kRawPort", "kRecordSize",
          "kScrollFromValueEdit"}
 # Calls that take an id, with a number for it.
 ID_CALL = re.compile(r"\b(?:\w*(?:DlgItem\w*|DlgButton\w*|LoadString\w*)\([^,()]+, *|"
@@ -34,6 +34,9 @@ NOT_CAPTIONS = {
     "a key, a value or a name that others gave": {
         "Password", "Watermark", "MS Sans Serif", "VARNELL Tessora 7720MF TCP/IP Port",
         "Standard TCP/IP Port", "LPR Port", "Server Name", "Tarrow Port+"},
+    "the printer's job language": {
+        r"@PJL INFO STATUS\r\nCODE=999999\r\n\f", r"#GET#\n@PJL INFO DSTATUS",
+        r"#GET#\n@PJL INFO CONFIG", "@PJL INFO CONFIG"},
     "said when the string table may be what is missing": {
         "Driver halt at line %d of Su_cmn.", "UI Halt Message", "Error", "Code : 0x7F7F ",
         "CreateDialog Result", "CommonViewDialog Failed"},

@@ -7,6 +7,8 @@
 #include <mutex>
 #include <string_view>
 
+#include "printer_link.h"
+
 namespace kvmonitor {
 namespace {
 
@@ -51,18 +53,18 @@ bool IsRequest(const std::string& valueName) {
 
 DWORD Ask(const std::string& port, const std::string& valueName, std::string& reply) {
     reply.clear();
-    const Transport transport = CurrentTransport();
-    if (!transport) return ERROR_CALL_NOT_IMPLEMENTED;
     if (!BeginsWith(valueName, kGet)) return ERROR_INVALID_PARAMETER;
-    return transport(port, CommandOf(valueName), reply);
+    const Transport transport = CurrentTransport();
+    return transport ? transport(port, CommandOf(valueName), reply)
+                     : AskPrinter(port, CommandOf(valueName), reply);
 }
 
 DWORD Tell(const std::string& port, const std::string& valueName) {
-    const Transport transport = CurrentTransport();
-    if (!transport) return ERROR_CALL_NOT_IMPLEMENTED;
     if (BeginsWith(valueName, kGet)) return ERROR_SUCCESS;
     std::string ignored;
-    return transport(port, CommandOf(valueName), ignored);
+    const Transport transport = CurrentTransport();
+    return transport ? transport(port, CommandOf(valueName), ignored)
+                     : TellPrinter(port, CommandOf(valueName));
 }
 
 }  // namespace kvmonitor

@@ -1,6 +1,5 @@
 // The language monitor: carries requests that the driver writes as specially named printer data to
-// the printer and brings back its replies. Used by the printer-data functions of the spooler layer;
-// the host or a test gives it the transport.
+// the printer and brings back its replies. Used by the printer-data functions of the spooler layer.
 #pragma once
 
 #include <windef.h>
@@ -15,7 +14,7 @@ namespace kvmonitor {
 using Transport =
     std::function<DWORD(const std::string& port, const std::string& command, std::string& reply)>;
 
-// An empty transport: no printer can be reached, requests fail with ERROR_CALL_NOT_IMPLEMENTED.
+// For tests, instead of the real road (printer_link.h), which an empty one brings back.
 void SetMonitorTransport(Transport transport);
 
 // "#GET#" or "#SET#" (in any case), then a blank or a line end, then the command.

@@ -1,5 +1,4 @@
 // POSIX sockets for winsock.cpp.
-#include <platform/display/waiting.h>
 #include <platform/net/host_socket.h>
 
 #include <arpa/inet.h>
@@ -17,15 +16,16 @@ namespace kv {
 
 namespace {
 
-// As long as the platform tries: three times, 3, 6 and 12 seconds apart.
-constexpr Milliseconds kConnectLimit{21000};
-
 int Outcome(int result) {
     return result < 0 ? -errno : result;
 }
 
 bool IsBlocking(int socket) {
     return (fcntl(socket, F_GETFL) & O_NONBLOCK) == 0;
+}
+
+bool IsNoSocket(ssize_t result) {
+    return result < 0 && errno == ENOTSOCK;
 }
 
 // Tries until something was moved, or the socket does not wait.
@@ -40,8 +40,8 @@ long Transfer(Ready ready, int socket, Attempt attempt) {
     }
 }
 
-int FinishConnect(int socket) {
-    if (!WaitUntil(Ready::kToWrite, socket, kConnectLimit)) return -ETIMEDOUT;
+int FinishConnect(int socket, Milliseconds limit) {
+    if (!WaitUntil(Ready::kToWrite, socket, limit)) return -ETIMEDOUT;
     int error = 0;
     socklen_t length = sizeof error;
     if (getsockopt(socket, SOL_SOCKET, SO_ERROR, &error, &length) != 0) return -errno;
@@ -70,7 +70,7 @@ int OpenStreamSocket() {
     return Outcome(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
 }
 
-int ConnectSocket(int socket, std::uint32_t address, std::uint16_t port) {
+int ConnectSocket(int socket, std::uint32_t address, std::uint16_t port, Milliseconds limit) {
     sockaddr_in target{};
     target.sin_family = AF_INET;
     target.sin_port = htons(port);
@@ -80,9 +80,14 @@ int ConnectSocket(int socket, std::uint32_t address, std::uint16_t port) {
     if (waits) SetBlocking(socket, false);
     int result =
         Outcome(connect(socket, reinterpret_cast<const sockaddr*>(&target), sizeof target));
-    if (waits && (result == -EINPROGRESS || result == -EINTR)) result = FinishConnect(socket);
+    if (waits && (result == -EINPROGRESS || result == -EINTR))
+        result = FinishConnect(socket, limit);
     if (waits) SetBlocking(socket, true);
     return result;
+}
+
+int OpenDevice(const char* path) {
+    return Outcome(open(path, O_RDWR | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
 }
 
 int SetBlocking(int socket, bool blocking) {
@@ -92,13 +97,17 @@ int SetBlocking(int socket, bool blocking) {
 }
 
 long SendBytes(int socket, const char* data, std::size_t length) {
-    return Transfer(Ready::kToWrite, socket,
-                    [&] { return send(socket, data, length, MSG_NOSIGNAL | MSG_DONTWAIT); });
+    return Transfer(Ready::kToWrite, socket, [&] {
+        const ssize_t sent = send(socket, data, length, MSG_NOSIGNAL | MSG_DONTWAIT);
+        return IsNoSocket(sent) ? write(socket, data, length) : sent;
+    });
 }
 
 long ReceiveBytes(int socket, char* data, std::size_t length) {
-    return Transfer(Ready::kToRead, socket,
-                    [&] { return recv(socket, data, length, MSG_DONTWAIT); });
+    return Transfer(Ready::kToRead, socket, [&] {
+        const ssize_t got = recv(socket, data, length, MSG_DONTWAIT);
+        return IsNoSocket(got) ? read(socket, data, length) : got;
+    });
 }
 
 int CloseSocket(int socket) {

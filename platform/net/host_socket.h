@@ -3,6 +3,8 @@
 // display.
 #pragma once
 
+#include <platform/display/waiting.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -11,8 +13,13 @@
 namespace kv {
 
 int OpenStreamSocket();
-// Address in network byte order, port as a number.
-int ConnectSocket(int socket, std::uint32_t address, std::uint16_t port);
+// As long as the platform tries to connect: three times, 3, 6 and 12 seconds apart.
+constexpr Milliseconds kConnectLimit{21000};
+// Address in network byte order, port as a number. The limit is for sockets that wait.
+int ConnectSocket(int socket, std::uint32_t address, std::uint16_t port,
+                  Milliseconds limit = kConnectLimit);
+// A device that is read and written like a socket that does not wait.
+int OpenDevice(const char* path);
 int SetBlocking(int socket, bool blocking);
 long SendBytes(int socket, const char* data, std::size_t length);
 long ReceiveBytes(int socket, char* data, std::size_t length);

@@ -2,12 +2,11 @@
 #include "device/printer_port.h"
 
 #include <gtest/gtest.h>
-#include <winspool.h>
 
 #include <string>
-#include <vector>
 
 #include "tests/module/support/sheet_fixture.h"
+#include "tests/support/printer_data.h"
 #include "tests/support/registry.h"
 
 namespace kvui {
@@ -81,18 +80,8 @@ TEST_F(PrinterPort, CanBeAskedBothWaysOrDirectly) {
     sheet.InstallPrinter();
     EXPECT_TRUE(ClassifyPrinterPort(sheet.context, nullptr));
     for (const auto& row : rows) {
-        PRINTER_DEFAULTSA access{nullptr, nullptr, PRINTER_ALL_ACCESS};
-        HANDLE printer = nullptr;
-        ASSERT_TRUE(OpenPrinterA(sheet.printer.printerName, &printer, &access));
-        std::vector<std::uint64_t> buffer(512);
-        auto* bytes = reinterpret_cast<BYTE*>(buffer.data());
-        DWORD needed = 0;
-        ASSERT_TRUE(GetPrinterA(printer, 2, bytes, 4096, &needed));
-        auto& info = *reinterpret_cast<PRINTER_INFO_2A*>(bytes);
-        info.pPortName = const_cast<char*>(row.port);
-        info.Attributes = row.attributes;
-        EXPECT_TRUE(SetPrinterA(printer, 2, bytes, 0)) << row.port;
-        ClosePrinter(printer);
+        ASSERT_EQ(kvtest::PutPrinterPort(sheet.printer.printerName, row.port, row.attributes),
+                  ERROR_SUCCESS);
         PrinterPortAddress found{};
         EXPECT_EQ(ClassifyPrinterPort(sheet.context, &found), row.queryable) << row.port;
         EXPECT_EQ(found.kind, row.kind) << row.port;
