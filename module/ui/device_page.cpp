@@ -1,4 +1,6 @@
 // Device Options page: what is installed, whether the printer is asked for it, and the user's name.
+#include <winsock2.h>
+
 #include <windows.h>
 
 #include <prsht.h>
