@@ -102,8 +102,8 @@ DWORD Collect(PrinterLink& link, std::string& reply) {
 DWORD Exchange(const std::string& port, const std::string& command, std::string* reply) {
     PrinterAddress address;
     if (!FindPrinterAddress(port, address)) return ERROR_UNKNOWN_PORT;
-    const kv::WaitSubject subject(command + ": " +
-                                  (address.host.empty() ? address.device : address.host));
+    const kv::WaitSubject subject((address.host.empty() ? address.device : address.host) +
+                                  " to answer " + command);
     PrinterLink link(kTimeLimit);
     DWORD error = link.Open(address);
     if (error == ERROR_SUCCESS)

@@ -39,7 +39,7 @@ class Mirror {
     // Where a new sheet opens.
     virtual void OpenAt(const QPoint& /*corner*/) {}
     // What is said beside the buttons of a sheet.
-    virtual void ShowStatus(const QString& /*text*/) {}
+    virtual void ShowStatus(const QString& /*text*/, bool /*isNews*/) {}
 
     // Whose coordinates are those of the window's client area.
     virtual QWidget* Ground() const { return widget_; }

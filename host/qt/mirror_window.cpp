@@ -114,8 +114,8 @@ class DialogMirror : public Mirror {
         return Mirrored(place).translated(fromRight ? 0 : beyond.width(), beyond.height());
     }
 
-    void ShowStatus(const QString& text) override {
-        if (status_) status_->Say(Directed(text, widget()->layoutDirection()));
+    void ShowStatus(const QString& text, bool isNews) override {
+        if (status_) status_->Say(Directed(text, widget()->layoutDirection()), isNews);
     }
 
     // The whole window stays on a screen: on that of the corner, else on the one it opens on.

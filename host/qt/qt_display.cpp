@@ -101,8 +101,8 @@ void QtDisplay::Beeped() {
 void QtDisplay::CursorChanged(HCURSOR cursor) {
     const unsigned id = kv::SystemCursorId(cursor);
     const bool wait = id == kWaitCursor;
-    if (wait != waiting_) {
-        waiting_ = wait;
+    if (wait != isBusy_) {
+        isBusy_ = wait;
         if (wait) {
             Flush();
             QApplication::setOverrideCursor(Qt::WaitCursor);
@@ -127,7 +127,29 @@ void QtDisplay::ModalEnded(HWND /*window*/) {
 }
 
 void QtDisplay::ShowStatus(HWND sheet, const char* text) {
-    if (Mirror* mirror = MirrorOf(sheet)) mirror->ShowStatus(FromAnsi(text));
+    const QString line = FromAnsi(text);
+    Mirror* mirror = MirrorOf(sheet);
+    if (wait_.KeepLine(line) && mirror) mirror->ShowStatus(line, true);
+}
+
+void QtDisplay::SayOnSheets(const QString& text, bool isNews) {
+    for (const auto& [window, entry] : entries_) {
+        if (entry.mirror && kv::KindOf(window) == "sheet") entry.mirror->ShowStatus(text, isNews);
+    }
+}
+
+void QtDisplay::Waiting(const char* what, unsigned milliseconds) {
+    if (const auto line = wait_.GoOn(FromAnsi(what), milliseconds)) {
+        SayOnSheets(line->text, line->isNews);
+    }
+    Flush();
+    // Input comes too, and ends in the event filter: it must not be taken later either.
+    QCoreApplication::processEvents(QEventLoop::AllEvents);
+}
+
+void QtDisplay::WaitEnded() {
+    QCoreApplication::processEvents(QEventLoop::AllEvents);
+    if (const auto line = wait_.End()) SayOnSheets(*line, false);
 }
 
 bool QtDisplay::CornerOf(HWND window, POINT* corner) {
@@ -350,6 +372,10 @@ void QtDisplay::OnPaletteChange() {
 }
 
 bool QtDisplay::eventFilter(QObject* object, QEvent* event) {
+    if (wait_.isOn() && WaitState::IsInput(event->type())) {
+        event->ignore();
+        return true;
+    }
     switch (event->type()) {
         case QEvent::ShortcutOverride:
         case QEvent::KeyPress:

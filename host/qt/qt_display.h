@@ -4,6 +4,7 @@
 #pragma once
 
 #include <host/qt/scale.h>
+#include <host/qt/wait_state.h>
 #include <platform/display/display.h>
 
 #include <QObject>
@@ -42,6 +43,8 @@ class QtDisplay : public QObject, public kv::Display {
     void ModalEnded(HWND window) override;
     void ShowStatus(HWND sheet, const char* text) override;
     bool CornerOf(HWND window, POINT* corner) override;
+    void Waiting(const char* what, unsigned milliseconds) override;
+    void WaitEnded() override;
     void OpenNextSheetAt(POINT corner) override { nextCorner_ = QPoint(corner.x, corner.y); }
     bool WaitForInput(HWND modal) override;
 
@@ -50,7 +53,8 @@ class QtDisplay : public QObject, public kv::Display {
     template <typename Action>
     void Act(HWND window, Action&& action) {
         if (syncing_) return;
-        std::forward<Action>(action)();
+        // A screen reader may act on a widget without an event of the desktop.
+        if (!wait_.isOn()) std::forward<Action>(action)();
         // The widget may show what the core has refused.
         Queue(window, kState);
         Flush();
@@ -101,6 +105,7 @@ class QtDisplay : public QObject, public kv::Display {
     void Forget(HWND window);
     void ReconcileFocus();
     bool HasVisibleWindow() const;
+    void SayOnSheets(const QString& text, bool isNews);
 
     std::unordered_map<HWND, Entry> entries_;
     std::unordered_map<const QObject*, HWND> windows_;
@@ -112,7 +117,8 @@ class QtDisplay : public QObject, public kv::Display {
     Scale scale_;
     int syncing_ = 0;
     bool scheduled_ = false;
-    bool waiting_ = false;  // the wait cursor is shown
+    bool isBusy_ = false;  // the wait cursor is shown
+    WaitState wait_;
 };
 
 }  // namespace kvqt

@@ -13,17 +13,17 @@ StatusLine::StatusLine(QWidget* parent) : QStatusBar(parent) {
     hide();
 }
 
-void StatusLine::Say(const QString& text) {
-    const bool isNew = text != text_;
+void StatusLine::Say(const QString& text, bool isNews) {
+    const bool isOther = text != text_;
     text_ = text;
     setAccessibleName(text);
     SetToolTip();
     // Nothing said is nothing to find there either.
     setVisible(!text.isEmpty());
     update();
-    if (text.isEmpty() || !QAccessible::isActive()) return;
+    if (text.isEmpty() || !isNews || !QAccessible::isActive()) return;
     // The same once more is news as well.
-    if (isNew) {
+    if (isOther) {
         QAccessibleEvent renamed(this, QAccessible::NameChanged);
         QAccessible::updateAccessibility(&renamed);
     }

@@ -9,7 +9,8 @@ namespace kvqt {
 class StatusLine : public QStatusBar {
  public:
     explicit StatusLine(QWidget* parent);
-    void Say(const QString& text);
+    // Screen readers are told of what is news.
+    void Say(const QString& text, bool isNews = true);
 
  protected:
     void paintEvent(QPaintEvent* event) override;

@@ -71,6 +71,10 @@ WaitSubject::~WaitSubject() {
     delete inside_;
 }
 
+void WaitSubject::Rename(std::string what) {
+    inside_->what = std::move(what);
+}
+
 void TellWaiting() {
     WaitSubject::Inside* subject = NewestOfThisThread();
     const Milliseconds now = Now();

@@ -22,6 +22,8 @@ class WaitSubject {
     ~WaitSubject();
     WaitSubject(const WaitSubject&) = delete;
     WaitSubject& operator=(const WaitSubject&) = delete;
+    // It is for something else by now; the time goes on.
+    void Rename(std::string what);
 
     struct Inside;
 

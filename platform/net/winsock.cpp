@@ -8,6 +8,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <platform/display/waiting.h>
@@ -20,9 +21,14 @@ constexpr WORD kHighestVersion = 0x0202;
 thread_local int lastSocketError = 0;
 int startCount = 0;  // clean-ups that are still due
 
-// Only sockets that were opened here may be used and closed: a number can be any open file. Each
-// with whom it is connected to: that is what a program waits for that has an open connection.
-using SocketTable = std::map<SOCKET, std::unique_ptr<kv::WaitSubject>>;
+struct OpenSocket {
+    std::string peer;  // "10.0.0.5:9100" once it is connected
+    // What a program waits for that has an open connection.
+    std::unique_ptr<kv::WaitSubject> subject;
+};
+
+// Only sockets that were opened here may be used and closed: a number can be any open file.
+using SocketTable = std::map<SOCKET, OpenSocket>;
 SocketTable& OpenSockets() {
     static auto* sockets = new SocketTable;
     return *sockets;
@@ -68,6 +74,13 @@ bool IsOpen(SOCKET socket) {
     if (OpenSockets().count(socket) > 0) return true;
     Fail(WSAENOTSOCK);
     return false;
+}
+
+// The command of the job language in what is sent to a printer; empty when there is none.
+std::string_view CommandIn(std::string_view bytes) {
+    const size_t start = bytes.find("@PJL");
+    if (start == bytes.npos) return {};
+    return bytes.substr(start, bytes.find_first_of("\r\n", start) - start);
 }
 
 bool IsStarted() {
@@ -124,7 +137,8 @@ int WSAStartup(WORD version, WSADATA* data) {
 int WSACleanup() {
     if (!IsStarted()) return SOCKET_ERROR;
     if (--startCount == 0) {
-        for (const auto& [socket, peer] : OpenSockets()) kv::CloseSocket(static_cast<int>(socket));
+        for (const auto& [socket, inside] : OpenSockets())
+            kv::CloseSocket(static_cast<int>(socket));
         OpenSockets().clear();
     }
     return 0;
@@ -193,7 +207,7 @@ SOCKET socket(int family, int type, int) {
     const int opened =
         Outcome(family == AF_INET && type == SOCK_STREAM ? kv::OpenStreamSocket() : -EINVAL);
     if (opened < 0) return INVALID_SOCKET;
-    OpenSockets()[static_cast<SOCKET>(opened)] = nullptr;
+    OpenSockets()[static_cast<SOCKET>(opened)] = {};
     return static_cast<SOCKET>(opened);
 }
 
@@ -203,8 +217,10 @@ int connect(SOCKET socket, const sockaddr* address, int length) {
     if (!address || length < static_cast<int>(sizeof target)) return Fail(WSAEINVAL);
     std::memcpy(&target, address, sizeof target);
     if (target.sin_family != AF_INET) return Fail(WSAEINVAL);
-    OpenSockets()[socket] = std::make_unique<kv::WaitSubject>(
-        std::string(inet_ntoa(target.sin_addr)) + ":" + std::to_string(htons(target.sin_port)));
+    OpenSocket& open = OpenSockets()[socket];
+    open.peer =
+        std::string(inet_ntoa(target.sin_addr)) + ":" + std::to_string(htons(target.sin_port));
+    open.subject = std::make_unique<kv::WaitSubject>(open.peer);
     const int result = Outcome(kv::ConnectSocket(static_cast<int>(socket), target.sin_addr.s_addr,
                                                  htons(target.sin_port)));
     return result < 0 ? SOCKET_ERROR : 0;
@@ -220,7 +236,13 @@ int ioctlsocket(SOCKET socket, LONG command, u_long* argument) {
 int send(SOCKET socket, const char* data, int length, int) {
     if (!IsOpen(socket)) return SOCKET_ERROR;
     if (length < 0 || !data) return Fail(WSAEINVAL);
-    return Outcome(kv::SendBytes(static_cast<int>(socket), data, static_cast<std::size_t>(length)));
+    const std::string_view bytes(data, static_cast<std::size_t>(length));
+    const OpenSocket& open = OpenSockets()[socket];
+    const std::string_view command = CommandIn(bytes);
+    if (open.subject && !command.empty()) {
+        open.subject->Rename(open.peer + " to answer " + std::string(command));
+    }
+    return Outcome(kv::SendBytes(static_cast<int>(socket), bytes.data(), bytes.size()));
 }
 
 int recv(SOCKET socket, char* data, int length, int) {

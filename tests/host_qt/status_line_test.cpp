@@ -74,5 +74,41 @@ TEST_F(StatusLineTest, ItStandsBesideTheButtonsOnEitherSide) {
     }
 }
 
+TEST_F(StatusLineTest, AWaitIsSaidWithItsSecondsAndTakesNoInput) {
+    OpenSheet();
+    ASSERT_NE(Line(), nullptr);
+    Say("before");
+    kv::Display& display = kv::CurrentDisplay();
+    const auto WaitFor = [&](unsigned milliseconds) {
+        display.Waiting("10.0.0.5:9100 to answer @PJL INFO CONFIG", milliseconds);
+    };
+    QAbstractButton* cancel = nullptr;
+    for (auto* button : SheetWidget()->findChildren<QPushButton*>()) {
+        if (button->text().remove('&') == "Cancel") cancel = button;
+    }
+    ASSERT_NE(cancel, nullptr);
+    WaitFor(300);
+    EXPECT_EQ(Line()->accessibleName(), "before") << "what is short is not worth a word";
+    WaitFor(2500);
+    EXPECT_EQ(Line()->accessibleName(),
+              "Waiting for 10.0.0.5:9100 to answer @PJL INFO CONFIG, 2 s");
+    Say("after");
+    EXPECT_TRUE(Line()->accessibleName().startsWith("Waiting"));
+    QTest::mouseClick(cancel, Qt::LeftButton);
+    QTest::keyClick(SheetWidget(), Qt::Key_Escape);
+    SheetWidget()->close();
+    cancel->click();  // as a screen reader does
+    WaitFor(3500);
+    EXPECT_TRUE(Line()->accessibleName().endsWith(", 3 s"));
+    display.WaitEnded();
+    kv::Settle();
+    EXPECT_EQ(Line()->accessibleName(), "after");
+    const auto IsOpen = [&] { return SendMessageA(sheet_, PSM_GETCURRENTPAGEHWND, 0, 0) != 0; };
+    EXPECT_TRUE(IsOpen()) << "what was pressed meanwhile has been dropped";
+    QTest::mouseClick(cancel, Qt::LeftButton);
+    kv::Settle();
+    EXPECT_FALSE(IsOpen());
+}
+
 }  // namespace
 }  // namespace journey

@@ -100,7 +100,7 @@ TEST_F(MonitoredPrinter, WhatIsAskedAndOfWhomIsToldMeanwhile) {
     kv::Headless().OnWaiting([&](const char* what, unsigned milliseconds) {
         last = what != nullptr ? what : "over";
         if (what == nullptr) return;
-        EXPECT_EQ(last, "@PJL INFO CONFIG: localhost");
+        EXPECT_EQ(last, "localhost to answer @PJL INFO CONFIG");
         longest = milliseconds;
     });
     kv::ReplaceTime([](kv::Milliseconds) {});

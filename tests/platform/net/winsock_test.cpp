@@ -55,11 +55,18 @@ TEST_F(Sockets, ARequestIsAnsweredOverAStream) {
     char buffer[16];
     EXPECT_EQ(recv(opened, buffer, sizeof buffer, 0), SOCKET_ERROR);
     EXPECT_EQ(WSAGetLastError(), WSAEWOULDBLOCK);
-    EXPECT_EQ(send(opened, "ping", 4, 0), 4);
+    std::string waitedFor;
+    Headless().OnWaiting([&](const char* what, unsigned) {
+        if (what != nullptr) waitedFor = what;
+    });
+    EXPECT_EQ(send(opened, "@PJL", 4, 0), 4);
+    Sleep(50);
+    EXPECT_THAT(waitedFor, testing::EndsWith(" to answer @PJL"));
+    Headless().OnWaiting(nullptr);
     nonBlocking = 0;
     ASSERT_EQ(ioctlsocket(opened, FIONBIO, &nonBlocking), 0);
     EXPECT_EQ(recv(opened, buffer, sizeof buffer, 0), 4);
-    EXPECT_EQ(std::memcmp(buffer, "ping", 4), 0);
+    EXPECT_EQ(std::memcmp(buffer, "@PJL", 4), 0);
     peer.join();
     EXPECT_EQ(recv(opened, buffer, sizeof buffer, 0), 0) << "closed by the peer";
     EXPECT_EQ(closesocket(opened), 0);
