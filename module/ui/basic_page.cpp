@@ -121,6 +121,10 @@ void ClassifyPort(Run& run) {
     FindOutWhetherQueryable(run.context);
 }
 
+void AskIfQueryable(Run& run) {
+    if (printerQueryable) AskPrinter(run);
+}
+
 const PageDefinition kBasicPage = {
     .dialogName = "DLGTAB0",
     .helpTopic = 1101,
@@ -134,7 +138,7 @@ const PageDefinition kBasicPage = {
                     ShowOnePagePerSheet>,
     .apply = InOrder<FinishEdits, ReactToAll, Keep>,
     .paintStatic = PaintPaperMarker,
-    .firstActivation = ClassifyPort,
+    .firstActivation = InOrder<ClassifyPort, AskIfQueryable, IfChanged<kActivate>>,
 };
 
 // First Page: its commands are routed like a page's; Cancel undoes the box that opened it.

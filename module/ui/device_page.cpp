@@ -189,6 +189,7 @@ void FollowStateCombo(Run& run) {
 void FollowAutoConfigure(Run& run) {
     if (run.id != IDC_CHK_AUTO_CONFIG || !run.changed) return;
     const HWND options = ControlOf(run, IDC_LIST_OPTIONS);
+    if (IsAutoConfigured(run)) AskPrinter(run);
     if (IsAutoConfigured(run)) {
         SendMessageA(options, LB_SETCURSEL, kNothingSelected, 0);
         return;
@@ -226,8 +227,8 @@ const PageDefinition kDeviceOptionsPage = {
                     SetCaptions, ShowNotice, BuildOptionList, ShowState, kEndOpening>,
     .show = InOrder<ShowOwnViews, ShowUserName>,
     .command = InOrder<RouteOrDefaults, ChangeOptions, FollowStateCombo, FollowAutoConfigure,
-                       LockMoveButtons, IfDefaults<ApplyDefaults>, IfChanged<IfDiffers<Take>>,
-                       Refresh, IfChanged<UpdatePanel>>,
+                       LockMoveButtons, IfDefaults<ApplyDefaults, AskPrinter>,
+                       IfChanged<IfDiffers<Take>>, Refresh, IfChanged<UpdatePanel>>,
     .take = InOrder<React, TellSheet>,
     .refresh = InOrder<RefreshControls, BuildOptionList, ShowState, EnableByRights,
                        CheckAutoConfigure, DisableIfReadOnly>,

@@ -16,7 +16,8 @@ bool MayChangeSettings(UINT message, LPARAM lParam) {
         const UINT code = reinterpret_cast<const NMHDR*>(lParam)->code;
         return code == PSN_SETACTIVE || code == PSN_APPLY;
     }
-    return message == WM_COMMAND || message == WM_HSCROLL || message == WM_VSCROLL;
+    return message == WM_COMMAND || message == WM_HSCROLL || message == WM_VSCROLL ||
+           message == kMessageFirstActivation;
 }
 
 Step StepsOfNotification(const PageDefinition& definition, UINT code) {

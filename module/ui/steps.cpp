@@ -6,6 +6,7 @@
 
 #include "binding/control_fill.h"
 #include "binding/notification.h"
+#include "device/printer_query.h"
 #include "dialog/dialog_table.h"
 #include "preview/shared_view.h"
 #include "resources/picture_ids.h"
@@ -149,6 +150,11 @@ void TellSheet(Run& run) {
 
 void ApplyDefaults(Run& run) {
     ApplyDialogDefaults(run.context.settings, run.context.printer, run.dialogName);
+}
+
+void AskPrinter(Run& run) {
+    BOOL changed = FALSE;
+    if (QueryPrinterConfiguration(run.context, &changed) && changed) run.changed = true;
 }
 
 void ShowOwnViews(Run& run) {

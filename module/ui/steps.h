@@ -38,6 +38,9 @@ void ReactToAll(Run& run);     // from every setting
 void TellSheet(Run& run);      // which enables Apply
 void ApplyDefaults(Run& run);  // of the page's items
 
+// Auto Configure; a change that the printer's answer makes is a change of the page.
+void AskPrinter(Run& run);
+
 // The preview panel.
 void ShowOwnViews(Run& run);
 void AttachPanel(Run& run);  // the page becomes its parent

@@ -4,6 +4,7 @@
 #include <set>
 
 #include "tests/journeys/preferences.h"
+#include "tests/support/running_printer.h"
 
 namespace journey {
 namespace {
@@ -146,6 +147,52 @@ TEST_F(DevicePage, WhoDoesNotAdministerSeesTheOptionsAndChangesNone) {
     EXPECT_FALSE(IsWindowEnabled(Item(IDC_LIST_OPTIONS, kDevice))) << "after commands too";
     EXPECT_STREQ(Settings().userName, "annamari");
     EXPECT_TRUE(CanApply());
+}
+
+TEST_F(DevicePage, AutoConfigureFollowsWhatThePrinterReports) {
+    const std::string port = "http://" + kvtest::OwnAddress() + "/ipp";
+    ASSERT_EQ(kvtest::PutPrinterPort(kPrinter, port, 0), ERROR_SUCCESS);
+    kvtest::RunningPrinter running(kvtest::BehaviourOf("TRAY2 TRAY3"), kvtest::OwnAddress(), 9100);
+    const auto asked = [&] {
+        const std::string received = running.Received();
+        int count = 0;
+        for (size_t at = 0; (at = received.find("CONFIG", at)) != received.npos; ++at) ++count;
+        return count;
+    };
+    Options() = kBase | kTray2 | kDuplex;
+    OpenSheet();
+    EXPECT_EQ(asked(), 0) << "Auto Configure is off";
+    // The duplex unit would go: refused, the box goes back.
+    const HWND box = Item(IDC_CHK_AUTO_CONFIG, kDevice);
+    EXPECT_TRUE(IsWindowEnabled(box));
+    kv::Headless().PushAnswer(
+        [](HWND question) { EXPECT_TRUE(kv::input::Click(GetDlgItem(question, IDCANCEL))); });
+    kv::input::Click(box);
+    EXPECT_EQ(asked(), 1);
+    EXPECT_FALSE(IsChecked(box));
+    EXPECT_EQ(Options(), kBase | kTray2 | kDuplex);
+    EXPECT_EQ(GetFocus(), Item(IDC_LIST_OPTIONS, kDevice));
+    // Agreed: the list follows and is the printer's own from now on.
+    kv::Headless().PushAnswer(
+        [](HWND question) { EXPECT_TRUE(kv::input::Click(GetDlgItem(question, IDOK))); });
+    kv::input::Click(box);
+    EXPECT_TRUE(IsChecked(box));
+    EXPECT_EQ(Options(), kBase | kTray2 | kTray3);
+    EXPECT_EQ(Rows().substr(Rows().find("Tray 2")), "Tray 2+ Tray 3+ ");
+    EXPECT_FALSE(IsWindowEnabled(Item(IDC_LIST_OPTIONS, kDevice)));
+    EXPECT_GE(IndexOf(Item(IDC_COMBO_PAPER_SOURCE), 3), 0);
+    // Defaults asks again, and so does the next sheet as soon as its Basic page shows.
+    Options() = kBase | kTray2;
+    kv::input::Click(Item(IDC_DEFAULTS, kDevice));
+    EXPECT_EQ(asked(), 2) << "Auto Configure is off by default";
+    kv::input::Click(box);
+    EXPECT_EQ(Options(), kBase | kTray2 | kTray3);
+    CloseSheet();
+    Options() = kBase | kTray2;
+    OpenSheet();
+    EXPECT_EQ(asked(), 4);
+    EXPECT_EQ(Options(), kBase | kTray2 | kTray3);
+    EXPECT_GE(IndexOf(Item(IDC_COMBO_PAPER_SOURCE), 3), 0) << "the page shows it at once";
 }
 
 }  // namespace
