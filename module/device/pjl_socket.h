@@ -2,11 +2,7 @@
 // language, one reply. Called by the printer query.
 #pragma once
 
-#include <winsock2.h>
-
-#include <windows.h>
-
-#include "device/printer_port.h"
+#include "device/port_address.h"
 
 namespace kvui {
 

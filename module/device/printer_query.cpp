@@ -110,8 +110,8 @@ bool AskThroughSpooler(SheetContext& context, std::string& reply) {
 // The wait cursor shows while the printer is waited for; a question after it has a pointer of its own.
 bool Ask(SheetContext& context, PrinterPortAddress& address, std::string& reply) {
     const WaitCursor cursor;
-    const bool direct = address.kind == kPortSharedSmb || address.kind == kPortIpp;
-    return direct ? AskDirectly(address, reply) : AskThroughSpooler(context, reply);
+    return IsAskedDirectly(address) ? AskDirectly(address, reply)
+                                    : AskThroughSpooler(context, reply);
 }
 
 // --- What the answer changes ---
