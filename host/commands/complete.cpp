@@ -237,7 +237,7 @@ void Completion::OfferValues(const std::string& name) {
         session.OpenHeadlessSheet() != nullptr) {
         ControlDriver driver(session, ConflictPolicy::kCancel);
         if (const HWND window = driver.WindowOf(*control)) {
-            for (const ChoiceText& choice : ControlDriver::ChoicesOf(*control, window)) {
+            for (const ChoiceText& choice : ChoicesOf(*control, window)) {
                 OfferValue(name, choice.text);
             }
         }

@@ -30,8 +30,8 @@ nlohmann::ordered_json Describe(Session& session, ControlDriver& driver, const C
         row["value"] = ReadControlValue(session.record().data(), control);
     }
     if (window != nullptr) {
-        row["text"] = ControlDriver::ShownText(control, window);
-        for (const ChoiceText& choice : ControlDriver::ChoicesOf(control, window)) {
+        row["text"] = ShownText(control, window);
+        for (const ChoiceText& choice : ChoicesOf(control, window)) {
             row["choices"].push_back({{"value", choice.value}, {"text", choice.text}});
         }
         row["enabled"] = IsEnabled(control, window);

@@ -32,7 +32,7 @@ std::string SettingsConflict(HWND dialog) {
 
 std::string Entries(HWND list) {
     std::string text;
-    for (const ChoiceText& entry : ControlDriver::EntriesOf(list)) {
+    for (const ChoiceText& entry : EntriesOf(list)) {
         text += (text.empty() ? "" : ", ") + entry.text;
     }
     return text.empty() ? "nothing" : text;

@@ -3,25 +3,14 @@
 #pragma once
 
 #include <host/controls/conflict_answers.h>
-#include <host/index/control_index.h>
-#include <host/controls/session.h>
+#include <host/controls/shown_choices.h>
+#include <host/controls/set_outcome.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
 namespace kvhost {
-
-struct SetOutcome {
-    ExitStatus status = kDone;
-    std::string error;               // why it was refused
-    std::vector<std::string> notes;  // clamped values, conflicts met and how they ended
-    std::string expected;            // what would do, when the value is what is wrong
-};
-
-struct ChoiceText {
-    DWORD value;
-    std::string text;
-};
 
 class ControlDriver {
    public:
@@ -30,16 +19,15 @@ class ControlDriver {
 
     // Sets one control; `value` is an entry's caption, its name or a number.
     SetOutcome Set(const Control& control, const std::string& value);
+    using DialogWork = std::function<SetOutcome(HWND dialog)>;
+    // Presses a control of a page, works in the dialog that opens and presses its OK, or Cancel
+    // when the work was refused. `subject` names in errors what was wanted.
+    SetOutcome InDialog(const Control& opener, const std::string& subject, const DialogWork& work);
     // Applies what was set. Questions and refusals that come up meanwhile are in the outcome.
     SetOutcome Accept();
 
     // The control's window; its page is created when necessary. Null when no page has it.
     HWND WindowOf(const Control& control);
-    // What a control offers and shows now.
-    static std::vector<ChoiceText> ChoicesOf(const Control& control, HWND window);
-    // The entries of a combo box or list box.
-    static std::vector<ChoiceText> EntriesOf(HWND window);
-    static std::string ShownText(const Control& control, HWND window);
     std::vector<std::string>& notes() { return notes_; }
     // Why the page did not take the last choice: a refused conflict, or a message that came up.
     std::string WhyRefused() const;
@@ -58,13 +46,9 @@ class ControlDriver {
     std::vector<std::string> notes_;
     std::string lastMessage_;  // of the message boxes that came up
     unsigned dialogsOpened_ = 0;
-    // While a sub-dialog is being driven: what to set in it.
-    const Control* pending_ = nullptr;
-    std::string pendingValue_;
-    SetOutcome pendingOutcome_;
+    // What is to be done in the next dialog that opens, and what became of it.
+    DialogWork work_;
+    SetOutcome workOutcome_;
 };
-
-// Text of a window, any length.
-std::string WindowText(HWND window);
 
 }  // namespace kvhost

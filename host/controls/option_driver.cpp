@@ -53,8 +53,8 @@ OptionDriver::OptionDriver(Session& session, ControlDriver& driver)
       page_(GetParent(driver.WindowOf(*FindControl(IDC_LIST_INSTALLED)))) {}
 
 std::vector<DeviceOption> OptionDriver::All() const {
-    const auto missing = ControlDriver::EntriesOf(OnPage(IDC_LIST_INSTALLABLE));
-    const auto present = ControlDriver::EntriesOf(OnPage(IDC_LIST_INSTALLED));
+    const auto missing = EntriesOf(OnPage(IDC_LIST_INSTALLABLE));
+    const auto present = EntriesOf(OnPage(IDC_LIST_INSTALLED));
     const Control& list = *FindControl(IDC_LIST_INSTALLED);
     const DWORD installed = ReadControlValue(session_.record().data(), list);
     std::vector<DeviceOption> options;
@@ -96,9 +96,8 @@ SetOutcome OptionDriver::Put(const DeviceOption& option, bool installed) {
                                        : "Auto Configure is on; `kvprefs set ChkAutoConfig=off` "
                                          "turns it off");
     }
-    const auto rows = ControlDriver::EntriesOf(list);
-    const auto held =
-        ControlDriver::EntriesOf(OnPage(installed ? IDC_LIST_INSTALLABLE : IDC_LIST_INSTALLED));
+    const auto rows = EntriesOf(list);
+    const auto held = EntriesOf(OnPage(installed ? IDC_LIST_INSTALLABLE : IDC_LIST_INSTALLED));
     const auto place = std::find_if(held.begin(), held.end(), [&](const ChoiceText& entry) {
         return entry.value == option.bit;
     });

@@ -88,7 +88,7 @@ void AddOffers(const Control& control, HWND window, Offers& offers) {
     }
     const bool isList = IsKind(control, "combo") || IsKind(control, "list");
     if (window != nullptr && isList) {
-        for (const ChoiceText& choice : ControlDriver::EntriesOf(window)) {
+        for (const ChoiceText& choice : EntriesOf(window)) {
             offers.choices.push_back(choice);
         }
     } else {
