@@ -3,6 +3,7 @@
 #include <host/commands/command_tree.h>
 #include <host/commands/commands.h>
 #include <host/commands/complete.h>
+#include <host/controls/wait_progress.h>
 #include <platform/registry/state_store.h>
 #include <platform/security/access.h>
 
@@ -18,6 +19,7 @@ ExitStatus Run(CLI::App& app, Arguments& args, int argc, char** argv) {
     if (!args.state.empty()) kv::SetStateDirectory(args.state);
     if (args.asUser) kv::SetActingAsAdministrator(false);
     if (args.asAdministrator) kv::SetActingAsAdministrator(true);
+    const WaitProgress progress;
     const auto chosen = [&](const char* name) { return app.got_subcommand(name); };
     if (chosen("get")) return RunGet(args.options, args.names);
     if (chosen("set")) return RunSet(args.options, args.pairs, PolicyOfName(args.policy));
@@ -40,6 +42,10 @@ ExitStatus Run(CLI::App& app, Arguments& args, int argc, char** argv) {
     }
     if (chosen("device")) {
         CLI::App* device = app.get_subcommand("device");
+        if (device->got_subcommand("query")) {
+            return RunDeviceQuery(args.options, PolicyOfName(args.policy));
+        }
+        if (device->got_subcommand("record")) return RunDeviceRecord(args.options, args.file);
         const bool install = device->got_subcommand("install");
         if (!install && !device->got_subcommand("remove")) return RunDevice(args.options);
         return RunDevicePut(args.options, args.names, install, PolicyOfName(args.policy));

@@ -75,7 +75,7 @@
     X(DownloadRectangles,  0x184, 4)               \
     X(PrinterDensity,      0x188, 4) /* carried */ \
     X(UsePCLXL,            0x190, 4) /* carried */ \
-    X(printerModelCode,    0x194, 1) /* carried */ \
+    X(printerModelCode,    0x194, 1)               \
     X(mdmInstalledOptions, 0x198, 4)               \
     X(mdmCans,             0x19C, 4) /* carried */ \
     X(mdmFirstPage,        0x1A0, 4)               \

@@ -8,8 +8,6 @@
 #include <algorithm>
 #include <cerrno>
 
-#include "printer_address.h"
-
 namespace kvmonitor {
 namespace {
 
@@ -99,9 +97,7 @@ DWORD Collect(PrinterLink& link, std::string& reply) {
 }
 
 // `reply` is null when none is wanted.
-DWORD Exchange(const std::string& port, const std::string& command, std::string* reply) {
-    PrinterAddress address;
-    if (!FindPrinterAddress(port, address)) return ERROR_UNKNOWN_PORT;
+DWORD Exchange(const PrinterAddress& address, const std::string& command, std::string* reply) {
     const kv::WaitSubject subject((address.host.empty() ? address.device : address.host) +
                                   " to answer " + command);
     PrinterLink link(kTimeLimit);
@@ -114,13 +110,22 @@ DWORD Exchange(const std::string& port, const std::string& command, std::string*
 
 }  // namespace
 
+DWORD AskPrinterAt(const PrinterAddress& address, const std::string& command, std::string& reply) {
+    reply.clear();
+    return Exchange(address, command, &reply);
+}
+
 DWORD AskPrinter(const std::string& port, const std::string& command, std::string& reply) {
     reply.clear();
-    return Exchange(port, command, &reply);
+    PrinterAddress address;
+    if (!FindPrinterAddress(port, address)) return ERROR_UNKNOWN_PORT;
+    return AskPrinterAt(address, command, reply);
 }
 
 DWORD TellPrinter(const std::string& port, const std::string& command) {
-    return Exchange(port, command, nullptr);
+    PrinterAddress address;
+    if (!FindPrinterAddress(port, address)) return ERROR_UNKNOWN_PORT;
+    return Exchange(address, command, nullptr);
 }
 
 }  // namespace kvmonitor

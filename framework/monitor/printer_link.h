@@ -6,6 +6,8 @@
 
 #include <string>
 
+#include "printer_address.h"
+
 namespace kvmonitor {
 
 // Frames the command and sends it; with a reply wanted, collects it up to its form feed. A printer
@@ -13,6 +15,8 @@ namespace kvmonitor {
 // came. ERROR_UNKNOWN_PORT, ERROR_NOT_READY when nobody is there or nothing came, ERROR_TIMEOUT
 // when nothing came in time.
 DWORD AskPrinter(const std::string& port, const std::string& command, std::string& reply);
+// The same without a port of the spooler.
+DWORD AskPrinterAt(const PrinterAddress& address, const std::string& command, std::string& reply);
 DWORD TellPrinter(const std::string& port, const std::string& command);
 
 }  // namespace kvmonitor

@@ -13,10 +13,11 @@ std::string AsText(const nlohmann::ordered_json& object) {
 }
 
 void PrintResult(const Options& options, const std::vector<std::string>& changed,
-                 const std::vector<std::string>& notes) {
+                 const Changes& changes) {
     if (!options.json) {
+        for (const std::string& line : changes.results) std::printf("%s\n", line.c_str());
         for (const std::string& line : changed) std::printf("%s\n", line.c_str());
-        for (const std::string& note : notes) std::fprintf(stderr, "%s\n", note.c_str());
+        for (const std::string& note : changes.notes) std::fprintf(stderr, "%s\n", note.c_str());
         return;
     }
     nlohmann::ordered_json fields = nlohmann::ordered_json::object();
@@ -24,7 +25,9 @@ void PrintResult(const Options& options, const std::vector<std::string>& changed
         const size_t at = line.find('=');
         fields[line.substr(0, at)] = std::stol(line.substr(at + 1));
     }
-    std::printf("%s\n", AsText({{"changed", fields}, {"notes", notes}}).c_str());
+    nlohmann::ordered_json result = {{"changed", fields}, {"notes", changes.notes}};
+    if (!changes.results.empty()) result["results"] = changes.results;
+    std::printf("%s\n", AsText(result).c_str());
 }
 
 }  // namespace
@@ -75,7 +78,7 @@ ExitStatus Change(const Options& options, ConflictPolicy policy, const Work& wor
             if (outcome == RecordStore::Outcome::kFailed) return kRefused;
         }
         session.CloseHeadlessSheet();
-        PrintResult(options, ChangedFields(before, session.stored()), changes.notes);
+        PrintResult(options, ChangedFields(before, session.stored()), changes);
         return kDone;
     }
 }

@@ -13,6 +13,7 @@ namespace kvhost {
 
 struct Changes {
     std::vector<std::string> notes;
+    std::vector<std::string> results;  // what to tell before the fields that have changed
     std::string error;     // why nothing was stored
     std::string control;   // what was refused
     std::string expected;  // what would have done

@@ -5,6 +5,7 @@
 namespace kvhost {
 
 const char* const kPolicyNames[3] = {"ask", "resolve", "cancel"};
+const char* const kRemovalNames[3] = {"ask", "accept", "refuse"};
 const char* const kViewNames[4] = {"paper", "printer", "quality", "watermark"};
 
 namespace {
@@ -28,6 +29,8 @@ constexpr ExampleRow kExamples[] = {
     {"record check", "kvprefs record check lobby.record"},
     {"record diff", "kvprefs record diff before.record after.record"},
     {"device", "kvprefs device --json"},
+    {"device query", "kvprefs device query --on-removal=accept"},
+    {"device record", "kvprefs device record answer.pjl"},
     {"device install", "kvprefs device install \"Tray 3\" --on-conflict=resolve"},
     {"device remove", "kvprefs device remove Tray3"},
     {"printer", "kvprefs printer list"},
@@ -111,8 +114,18 @@ void AddRecord(CLI::App& app, Arguments& args) {
 }
 
 void AddDevice(CLI::App& app, Arguments& args) {
-    auto* device = app.add_subcommand("device", "Show, install or remove the printer's options");
+    auto* device = app.add_subcommand(
+        "device", "Show, install or remove the printer's options, or ask for them");
     device->require_subcommand(0, 1);
+    device->add_subcommand("query", "Ask the printer which options it has")
+        ->add_option("--on-removal", args.policy,
+                     "About options that it does not report: ask, accept or refuse")
+        ->check(CLI::IsMember(
+            std::vector<std::string>(std::begin(kRemovalNames), std::end(kRemovalNames)),
+            CLI::ignore_case));
+    device->add_subcommand("record", "Write the printer's answer to a file, for a bug report")
+        ->add_option("file", args.file, "File; - for standard output")
+        ->required();
     for (const auto& [name, text] :
          {std::pair("install", "Tell that options have been fitted; other settings go to defaults"),
           std::pair("remove", "Tell that options are gone; other settings go to defaults")}) {
@@ -162,8 +175,9 @@ void DescribeCommands(CLI::App& app, Arguments& args) {
 
 ConflictPolicy PolicyOfName(const std::string& name) {
     const std::string lower = CLI::detail::to_lower(name);
-    if (lower == kPolicyNames[1]) return ConflictPolicy::kResolve;
-    return lower == kPolicyNames[2] ? ConflictPolicy::kCancel : ConflictPolicy::kAsk;
+    if (lower == kPolicyNames[1] || lower == kRemovalNames[1]) return ConflictPolicy::kResolve;
+    if (lower == kPolicyNames[2] || lower == kRemovalNames[2]) return ConflictPolicy::kCancel;
+    return ConflictPolicy::kAsk;
 }
 
 std::string ProblemOf(const CLI::ParseError& error, const CLI::App& app) {

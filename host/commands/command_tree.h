@@ -25,14 +25,15 @@ struct Arguments {
     std::string file;
     std::string other;
     PrinterArguments printer;
-    std::string policy = "ask";  // one of kPolicyNames
+    std::string policy = "ask";  // one of kPolicyNames or kRemovalNames
     double scale = 1;
     bool rightToLeft = false;
     bool force = false;
 };
 
-// What --on-conflict and --view take.
+// What --on-conflict, --on-removal and --view take; the second as the first, word by word.
 extern const char* const kPolicyNames[3];
+extern const char* const kRemovalNames[3];  // of --on-removal
 extern const char* const kViewNames[4];
 
 // What the parser found wrong, in one line that names the help to look at.

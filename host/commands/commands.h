@@ -20,6 +20,10 @@ ExitStatus RunDefaults(const Options& options, const std::string& page);
 ExitStatus RunList(const Options& options, const std::string& page);
 // Which options the printer has.
 ExitStatus RunDevice(const Options& options);
+// Asks the printer which it has; the policy answers what to do about those it does not report.
+ExitStatus RunDeviceQuery(const Options& options, ConflictPolicy removal);
+// The printer's answer as it came, into a file.
+ExitStatus RunDeviceRecord(const Options& options, const std::string& file);
 ExitStatus RunDevicePut(const Options& options, const std::vector<std::string>& names,
                         bool installed, ConflictPolicy policy);
 ExitStatus RunShot(const Options& options, const std::string& folder, const std::string& page,

@@ -4,6 +4,7 @@
 #include <host/commands/command_tree.h>
 #include <host/commands/commands.h>
 #include <host/commands/complete.h>
+#include <host/controls/option_driver.h>
 #include <platform/registry/state_store.h>
 #include <unistd.h>
 
@@ -20,7 +21,18 @@ namespace {
 constexpr unsigned kPatienceSeconds = 3;
 
 enum class Source {
-    kNothing, kPages, kPictures, kFields, kControls, kPrinters, kPolicies, kViews, kFiles, kFolders,
+    kNothing,
+    kPages,
+    kPictures,
+    kFields,
+    kControls,
+    kPrinters,
+    kDeviceOptions,
+    kPolicies,
+    kRemovals,
+    kViews,
+    kFiles,
+    kFolders,
 };
 
 struct SourceRow {
@@ -29,18 +41,28 @@ struct SourceRow {
 };
 // What stands after the words of a command.
 constexpr SourceRow kArguments[] = {
-    {"list", Source::kPages},      {"defaults", Source::kPages}, {"get", Source::kFields},
-    {"set", Source::kControls},    {"shot", Source::kFolders},   {"export", Source::kFiles},
-    {"import", Source::kFiles},    {"check", Source::kFiles},    {"diff", Source::kFiles},
-    {"remove", Source::kPrinters}, {"open", Source::kPrinters},
+    {"list", Source::kPages},
+    {"defaults", Source::kPages},
+    {"get", Source::kFields},
+    {"set", Source::kControls},
+    {"shot", Source::kFolders},
+    {"open", Source::kPrinters},
+    {"record export", Source::kFiles},
+    {"record import", Source::kFiles},
+    {"record check", Source::kFiles},
+    {"record diff", Source::kFiles},
+    {"device install", Source::kDeviceOptions},
+    {"device remove", Source::kDeviceOptions},
+    {"device record", Source::kFiles},
+    {"printer remove", Source::kPrinters},
+    {"printer share", Source::kPrinters},
+    {"printer take", Source::kPrinters},
 };
 // What an option takes.
 constexpr SourceRow kOptionValues[] = {
-    {"state",       Source::kFolders},
-    {"printer",     Source::kPrinters},
-    {"page",        Source::kPictures},
-    {"on-conflict", Source::kPolicies},
-    {"view",        Source::kViews},
+    {"state", Source::kFolders},       {"printer", Source::kPrinters},
+    {"page", Source::kPictures},       {"on-conflict", Source::kPolicies},
+    {"on-removal", Source::kRemovals}, {"view", Source::kViews},
 };
 
 template <size_t count>
@@ -55,6 +77,13 @@ Source SourceOf(const SourceRow (&rows)[count], const std::string& name) {
 void Offer(const std::string& word, const std::string& description = {}) {
     if (word.empty() || word.find_first_of("\t\n\r") != std::string::npos) return;
     std::printf("%s\t%s\n", word.c_str(), description.c_str());
+}
+
+// "device install".
+std::string PathOf(const CLI::App& command) {
+    const CLI::App* parent = command.get_parent();
+    const bool isBelowRoot = parent == nullptr || parent->get_parent() == nullptr;
+    return (isBelowRoot ? "" : PathOf(*parent) + " ") + command.get_name();
 }
 
 std::string NameOf(const CLI::Option& option) {
@@ -153,7 +182,7 @@ void Completion::OfferNext(const std::string& typed) {
     if (arguments_ == 0) {
         for (const CLI::App* sub : subs) Offer(sub->get_name(), sub->get_description());
     }
-    if (subs.empty()) OfferSource(SourceOf(kArguments, command_->get_name()), "", typed);
+    if (subs.empty()) OfferSource(SourceOf(kArguments, PathOf(*command_)), "", typed);
 }
 
 void Completion::OfferOptions() const {
@@ -203,6 +232,12 @@ void Completion::OfferSource(Source source, const std::string& prefix, const std
         }
         case Source::kPolicies:
             offerAll(kPolicyNames);
+            break;
+        case Source::kRemovals:
+            offerAll(kRemovalNames);
+            break;
+        case Source::kDeviceOptions:
+            for (const std::string& name : OptionDriver::Names()) Offer(name);
             break;
         case Source::kViews:
             offerAll(kViewNames);

@@ -5,6 +5,7 @@
 #include <platform/window/input.h>
 #include <unistd.h>
 
+#include <cctype>
 #include <cstdio>
 
 namespace kvhost {
@@ -57,26 +58,28 @@ int ReadAnswer() {
     return first;
 }
 
-ConflictRefusal AskOnTerminal(const std::string& question) {
+// Until one of two letters is typed, the second of which an empty line stands for.
+ConflictRefusal AskOnTerminal(const std::string& question, const char* prompt, char yes, char no) {
     if (isatty(STDIN_FILENO) == 0) return ConflictRefusal::kNoTerminal;
-    std::fprintf(stderr, "conflict: %s\n", question.c_str());
+    std::fprintf(stderr, "%s\n", question.c_str());
     for (;;) {
-        std::fputs("Resolve or Cancel? [r/C] ", stderr);
-        switch (ReadAnswer()) {
-            case 'r':
-            case 'R':
-                return ConflictRefusal::kNone;
-            case 'c':
-            case 'C':
-            case '\n':
-                return ConflictRefusal::kCancelled;
-            case EOF:
-                std::fputc('\n', stderr);
-                return ConflictRefusal::kNoAnswer;
-            default:
-                break;  // asked again
+        std::fputs(prompt, stderr);
+        const int answer = ReadAnswer();
+        if (answer == EOF) {
+            std::fputc('\n', stderr);
+            return ConflictRefusal::kNoAnswer;
         }
+        if (std::tolower(answer) == yes) return ConflictRefusal::kNone;
+        if (std::tolower(answer) == no || answer == '\n') return ConflictRefusal::kCancelled;
     }
+}
+
+// A message box of several lines as one.
+std::string OneLine(std::string text) {
+    for (char& c : text) {
+        if (c == '\n') c = ' ';
+    }
+    return text;
 }
 
 }  // namespace
@@ -91,10 +94,33 @@ ConflictRefusal ConflictAnswers::Decide(const std::string& question, bool resolv
         case ConflictPolicy::kAsk:
             break;
     }
-    return AskOnTerminal(question);
+    return AskOnTerminal("conflict: " + question, "Resolve or Cancel? [r/C] ", 'r', 'c');
 }
 
 bool ConflictAnswers::Answer(HWND dialog, std::vector<std::string>& notes) {
+    return AnswerConflict(dialog, notes) || AnswerRemoval(dialog, notes);
+}
+
+// Resolving takes the options away, cancelling keeps them.
+bool ConflictAnswers::AnswerRemoval(HWND dialog, std::vector<std::string>& notes) {
+    constexpr int kMessageText = 0xFFFF;
+    if (removal_.empty() || TextOf(dialog, kMessageText) != removal_) return false;
+    const std::string question = OneLine(removal_);
+    ConflictRefusal decision = ConflictRefusal::kNone;
+    if (policy_ == ConflictPolicy::kCancel) decision = ConflictRefusal::kCancelled;
+    if (policy_ == ConflictPolicy::kAsk) {
+        decision = AskOnTerminal(question, "Accept or Refuse? [a/R] ", 'a', 'r');
+    }
+    const bool accepted = decision == ConflictRefusal::kNone;
+    notes.push_back((accepted ? "accepted: " : "refused: ") + question);
+    if (!accepted) {
+        refusal_ = decision == ConflictRefusal::kCancelled ? ConflictRefusal::kOptionsKept
+                                                           : ConflictRefusal::kOptionsUndecided;
+    }
+    return kv::input::Click(GetDlgItem(dialog, accepted ? IDOK : IDCANCEL));
+}
+
+bool ConflictAnswers::AnswerConflict(HWND dialog, std::vector<std::string>& notes) {
     for (const Question& row : kQuestions) {
         const HWND resolve = GetDlgItem(dialog, row.resolveButton);
         if (resolve == nullptr) continue;
@@ -125,6 +151,12 @@ const char* RefusalText(ConflictRefusal refusal) {
                    "use --on-conflict=resolve or --on-conflict=cancel";
         case ConflictRefusal::kNoAnswer:
             return "it conflicts with another setting and the input ended without an answer";
+        case ConflictRefusal::kOptionsKept:
+            return "the printer reports fewer options than are installed, and they were to be kept";
+        case ConflictRefusal::kOptionsUndecided:
+            return "the printer reports fewer options than are installed and nobody could be "
+                   "asked; "
+                   "`kvprefs device query --on-removal=accept` takes the others away";
     }
     return "";
 }

@@ -4,6 +4,7 @@
 #include <host/controls/shown_choices.h>
 #include <host/controls/typed_numbers.h>
 #include <host/index/sheet_pages.h>
+#include <module/resources/string_ids.h>
 #include <platform/display/headless.h>
 #include <platform/window/input.h>
 #include <prsht.h>
@@ -38,6 +39,12 @@ constexpr ElsewhereRow kElsewhere[] = {
     {"ListOutputSetting", kDestination},
 };
 
+std::string RemovalQuestion(Session& session) {
+    char text[512] = "";
+    LoadStringA(session.module().handle(), IDS_AUTOCONFIGURE_REMOVED, text, sizeof text);
+    return text;
+}
+
 std::string WhyNoPageOffers(const Control& control) {
     std::string why = std::string(control.name) + ": this printer's pages do not offer it";
     for (const ElsewhereRow& row : kElsewhere) {
@@ -62,7 +69,7 @@ const Control& ShownAlternative(const Control& control, HWND dialog) {
 }  // namespace
 
 ControlDriver::ControlDriver(Session& session, ConflictPolicy policy)
-    : session_(session), conflicts_(policy) {
+    : session_(session), conflicts_(policy, RemovalQuestion(session)) {
     kv::Headless().SetPolicy([this](HWND dialog) { AnswerDialog(dialog); });
 }
 

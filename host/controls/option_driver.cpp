@@ -52,6 +52,15 @@ OptionDriver::OptionDriver(Session& session, ControlDriver& driver)
       driver_(driver),
       page_(GetParent(driver.WindowOf(*FindControl(IDC_LIST_INSTALLED)))) {}
 
+std::vector<std::string> OptionDriver::Names() {
+    const Control& list = *FindControl(IDC_LIST_INSTALLED);
+    std::vector<std::string> names;
+    for (unsigned i = 0; i < list.choiceCount; ++i) {
+        names.emplace_back(list.choices[i].name + kPrefixLength);
+    }
+    return names;
+}
+
 std::vector<DeviceOption> OptionDriver::All() const {
     const auto missing = EntriesOf(OnPage(IDC_LIST_INSTALLABLE));
     const auto present = EntriesOf(OnPage(IDC_LIST_INSTALLED));
@@ -90,7 +99,7 @@ SetOutcome OptionDriver::Put(const DeviceOption& option, bool installed) {
     if (!option.offered) return Refused(option, installed, "this model does not have it");
     const HWND list = OnPage(IDC_LIST_OPTIONS);
     if (!IsWindowEnabled(list)) {
-        const std::string reason = kv::ReasonDisabled(list);
+        const std::string reason = WhyLocked();
         return Refused(option, installed,
                        !reason.empty() ? reason
                                        : "Auto Configure is on; `kvprefs set ChkAutoConfig=off` "
@@ -115,6 +124,21 @@ SetOutcome OptionDriver::Put(const DeviceOption& option, bool installed) {
     const DWORD now = ReadControlValue(session_.record().data(), control);
     if (((now & option.bit) != 0) == installed) return {};
     return Refused(option, installed, driver_.WhyRefused());
+}
+
+std::string OptionDriver::WhyLocked() const {
+    return kv::ReasonDisabled(OnPage(IDC_LIST_OPTIONS));
+}
+
+SetOutcome OptionDriver::AskPrinter() {
+    const Control& automatic = *FindControl(IDC_CHK_AUTO_CONFIG);
+    const bool isOn = ShownText(automatic, OnPage(IDC_CHK_AUTO_CONFIG)) == "on";
+    // The page asks when the box becomes ticked.
+    if (isOn) driver_.Set(automatic, "off");
+    SetOutcome outcome = driver_.Set(automatic, "on");
+    if (outcome.status != kDone) outcome.error = driver_.WhyRefused();
+    if (!isOn && outcome.status == kDone) driver_.Set(automatic, "off");
+    return outcome;
 }
 
 }  // namespace kvhost

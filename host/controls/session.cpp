@@ -165,9 +165,19 @@ HWND Session::OpenHeadlessSheet() {
         if (!kv::input::Click(GetDlgItem(dialog, IDOK))) kv::input::Close(dialog);
     });
     sheet_ = module_->CreateSheet(request_);
+    ForgetPostponed();
     kv::Headless().SetPolicy(nullptr);
     if (sheet_ == nullptr) PrintError("the property sheet could not be opened");
     return sheet_;
+}
+
+// What pages put off until they have been seen, such as asking the printer: a script gets it when
+// it says so, and waits for no printer otherwise.
+void Session::ForgetPostponed() {
+    MSG message{};
+    while (PeekMessageA(&message, nullptr, kFirstPrivateMessage, kBehindPrivateMessages - 1,
+                        PM_REMOVE)) {
+    }
 }
 
 HWND Session::OpenHeadlessSheetOn(const Record& other) {

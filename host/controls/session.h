@@ -19,6 +19,10 @@ struct Options {
     bool json = false;
 };
 
+// What windows post to themselves.
+constexpr UINT kFirstPrivateMessage = WM_USER + 0;
+constexpr UINT kBehindPrivateMessages = WM_APP + 0;
+
 class Session {
  public:
     Session() = default;
@@ -75,6 +79,7 @@ class Session {
     bool LookAfterDriverFiles();
     void SayFaults(const std::vector<std::string>& faults);
     bool IsInBounds();
+    void ForgetPostponed();
 
     PrinterBlock printer_{};
     Record record_{};

@@ -41,10 +41,11 @@ bool ReadStandardInput(std::string& bytes, std::string& error) {
     return false;
 }
 
-bool WriteThrough(int file, const std::string& name, const Record& record, std::string& error) {
+bool WriteThrough(int file, const std::string& name, const void* bytes, size_t size,
+                  std::string& error) {
     std::signal(SIGPIPE, SIG_IGN);  // a reader that has gone is an error like any other
-    for (size_t written = 0; written < record.size();) {
-        const ssize_t put = write(file, record.data() + written, record.size() - written);
+    for (size_t written = 0; written < size;) {
+        const ssize_t put = write(file, static_cast<const char*>(bytes) + written, size - written);
         if (put < 0 && errno == EINTR) continue;
         if (put <= 0) return Fail(name, error);
         written += static_cast<size_t>(put);
@@ -81,17 +82,21 @@ bool ReadRecordFrom(const std::string& file, Record& record, std::string& error)
 }
 
 bool WriteRecordTo(const std::string& file, const Record& record, std::string& error) {
-    if (file == "-") return WriteThrough(STDOUT_FILENO, kStandardOutput, record, error);
+    return WriteBytesTo(file, record.data(), record.size(), error);
+}
+
+bool WriteBytesTo(const std::string& file, const void* bytes, size_t size, std::string& error) {
+    if (file == "-") return WriteThrough(STDOUT_FILENO, kStandardOutput, bytes, size, error);
     struct stat status {};
     const bool exists = stat(file.c_str(), &status) == 0;
     if (!exists || S_ISREG(status.st_mode)) {
         const std::string target = BehindLinks(file).string();
-        if (!WriteWholeFile(target, record.data(), record.size(), error)) return false;
+        if (!WriteWholeFile(target, bytes, size, error)) return false;
         return !exists || chmod(target.c_str(), status.st_mode & 07777) == 0 || Fail(file, error);
     }
     const int device = open(file.c_str(), O_WRONLY | O_CLOEXEC);
     if (device < 0) return Fail(file, error);
-    const bool written = WriteThrough(device, file, record, error);
+    const bool written = WriteThrough(device, file, bytes, size, error);
     return (close(device) == 0 || Fail(file, error)) && written;
 }
 

@@ -14,5 +14,6 @@ bool ReadRecordFrom(const std::string& file, Record& record, std::string& error)
 // "-" is standard output. A regular file, or a new one, is replaced as a whole and keeps its mode;
 // links are followed; into anything else the record is written through.
 bool WriteRecordTo(const std::string& file, const Record& record, std::string& error);
+bool WriteBytesTo(const std::string& file, const void* bytes, size_t size, std::string& error);
 
 }  // namespace kvhost

@@ -11,6 +11,7 @@
 
 #include "device/installed_options.h"
 #include "device/pjl_socket.h"
+#include "device/printer_answer.h"
 #include "device/printer_port.h"
 #include "resources/string_ids.h"
 #include "settings/defaults.h"
@@ -23,20 +24,6 @@ namespace {
 constexpr DWORD kReplySize = 1024;
 constexpr char kStatusRequest[] = "#GET#\n@PJL INFO DSTATUS";
 constexpr char kConfigRequest[] = "#GET#\n@PJL INFO CONFIG";
-constexpr std::string_view kReplyHeader = "@PJL INFO CONFIG";
-
-constexpr DWORD kBaseMachine = 0x1;
-struct ReportedOption {
-    DWORD bit;
-    std::string_view text;
-};
-// option, how a reply says that it is there; others are never reported
-constexpr ReportedOption kReported[] = {
-    {0x4, "TRAY2=INSTALLED"},
-    {0x8, "TRAY3=INSTALLED"},
-    {0x80, "DUPLEX=INSTALLED"},
-};
-
 class WaitCursor {
  public:
     WaitCursor() : before_(SetCursor(LoadCursorA(nullptr, IDC_WAIT))) {}
@@ -130,9 +117,7 @@ BOOL ApplyReport(SheetContext& context, DWORD options, BOOL* changed) {
     PrivateDevmode& settings = *context.privateSettings;
     if (options == settings.mdmInstalledOptions) return TRUE;
     *changed = TRUE;
-    DWORD reported = 0;
-    for (const ReportedOption& option : kReported) reported |= option.bit;
-    if ((settings.mdmInstalledOptions & reported & ~options) != 0) {
+    if ((settings.mdmInstalledOptions & kReportedOptions & ~options) != 0) {
         if (!AgreesToRemoval(context)) {
             settings.mdmOtherSettings &= ~kOtherAutoConfig;
             return FALSE;
@@ -145,18 +130,6 @@ BOOL ApplyReport(SheetContext& context, DWORD options, BOOL* changed) {
 }
 
 }  // namespace
-
-bool ReadInstalledOptions(std::string_view reply, DWORD& options) {
-    const size_t header = reply.find(kReplyHeader);
-    const size_t end = header == reply.npos ? reply.npos : reply.find('\f', header);
-    if (end == reply.npos) return false;
-    const std::string_view answer = reply.substr(header, end - header);
-    options = kBaseMachine;
-    for (const ReportedOption& option : kReported) {
-        if (answer.find(option.text) != answer.npos) options |= option.bit;
-    }
-    return true;
-}
 
 BOOL QueryPrinterConfiguration(SheetContext& context, BOOL* changed) {
     *changed = FALSE;

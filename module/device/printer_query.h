@@ -4,8 +4,6 @@
 
 #include <windows.h>
 
-#include <string_view>
-
 #include "sheet/sheet_context.h"
 
 namespace kvui {
@@ -15,9 +13,5 @@ namespace kvui {
 // options, or whether the printer is asked at all, are not what they were. May show a question;
 // takes up to about 15 seconds.
 BOOL QueryPrinterConfiguration(SheetContext& context, BOOL* changed);
-
-// What a printer's reply says is installed, as bits of mdmInstalledOptions. False when the reply is
-// no whole answer to the question.
-bool ReadInstalledOptions(std::string_view reply, DWORD& options);
 
 }  // namespace kvui

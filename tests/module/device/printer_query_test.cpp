@@ -16,6 +16,7 @@
 #include <string>
 
 #include "device/pjl_socket.h"
+#include "device/printer_answer.h"
 #include "tests/module/support/sheet_fixture.h"
 #include "tests/support/printer_data.h"
 #include "tests/support/running_printer.h"
