@@ -50,6 +50,14 @@ ExitStatus Run(CLI::App& app, Arguments& args, int argc, char** argv) {
         if (!install && !device->got_subcommand("remove")) return RunDevice(args.options);
         return RunDevicePut(args.options, args.names, install, PolicyOfName(args.policy));
     }
+    if (chosen("mailbox")) {
+        CLI::App* mailbox = app.get_subcommand("mailbox");
+        if (mailbox->got_subcommand("assign")) return RunMailboxAssign(args.options, args.entry);
+        if (mailbox->got_subcommand("name")) {
+            return RunMailboxName(args.options, args.entry, args.name);
+        }
+        return RunMailbox(args.options);
+    }
     if (chosen("printer")) {
         CLI::App* printer = app.get_subcommand("printer");
         if (printer->got_subcommand("add")) return RunPrinterAdd(args.printer);

@@ -33,6 +33,9 @@ constexpr ExampleRow kExamples[] = {
     {"device record", "kvprefs device record answer.pjl"},
     {"device install", "kvprefs device install \"Tray 3\" --on-conflict=resolve"},
     {"device remove", "kvprefs device remove Tray3"},
+    {"mailbox", "kvprefs mailbox --json"},
+    {"mailbox assign", "kvprefs mailbox assign \"8-10 bin\""},
+    {"mailbox name", "kvprefs mailbox name 9 Ada"},
     {"printer", "kvprefs printer list"},
     {"printer list", "kvprefs printer list --json"},
     {"printer add", "kvprefs printer add Lobby --port IP_192.0.2.7"},
@@ -135,6 +138,18 @@ void AddDevice(CLI::App& app, Arguments& args) {
     }
 }
 
+void AddMailbox(CLI::App& app, Arguments& args) {
+    auto* mailbox =
+        app.add_subcommand("mailbox", "Show, assign or name the mailboxes of the sorter");
+    mailbox->require_subcommand(0, 1);
+    mailbox->add_subcommand("assign", "Give bins over to mailboxes")
+        ->add_option("entry", args.entry, "Caption, name or number of an entry of its dialog")
+        ->required();
+    auto* name = mailbox->add_subcommand("name", "Name a mailbox (administrators)");
+    name->add_option("bin", args.entry, "Number of the bin, or its present name")->required();
+    name->add_option("name", args.name, "Its new name")->required();
+}
+
 void AddPrinter(CLI::App& app, Arguments& args) {
     PrinterArguments& given = args.printer;
     auto* printer = app.add_subcommand("printer", "List, add, remove, share or copy printers");
@@ -169,6 +184,7 @@ void DescribeCommands(CLI::App& app, Arguments& args) {
     AddShot(app, args);
     AddRecord(app, args);
     AddDevice(app, args);
+    AddMailbox(app, args);
     AddPrinter(app, args);
     FinishCommand(app, app.get_name());
 }

@@ -24,6 +24,8 @@ struct Arguments {
     std::string folder;
     std::string file;
     std::string other;
+    std::string entry;
+    std::string name;
     PrinterArguments printer;
     std::string policy = "ask";  // one of kPolicyNames or kRemovalNames
     double scale = 1;

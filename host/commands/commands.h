@@ -26,6 +26,11 @@ ExitStatus RunDeviceQuery(const Options& options, ConflictPolicy removal);
 ExitStatus RunDeviceRecord(const Options& options, const std::string& file);
 ExitStatus RunDevicePut(const Options& options, const std::vector<std::string>& names,
                         bool installed, ConflictPolicy policy);
+// The mailboxes of the sorter: told, given over, and named by number or present name.
+ExitStatus RunMailbox(const Options& options);
+ExitStatus RunMailboxAssign(const Options& options, const std::string& entry);
+ExitStatus RunMailboxName(const Options& options, const std::string& mailbox,
+                          const std::string& name);
 ExitStatus RunShot(const Options& options, const std::string& folder, const std::string& page,
                    const std::string& view, double scale, bool rightToLeft);
 ExitStatus RunRecordExport(const Options& options, const std::string& file);

@@ -5,6 +5,7 @@
 #include <host/commands/commands.h>
 #include <host/commands/complete.h>
 #include <host/controls/option_driver.h>
+#include <module/resources/resource.h>
 #include <platform/registry/state_store.h>
 #include <unistd.h>
 
@@ -28,6 +29,7 @@ enum class Source {
     kControls,
     kPrinters,
     kDeviceOptions,
+    kMailboxEntries,
     kPolicies,
     kRemovals,
     kViews,
@@ -54,6 +56,7 @@ constexpr SourceRow kArguments[] = {
     {"device install", Source::kDeviceOptions},
     {"device remove", Source::kDeviceOptions},
     {"device record", Source::kFiles},
+    {"mailbox assign", Source::kMailboxEntries},
     {"printer remove", Source::kPrinters},
     {"printer share", Source::kPrinters},
     {"printer take", Source::kPrinters},
@@ -239,6 +242,11 @@ void Completion::OfferSource(Source source, const std::string& prefix, const std
         case Source::kDeviceOptions:
             for (const std::string& name : OptionDriver::Names()) Offer(name);
             break;
+        case Source::kMailboxEntries: {
+            const Control& assign = *FindControl(IDC_COMBO_MAILBOX_ASSIGN);
+            for (unsigned i = 0; i < assign.choiceCount; ++i) Offer(assign.choices[i].name);
+            break;
+        }
         case Source::kViews:
             offerAll(kViewNames);
             break;

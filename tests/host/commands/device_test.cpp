@@ -9,9 +9,29 @@ TEST_F(CommandLine, MailboxesAreAssignedAndTheDestinationFollowsTheOptions) {
     const Ran without = Run("set ComboMailBoxAssign=MBAssign8");
     EXPECT_EQ(without.status, 1);
     EXPECT_NE(without.errors.find("BtnMBSetting is disabled now"), std::string::npos);
+    EXPECT_THAT(Run("mailbox").errors, testing::HasSubstr("no mail-bin sorter is installed"));
     ASSERT_EQ(Run("device install Mailbin10").status, 0);
+    EXPECT_EQ(Run("mailbox").output, "Assigned: None\n");
     EXPECT_EQ(Run("set ComboMailBoxAssign=MBAssign8").status, 0);
     EXPECT_EQ(Run("get mdmMailBinAssign").output, "mdmMailBinAssign=1792\n");
+    EXPECT_EQ(Run("mailbox assign '9-10 bin'").output, "mdmMailBinAssign=1536\n");
+    // what is named how, status, what is said
+    const struct {
+        const char *names, *says;
+        int status;
+    } rows[] = {
+        {"9 Ada", "", 0},
+        {"ada 'Ada Lovelace'", "", 0},
+        {"8 Ben", "\"8\" is no mailbox; expected one of 9 \"Ada Lovelace\", 10 \"Bin 10\"", 2},
+        {"10 'A name of 21 letters.'", "expected 1 to 20 characters; nothing was stored", 2},
+        {"10 ''", "expected 1 to 20 characters", 2},
+    };
+    for (const auto& row : rows) {
+        const Ran ran = Run(std::string("mailbox name ") + row.names);
+        EXPECT_EQ(ran.status, row.status) << row.names;
+        EXPECT_THAT(ran.errors, testing::HasSubstr(row.says));
+    }
+    EXPECT_EQ(Run("mailbox").output, "Assigned: 9-10 bin\n9   Ada Lovelace\n10  Bin 10\n");
     const Ran bin = Run("set ComboOutputSetting=69");
     EXPECT_EQ(bin.status, 1);
     EXPECT_NE(bin.errors.find("follows from what is installed (`kvprefs device`)"),
