@@ -33,7 +33,7 @@ struct Desk {
         kv::SetStateDirectory(state);
         kv::SetActingAsAdministrator(true);
         std::string error;
-        kvcore::InstallPrinter("Bench", "USB001", KV_SOURCE_DIR "/models", error);
+        kvcore::InstallPrinter({"Bench", "USB001"}, KV_SOURCE_DIR "/models", error);
         kvcore::MakePrinterBlock("Bench", printer, error);
         QDMGetStdDefaults(&printer, record.data(), nullptr);
         module = kvhost::DriverModule::Load(KV_BIN_DIR "/libkvuimod.so", error);

@@ -7,6 +7,7 @@
 
 #include "driver_files.h"
 #include "install_printer.h"
+#include "port_entries.h"
 
 namespace kvcore {
 namespace {
@@ -19,12 +20,12 @@ DWORD ReadAll(const PrinterAddress& from, kv::PrinterRecord& record,
 }
 
 DWORD WriteAll(const PrinterAddress& to, const kv::PrinterRecord& record,
-               const std::vector<kv::StoredValue>& values) {
+               const std::vector<kv::StoredValue>& values, const std::string& device) {
     kv::StateStore& store = kv::StateStore::Of(to.place);
     kv::StoreTransaction transaction(store);
     DWORD error = transaction.Error();
     if (error == ERROR_SUCCESS) error = store.AddPrinter(record);
-    if (error == ERROR_SUCCESS) error = RegisterTcpPort(store, record.port);
+    if (error == ERROR_SUCCESS) error = RegisterPort(store, record.port, device);
     for (const kv::StoredValue& value : values) {
         if (error != ERROR_SUCCESS) break;
         error = store.SetPrinterData(record.name, value.name, value.type, value.data.data(),
@@ -54,7 +55,8 @@ bool CopyPrinter(const PrinterAddress& from, const PrinterAddress& to, const std
     error = files.error;
     if (!error.empty()) return false;
     record.name = to.name;
-    const DWORD code = WriteAll(to, record, values);
+    const DWORD code =
+        WriteAll(to, record, values, DeviceOfPort(kv::StateStore::Of(from.place), record.port));
     if (code != ERROR_SUCCESS) error = StoreProblem(to.place, to.name, code);
     return code == ERROR_SUCCESS;
 }

@@ -21,6 +21,7 @@
 
 #include "description.h"
 #include "driver_files.h"
+#include "port_entries.h"
 
 namespace kvcore {
 
@@ -31,9 +32,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::size_t kMaxNameLength = 220;  // what printer names and ports have room for elsewhere
-constexpr const char* kTcpPortPrefix = "IP_";
-constexpr const char* kTcpPortsKey =
-    "System\\CurrentControlSet\\Control\\Print\\Monitors\\Standard TCP/IP Port\\Ports\\";
 
 bool CheckText(const char* what, const std::string& text, std::string& error) {
     const bool control = std::any_of(text.begin(), text.end(), [](char character) {
@@ -45,14 +43,16 @@ bool CheckText(const char* what, const std::string& text, std::string& error) {
     return false;
 }
 
-kv::PrinterRecord NewRecord(const std::string& name, const std::string& port) {
+kv::PrinterRecord RecordOf(const NewPrinter& printer) {
     kv::PrinterRecord record;
-    record.name = name;
-    record.port = port;
+    record.name = printer.name;
+    record.port = printer.port;
     record.driver = kvspool::kDriverName;
     record.printProcessor = "winprint";
     record.dataType = "RAW";
-    record.attributes = PRINTER_ATTRIBUTE_LOCAL | PRINTER_ATTRIBUTE_ENABLE_BIDI;
+    record.attributes = PRINTER_ATTRIBUTE_LOCAL;
+    if (printer.isBidirectional) record.attributes |= PRINTER_ATTRIBUTE_ENABLE_BIDI;
+    if (printer.isShared) record.attributes |= PRINTER_ATTRIBUTE_SHARED;
     return record;
 }
 
@@ -82,18 +82,11 @@ std::string StoreProblem(kv::StatePlace place, const std::string& name, DWORD co
     return what + ": " + (message.empty() ? "error " + std::to_string(code) : message);
 }
 
-DWORD RegisterTcpPort(kv::StateStore& store, const std::string& port) {
-    if (port.rfind(kTcpPortPrefix, 0) != 0) return ERROR_SUCCESS;
-    const std::string address = port.substr(std::strlen(kTcpPortPrefix));
-    kv::KeyId key{};
-    bool created = false;
-    const DWORD error = store.CreateKey(kv::kMachineRoot, kTcpPortsKey + port, key, created);
-    if (error != ERROR_SUCCESS) return error;
-    return store.SetValue(key, "IPAddress", REG_SZ, address.c_str(), address.size() + 1);
-}
-
-bool InstallPrinter(const std::string& name, const std::string& port, const std::string& modelsDir,
-                    std::string& error, std::vector<std::string>* done, kv::StatePlace place) {
+bool InstallPrinter(const NewPrinter& printer, const std::string& modelsDir, std::string& error,
+                    std::vector<std::string>* done) {
+    const std::string& name = printer.name;
+    const std::string& port = printer.port;
+    const kv::StatePlace place = printer.place;
     if (!CheckPrinterName(name, error) || !CheckText("port", port, error)) return false;
     if (place == kv::StatePlace::kPerson && !kv::MakeStateDirectory()) {
         const std::string state = kv::StateDirectory();
@@ -126,15 +119,15 @@ bool InstallPrinter(const std::string& name, const std::string& port, const std:
     }
     kv::StoreTransaction transaction(store);
     DWORD code = transaction.Error();
-    if (code == ERROR_SUCCESS) code = store.AddPrinter(NewRecord(name, port));
-    if (code == ERROR_SUCCESS) code = RegisterTcpPort(store, port);
+    if (code == ERROR_SUCCESS) code = store.AddPrinter(RecordOf(printer));
+    if (code == ERROR_SUCCESS) code = RegisterPort(store, port, printer.device);
     if (code == ERROR_SUCCESS) code = transaction.Commit();
     if (code != ERROR_SUCCESS) error = StoreProblem(place, name, code);
     return code == ERROR_SUCCESS;
 }
 
 bool InstallFirstPrinter(const std::string& modelsDir, std::string& error) {
-    if (InstallPrinter(kDriverName, "USB001", modelsDir, error)) return true;
+    if (InstallPrinter({kDriverName, "USB001"}, modelsDir, error)) return true;
     kv::PrinterRecord made;
     const auto place = kv::StatePlace::kPerson;
     return kv::StateStore::Of(place).GetPrinter(kDriverName, made) == ERROR_SUCCESS;

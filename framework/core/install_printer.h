@@ -13,12 +13,19 @@ namespace kvcore {
 // "Varnell Tessora 7720MF": the driver's name, and the printer's when nobody chose another.
 extern const char* const kDriverName;
 
+struct NewPrinter {
+    std::string name;
+    std::string port;
+    kv::StatePlace place = kv::StatePlace::kPerson;
+    bool isBidirectional = true;  // the port brings answers back
+    bool isShared = false;        // with other machines
+    std::string device = {};      // file behind a USB port; empty: unknown
+};
 // Takes the model's files in modelsDir over into the driver's folder of the place and creates the
 // printer there. `done` gets a line for what was done to files that were there already. False with
 // one line for people in `error`; no printer is created then.
-bool InstallPrinter(const std::string& name, const std::string& port, const std::string& modelsDir,
-                    std::string& error, std::vector<std::string>* done = nullptr,
-                    kv::StatePlace place = kv::StatePlace::kPerson);
+bool InstallPrinter(const NewPrinter& printer, const std::string& modelsDir, std::string& error,
+                    std::vector<std::string>* done = nullptr);
 // The printer of a first run. When another program makes it at the same moment, that one will do.
 bool InstallFirstPrinter(const std::string& modelsDir, std::string& error);
 bool RemovePrinter(kv::StatePlace place, const std::string& name, std::string& error);
@@ -27,9 +34,6 @@ bool RemovePrinter(kv::StatePlace place, const std::string& name, std::string& e
 bool CheckPrinterName(const std::string& name, std::string& error);
 // A store's error about a printer, in a line for people.
 std::string StoreProblem(kv::StatePlace place, const std::string& name, DWORD code);
-// The port monitor's entry, by which drivers find the address behind a port named after it. Within
-// the caller's transaction.
-DWORD RegisterTcpPort(kv::StateStore& store, const std::string& port);
 
 // Finds a printer, an own one before one of the machine, and puts its place in force.
 bool ChoosePrinter(const std::string& name, std::string& error);

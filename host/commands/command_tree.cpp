@@ -162,7 +162,12 @@ void AddPrinter(CLI::App& app, Arguments& args) {
     };
     const char* const kHide = "Even if it hides a shared printer of that name from you";
     auto* add = named("add", "Add a printer: an administrator a shared one, others their own");
-    add->add_option("--port", given.port, "Port name")->required();
+    add->add_option("--port", given.port,
+                    "IP_ADDRESS, USB001, http://HOST/ipp, \\\\SERVER\\SMB_PRI1, or another name")
+        ->required();
+    add->add_option("--device", given.device, "Device file of a USB port, so that it can be asked");
+    add->add_flag("--no-bidi", given.oneDirection, "The port brings no answers back");
+    add->add_flag("--shared", given.isShared, "Shared with other machines");
     add->add_flag("--private", given.isPrivate, "Of your own, also as an administrator");
     add->add_flag("--hide-shared", given.hideShared, kHide);
     named("remove", "Remove a printer")

@@ -44,8 +44,10 @@ struct PrinterArguments {
     std::string name;
     std::string newName;  // of the copy that is taken, empty: the same
     std::string port;
+    std::string device;  // behind a USB port
+    bool oneDirection = false;
     bool isPrivate = false;
-    bool isShared = false;
+    bool isShared = false;  // of adding: with other machines; of removing: the machine's
     bool hideShared = false;
 };
 ExitStatus RunPrinterAdd(const PrinterArguments& args);

@@ -151,10 +151,15 @@ ExitStatus RunPrinterAdd(const PrinterArguments& args) {
         return kBadInput;
     }
     if (isOwn && !MayHide(args.name, args.hideShared)) return kRefused;
+    if (!args.device.empty() && args.port.rfind("USB", 0) != 0) {
+        PrintError("--device goes with a USB port, such as USB001, not with \"" + args.port + "\"");
+        return kBadInput;
+    }
     std::string error;
     std::vector<std::string> done;
-    const bool added =
-        kvcore::InstallPrinter(args.name, args.port, DataPath("models"), error, &done, place);
+    const bool added = kvcore::InstallPrinter(
+        {args.name, args.port, place, !args.oneDirection, args.isShared, args.device},
+        DataPath("models"), error, &done);
     for (const std::string& line : done) PrintNote(line);
     if (!added) PrintError(error);
     return added ? kDone : kBadInput;

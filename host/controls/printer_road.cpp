@@ -45,7 +45,8 @@ std::string WhyMonitorCannot(const std::string& port, bool isBidirectional) {
     kvmonitor::PrinterAddress address;
     if (!isBidirectional) return "the port is used in one direction only";
     if (kvmonitor::FindPrinterAddress(port, address)) return {};
-    return "no port monitor names a device for \"" + port + "\"";
+    return "no port monitor names a device for \"" + port +
+           "\"; `kvprefs printer add` does with --device";
 }
 
 std::string NoAnswer(const PrinterRoad& road, DWORD error) {

@@ -25,7 +25,7 @@ class PrinterTest : public kv::test::ScratchTest {
     void SetUp() override {
         Act(Actor::kAdministrator);
         std::string error;
-        ASSERT_TRUE(kvcore::InstallPrinter(kPrinter, "USB001", KV_SOURCE_DIR "/models", error))
+        ASSERT_TRUE(kvcore::InstallPrinter({kPrinter, "USB001"}, KV_SOURCE_DIR "/models", error))
             << error;
         ASSERT_TRUE(kvcore::MakePrinterBlock(kPrinter, printer, error)) << error;
     }

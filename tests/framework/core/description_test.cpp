@@ -75,7 +75,7 @@ TEST_F(Installation, RefusalsSayWhyAndCreateNothing) {
     };
     for (const auto& row : cases) {
         std::string error;
-        EXPECT_FALSE(kvcore::InstallPrinter(row.name, row.port, row.models, error)) << row.reason;
+        EXPECT_FALSE(kvcore::InstallPrinter({row.name, row.port}, row.models, error)) << row.reason;
         EXPECT_THAT(error, HasSubstr(row.reason));
     }
     EXPECT_FALSE(Open(PRINTER_ACCESS_USE, "New"));
@@ -92,7 +92,7 @@ TEST_F(Installation, ASecondPrinterTakesOverWhatTheModelChanged) {
     std::ofstream(rules, std::ios::binary | std::ios::trunc) << old;
     std::string error;
     std::vector<std::string> done;
-    ASSERT_TRUE(kvcore::InstallPrinter("Second", "FILE:", KV_SOURCE_DIR "/models", error, &done));
+    ASSERT_TRUE(kvcore::InstallPrinter({"Second", "FILE:"}, KV_SOURCE_DIR "/models", error, &done));
     EXPECT_EQ(Read(rules), model +
                                "MinCode=1\r\nMaxCode=1\r\n1=Mine,0,1\r\n"
                                "[Saved Data]\r\n; of users\r\nItem0=x");
@@ -104,12 +104,12 @@ TEST_F(Installation, ASecondPrinterTakesOverWhatTheModelChanged) {
                                         HasSubstr("KVUIMOD.ini.old1")));
     const std::string description = State() + "/driver/3/tessora7720mf.ini";
     std::ofstream(description, std::ios::app) << "; older\n";
-    ASSERT_TRUE(kvcore::InstallPrinter("Third", "FILE:", KV_SOURCE_DIR "/models", error, &done));
+    ASSERT_TRUE(kvcore::InstallPrinter({"Third", "FILE:"}, KV_SOURCE_DIR "/models", error, &done));
     EXPECT_EQ(Read(description), Read(KV_SOURCE_DIR "/models/tessora7720mf.ini"));
     EXPECT_THAT(done, testing::ElementsAre(HasSubstr("tessora7720mf.ini.old1")));
     std::filesystem::remove(rules);
     std::filesystem::create_directory(rules);
-    EXPECT_FALSE(kvcore::InstallPrinter("Fourth", "FILE:", KV_SOURCE_DIR "/models", error));
+    EXPECT_FALSE(kvcore::InstallPrinter({"Fourth", "FILE:"}, KV_SOURCE_DIR "/models", error));
     EXPECT_THAT(error, HasSubstr("KVUIMOD.ini: is a folder"));
 }
 
@@ -119,7 +119,7 @@ TEST_F(Installation, ASecondPrinterKeepsTheInstalledRulesFile) {
     std::ofstream(rules, std::ios::app) << "[KeepSettings]\n";
     const std::string before = Read(rules);
     std::string error;
-    ASSERT_TRUE(kvcore::InstallPrinter("Second", "IP_10.0.0.5", KV_SOURCE_DIR "/models", error));
+    ASSERT_TRUE(kvcore::InstallPrinter({"Second", "IP_10.0.0.5"}, KV_SOURCE_DIR "/models", error));
     EXPECT_EQ(Read(rules), before);
     EXPECT_STREQ(RegistryValue(HKEY_LOCAL_MACHINE,
                                "System\\CurrentControlSet\\Control\\Print\\Monitors\\"
@@ -134,7 +134,7 @@ int Install(const std::string& name) {
     std::string error;
     const char* const models = KV_SOURCE_DIR "/models";
     const bool done = name.empty() ? kvcore::InstallFirstPrinter(models, error)
-                                   : kvcore::InstallPrinter(name, "USB001", models, error);
+                                   : kvcore::InstallPrinter({name, "USB001"}, models, error);
     const bool taken = error == "printer \"" + name + "\" exists already";
     if (!done && !taken) std::fprintf(stderr, "%s\n", error.c_str());
     return done ? 0 : taken ? 1 : 2;

@@ -25,8 +25,8 @@ class Places : public PrinterTest {
         chmod(Path("machine").c_str(), 02775);
         SetVariable("KVPREFS_SYSTEM", Path("machine").c_str());
         std::string error;
-        ASSERT_TRUE(kvcore::InstallPrinter(kPrinter, "IP_192.0.2.7", KV_SOURCE_DIR "/models", error,
-                                           nullptr, StatePlace::kMachine))
+        ASSERT_TRUE(kvcore::InstallPrinter({kPrinter, "IP_192.0.2.7", StatePlace::kMachine},
+                                           KV_SOURCE_DIR "/models", error))
             << error;
     }
     void TearDown() override { kv::SetPlaceInForce(StatePlace::kPerson); }

@@ -109,7 +109,7 @@ TEST_F(Printers, ChangesNeedTheHandlesRightAndReachOtherHandles) {
 
 TEST_F(Printers, EnumerationListsAllOrSaysHowMuchRoomIsMissing) {
     std::string error;
-    ASSERT_TRUE(kvcore::InstallPrinter("Another", "FILE:", KV_SOURCE_DIR "/models", error));
+    ASSERT_TRUE(kvcore::InstallPrinter({"Another", "FILE:"}, KV_SOURCE_DIR "/models", error));
     DWORD needed = 0;
     DWORD returned = 99;
     EXPECT_FALSE(EnumPrintersA(PRINTER_ENUM_LOCAL, nullptr, 2, nullptr, 0, &needed, &returned));

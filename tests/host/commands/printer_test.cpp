@@ -12,6 +12,34 @@ TEST_F(CommandLine, APrinterOfOnesOwnIsAddedByAnybody) {
     EXPECT_EQ(Run("--printer Attic get dmCopies").status, 2);
 }
 
+// What a port is stored as decides how the printer is found.
+TEST_F(CommandLine, PrintersAreAddedAtEveryKindOfPort) {
+    // arguments behind the name, kind, address, whether it can be asked
+    const struct {
+        const char *arguments, *kind, *address;
+        bool queryable;
+    } rows[] = {
+        {"--port IP_127.0.0.9", "tcp", "127.0.0.9", true},
+        {"--port IP_localhost", "tcp", "127.0.0.1", true},
+        {"--port IP_127.0.0.9 --no-bidi", "tcp", "127.0.0.9", false},
+        {"--port http://127.0.0.9:631/ipp --no-bidi", "ipp", "127.0.0.9", true},
+        {"--port '\\\\127.0.0.9\\x_SMB_PRI1'", "smb", "127.0.0.9", true},
+        {"--port USB002 --device /dev/null", "usb", "/dev/null", true},
+        {"--port USB003", "usb", "", false},
+        {"--port LPT1:", "", "", false},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.arguments);
+        ASSERT_EQ(Run(std::string("printer add Q --private --shared ") + row.arguments).status, 0);
+        const auto facts = Json("--printer Q device --json");
+        EXPECT_EQ(facts["kind"], row.kind);
+        EXPECT_EQ(facts["address"], row.address);
+        EXPECT_EQ(facts["queryable"], row.queryable) << facts["reason"];
+        ASSERT_EQ(Run("printer remove Q").status, 0);
+    }
+    EXPECT_EQ(Run("printer add Q --port LPT1: --device /dev/null").status, 2);
+}
+
 TEST_F(CommandLine, PrinterCommandsSayWhyTheyRefuse) {
     ASSERT_EQ(Run("--as-admin printer add Lobby --port USB002").status, 0);
     // arguments, status, what is said

@@ -37,7 +37,7 @@ class RecordStoreTest : public testing::Test {
         state_ = folder;
         kv::SetStateDirectory(state_);
         std::string error;
-        ASSERT_TRUE(kvcore::InstallPrinter(kName, "USB001", DataPath("models"), error)) << error;
+        ASSERT_TRUE(kvcore::InstallPrinter({kName, "USB001"}, DataPath("models"), error)) << error;
         ASSERT_TRUE(kvcore::MakePrinterBlock(kName, printer_, error)) << error;
     }
     void TearDown() override {

@@ -42,7 +42,7 @@ class PrinterTest : public testing::Test {
     }
     static void Install(const std::string& name) {
         std::string error;
-        ASSERT_TRUE(kvcore::InstallPrinter(name, "USB001", DataPath("models"), error)) << error;
+        ASSERT_TRUE(kvcore::InstallPrinter({name, "USB001"}, DataPath("models"), error)) << error;
     }
     // Replaces the rules file of the driver's folder.
     void UseRules(const std::string& text) {

@@ -60,7 +60,7 @@ class ScratchSheet {
     // Makes `printer` one of the served model.
     void InstallPrinter() {
         std::string error;
-        if (!kvcore::InstallPrinter("Office", "USB001", KV_SOURCE_DIR "/models", error) ||
+        if (!kvcore::InstallPrinter({"Office", "USB001"}, KV_SOURCE_DIR "/models", error) ||
             !kvcore::MakePrinterBlock("Office", printer, error)) {
             std::fprintf(stderr, "no printer to test with: %s\n", error.c_str());
             std::abort();
