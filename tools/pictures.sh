@@ -12,22 +12,21 @@ if [ "${1:-}" = --readme ]; then
 fi
 build=${1:-build/release}
 [ -f "$build/build.ninja" ] || cmake --preset release >/dev/null
-cmake --build "$build" --target host_qt_tests kvuimod kvfonts
+cmake --build "$build" --target draw_pictures
 screens=$PWD/tests/host_qt
 # The same letters on every machine.
 export FONTCONFIG_FILE=$PWD/host/picture/fonts.conf
 
 draw() { # folder, scale, screen, which
     mkdir -p "build/pictures/window/$1"
-    KV_KEEP_PICTURES=$PWD/build/pictures/window/$1 QT_SCALE_FACTOR=$2 \
-        QT_QPA_PLATFORM=offscreen:configfile=$screens/$3.json \
-        "$build/bin/host_qt_tests" --gtest_filter="Pictures.$4" --gtest_brief=1 2>/dev/null
+    QT_SCALE_FACTOR=$2 QT_QPA_PLATFORM=offscreen:configfile=$screens/$3.json \
+        "$build/bin/draw_pictures" "$PWD/build/pictures/window/$1" "$4" 2>/dev/null
 }
-draw scale1 1 large_screen 'OfEverything*'
-draw scale1.5 1.5 large_screen 'OfEverything*'
-draw scale2 2 large_screen 'OfEverything*'
-draw small 1 small_screen 'OfEverything*'
-draw readme 1 large_screen 'OfTheReadme*'
+draw scale1 1 large_screen everything
+draw scale1.5 1.5 large_screen everything
+draw scale2 2 large_screen everything
+draw small 1 small_screen everything
+draw readme 1 large_screen readme
 if [ "$readme" = yes ]; then
     for picture in build/pictures/window/readme/readme-*.png; do
         cp "$picture" "docs/pictures/${picture##*/readme-}"

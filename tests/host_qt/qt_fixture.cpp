@@ -102,22 +102,22 @@ INT_PTR QtDisplayTest::Procedure(HWND window, UINT message, WPARAM wParam, LPARA
     return FALSE;
 }
 
-}  // namespace kv
-
-int main(int argc, char** argv) {
+int RunTestsOnQtDisplay(int argc, char** argv) {
     // Another kind of screen may be given.
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     ::testing::InitGoogleMock(&argc, argv);
     const char* error = nullptr;
-    kv::Display* display = KvCreateQtDisplay(&argc, argv, &error);
+    Display* display = KvCreateQtDisplay(&argc, argv, &error);
     if (!display) {
         std::fprintf(stderr, "%s\n", error);
         return 1;
     }
-    kv::decimalPointAfterStart = std::localeconv()->decimal_point;
-    kv::UseDisplay(display);
+    decimalPointAfterStart = std::localeconv()->decimal_point;
+    UseDisplay(display);
     const int result = RUN_ALL_TESTS();
-    kv::UseDisplay(nullptr);
+    UseDisplay(nullptr);
     KvDestroyQtDisplay(display);
     return result;
 }
+
+}  // namespace kv

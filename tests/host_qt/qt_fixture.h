@@ -31,6 +31,9 @@ using kvtest::Text;
 // What stood in numbers when the display had been made, on a desktop where it is a comma.
 extern std::string decimalPointAfterStart;
 
+// The program: makes the display, runs the chosen tests and answers the exit status.
+int RunTestsOnQtDisplay(int argc, char** argv);
+
 // Lets the display bring the widgets up to date.
 void Settle();
 // The visible dialog of the desktop with a title.
