@@ -2,6 +2,7 @@
 // of the sheet and of the window.
 #pragma once
 
+#include <test_paths.h>
 #include <framework/core/install_printer.h>
 #include <kvcore.h>
 #include <platform/display/headless.h>

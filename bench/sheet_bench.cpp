@@ -1,4 +1,5 @@
 // The sheet: opening, one user event, and a durable write of printer data, each beside its floor.
+#include <test_paths.h>
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
 #include <platform/registry/state_store.h>

@@ -92,6 +92,12 @@ void HideCompanions(const Hider& hider, const ControlItem& item) {
 
 }  // namespace
 
+bool HasOptionLine(const char* key) {
+    char line[kLineSize];
+    if (*key != '\0') ReadLine(key, kAbsent, line);
+    return *key != '\0' && std::strcmp(line, kAbsent) != 0;
+}
+
 int IsShownByOptions(SheetContext& context, const char* key) {
     if (*key == '\0') return 1;
     char line[kLineSize];

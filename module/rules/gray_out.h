@@ -11,6 +11,8 @@ namespace kvui {
 
 struct CodeRecord;
 
+// Whether the rules file has a line for it; what has none is always shown.
+bool HasOptionLine(const char* key);
 // 1 when the entry or control of that key is to be shown or enabled.
 int IsShownByOptions(SheetContext& context, const char* key);
 // Hides the control and its companions when its line is all zero; 1 when it was hidden already.

@@ -105,13 +105,15 @@ int ApplyGrayOutIndex(SheetContext& context, HWND dialog, const ControlItem& ite
 
     const auto position = static_cast<size_t>(plan->entryOfRow[row]);
     const GrayOutEntry& entry = index->entries[position];
-    const ItemField& target = plan->entries[position].target;
-    const bool grayed = IsGrayed(context, entry, plan->entries[position]);
+    const GrayOutPlan::Entry& planned = plan->entries[position];
+    const ItemField& target = planned.target;
+    const bool grayed = IsGrayed(context, entry, planned);
     if (grayed && entry.forcedValue != kForcedNothing) {
         ForceSetting(context, target, entry.forcedValue);
     }
     const bool enable =
-        !grayed && OptionsAllow(context, target.item != nullptr ? *target.item : item);
+        !grayed && (!planned.optionsDecide ||
+                    OptionsAllow(context, target.item != nullptr ? *target.item : item));
     EnableWithCompanions(dialog, item, target.item != nullptr ? target.item->controlId : 0,
                          enable ? TRUE : FALSE);
     return grayed ? 1 : 0;

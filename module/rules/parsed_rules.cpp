@@ -1,5 +1,7 @@
 // Parses the conflict rules of a control from the cache, and resolves the gray-out index.
 #include "rules/parsed_rules.h"
+
+#include "rules/gray_out.h"
 #include "sheet/rules_path.h"
 
 #include <cstdio>
@@ -96,6 +98,8 @@ void ResolveIndex(const GrayOutIndex& index, GrayOutPlan& plan) {
         const GrayOutEntry& entry = index.entries[i];
         GrayOutPlan::Entry& resolved = plan.entries[static_cast<size_t>(i)];
         resolved.target = FieldOfItem(ItemByName(entry.targetName));
+        const ControlItem* target = resolved.target.item;
+        resolved.optionsDecide = target == nullptr || HasOptionLine(target->optionKey);
         for (LONG k = 0; k < entry.recordCount; ++k) {
             resolved.triggers[k] = FieldOfItem(TriggerOfRuleKey(entry.records[k].ruleKey));
         }

@@ -47,6 +47,7 @@ struct ControlRules {
 struct GrayOutPlan {
     struct Entry {
         ItemField target;  // the first row of the target's name
+        bool optionsDecide;  // the rules file has a line of options for it
         ItemField triggers[kMaxGrayOutRecords];
     };
     std::int8_t entryOfRow[kMostCatalogueRows];  // by the row's gray-out key; -1 for none
