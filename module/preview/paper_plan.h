@@ -22,6 +22,7 @@ struct PaperSettings {
 
 // Bits of mdmWatermarkMode.
 constexpr DWORD kWatermarkFirstPage = 0x1;
+constexpr DWORD kWatermarkBackground = 0x2;
 constexpr DWORD kWatermarkRepeat = 0x10;
 
 enum class LayerKind { kPicture, kWatermark, kLabels };

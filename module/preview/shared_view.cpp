@@ -6,6 +6,8 @@
 
 #include "preview/colour_sample.h"
 #include "preview/paper_view.h"
+#include "preview/printer_figure.h"
+#include "preview/state_strip.h"
 #include "preview/view_hook.h"
 #include "preview/view_words.h"
 #include "resources/resource.h"
@@ -18,7 +20,7 @@ namespace {
 
 enum ViewType : int { kPrinterFigure = 1, kPaperView, kWatermarkView, kQualityView };
 
-// Nothing but the ground, for views whose content is drawn by nobody yet.
+// Nothing but the ground, for the view whose content is drawn by nobody yet.
 void PaintGroundOnly(SheetContext& context, HDC dc, SIZE size) { PaintGround(context, dc, size); }
 
 // View type, what draws it and what says in words what it shows.
@@ -26,14 +28,14 @@ constexpr struct {
     ViewType type;
     View view;
 } kViews[] = {
-    {kPrinterFigure, {PaintGroundOnly,   DescribePrinter}},
-    {kPaperView,     {PaintPaperView,    DescribePaper}},
-    {kWatermarkView, {PaintGroundOnly,   DescribeWatermark}},
-    {kQualityView,   {PaintColourSample, DescribeColourSample}},
+    {kPrinterFigure, {PaintPrinterFigure, DescribePrinter}},
+    {kPaperView, {PaintPaperView, DescribePaper}},
+    {kWatermarkView, {PaintGroundOnly, DescribeWatermark}},
+    {kQualityView, {PaintColourSample, DescribeColourSample}},
 };
 
 // The strip of state icons.
-constexpr View kStrip = {PaintLowerGround, DescribePrinter};
+constexpr View kStrip = {PaintStateStrip, DescribeStates};
 
 // Page kind, types of its two views, the switch button's label while each of them shows.
 struct PageViews {
@@ -74,6 +76,7 @@ void ShowView(SheetContext& context) {
     HookView(GetDlgItem(shared.preview.panel, IDC_PIC_MAIN_VIEW), context,
              ViewOf(views->types[index]));
     HookView(GetDlgItem(shared.preview.panel, IDC_PIC_SUB_VIEW), context, kStrip);
+    UpdateStateTips(context, GetDlgItem(shared.preview.panel, IDC_PIC_SUB_VIEW));
 }
 
 void RepaintViews(HWND panel) {
@@ -154,10 +157,14 @@ void AttachSharedView(SheetContext& context) {
 }
 
 void UpdateSharedView(SheetContext& context) {
-    if (context.shared->preview.panel != nullptr) RepaintViews(context.shared->preview.panel);
+    const HWND panel = context.shared->preview.panel;
+    if (panel == nullptr) return;
+    RepaintViews(panel);
+    UpdateStateTips(context, GetDlgItem(panel, IDC_PIC_SUB_VIEW));
 }
 
 void DestroySharedView(SharedSheet& shared) {
+    DestroyStateTips(shared);
     for (HWND* window : {&shared.preview.panel, &shared.saved.strip}) {
         if (*window != nullptr) DestroyWindow(*window);
         *window = nullptr;

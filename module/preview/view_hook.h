@@ -12,7 +12,7 @@ namespace kvui {
 using ViewPainter = void (*)(SheetContext& context, HDC dc, SIZE size);
 
 // Says what the view shows, for people who do not see it: the text of the frame's window.
-using ViewWords = void (*)(const SheetContext& context, char* text, std::size_t size);
+using ViewWords = void (*)(SheetContext& context, char* text, std::size_t size);
 
 struct View {
     ViewPainter painter;

@@ -8,8 +8,11 @@
 #include "preview/paper_view.h"
 #include "preview/shared_view.h"
 #include "resources/picture_ids.h"
+#include "resources/resource.h"
 #include "resources/string_ids.h"
+#include "rules/conflicts.h"
 #include "settings/booklet.h"
+#include "settings/item_catalogue.h"
 #include "sheet/fixed_text.h"
 
 namespace kvui {
@@ -92,9 +95,16 @@ UINT BindingSide(const PaperSettings& settings) {
     return IDS_WORDS_BOUND_TOP;
 }
 
+// What a control shows for a value, in a text with one %s.
+void AddValue(Sentence& sentence, SheetContext& context, DWORD controlId, LONG value, UINT frame) {
+    char name[kReportTextSize] = "", shown[kReportTextSize] = "";
+    DescribeItemValue(context, controlId, value, value, name, shown);
+    if (shown[0] != '\0') sentence.Add(frame, shown);
+}
+
 }  // namespace
 
-void DescribePaper(const SheetContext& context, char* text, std::size_t size) {
+void DescribePaper(SheetContext& context, char* text, std::size_t size) {
     const PaperSettings settings = PaperSettingsOf(context);
     Sentence sentence(context, text, size);
     AddPaperName(sentence, context, static_cast<WORD>(context.settings->dmPaperSize), 0);
@@ -122,20 +132,35 @@ void DescribePaper(const SheetContext& context, char* text, std::size_t size) {
     sentence.Add(settings.colour ? IDS_WORDS_COLOUR : IDS_WORDS_GRAYSCALE);
 }
 
-void DescribeColourSample(const SheetContext& context, char* text, std::size_t size) {
+void DescribeColourSample(SheetContext& context, char* text, std::size_t size) {
     const bool grey = context.shared->preview.sampleMode == kSampleMonochrome;
     Sentence sentence(context, text, size);
     sentence.Add(IDS_WORDS_SAMPLE);
     sentence.Add(grey ? IDS_WORDS_GRAYSCALE : IDS_WORDS_COLOUR);
 }
 
-void DescribeWatermark(const SheetContext& context, char* text, std::size_t size) {
+void DescribeWatermark(SheetContext& context, char* text, std::size_t size) {
     const bool chosen = context.privateSettings->mdmWatermark != 0;
     Sentence(context, text, size).Add(chosen ? IDS_WORDS_WATERMARK : IDS_WORDS_NO_WATERMARK);
 }
 
-void DescribePrinter(const SheetContext& context, char* text, std::size_t size) {
-    Sentence(context, text, size).Add(IDS_WORDS_PRINTER);
+void DescribePrinter(SheetContext& context, char* text, std::size_t size) {
+    Sentence sentence(context, text, size);
+    sentence.Add(IDS_WORDS_PRINTER);
+    const PrivateDevmode& settings = *context.privateSettings;
+    const ControlItem* options = ItemById(IDC_LIST_INSTALLED);
+    bool isFirst = true;
+    for (const SelectItem& option : SelectEntries(*options)) {
+        if ((settings.mdmInstalledOptions & option.value) == 0) continue;
+        char label[64] = "";
+        LoadStringA(context.strings, option.stringId, label, sizeof label);
+        isFirst ? sentence.Add(IDS_WORDS_WITH, label) : sentence.Add(label);
+        isFirst = false;
+    }
+    AddValue(sentence, context, IDC_COMBO_PAPER_SOURCE,
+             static_cast<LONG>(context.settings->dmDefaultSource), IDS_WORDS_PAPER_FROM);
+    AddValue(sentence, context, IDC_COMBO_OUTPUT_SETTING, static_cast<LONG>(settings.mdmOutBin),
+             IDS_WORDS_OUTPUT_TO);
 }
 
 }  // namespace kvui

@@ -8,9 +8,9 @@
 
 namespace kvui {
 
-void DescribePaper(const SheetContext& context, char* text, std::size_t size);
-void DescribeColourSample(const SheetContext& context, char* text, std::size_t size);
-void DescribeWatermark(const SheetContext& context, char* text, std::size_t size);
-void DescribePrinter(const SheetContext& context, char* text, std::size_t size);
+void DescribePaper(SheetContext& context, char* text, std::size_t size);
+void DescribeColourSample(SheetContext& context, char* text, std::size_t size);
+void DescribeWatermark(SheetContext& context, char* text, std::size_t size);
+void DescribePrinter(SheetContext& context, char* text, std::size_t size);
 
 }  // namespace kvui

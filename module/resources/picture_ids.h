@@ -148,3 +148,36 @@
 // Single sheets of posters of 2x2 to 5x5 sheets: for each the landscape sheet with its mask, then the
 // portrait one.
 #define IDB_POSTER_SHEETS 14101
+
+// The printer's figure. Layers of the composition: an option's bit, the source's number and the
+// output's are added; those of the large capacity cassette and of the punch depend on other
+// options.
+#define IDB_FIGURE_OPTION 500
+#define IDB_FIGURE_PUNCH 540
+#define IDB_FIGURE_PUNCH_SMALL 541
+#define IDB_FIGURE_LCC 542
+#define IDB_FIGURE_LCC_LOW 543
+#define IDB_FIGURE_SOURCE 550
+#define IDB_FIGURE_FROM_LCC 850
+#define IDB_FIGURE_FROM_LCC_LOW 851
+#define IDB_FIGURE_OUTPUT 900
+// Of the offset tray, the elevator tray and the tray below it, by the unit that has them.
+#define IDB_FIGURE_TO_FINISHER 1001
+#define IDB_FIGURE_TO_SMALL_FINISHER 1004
+#define IDB_FIGURE_TO_THIRD_FINISHER 1007
+#define IDB_FIGURE_TO_SORTER 1009
+// Pairs of a whole printer and what is drawn over it.
+#define IDB_WHOLE_PRINTER 1120
+#define IDB_NO_PRINTER 13301
+
+// Icons of the strip below the preview.
+#define IDB_STATE_OVERLAY_COLOUR 13025
+#define IDB_STATE_OVERLAY_NONE 13026
+#define IDB_STATE_OVERLAY_MASK 13027
+#define IDB_STATE_WATERMARK_MASK 13028
+#define IDB_STATE_WATERMARK_NONE 13029
+#define IDB_STATE_WATERMARK_FIRST 13030
+#define IDB_STATE_COLOUR_MASK 13034
+#define IDB_STATE_COLOUR 13035
+#define IDB_STATE_MONOCHROME 13036
+#define IDB_STATE_OVERLAY_BLACK 13037

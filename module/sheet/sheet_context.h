@@ -65,6 +65,7 @@ struct SheetLists {
 struct SheetPreview {
     HWND panel;      // null until there is one
     HWND page;       // that holds it
+    HWND stateTips;  // tips of the strip's icons; null until there are any
     int pageKind;    // ViewKind of the active page; 0 before any page asked
     int viewIndex;   // which of the page kind's two views the panel shows, 0 or 1
     int sampleMode;  // colour sample of the quality view: SampleMode

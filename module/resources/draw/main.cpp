@@ -27,7 +27,8 @@ std::vector<IconPicture> AllIcons() {
 
 std::vector<BitmapPicture> AllBitmaps() {
     std::vector<BitmapPicture> bitmaps = ViewPages();
-    for (const auto& table : {DialogBitmaps(), ViewTiles(), ViewBorders(), SamplePictures()}) {
+    for (const auto& table : {DialogBitmaps(), ViewTiles(), ViewBorders(), SamplePictures(),
+                              FigureLayers(), WholePrinters()}) {
         bitmaps.insert(bitmaps.end(), table.begin(), table.end());
     }
     return bitmaps;
@@ -76,6 +77,15 @@ bool WriteAll(const std::string& folder) {
             const MaskedSurfaces surfaces = RenderMasked(masked);
             writer.Bitmap(masked.id, surfaces.picture);
             writer.Bitmap(masked.id + 1, surfaces.mask);
+        }
+    }
+    for (const StatePicture& state : StateIcons()) {
+        const MaskedSurfaces surfaces = RenderState(state);
+        writer.Bitmap(state.picture.id, surfaces.picture);
+        if (state.maskId != 0) {
+            writer.Bitmap(state.maskId, surfaces.mask);
+        } else {
+            cairo_surface_destroy(surfaces.mask);
         }
     }
     return std::fclose(script) == 0 && writer.ok();

@@ -31,9 +31,11 @@ struct Box {
     double width;
     double height;
 
-    double right() const { return x + width; }
-    double bottom() const { return y + height; }
-    Box Inset(double by) const { return {x + by, y + by, width - 2 * by, height - 2 * by}; }
+    constexpr double right() const { return x + width; }
+    constexpr double bottom() const { return y + height; }
+    constexpr Box Inset(double by) const {
+        return {x + by, y + by, width - 2 * by, height - 2 * by};
+    }
 };
 
 enum class Corner { kFolded, kSquare };

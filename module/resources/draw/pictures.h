@@ -17,7 +17,8 @@ struct IconPicture {
     int value;
 };
 
-enum class Finish { kAsDrawn, kGrey };
+// kKeyed: white is nothing, for layers; what is drawn is never quite white and has a palette.
+enum class Finish { kAsDrawn, kGrey, kKeyed };
 
 // Draws into width x height units, one per pixel, on white.
 struct BitmapPicture {
@@ -42,6 +43,12 @@ struct MaskedPicture {
 };
 constexpr int kOnPaper = -1;
 
+// A picture whose mask has a number of its own, or is that of another picture (0).
+struct StatePicture {
+    BitmapPicture picture;
+    int maskId;
+};
+
 std::span<const IconPicture> PageIcons();       // orientation, collation, pages per sheet, order
 std::span<const IconPicture> FinishingIcons();  // duplex, staple, punch, fold
 std::span<const IconPicture> OtherIcons();      // resolution, notices
@@ -53,6 +60,10 @@ std::span<const BitmapPicture> SamplePictures();  // quality view
 std::vector<BitmapPicture> ViewPages();           // printed pages, grey and in colour
 std::span<const MaskedPicture> ViewSheets();      // single sheets and booklets
 std::span<const MaskedPicture> ViewMarks();       // page numbers, arrows, the paper marker
+
+std::span<const BitmapPicture> FigureLayers();  // the printer's figure
+std::span<const BitmapPicture> WholePrinters();
+std::span<const StatePicture> StateIcons();  // of the strip
 
 // The tile's colour in a row of the view.
 Color TileColor(double y);

@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <cstdint>
+#include <set>
 
 namespace draw {
 namespace {
@@ -54,6 +55,38 @@ std::uint32_t Over(std::uint32_t pixel, const Color& ground) {
     return result;
 }
 
+// A pixel is there or not; what is there is not quite white.
+std::uint32_t Keyed(std::uint32_t pixel, std::uint32_t step) {
+    constexpr std::uint32_t kHighest = 252;
+    const std::uint32_t coverage = pixel >> 24;
+    if (coverage < 128) return 0xFFFFFFFFu;
+    std::uint32_t result = 0xFF000000u;
+    for (int shift = 0; shift < 24; shift += 8) {
+        const std::uint32_t level = (pixel >> shift & 0xFF) * 255 / coverage;
+        const std::uint32_t even = (level + step / 2) / step * step;
+        result |= (even > kHighest ? kHighest : even) << shift;
+    }
+    return result;
+}
+
+// In the finest levels whose colours have room in a palette.
+void KeyByWhite(cairo_surface_t* surface) {
+    constexpr std::size_t kMostColours = 256;
+    const int width = cairo_image_surface_get_width(surface);
+    const int height = cairo_image_surface_get_height(surface);
+    std::uint32_t step = 1;
+    for (std::set<std::uint32_t> colours;; step *= 2, colours.clear()) {
+        for (int y = 0; y < height; ++y) {
+            for (int x = 0; x < width; ++x) colours.insert(Keyed(RowOf(surface, y)[x], step));
+        }
+        if (colours.size() <= kMostColours) break;
+    }
+    for (int y = 0; y < height; ++y) {
+        std::uint32_t* row = RowOf(surface, y);
+        for (int x = 0; x < width; ++x) row[x] = Keyed(row[x], step);
+    }
+}
+
 }  // namespace
 
 cairo_surface_t* NewSurface(int width, int height) {
@@ -72,6 +105,12 @@ cairo_surface_t* RenderIcon(const IconPicture& icon, int size) {
 
 cairo_surface_t* RenderBitmap(const BitmapPicture& bitmap) {
     cairo_surface_t* surface = NewSurface(bitmap.width, bitmap.height);
+    if (bitmap.finish == Finish::kKeyed) {
+        Draw(surface, bitmap.draw, bitmap.value);
+        KeyByWhite(surface);
+        cairo_surface_mark_dirty(surface);
+        return surface;
+    }
     cairo_t* to = cairo_create(surface);
     SetColor(to, {1, 1, 1});
     cairo_paint(to);
@@ -104,6 +143,12 @@ MaskedSurfaces RenderMasked(const MaskedPicture& masked) {
     cairo_surface_mark_dirty(result.picture);
     cairo_surface_mark_dirty(result.mask);
     return result;
+}
+
+MaskedSurfaces RenderState(const StatePicture& state) {
+    const BitmapPicture& picture = state.picture;
+    return RenderMasked(
+        {picture.id, picture.width, picture.height, picture.draw, picture.value, kOnPaper});
 }
 
 }  // namespace draw

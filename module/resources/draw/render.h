@@ -18,5 +18,6 @@ struct MaskedSurfaces {
 
 // The mask is black where the picture covers and white elsewhere, where the picture is black.
 MaskedSurfaces RenderMasked(const MaskedPicture& masked);
+MaskedSurfaces RenderState(const StatePicture& state);
 
 }  // namespace draw

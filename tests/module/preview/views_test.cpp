@@ -90,10 +90,10 @@ void PaintBlue(SheetContext&, HDC dc, SIZE size) {
     DeleteObject(brush);
 }
 void PaintNothing(SheetContext&, HDC, SIZE) {}
-void SayBlue(const SheetContext&, char* text, std::size_t size) {
+void SayBlue(SheetContext&, char* text, std::size_t size) {
     std::snprintf(text, size, "Blue");
 }
-void SayNothing(const SheetContext&, char*, std::size_t) {}
+void SayNothing(SheetContext&, char*, std::size_t) {}
 
 TEST(ViewHook, PaintsTheLastPainterAndGivesTheProcedureBack) {
     ScratchSheet sheet;
