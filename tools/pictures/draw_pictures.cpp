@@ -3,6 +3,9 @@
 // sheet like the tests of the window do and fails like them when something does not open.
 #include "sheet_tour.h"
 
+#include <QImage>
+#include <QPainter>
+
 #include <cstdio>
 #include <filesystem>
 
@@ -51,6 +54,45 @@ TEST_F(Readme, InItsOwnLook) {
     KeepPage(kJob, "readme-job-management");
     VisitDialog("conflict",
                 [](QWidget& window, const std::string&) { Keep(window, "readme-conflict"); });
+}
+
+// What may stand together by the rules of the model: options, source, output, mailboxes.
+constexpr struct {
+    DWORD options;
+    SHORT source;
+    DWORD output, bins;
+} kConfigurations[] = {
+    {0x1, 1, 65, 0},     {0x5, 2, 65, 0},      {0x8D, 3, 65, 0},     {0x9D, 5, 75, 0},
+    {0x409D, 11, 65, 0}, {0x800085, 2, 65, 0}, {0x485, 4, 69, 0x4},  {0x449D, 11, 69, 0x200},
+    {0x8009D, 3, 76, 0}, {0x8409D, 1, 75, 0},  {0x10009D, 5, 75, 0}, {0x900085, 1, 75, 0},
+};
+
+TEST_F(Readme, ConfigurationsOfThePrinter) {
+    constexpr int kColumns = 6;
+    QImage all;
+    int number = 0;
+    for (const auto& row : kConfigurations) {
+        Settings().mdmInstalledOptions = row.options;
+        Public().dmDefaultSource = row.source;
+        Settings().mdmOutBin = row.output;
+        Settings().mdmMailBins = row.bins;
+        OpenSheet();
+        PageWindow(kDevice);
+        QWidget* view = WidgetOf(*SheetWidget(), GetDlgItem(Panel(kDevice), IDC_PIC_MAIN_VIEW));
+        ASSERT_NE(view, nullptr);
+        const QImage picture = view->grab().toImage();
+        if (all.isNull()) {
+            all = QImage(picture.width() * kColumns,
+                         picture.height() * static_cast<int>(std::size(kConfigurations)) / kColumns,
+                         QImage::Format_RGB32);
+        }
+        QPainter(&all).drawImage(number % kColumns * picture.width(),
+                                 number / kColumns * picture.height(), picture);
+        ++number;
+        CloseSheet();
+    }
+    EXPECT_TRUE(all.save(QString::fromUtf8(std::getenv("KV_KEEP_PICTURES")) +
+                         "/readme-configurations.png"));
 }
 
 TEST_F(Readme, OnADarkDesktop) {
