@@ -30,9 +30,9 @@
 
 // Columns: name, offset in the private part, width in bytes.
 #define KV_PRIVATE_FIELDS(X)                       \
-    X(Compression,         0x038, 4) /* carried */ \
-    X(DeviceData1,         0x03C, 4) /* carried */ \
-    X(DeviceData2,         0x040, 4) /* carried */ \
+    X(Compression,         0x038, 4)               \
+    X(DeviceData1,         0x03C, 4)               \
+    X(DeviceData2,         0x040, 4)               \
     X(Dither,              0x048, 4)               \
     X(MediaType,           0x04C, 4)               \
     X(fsQdBitFlags,        0x0A0, 4) /* carried */ \
@@ -40,13 +40,13 @@
     X(nGrayBits,           0x0B8, 4)               \
     X(UnsharpMask,         0x0BC, 4)               \
     X(ColorMatching,       0x0C0, 4)               \
-    X(AntiAliasing,        0x0C4, 4) /* carried */ \
-    X(HueRed,              0x0D0, 4) /* carried */ \
-    X(HueYellow,           0x0D4, 4) /* carried */ \
-    X(HueGreen,            0x0D8, 4) /* carried */ \
-    X(HueCyan,             0x0DC, 4) /* carried */ \
-    X(HueBlue,             0x0E0, 4) /* carried */ \
-    X(HueMagenta,          0x0E4, 4) /* carried */ \
+    X(AntiAliasing,        0x0C4, 4)               \
+    X(HueRed,              0x0D0, 4)               \
+    X(HueYellow,           0x0D4, 4)               \
+    X(HueGreen,            0x0D8, 4)               \
+    X(HueCyan,             0x0DC, 4)               \
+    X(HueBlue,             0x0E0, 4)               \
+    X(HueMagenta,          0x0E4, 4)               \
     X(Lightness,           0x0E8, 4)               \
     X(Contrast,            0x0EC, 4)               \
     X(Saturation,          0x0F0, 4)               \
@@ -54,15 +54,15 @@
     X(GCR,                 0x0F8, 4)               \
     X(BlackGeneration,     0x0FC, 4)               \
     X(Depletion,           0x100, 4)               \
-    X(Mirror,              0x104, 4) /* carried */ \
-    X(DiffusionNoise,      0x108, 4) /* carried */ \
-    X(GrayLightness,       0x10C, 4) /* carried */ \
-    X(HueLightness,        0x110, 4) /* carried */ \
+    X(Mirror,              0x104, 4)               \
+    X(DiffusionNoise,      0x108, 4)               \
+    X(GrayLightness,       0x10C, 4)               \
+    X(HueLightness,        0x110, 4)               \
     X(ColorsToPatterns,    0x114, 4)               \
     X(EnhanceContrast,     0x130, 4)               \
-    X(ContrastHighCutoff,  0x134, 4) /* carried */ \
-    X(ContrastLowCutoff,   0x138, 4) /* carried */ \
-    X(EnhanceLightness,    0x13C, 4) /* carried */ \
+    X(ContrastHighCutoff,  0x134, 4)               \
+    X(ContrastLowCutoff,   0x138, 4)               \
+    X(EnhanceLightness,    0x13C, 4)               \
     X(nUp,                 0x140, 4)               \
     X(nUpMode,             0x144, 4)               \
     X(dmDriverPaper,       0x148, 4)               \

@@ -201,6 +201,10 @@ class Photographer {
             session_.module().RunDialog(page, row.templateName, row.procedure);
             return;
         }
+        if (row.opening == Opening::kRightClick) {
+            kv::input::RightClickAt(page, kBesideControls, kv::input::kShift);
+            return;
+        }
         const HWND control = FindOnSheet(sheet_, page, row.control);
         if (row.opening == Opening::kChoose) {
             ChooseValue(control, row.value);

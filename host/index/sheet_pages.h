@@ -21,10 +21,11 @@ struct Page {
 extern const std::span<const Page> kPages;
 
 enum class Opening {
-    kClick,   // of a button, or of a check box that is off
-    kChoose,  // of an entry that a rule refuses
-    kExport,  // by the module's export, on the page's state
-    kNone,    // nothing opens it yet
+    kClick,       // of a button, or of a check box that is off
+    kChoose,      // of an entry that a rule refuses
+    kExport,      // by the module's export, on the page's state
+    kRightClick,  // on the page, with Shift
+    kNone,        // nothing opens it yet
 };
 
 struct Dialog {
@@ -40,6 +41,9 @@ struct Dialog {
     DWORD controlBefore;  // to be worked first, and its value; 0 for none
     DWORD valueBefore;
 };
+
+// A place of a page where no control is, for the right button.
+constexpr POINT kBesideControls = {1, 1};
 
 extern const std::span<const Dialog> kDialogs;
 

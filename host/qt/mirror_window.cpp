@@ -238,10 +238,30 @@ class DialogMirror : public Mirror {
     StatusLine* status_ = nullptr;  // of a sheet
 };
 
+// Pages hear of the right button only; a click beside the controls does nothing else.
+class PageWidget : public QWidget {
+ public:
+    PageWidget(QtDisplay& display, HWND window, QWidget* parent)
+        : QWidget(parent), mouse_(display, window) {}
+
+ protected:
+    void mousePressEvent(QMouseEvent* event) override {
+        event->setAccepted(event->button() == Qt::RightButton);
+        if (event->isAccepted()) mouse_.Press(*event);
+    }
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        event->setAccepted(event->button() == Qt::RightButton);
+        if (event->isAccepted()) mouse_.Release(*event, rect());
+    }
+
+ private:
+    MouseRelay mouse_;
+};
+
 class PageMirror : public Mirror {
  public:
     PageMirror(QtDisplay& owner, HWND handle, QWidget* parent) : Mirror(owner, handle) {
-        SetWidget(new QWidget(parent));
+        SetWidget(new PageWidget(owner, handle, parent));
     }
 
  protected:

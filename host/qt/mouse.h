@@ -20,12 +20,12 @@ class MouseRelay {
         pressed_ = Qt::NoButton;
         if (!click) return;
         const unsigned modifiers = ModifiersOf(event.modifiers());
+        const POINT place = display_.scale().ToCore(event.position().toPoint());
         if (event.button() == Qt::RightButton) {
-            display_.Act(window_, [window = window_, modifiers] {
-                kv::input::RightClick(window, modifiers);
+            display_.Act(window_, [window = window_, place, modifiers] {
+                kv::input::RightClickAt(window, place, modifiers);
             });
         } else if (event.button() == Qt::LeftButton) {
-            const POINT place = display_.scale().ToCore(event.position().toPoint());
             display_.Act(window_, [window = window_, place, modifiers] {
                 kv::input::ClickAt(window, place, modifiers);
             });

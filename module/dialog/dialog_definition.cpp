@@ -64,6 +64,11 @@ INT_PTR RunDialog(const DialogDefinition& definition, HWND dialog, UINT message,
             return TRUE;
         case WM_COMMAND:
             return OnCommand(definition, run);
+        case WM_HSCROLL:
+        case WM_VSCROLL:
+            run.id = static_cast<DWORD>(GetDlgCtrlID(reinterpret_cast<HWND>(lParam)));
+            run.code = LOWORD(wParam);
+            return Take(definition.scroll, run);
         case WM_NOTIFY:
             return Take(definition.notify, run);
         case WM_DRAWITEM:

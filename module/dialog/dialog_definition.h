@@ -24,6 +24,7 @@ struct DialogDefinition {
     EndButton cancel;
     Step open = nullptr;
     Step command = nullptr;  // of every other control
+    Step scroll = nullptr;   // of its sliders
     Step refresh = nullptr;
     Step notify = nullptr;
     Step drawItem = nullptr;

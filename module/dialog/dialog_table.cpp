@@ -23,6 +23,7 @@ constexpr Opener ChosenAfter(DWORD before, DWORD valueBefore, DWORD control, DWO
 constexpr Opener Exported(const char* procedure, DWORD control = 0) {
     return {Opening::kExport, procedure, control, 0, 0, 0};
 }
+constexpr Opener kRightClicked{Opening::kRightClick, nullptr, 0, 0, 0, 0};
 constexpr Opener kUnopened{Opening::kNone, nullptr, 0, 0, 0, 0};
 
 // clang-format off
@@ -60,7 +61,7 @@ constexpr DialogRow kDialogRows[] = {
     {"quality-list",          "TAB2R",      "_DLGTAB20",           "DLGTAB20",       0,                          Exported("DDMTAB20")},
     {"mailboxes",             "TAB3",       "_MAILBOXR",           "MAILBOX",        IDS_TITLE_MAILBOX,          Exported("DDMMailBox", IDC_BTN_MAILBOX)},
     {"option-conflict",       "TAB3",       "_OPTIONCONFLICT",     "",               IDS_TITLE_OPTION_CONFLICTS, kUnopened},
-    {"advanced-settings",     "TAB3",       "_ADVANCEDSETTINGS",   "",               0,                          kUnopened},
+    {"advanced-settings",     "TAB3",       "_ADVANCEDSETTINGS",   "",               0,                          kRightClicked},
     {"hue-correction",        "TAB3",       "_HUECORRECTION",      "",               0,                          kUnopened},
     {"about",                 "TAB3",       "_ABOUTKVI",           "",               IDS_TITLE_ABOUT,            Exported("DDMAbout")},
     {"printer-properties",    "TAB3",       "_ABOUTKVI",           "",               IDS_TITLE_ABOUT,            Exported("DDMPrinterProp")},

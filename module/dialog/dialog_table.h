@@ -29,10 +29,11 @@ extern const std::span<const PageRow> kPages;
 const PageRow& PageOfWindow(const SheetContext& context, HWND page);
 
 enum class Opening {
-    kClick,   // of a button, or of a check box that is off
-    kChoose,  // of an entry that a rule refuses
-    kExport,  // by the export, on the state of a page: no control opens it
-    kNone,    // nothing opens it yet
+    kClick,       // of a button, or of a check box that is off
+    kChoose,      // of an entry that a rule refuses
+    kExport,      // by the export, on the state of a page: no control opens it
+    kRightClick,  // on the page, with Shift
+    kNone,        // nothing opens it yet
 };
 
 // What opens a dialog; its export where the control depends on options. Another control may have to

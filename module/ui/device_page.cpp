@@ -16,6 +16,7 @@
 #include "resources/resource.h"
 #include "sheet/administrator.h"
 #include "ui/page_definition.h"
+#include "ui/service_dialogs.h"
 
 namespace kvui {
 namespace {
@@ -210,6 +211,20 @@ void ShowUserName(Run& run) {
     SetWindowTextA(edit, text);
 }
 
+// For service technicians: the dialog changes fields that no page shows, and all of them by its
+// Factory Default.
+void OpenAdvancedSettings(Run& run) {
+    if ((run.wParam & (MK_SHIFT | MK_CONTROL)) == 0 || (run.context.flags & kSheetReadOnly) != 0) {
+        run.answer = FALSE;
+        return;
+    }
+    BYTE before[kRecordSize];
+    std::memcpy(before, run.context.settings, sizeof before);
+    DialogBoxParamA(run.context.resources, "_ADVANCEDSETTINGS", GetParent(run.window),
+                    AdvancedSettingsDlgProc, reinterpret_cast<LPARAM>(&run.context));
+    run.changed = std::memcmp(before, run.context.settings, sizeof before) != 0;
+}
+
 // Where neither may be used the sheet looks for the first control that may.
 void FocusFirst(Run& run) {
     const HWND first =
@@ -232,6 +247,7 @@ const PageDefinition kDeviceOptionsPage = {
     .take = InOrder<React, TellSheet>,
     .refresh = InOrder<RefreshControls, BuildOptionList, ShowState, EnableByRights,
                        CheckAutoConfigure, DisableIfReadOnly>,
+    .rightButton = InOrder<OpenAdvancedSettings, IfChanged<TellSheet, Fill, Refresh, UpdatePanel>>,
     .initialFocus = FocusFirst,
 };
 

@@ -17,7 +17,7 @@ bool MayChangeSettings(UINT message, LPARAM lParam) {
         return code == PSN_SETACTIVE || code == PSN_APPLY;
     }
     return message == WM_COMMAND || message == WM_HSCROLL || message == WM_VSCROLL ||
-           message == kMessageFirstActivation;
+           message == kMessageFirstActivation || message == WM_RBUTTONDOWN;
 }
 
 Step StepsOfNotification(const PageDefinition& definition, UINT code) {
@@ -72,6 +72,8 @@ INT_PTR OnMessage(const PageDefinition& definition, Run& run) {
             return OnNotify(definition, run);
         case WM_HELP:
             return TakeSteps(definition.popupHelp, run);
+        case WM_RBUTTONDOWN:
+            return TakeSteps(definition.rightButton, run);
         case WM_CTLCOLORSTATIC:
             return TakeSteps(definition.paintStatic, run);
         case WM_DRAWITEM:

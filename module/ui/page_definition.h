@@ -28,6 +28,7 @@ struct PageDefinition {
     Step paintStatic = nullptr;  // answers with a brush, or FALSE
     Step drawItem = DrawEntry;
     Step firstActivation = nullptr;
+    Step rightButton = nullptr;   // is pressed on the page itself
     Step initialFocus = nullptr;  // answers with a control of the page
     Step close = kClose;
 };

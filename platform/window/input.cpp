@@ -142,8 +142,12 @@ bool SecondClickAt(HWND window, POINT clientPoint, unsigned modifiers) {
 }
 
 bool RightClick(HWND window, unsigned modifiers) {
+    return RightClickAt(window, CentreOf(window), modifiers);
+}
+
+bool RightClickAt(HWND window, POINT clientPoint, unsigned modifiers) {
     constexpr MouseEvent kEvents[] = {{WM_RBUTTONDOWN, MK_RBUTTON}, {WM_RBUTTONUP, 0}};
-    return Mouse(window, CentreOf(window), modifiers, kEvents);
+    return Mouse(window, clientPoint, modifiers, kEvents);
 }
 
 bool MoveTo(HWND window, POINT clientPoint) {

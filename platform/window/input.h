@@ -22,6 +22,7 @@ bool DoubleClick(HWND window, unsigned modifiers = kNoModifier);
 // The second click of a double click at a place, after an ordinary first one.
 bool SecondClickAt(HWND window, POINT clientPoint, unsigned modifiers = kNoModifier);
 bool RightClick(HWND window, unsigned modifiers = kNoModifier);
+bool RightClickAt(HWND window, POINT clientPoint, unsigned modifiers = kNoModifier);
 bool MoveTo(HWND window, POINT clientPoint);
 // Moves the focus the way a click into the window does, without any other effect.
 bool Focus(HWND window);

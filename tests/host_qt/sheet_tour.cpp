@@ -188,6 +188,9 @@ void SheetTour::OpenDialog(const Dialog& row) {
         case Opening::kExport:
             module_->RunDialog(page, row.templateName, row.procedure);
             return;
+        case Opening::kRightClick:
+            kv::input::RightClickAt(page, kvhost::kBesideControls, kv::input::kShift);
+            return;
         case Opening::kNone:
             DialogBoxParamA(module_->handle(), row.templateName, page, TextsOnly,
                             reinterpret_cast<LPARAM>(&texts));
