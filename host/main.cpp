@@ -22,7 +22,9 @@ ExitStatus Run(CLI::App& app, Arguments& args, int argc, char** argv) {
     const WaitProgress progress;
     const auto chosen = [&](const char* name) { return app.got_subcommand(name); };
     if (chosen("get")) return RunGet(args.options, args.names);
-    if (chosen("set")) return RunSet(args.options, args.pairs, PolicyOfName(args.policy));
+    if (chosen("set")) {
+        return RunSet(args.options, args.pairs, PolicyOfName(args.policy), args.service);
+    }
     if (chosen("list")) return RunList(args.options, args.page);
     if (chosen("defaults")) return RunDefaults(args.options, args.page);
     if (chosen("shot")) {

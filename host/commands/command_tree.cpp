@@ -91,6 +91,10 @@ void AddSettings(CLI::App& app, Arguments& args) {
     set->add_option("assignment", args.pairs, "CONTROL=VALUE; an entry's caption, name or number")
         ->required();
     AddPolicy(*set, args);
+    set->add_flag(
+        "--service", args.service,
+        "Also by the labels of the hidden dialogs for service technicians: DPL=40, Mirror=on, "
+        "Hue.Red=250,0,0");
     auto* defaults = app.add_subcommand("defaults", "Press Defaults on one page or on every page");
     defaults->add_option("page", args.page, "Page");
 }

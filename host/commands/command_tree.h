@@ -31,6 +31,7 @@ struct Arguments {
     double scale = 1;
     bool rightToLeft = false;
     bool force = false;
+    bool service = false;
 };
 
 // What --on-conflict, --on-removal and --view take; the second as the first, word by word.

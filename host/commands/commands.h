@@ -14,8 +14,9 @@ namespace kvhost {
 ExitStatus RunOpen(const Options& options, const std::vector<std::string>& printers, int argc,
                    char** argv);
 ExitStatus RunGet(const Options& options, const std::vector<std::string>& fields);
+// `service`: names that no page has are those of the service technician's dialogs.
 ExitStatus RunSet(const Options& options, const std::vector<std::string>& pairs,
-                  ConflictPolicy policy);
+                  ConflictPolicy policy, bool service = false);
 ExitStatus RunDefaults(const Options& options, const std::string& page);
 ExitStatus RunList(const Options& options, const std::string& page);
 // Which options the printer has.

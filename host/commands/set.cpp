@@ -1,6 +1,7 @@
 // kvprefs set and kvprefs defaults: all or nothing, through a headless sheet.
 #include <host/commands/change.h>
 #include <host/commands/commands.h>
+#include <host/controls/service_driver.h>
 #include <platform/window/input.h>
 #include <prsht.h>
 
@@ -10,13 +11,14 @@ namespace {
 constexpr int kDefaultsButton = 12;
 
 struct Assignment {
-    const Control* control;
+    const Control* control;  // null: of the service technician's dialogs
+    std::string name;
     std::string value;
 };
 
 // Which of several controls of one name is meant is the first; pages come before dialogs.
-bool ParsePairs(const std::vector<std::string>& pairs, std::vector<Assignment>& assignments,
-                Changes& changes) {
+bool ParsePairs(const std::vector<std::string>& pairs, bool service,
+                std::vector<Assignment>& assignments, Changes& changes) {
     for (const std::string& pair : pairs) {
         const size_t at = pair.find('=');
         const std::string name = pair.substr(0, at);
@@ -27,12 +29,12 @@ bool ParsePairs(const std::vector<std::string>& pairs, std::vector<Assignment>& 
             changes.error = "\"" + pair + "\": expected " + changes.expected;
             return false;
         }
-        if (control == nullptr) {
+        if (control == nullptr && !service) {
             changes.expected = "a name that `kvprefs list` shows";
             changes.error = "unknown control \"" + name + "\"; expected " + changes.expected;
             return false;
         }
-        assignments.push_back({control, pair.substr(at + 1)});
+        assignments.push_back({control, name, pair.substr(at + 1)});
     }
     return true;
 }
@@ -40,14 +42,16 @@ bool ParsePairs(const std::vector<std::string>& pairs, std::vector<Assignment>& 
 }  // namespace
 
 ExitStatus RunSet(const Options& options, const std::vector<std::string>& pairs,
-                  ConflictPolicy policy) {
+                  ConflictPolicy policy, bool service) {
     std::vector<Assignment> assignments;
     Changes wrong;
-    if (!ParsePairs(pairs, assignments, wrong)) return PrintRefusal(options, wrong, kBadInput);
+    if (!ParsePairs(pairs, service, assignments, wrong))
+        return PrintRefusal(options, wrong, kBadInput);
     return Change(options, policy, [&](Session&, ControlDriver& driver, Changes& changes) {
-        for (const Assignment& assignment : assignments) {
-            const SetOutcome outcome = driver.Set(*assignment.control, assignment.value);
-            const ExitStatus status = TakeOver(outcome, assignment.control->name, changes);
+        for (const auto& [control, name, value] : assignments) {
+            const SetOutcome outcome = control != nullptr ? driver.Set(*control, value)
+                                                          : ServiceDriver(driver).Set(name, value);
+            const ExitStatus status = TakeOver(outcome, name, changes);
             if (status != kDone) return status;
         }
         return kDone;

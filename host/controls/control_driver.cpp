@@ -165,12 +165,17 @@ SetOutcome ControlDriver::InDialog(const Control& opener, const std::string& sub
                       subject + ": its dialog does not open, " + opener.name +
                           (IsWindowVisible(window) ? " is disabled now" : " is not shown"));
     }
-    workOutcome_ = Refuse(kRefused, subject + ": its dialog did not open");
-    work_ = work;
     // A check box opens its dialog when it is turned on.
     const bool isCheck = std::string_view(opener.kind) == "check";
     if (isCheck && SendMessageA(window, BM_GETCHECK, 0, 0) == BST_CHECKED) kv::input::Click(window);
-    kv::input::Click(window);
+    return InDialog([window] { kv::input::Click(window); }, subject, work);
+}
+
+SetOutcome ControlDriver::InDialog(const Opener& open, const std::string& subject,
+                                   const DialogWork& work) {
+    workOutcome_ = Refuse(kRefused, subject + ": its dialog did not open");
+    work_ = work;
+    open();
     work_ = nullptr;
     return workOutcome_;
 }
@@ -211,8 +216,9 @@ void ControlDriver::AnswerDialog(HWND dialog) {
     constexpr int kMessageText = 0xFFFF;
     const HWND message = GetDlgItem(dialog, kMessageText);
     if (work_ && message == nullptr) {
-        workOutcome_ = std::exchange(work_, nullptr)(dialog);
-        kv::input::Click(GetDlgItem(dialog, workOutcome_.status == kDone ? IDOK : IDCANCEL));
+        const SetOutcome outcome = std::exchange(work_, nullptr)(dialog);
+        kv::input::Click(GetDlgItem(dialog, outcome.status == kDone ? IDOK : IDCANCEL));
+        workOutcome_ = outcome;
         return;
     }
     if (message != nullptr) {

@@ -20,9 +20,12 @@ class ControlDriver {
     // Sets one control; `value` is an entry's caption, its name or a number.
     SetOutcome Set(const Control& control, const std::string& value);
     using DialogWork = std::function<SetOutcome(HWND dialog)>;
+    using Opener = std::function<void()>;
     // Presses a control of a page, works in the dialog that opens and presses its OK, or Cancel
     // when the work was refused. `subject` names in errors what was wanted.
     SetOutcome InDialog(const Control& opener, const std::string& subject, const DialogWork& work);
+    // The same for a dialog that something else opens.
+    SetOutcome InDialog(const Opener& open, const std::string& subject, const DialogWork& work);
     // Applies what was set. Questions and refusals that come up meanwhile are in the outcome.
     SetOutcome Accept();
 

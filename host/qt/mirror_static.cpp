@@ -4,6 +4,7 @@
 #include <host/qt/mouse.h>
 #include <host/qt/picture.h>
 #include <platform/dialog/message_box.h>
+#include <platform/window/paint.h>
 
 #include <QLabel>
 #include <QPainter>
@@ -74,6 +75,10 @@ void StaticWidget::paintEvent(QPaintEvent*) {
     const QImage picture = PictureOfWindow(window_, palette().color(QPalette::Window));
     if (!picture.isNull()) return DrawPicture(painter, rect(), picture);
     const DWORD style = StyleOf(window_);
+    // A sample of colour is a static that its parent fills.
+    if (const auto face = kv::ColorsOf(window_).face) {
+        painter.fillRect(rect(), QColor(GetRValue(*face), GetGValue(*face), GetBValue(*face)));
+    }
     QStyleOptionFrame frame;
     frame.initFrom(this);
     if ((style & SS_SUNKEN) != 0) {

@@ -133,6 +133,15 @@ TEST_F(QtDisplayTest, AStaticDrawnByItsParentShowsThePictureOfTheMoment) {
     EXPECT_EQ(label->grab().toImage().pixelColor(20, 10), QColor(0, 0, 200));
     QTest::mouseClick(label, Qt::LeftButton);
     EXPECT_THAT(TakeLog(), ElementsAre("9 STN_CLICKED"));
+    // A brush of a colour fills it.
+    const HBRUSH green = CreateSolidBrush(RGB(0, 200, 0));
+    reaction = [&](UINT message, WPARAM, LPARAM) -> std::optional<INT_PTR> {
+        if (message != WM_CTLCOLORSTATIC) return std::nullopt;
+        return reinterpret_cast<INT_PTR>(green);
+    };
+    EXPECT_EQ(label->grab().toImage().pixelColor(20, 10), QColor(0, 200, 0));
+    reaction = nullptr;
+    DeleteObject(green);
 }
 
 TEST_F(QtDisplayTest, ControlsAreCalledAfterTheLabelBeforeThem) {

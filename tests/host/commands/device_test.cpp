@@ -39,6 +39,23 @@ TEST_F(CommandLine, MailboxesAreAssignedAndTheDestinationFollowsTheOptions) {
         << bin.errors;
 }
 
+TEST_F(CommandLine, ServiceTechniciansReachTheirDialogs) {
+    EXPECT_EQ(Run("set DPL=40").status, 2) << "no control of a page";
+    const Ran set = Run("set --service DPL=-40 mirror=on Hue.Cyan=1,2,255 EditCopies=2");
+    EXPECT_EQ(set.status, 0) << set.output;
+    EXPECT_EQ(set.output, "dmCopies=2\nDepletion=-40\n");
+    EXPECT_EQ(Bytes(RecordFile()).substr(156 + 0xDC, 4), std::string("\1\2\xFF\0", 4));
+    EXPECT_EQ(Bytes(RecordFile())[156 + 0x104], 1);
+    const auto before = AllFiles();
+    for (const char* wrong :
+         {"GCR=101", "Mirror=maybe", "Nothing=1", "Hue.Cyan=1,2", "Hue.Brown=1,2,3"}) {
+        const Ran refused = Run(std::string("set --service EditCopies=3 ") + wrong);
+        EXPECT_EQ(refused.status, 2) << wrong;
+        EXPECT_THAT(refused.errors, testing::HasSubstr("; expected ")) << wrong;
+    }
+    EXPECT_EQ(AllFiles(), before);
+}
+
 class DeviceCommands : public CommandLine {
  protected:
     void Add(const std::string& port) {
