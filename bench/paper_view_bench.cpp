@@ -1,24 +1,21 @@
 // One paint of the Paper View, beside pixman composing the same layers from pictures that it keeps
 // decoded, and beside a plain copy of the bytes that the layers have.
 #include <benchmark/benchmark.h>
-#include <pixman.h>
-#include <platform/gdi/surface.h>
 #include <platform/window/paint.h>
 
 #include <cstring>
-#include <memory>
 #include <vector>
 
 #include "preview/paper_view.h"
 #include "preview/picture_set.h"
 #include "preview/shared_view.h"
+#include "bench/pixman_images.h"
 #include "tests/module/preview/painted_sheet.h"
 
 namespace {
 
 using namespace kvui;
-
-constexpr SIZE kView{kGroundWidth, kGroundHeight};
+using namespace kvbench;
 
 // Twelve layers: sheet, page, border, grid, four numbers, binding bar, overlay, arrow, labels.
 struct Sheet : PaintedSheet {
@@ -38,52 +35,12 @@ struct Sheet : PaintedSheet {
     HWND frame{};
 };
 
-// What a display paints on.
-struct Screen {
-    HDC dc = CreateCompatibleDC(nullptr);
-    HBITMAP bitmap = CreateBitmap(kView.cx, kView.cy, 1, 32, nullptr);
-    HGDIOBJ before = SelectObject(dc, bitmap);
-    ~Screen() {
-        SelectObject(dc, before);
-        DeleteObject(bitmap);
-        DeleteDC(dc);
-    }
-};
-
 void PaperViewPaint(benchmark::State& state) {
     const Sheet sheet;
     const Screen screen;
     for (auto _ : state) kv::PaintWindow(sheet.frame, screen.dc);
 }
 BENCHMARK(PaperViewPaint)->Unit(benchmark::kMicrosecond);
-
-struct Deleter {
-    void operator()(pixman_image_t* image) const { pixman_image_unref(image); }
-};
-using Image = std::unique_ptr<pixman_image_t, Deleter>;
-
-Image NewImage(int width, int height) {
-    return Image(pixman_image_create_bits(PIXMAN_a8r8g8b8, width, height, nullptr, 0));
-}
-
-// A picture with its mask, or with white, as transparency.
-Image Decoded(HINSTANCE module, PictureId id) {
-    const HBITMAP picture = LoadBitmapA(module, MAKEINTRESOURCEA(id.picture));
-    const HBITMAP mask = id.mask != 0 ? LoadBitmapA(module, MAKEINTRESOURCEA(id.mask)) : nullptr;
-    const kv::SurfaceView from = kv::ViewOf(picture);
-    const kv::SurfaceView hole = mask != nullptr ? kv::ViewOf(mask) : from;
-    Image image = NewImage(from.width, from.height);
-    for (int y = 0; y < from.height; ++y) {
-        auto* row = pixman_image_get_data(image.get()) + std::ptrdiff_t{y} * from.width;
-        for (int x = 0; x < from.width; ++x) {
-            const bool clear = (hole.Row(y)[x] & 0xFFFFFF) == 0xFFFFFF;
-            row[x] = clear ? 0 : 0xFF000000 | from.Row(y)[x];
-        }
-    }
-    DeleteObject(picture);
-    if (mask != nullptr) DeleteObject(mask);
-    return image;
-}
 
 struct PlacedImage {
     Image image;

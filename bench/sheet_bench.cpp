@@ -62,6 +62,25 @@ void SliderDrag(benchmark::State& state) {
 }
 BENCHMARK(SliderDrag)->Unit(benchmark::kMicrosecond);
 
+// Installs an option and removes it, by turns: settings to defaults, both source lists written.
+void OptionChange(benchmark::State& state) {
+    Desk& desk = TheDesk();
+    const HWND sheet = desk.module->CreateSheet(desk.request);
+    const HWND page = desk.Page(sheet, 5);
+    const HWND options = GetDlgItem(page, 4015), states = GetDlgItem(page, 4014);
+    int turn = 0;
+    for (auto _ : state) {
+        const auto row = SendMessageA(options, LB_FINDSTRING, static_cast<WPARAM>(-1),
+                                      reinterpret_cast<LPARAM>("Tray 3:"));
+        kv::input::Choose(options, static_cast<int>(row));
+        kv::input::Choose(states, turn++ & 1);
+    }
+    const auto* installed = reinterpret_cast<const DWORD*>(desk.record.data() + 156 + 0x198);
+    if (((*installed & 8) != 0) != (turn & 1)) state.SkipWithError("the option stayed as it was");
+    DestroyWindow(sheet);
+}
+BENCHMARK(OptionChange)->Unit(benchmark::kMicrosecond);
+
 void PrinterDataWrite(benchmark::State& state) {
     TheDesk();
     DWORD value = 0;

@@ -1,9 +1,7 @@
 // See printer_figure.h.
 #include "preview/printer_figure.h"
 
-#include <cstdint>
-#include <cstring>
-#include <vector>
+#include <initializer_list>
 
 #include "preview/figure_plan.h"
 #include "preview/gdi_scope.h"
@@ -16,59 +14,20 @@ namespace {
 constexpr char kOwnModule[] = "KVUIMOD";
 
 constexpr DWORD kWhite = 0x00FFFFFF;
-constexpr DWORD kMostColours = 256;
+constexpr DWORD kColourBits = 0x00FFFFFF;
 
-// A picture's resource: of the sheet's resource module, else of this one.
-const BITMAPINFO* FindPicture(const SheetContext& context, WORD id) {
-    for (const HMODULE module : {context.resources, GetModuleHandleA(kOwnModule)}) {
-        const HRSRC found = FindResourceA(module, MAKEINTRESOURCEA(id), RT_BITMAP);
-        if (found == nullptr) continue;
-        return static_cast<const BITMAPINFO*>(LockResource(LoadResource(module, found)));
-    }
-    return nullptr;
-}
-
-DWORD ColoursOf(const BITMAPINFOHEADER& header) {
-    if (header.biBitCount != 8) return 0;
-    return header.biClrUsed != 0 ? header.biClrUsed : kMostColours;
-}
-
-DWORD ColourAt(const BITMAPINFO& info, DWORD index) {
-    DWORD colour = 0;
-    std::memcpy(&colour, &info.bmiColors[index], sizeof colour);
-    return colour & kWhite;
-}
-
-bool HasWhite(const BITMAPINFO& info) {
-    for (DWORD i = 0; i < ColoursOf(info.bmiHeader); ++i) {
-        if (ColourAt(info, i) == kWhite) return true;
-    }
-    return false;
-}
-
-// A picture with its own colours or, as a cut-out, with black in place of white.
+// A picture of the sheet's resource module, else of this one.
 class Picture {
  public:
-    enum class White { kKept, kBlack };
-
-    Picture(const BITMAPINFO& info, HDC like, White white) : source_(like) {
-        const DWORD colours = ColoursOf(info.bmiHeader);
-        std::vector<std::uint64_t> copy((sizeof info.bmiHeader + kMostColours * sizeof(DWORD)) /
-                                        sizeof(std::uint64_t));
-        auto& header = *reinterpret_cast<BITMAPINFO*>(copy.data());
-        std::memcpy(&header, &info, sizeof info.bmiHeader + colours * sizeof(DWORD));
-        for (DWORD i = 0; white == White::kBlack && i < colours; ++i) {
-            if (ColourAt(info, i) == kWhite) header.bmiColors[i] = {};
+    Picture(const SheetContext& context, WORD id, HDC like) : source_(like) {
+        for (const HMODULE module : {context.resources, GetModuleHandleA(kOwnModule)}) {
+            bitmap_ = LoadBitmapA(module, MAKEINTRESOURCEA(id));
+            if (bitmap_ != nullptr) break;
         }
-        LPVOID bits = nullptr;
-        bitmap_ = CreateDIBSection(like, &header, DIB_RGB_COLORS, &bits, nullptr, 0);
-        if (bitmap_ == nullptr || !source_) return;
-        size_ = {info.bmiHeader.biWidth, info.bmiHeader.biHeight};
-        const DWORD rowBytes = (size_.cx * info.bmiHeader.biBitCount + 31) / 32 * 4;
-        std::memcpy(
-            bits,
-            reinterpret_cast<const BYTE*>(&info) + info.bmiHeader.biSize + colours * sizeof(DWORD),
-            static_cast<size_t>(rowBytes) * size_.cy);
+        BITMAP description{};
+        if (bitmap_ == nullptr || GetObjectA(bitmap_, sizeof description, &description) == 0)
+            return;
+        size_ = {description.bmWidth, description.bmHeight};
         before_ = SelectObject(source_.get(), bitmap_);
     }
     ~Picture() {
@@ -80,6 +39,7 @@ class Picture {
 
     explicit operator bool() const { return before_ != nullptr; }
     SIZE size() const { return size_; }
+    HDC dc() const { return source_.get(); }
     void Draw(HDC dc, const RECT& box, DWORD operation) const {
         StretchBlt(dc, box.left, box.top, box.right - box.left, box.bottom - box.top, source_.get(),
                    0, 0, size_.cx, size_.cy, operation);
@@ -89,6 +49,67 @@ class Picture {
     MemoryDc source_;
     HBITMAP bitmap_ = nullptr;
     HGDIOBJ before_ = nullptr;
+    SIZE size_{};
+};
+
+// A copy of a picture in which black stands for white; one serves all layers of a size.
+class CutOut {
+ public:
+    explicit CutOut(HDC like) : like_(like), source_(like) {}
+    ~CutOut() { Release(); }
+    CutOut(const CutOut&) = delete;
+    CutOut& operator=(const CutOut&) = delete;
+
+    // False when the picture has no white, or there is no memory for the copy.
+    bool Take(const Picture& picture) {
+        if (!HasRoomFor(picture.size())) return false;
+        BitBlt(source_.get(), 0, 0, size_.cx, size_.cy, picture.dc(), 0, 0, SRCCOPY);
+        GdiFlush();
+        DWORD* const pixels = pixels_;
+        const LONG count = size_.cx * size_.cy;
+        DWORD whites = 0;
+        for (LONG i = 0; i < count; ++i) {
+            const DWORD white = DWORD{0} - ((pixels[i] & kColourBits) == kWhite);
+            whites |= white;
+            pixels[i] &= ~white;
+        }
+        return whites != 0;
+    }
+    void Draw(HDC dc, const RECT& box, DWORD operation) const {
+        StretchBlt(dc, box.left, box.top, box.right - box.left, box.bottom - box.top, source_.get(),
+                   0, 0, size_.cx, size_.cy, operation);
+    }
+
+ private:
+    bool HasRoomFor(SIZE size) {
+        if (section_ != nullptr && size.cx == size_.cx && size.cy == size_.cy) return true;
+        Release();
+        BITMAPINFO info{};
+        info.bmiHeader.biSize = sizeof info.bmiHeader;
+        info.bmiHeader.biWidth = size.cx;
+        info.bmiHeader.biHeight = -size.cy;
+        info.bmiHeader.biPlanes = 1;
+        info.bmiHeader.biBitCount = 32;
+        LPVOID bits = nullptr;
+        section_ = CreateDIBSection(like_, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+        if (section_ == nullptr) return false;
+        pixels_ = static_cast<DWORD*>(bits);
+        size_ = size;
+        before_ = SelectObject(source_.get(), section_);
+        return true;
+    }
+    void Release() {
+        if (before_ != nullptr) SelectObject(source_.get(), before_);
+        if (section_ != nullptr) DeleteObject(section_);
+        before_ = nullptr;
+        section_ = nullptr;
+    }
+
+    HDC like_;
+    MemoryDc source_;
+    HBITMAP section_ = nullptr;
+    HGDIOBJ before_ = nullptr;
+    DWORD* pixels_ = nullptr;
     SIZE size_{};
 };
 
@@ -113,9 +134,7 @@ enum class Fit { kStretched, kOwnSize };
 
 void DrawFigurePicture(const SheetContext& context, HDC dc, SIZE area, WORD id, DWORD operation,
                        Fit fit) {
-    const BITMAPINFO* info = FindPicture(context, id);
-    if (info == nullptr) return;
-    const Picture picture(*info, dc, Picture::White::kKept);
+    const Picture picture(context, id, dc);
     if (!picture) return;
     RECT box = FittedInto(area, picture.size());
     if (fit == Fit::kOwnSize) {
@@ -133,13 +152,11 @@ void DrawWholePrinter(const SheetContext& context, HDC dc, SIZE size) {
 
 // White lets through what lies below: where the picture is white the destination comes out of the
 // four operations as it was, elsewhere as the picture.
-void DrawKeyed(const BITMAPINFO& info, HDC dc, SIZE area, Fit fit) {
-    const Picture picture(info, dc, Picture::White::kKept);
-    if (!picture) return;
+void DrawKeyed(const Picture& picture, CutOut& cutOut, HDC dc, SIZE area, Fit fit) {
     const SIZE size = fit == Fit::kStretched ? area : picture.size();
     const RECT box = {0, 0, size.cx, size.cy};
     picture.Draw(dc, box, MERGEPAINT);
-    if (HasWhite(info)) Picture(info, dc, Picture::White::kBlack).Draw(dc, box, NOTSRCERASE);
+    if (cutOut.Take(picture)) cutOut.Draw(dc, box, NOTSRCERASE);
     PatBlt(dc, 0, 0, size.cx, size.cy, DSTINVERT);
     picture.Draw(dc, box, SRCAND);
 }
@@ -148,9 +165,10 @@ void DrawLayers(const SheetContext& context, HDC dc, SIZE size) {
     const Fit fit = context.shared->life.initialised ? Fit::kStretched : Fit::kOwnSize;
     const FigureLayers layers =
         FigureLayersOf(*context.settings, *context.privateSettings, IDC_PIC_MAIN_VIEW);
+    CutOut cutOut(dc);
     for (int i = 0; i < layers.count; ++i) {
-        const BITMAPINFO* info = FindPicture(context, layers.layer[i].picture);
-        if (info != nullptr) DrawKeyed(*info, dc, size, fit);
+        const Picture picture(context, layers.layer[i].picture, dc);
+        if (picture) DrawKeyed(picture, cutOut, dc, size, fit);
     }
 }
 

@@ -12,6 +12,8 @@
 #include <platform/display/waiting.h>
 #include <platform/window/input.h>
 
+#include <algorithm>
+#include <cstdlib>
 #include <random>
 #include <string>
 
@@ -54,6 +56,12 @@ TEST(PrinterAnswer, CountsBetweenItsHeaderAndItsFormFeed) {
     for (const auto& row : rows) EXPECT_EQ(OptionsIn(row.reply), row.options) << row.reply;
 }
 
+// How many times more cases than usual: KV_MANY=50 makes a million damaged answers.
+int Many() {
+    const char* many = std::getenv("KV_MANY");
+    return many != nullptr ? std::max(1, std::atoi(many)) : 1;
+}
+
 // An answer of which bytes are lost, doubled or changed.
 std::string Damaged(std::string reply, std::mt19937& random) {
     for (unsigned blow = random() % 6; blow > 0; --blow) {
@@ -81,7 +89,8 @@ TEST(PrinterAnswer, DamagedSaysNothingMoreThanIsInIt) {
     const std::string whole =
         kHead + "TRAY2=INSTALLED\r\nTRAY3=INSTALLED\r\nDUPLEX=INSTALLED\r\n\f";
     int understood = 0;
-    for (int i = 0; i < 20000; ++i) {
+    const int cases = 20000 * Many();
+    for (int i = 0; i < cases; ++i) {
         const std::string reply = Damaged(whole, random);
         const DWORD options = OptionsIn(reply);
         if (options == kUnread) continue;
@@ -93,8 +102,8 @@ TEST(PrinterAnswer, DamagedSaysNothingMoreThanIsInIt) {
             ASSERT_NE(reply.find("TRAY3=INSTALLED", head), reply.npos);
         }
     }
-    EXPECT_GT(understood, 2000);
-    EXPECT_LT(understood, 19000);
+    EXPECT_GT(understood, cases / 10);
+    EXPECT_LT(understood, cases - cases / 20);
 }
 
 class PrinterQuery : public testing::Test {
@@ -203,7 +212,8 @@ TEST_F(PrinterQuery, SurvivesWhateverComesOverTheConnection) {
     ASSERT_TRUE(ResolveHostAddress(address, kvtest::OwnAddress().c_str()));
     kv::ReplaceTime([](kv::Milliseconds) { usleep(200); });
     int read = 0;
-    for (int i = 0; i < 300; ++i) {
+    const int cases = 300 * Many();
+    for (int i = 0; i < cases; ++i) {
         kvprinter::Behaviour behaviour;
         behaviour.replay = Damaged(kHead + "TRAY2=INSTALLED\r\n\f", random) + "x";
         behaviour.manners.split = 1 + random() % 30;
@@ -228,8 +238,8 @@ TEST_F(PrinterQuery, SurvivesWhateverComesOverTheConnection) {
         }
     }
     WSACleanup();
-    EXPECT_GT(read, 30);
-    EXPECT_LT(read, 280);
+    EXPECT_GT(read, cases / 10);
+    EXPECT_LT(read, cases - cases / 15);
 }
 
 enum Answer { kNotAsked, kAgreed, kRefused };
