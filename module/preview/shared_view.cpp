@@ -10,6 +10,7 @@
 #include "preview/state_strip.h"
 #include "preview/view_hook.h"
 #include "preview/view_words.h"
+#include "preview/watermark_view.h"
 #include "resources/resource.h"
 #include "resources/string_ids.h"
 #include "sheet/message_box.h"
@@ -20,9 +21,6 @@ namespace {
 
 enum ViewType : int { kPrinterFigure = 1, kPaperView, kWatermarkView, kQualityView };
 
-// Nothing but the ground, for the view whose content is drawn by nobody yet.
-void PaintGroundOnly(SheetContext& context, HDC dc, SIZE size) { PaintGround(context, dc, size); }
-
 // View type, what draws it and what says in words what it shows.
 constexpr struct {
     ViewType type;
@@ -30,7 +28,7 @@ constexpr struct {
 } kViews[] = {
     {kPrinterFigure, {PaintPrinterFigure, DescribePrinter}},
     {kPaperView, {PaintPaperView, DescribePaper}},
-    {kWatermarkView, {PaintGroundOnly, DescribeWatermark}},
+    {kWatermarkView, {PaintWatermarkView, DescribeWatermark}},
     {kQualityView, {PaintColourSample, DescribeColourSample}},
 };
 

@@ -45,23 +45,31 @@ BYTE CharacterSetOf(HDC dc, const char* typeface) {
     return found;
 }
 
-COLORREF ColourOf(const WatermarkRecord& record, const DEVMODEA& settings) {
-    if (settings.dmColor == kColour) return RGB(record.red, record.green, record.blue);
+bool PrintsInColour(const SheetContext& context, const WatermarkManner& manner) {
+    return manner.byPrintMode ? context.settings->dmColor == kColour
+                              : (context.privateSettings->mdmOtherSettings & kOtherColor) != 0;
+}
+
+COLORREF ColourOf(const WatermarkRecord& record, bool inColour) {
+    if (inColour) return RGB(record.red, record.green, record.blue);
     return record.red >= kTooLight ? kLightest : RGB(record.red, record.red, record.red);
 }
 
 // Printable height of the paper as the page is read, in hundredths of an inch or tenths of a
 // millimetre; 0 when the paper is not known.
-LONG PrintableHeight(SheetContext& context) {
+LONG PrintableHeight(SheetContext& context, bool inInches) {
     const LONG code = context.settings->dmPaperSize;
     PaperSizeInfo paper{};
     if (!PaperSizeOfCode(context, code, paper)) return 0;
     const bool turned = context.settings->dmOrientation == kLandscape;
     const PaperArea* area = QDMGetPaperArea(context.printer, code);
     // The user's own papers have no area; their whole size serves.
-    if (area == nullptr) return turned ? paper.width : paper.length;
+    if (area == nullptr) {
+        const LONG height = turned ? paper.width : paper.length;
+        return inInches && paper.unit != kPaperUnitInch ? MulDiv(height, 100, 254) : height;
+    }
     const LONG tenths = turned ? area->right - area->left : area->bottom - area->top;
-    return paper.unit == kPaperUnitInch ? MulDiv(tenths, 100, 254) : tenths;
+    return inInches || paper.unit == kPaperUnitInch ? MulDiv(tenths, 100, 254) : tenths;
 }
 
 }  // namespace
@@ -93,7 +101,8 @@ POINT WatermarkOrigin(POINT centre, int fontHeight, const WatermarkRecord& recor
             centre.y - Whole(std::cos(angle) * fontHeight * 0.5) - Whole(y)};
 }
 
-WatermarkPen::WatermarkPen(SheetContext& context) : context_(context) {
+WatermarkPen::WatermarkPen(SheetContext& context, const WatermarkManner& manner)
+    : context_(context), manner_(manner) {
     const ListHandle list = context.shared->lists.handles[kListWatermark];
     if (list == nullptr || !QDMMLTGetWatermarkWithID(list, context.printer, &record_,
                                                      context.privateSettings->mdmWatermark)) {
@@ -103,7 +112,7 @@ WatermarkPen::WatermarkPen(SheetContext& context) : context_(context) {
         text_[length_] = record_.text[length_];
         ++length_;
     }
-    paperHeight_ = PrintableHeight(context);
+    paperHeight_ = PrintableHeight(context, manner.inInches);
 }
 
 int WatermarkPen::ScaleFor(const RECT& cell) const {
@@ -113,14 +122,16 @@ int WatermarkPen::ScaleFor(const RECT& cell) const {
 void WatermarkPen::Draw(HDC dc, const RECT& cell) const {
     if (length_ == 0 || paperHeight_ <= 0) return;
     const DcState state(dc);
-    IntersectClipRect(dc, cell.left, cell.top, cell.right, cell.bottom);
+    const int inset = manner_.inset;
+    IntersectClipRect(dc, cell.left + inset, cell.top + inset, cell.right - inset,
+                      cell.bottom - inset);
     const int scale = ScaleFor(cell);
     LOGFONTA description = WatermarkFont(record_, scale);
     description.lfCharSet = CharacterSetOf(dc, description.lfFaceName);
     const OwnedObject<HFONT> font(CreateFontIndirectA(&description));
     if (!font) return;
     const Selection selection(dc, font.get());
-    SetTextColor(dc, ColourOf(record_, *context_.settings));
+    SetTextColor(dc, ColourOf(record_, PrintsInColour(context_, manner_)));
     SetBkMode(dc, TRANSPARENT);
     SetTextAlign(dc, TA_CENTER | TA_TOP);
     SIZE extent{};
@@ -153,8 +164,8 @@ void WatermarkPen::DrawRepeated(HDC dc, const RECT& cell, SIZE extent) const {
     const int lastColumn = (cell.right - cell.left) / stepX + 1;
     const int lastRow = (cell.bottom - cell.top) / stepY + 1;
     for (int column = 0; column <= lastColumn; ++column) {
-        const int x = cell.left + column * stepX + stepX / 2;
-        const int top = cell.top - stepY / 2 - (column % 2 != 0 ? lift : 0);
+        const int x = cell.left + manner_.tilesFrom.x + column * stepX + stepX / 2;
+        const int top = cell.top + manner_.tilesFrom.y - stepY / 2 - (column % 2 != 0 ? lift : 0);
         for (int row = 0; row <= lastRow; ++row) {
             TextOutA(dc, x, top + row * stepY, text_, length_);
         }
