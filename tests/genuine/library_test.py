@@ -12,7 +12,7 @@ import unittest
 
 SOURCE, DLL, RES, OBJDUMP = pathlib.Path(sys.argv[1]), pathlib.Path(sys.argv[2]), sys.argv[3], sys.argv[4]
 SIBLINGS = {"KVSPOOL.dll", "KVCORE.dll", "KVLIST.dll", "KVUIHOST.dll"}
-PLATFORM = {"ADVAPI32.dll", "COMCTL32.dll", "COMDLG32.dll", "GDI32.dll", "KERNEL32.dll", "SHELL32.dll",
+PLATFORM = {"ADVAPI32.dll", "COMCTL32.dll", "comdlg32.dll", "GDI32.dll", "KERNEL32.dll", "SHELL32.dll",
             "USER32.dll", "VERSION.dll", "WS2_32.dll", "hhctrl.ocx", "msvcrt.dll"}
 BITMAP, ICON, DIALOG, STRINGS, GROUP_ICON, VERSION = 2, 3, 5, 6, 14, 16
 

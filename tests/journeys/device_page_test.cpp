@@ -195,5 +195,33 @@ TEST_F(DevicePage, AutoConfigureFollowsWhatThePrinterReports) {
     EXPECT_GE(IndexOf(Item(IDC_COMBO_PAPER_SOURCE), 3), 0) << "the page shows it at once";
 }
 
+TEST_F(DevicePage, OfTwoAdministratorsEachKeepsTheirOwnUntilTheLastCloses) {
+    const auto published = [] {
+        const HANDLE handle = Open(PRINTER_ACCESS_USE);
+        DWORD type = 0, size = 0, options = 0;
+        char name[] = "InstalledOptions";
+        GetPrinterDataA(handle, name, &type, reinterpret_cast<BYTE*>(&options), sizeof options,
+                        &size);
+        ClosePrinter(handle);
+        return options;
+    };
+    Options() = kBase | kTray2;
+    OpenSheet();
+    auto others = record_;
+    kvhost::SheetRequest request = request_;
+    request.record = others.data();
+    const HWND second = module_->CreateSheet(request);
+    ASSERT_NE(second, nullptr);
+    kv::PumpPendingMessages();
+    Put("Tray 3", kInstalled);
+    const auto& kept =
+        kvui::PrivatePart(reinterpret_cast<DEVMODEA*>(others.data()))->mdmInstalledOptions;
+    EXPECT_EQ(kept, kBase | kTray2);
+    CloseSheet();
+    EXPECT_EQ(published(), kBase | kTray2 | kTray3);
+    DestroyWindow(second);
+    EXPECT_EQ(published(), kBase | kTray2);
+}
+
 }  // namespace
 }  // namespace journey

@@ -48,10 +48,12 @@ TEST_F(Help, EveryPageHasItsOwnAndF1TheListOfAll) {
 }
 
 TEST_F(Help, DialogsHaveTheirOwn) {
-    const struct { int page; const char *dialogTemplate, *procedure, *opened; } rows[] = {
+    const struct { int page; const char *dialogTemplate, *procedure, *opened;
+    } rows[] = {
         {kBasic, "_DLGTAB00", "DDMTAB00", "1104.htm Paper Source Details"},
         {kLayout, "_DLGTAB01", "DDMTAB01", "1105.htm Output Details"},
         {kLayout, "_DLGTAB02", "DDMTAB02", "1102.htm Pages per Sheet"},
+        {kDevice, "_MAILBOXR", "DDMMailBox", "1402.htm Mailbox Setting"},
     };
     OpenSheet();
     const auto pressHelp = [](HWND dialog) {
