@@ -38,12 +38,12 @@ void ScrollTo(QWidget* widget) {
     for (QWidget* around = widget->parentWidget(); around; around = around->parentWidget()) {
         auto* area = qobject_cast<QScrollArea*>(around);
         if (area && area->widget()) {
-            // Of the tabs the chosen one has to be seen.
+            // Of the tabs the chosen one has to be seen, of a list the whole, not only its entry.
             const auto* tabs = qobject_cast<QTabBar*>(widget);
-            if (!tabs) return area->ensureWidgetVisible(widget);
-            const QRect tab = tabs->tabRect(tabs->currentIndex());
-            const QPoint middle = widget->mapTo(area->widget(), tab.center());
-            return area->ensureVisible(middle.x(), middle.y(), tab.width() / 2 + 1, tab.height());
+            const QRect place = tabs ? tabs->tabRect(tabs->currentIndex()) : widget->rect();
+            const QPoint middle = widget->mapTo(area->widget(), place.center());
+            return area->ensureVisible(middle.x(), middle.y(), place.width() / 2 + 1,
+                                       tabs ? place.height() : place.height() / 2 + 1);
         }
         if (around->isWindow()) return;
     }

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "lists/mailboxes.h"
+#include "lists/overlay_store.h"
 #include "lists/paper_size.h"
 #include "resources/string_ids.h"
 #include "rules/gray_out.h"
@@ -66,6 +67,19 @@ void AddWatermarks(SheetContext& context, std::vector<ListEntry>& entries) {
     }
 }
 
+// A printer without any, which the caller may not change either, still offers none of them.
+void AddOverlays(SheetContext& context, std::vector<ListEntry>& entries) {
+    OverlayBlock block;
+    LoadOverlays(context, block);
+    for (DWORD i = 0; i < block.count; ++i) {
+        entries.push_back({block.entries[i].name, block.ids[i]});
+    }
+    if (block.count != 0) return;
+    char none[sizeof block.entries[0].name] = "";
+    LoadStringA(context.strings, IDS_OVERLAY_NONE, none, sizeof none);
+    entries.push_back({none, 0});
+}
+
 void AddMailBins(SheetContext& context, std::vector<ListEntry>& entries) {
     for (const BinRecord& bin : SorterBins(context)) {
         if (IsMailbox(context, bin) &&
@@ -83,6 +97,7 @@ constexpr struct {
     {RunTimeList::kPapers, AddPapers},         {RunTimeList::kOutputPapers, AddOutputPapers},
     {RunTimeList::kSources, AddSources},       {RunTimeList::kOtherSources, AddOtherSources},
     {RunTimeList::kWatermarks, AddWatermarks}, {RunTimeList::kMailBins, AddMailBins},
+    {RunTimeList::kOverlays, AddOverlays},
 };
 
 }  // namespace

@@ -167,6 +167,7 @@
 #define IDS_OVERLAY_NO_FILE      9817
 #define IDS_OVERLAY_WARNING      9818
 #define IDS_OVERLAY_DELETE       9819
+#define IDS_LIST_NOT_STORED 9820
 
 // Threshold tables.
 #define IDS_HALFTONE_FINE      3500

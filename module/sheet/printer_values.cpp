@@ -99,6 +99,14 @@ DWORD ReadPrinterData(const SheetContext& context, const char* name, void* buffe
     return error == ERROR_SUCCESS && needed <= size ? needed : 0;
 }
 
+bool WritePrinterData(const SheetContext& context, const char* name, DWORD type, const void* bytes,
+                      DWORD size) {
+    const OpenPrinterHandle printer(context, PRINTER_ACCESS_ADMINISTER | PRINTER_ACCESS_USE);
+    return printer &&
+           SetPrinterDataA(printer.get(), Name(name), type,
+                           static_cast<BYTE*>(const_cast<void*>(bytes)), size) == ERROR_SUCCESS;
+}
+
 void ReadPrinterLevelOptions(SheetContext& context) {
     const OpenPrinterHandle printer(context, PRINTER_ACCESS_USE);
     if (!printer) return;

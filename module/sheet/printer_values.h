@@ -18,6 +18,10 @@ bool PrinterDataIsWritable(const SheetContext& context);
 // A value of the opened printer, by name; the number of bytes read, 0 on failure.
 DWORD ReadPrinterData(const SheetContext& context, const char* name, void* buffer, DWORD size);
 
+// False when the printer does not let the caller write it. No bytes are an empty value.
+bool WritePrinterData(const SheetContext& context, const char* name, DWORD type, const void* bytes,
+                      DWORD size);
+
 // Sheet start of a user who is no administrator: installed options and auto configuration come from
 // the printer's data. Values of another size than 4 bytes are ignored.
 void ReadPrinterLevelOptions(SheetContext& context);

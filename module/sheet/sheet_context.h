@@ -59,6 +59,8 @@ struct SheetRules {
 struct SheetLists {
     ListHandle handles[kListCount];
     BOOL commit[kListCount];  // the sheet end writes the list instead of dropping it
+    BOOL editsOverlay;        // the overlay editor was opened by Edit, not by Add
+    DWORD overlayBefore;      // mdmOverlay before it opened
 };
 
 // The panel that the pages hand on (preview/).

@@ -9,9 +9,11 @@
 
 #include "exports.h"
 #include "binding/control_fill.h"
+#include "lists/overlay_store.h"
 #include "lists/watermark_list.h"
 #include "resources/resource.h"
 #include "resources/string_ids.h"
+#include "rules/conflicts.h"
 #include "rules/gray_out.h"
 #include "sheet/message_box.h"
 #include "sheet/printer_values.h"
@@ -95,7 +97,9 @@ void AllowOverlayButtons(Run& run) {
     const LRESULT index = SendMessageA(list, LB_GETCURSEL, 0, 0);
     const bool chosen =
         index > 0 && SendMessageA(list, LB_GETITEMDATA, static_cast<WPARAM>(index), 0) > 0;
-    Allow(run.context, {{IDC_BTN_OVERLAY_ADD, true},
+    OverlayBlock block;
+    LoadOverlays(run.context, block);
+    Allow(run.context, {{IDC_BTN_OVERLAY_ADD, block.count < kMostOverlays},
                         {IDC_BTN_OVERLAY_EDIT, chosen},
                         {IDC_BTN_OVERLAY_DELETE, chosen}});
 }
@@ -104,6 +108,50 @@ void HideOverlayButtons(Run& run) {
     HideWhereNothingCanBeStored(run.context, {{IDC_BTN_OVERLAY_ADD, false},
                                               {IDC_BTN_OVERLAY_EDIT, false},
                                               {IDC_BTN_OVERLAY_DELETE, false}});
+}
+
+void PrepareOverlays(Run& run) {
+    MakeFirstOverlay(run.context);
+}
+
+bool IsOverlayButton(const Run& run) {
+    return (run.id == IDC_BTN_OVERLAY_ADD || run.id == IDC_BTN_OVERLAY_EDIT ||
+            run.id == IDC_BTN_OVERLAY_DELETE) &&
+           run.code == BN_CLICKED;
+}
+
+void RememberOverlay(Run& run) {
+    if (!IsOverlayButton(run)) return;
+    run.context.shared->lists.editsOverlay = run.id == IDC_BTN_OVERLAY_EDIT;
+    run.context.shared->lists.overlayBefore = run.context.privateSettings->mdmOverlay;
+}
+
+// The one above it is chosen then.
+void AskAndDeleteOverlay(Run& run) {
+    if (run.id != IDC_BTN_OVERLAY_DELETE || run.code != BN_CLICKED) return;
+    SheetContext& context = run.context;
+    OverlayBlock block;
+    LoadOverlays(context, block);
+    const int index = IndexOfOverlay(block, context.privateSettings->mdmOverlay);
+    if (ShowMessageString(run.window, context.strings, IDS_OVERLAY_DELETE, IDS_WARNING,
+                          MB_OKCANCEL | MB_ICONEXCLAMATION) != IDOK ||
+        index <= 0 || context.privateSettings->mdmOverlay == 0) {
+        return;
+    }
+    const DWORD above = block.ids[index - 1];
+    RemoveOverlay(block, index);
+    if (SaveOverlays(context, block)) context.privateSettings->mdmOverlay = above;
+}
+
+// Another overlay than before may not be allowed beside other settings.
+void CheckOverlay(Run& run) {
+    if (!IsOverlayButton(run)) return;
+    SheetContext& context = run.context;
+    if (ResolveConflicts(context, IDC_LIST_OVERLAY, run.window) != 1) {
+        context.privateSettings->mdmOverlay = context.shared->lists.overlayBefore;
+    }
+    ReadChosenOverlayPath(context);
+    FillControl(context, run.window, *ItemById(IDC_LIST_OVERLAY));
 }
 
 const PageDefinition kWatermarkPage = {
@@ -119,7 +167,10 @@ const PageDefinition kOverlayPage = {
     .dialogName = "DLGTABOVER",
     .helpTopic = 5114,
     .view = kViewPage,
-    .open = InOrder<kBeginOpening, HideOverlayButtons, AllowOverlayButtons, kEndOpening>,
+    .open = InOrder<PrepareOverlays, kBeginOpening, HideOverlayButtons, AllowOverlayButtons,
+                    kEndOpening>,
+    .command = InOrder<RememberOverlay, AskAndDeleteOverlay, RouteOrDefaults,
+                       IfChanged<CheckOverlay, kTakeAndRefresh>>,
     .refresh = InOrder<RefreshControls, AllowOverlayButtons, DisableIfReadOnly>,
 };
 

@@ -19,7 +19,6 @@ constexpr DialogDefinition ClosesOnly(const char* templateName, Step setCaptions
 // template, which controls get the strings of their ids, result
 // clang-format off
 constexpr DialogDefinition kWatermarkEditor = ClosesOnly("_LBPQUARNWATERCOLOR", SetCaptions,       2);
-constexpr DialogDefinition kOverlayEditor   = ClosesOnly("_LBPEDITOVERLAY",     SetCaptions,       2);
 constexpr DialogDefinition kRecordEditor    = ClosesOnly("_DLGEDIT0",           SetButtonCaptions, 1);
 constexpr DialogDefinition kCustomPapers    = ClosesOnly("_LBPCUSTOMPAPERS",    SetCaptions,       -1);
 constexpr DialogDefinition kKeepSetting     = ClosesOnly("_DLGKEEPSETTINGADD",  SetCaptions,       0);
@@ -30,9 +29,6 @@ constexpr DialogDefinition kSavedData       = ClosesOnly("_DLGSAVEDATA",        
 
 INT_PTR CALLBACK WatermarkEditorDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     return RunDialog(kWatermarkEditor, dialog, message, wParam, lParam);
-}
-INT_PTR CALLBACK EditOverlayDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    return RunDialog(kOverlayEditor, dialog, message, wParam, lParam);
 }
 
 }  // namespace kvui

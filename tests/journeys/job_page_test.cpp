@@ -34,7 +34,9 @@ class JobPage : public Preferences {
         request_.ending = [this] { record_ = stored_; };
         kv::Headless().SetPolicy([this](HWND dialog) {
             boxes_.push_back(Text(dialog));
-            Click(GetDlgItem(dialog, IDOK));
+            // An editor does not take its empty fields.
+            const bool editor = GetDlgItem(dialog, IDC_EDIT_OVERLAY_NAME) != nullptr;
+            Click(GetDlgItem(dialog, editor ? IDCANCEL : IDOK));
         });
     }
     HWND On(int id) { return Item(id, kJob); }
