@@ -12,6 +12,7 @@
 namespace kvui {
 
 struct SettingsSnapshot;
+struct PaperEdit;
 struct ParsedRules;
 
 // Flags of SheetContext.
@@ -59,6 +60,7 @@ struct SheetRules {
 struct SheetLists {
     ListHandle handles[kListCount];
     BOOL commit[kListCount];  // the sheet end writes the list instead of dropping it
+    PaperEdit* paperEdit;     // while the dialog of custom papers is open
     BOOL editsOverlay;        // the overlay editor was opened by Edit, not by Add
     DWORD overlayBefore;      // mdmOverlay before it opened
 };

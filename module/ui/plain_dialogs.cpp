@@ -20,7 +20,6 @@ constexpr DialogDefinition ClosesOnly(const char* templateName, Step setCaptions
 // clang-format off
 constexpr DialogDefinition kWatermarkEditor = ClosesOnly("_LBPQUARNWATERCOLOR", SetCaptions,       2);
 constexpr DialogDefinition kRecordEditor    = ClosesOnly("_DLGEDIT0",           SetButtonCaptions, 1);
-constexpr DialogDefinition kCustomPapers    = ClosesOnly("_LBPCUSTOMPAPERS",    SetCaptions,       -1);
 constexpr DialogDefinition kKeepSetting     = ClosesOnly("_DLGKEEPSETTINGADD",  SetCaptions,       0);
 constexpr DialogDefinition kSavedData       = ClosesOnly("_DLGSAVEDATA",        SetButtonCaptions, 0);
 // clang-format on
@@ -35,9 +34,6 @@ INT_PTR CALLBACK WatermarkEditorDlgProc(HWND dialog, UINT message, WPARAM wParam
 
 INT_PTR CALLBACK DDMEDIT0(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     return kvui::RunDialog(kvui::kRecordEditor, dialog, message, wParam, lParam);
-}
-INT_PTR CALLBACK DDMCUSTOMPAPER(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    return kvui::RunDialog(kvui::kCustomPapers, dialog, message, wParam, lParam);
 }
 INT_PTR CALLBACK DDMKeepSettingAdd(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     return kvui::RunDialog(kvui::kKeepSetting, dialog, message, wParam, lParam);

@@ -1,0 +1,121 @@
+// See custom_papers.h.
+#include "lists/custom_papers.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "lists/paper_size.h"
+#include "sheet/administrator.h"
+#include "sheet/rules_path.h"
+
+namespace kvui {
+namespace {
+
+constexpr char kSection[] = "CustomPaper";
+constexpr DWORD kLastId = 0x7FFFFFFF;
+constexpr DWORD kUsualValue = 25;  // of the four that the list service keeps
+
+ListHandle& Papers(SheetContext& context) {
+    return context.shared->lists.handles[kListPaper];
+}
+
+int Count(SheetContext& context, DWORD scope) {
+    const ListHandle list = Papers(context);
+    return list != nullptr ? QDMMLTGetPaperNum(list, context.printer, scope) : 0;
+}
+
+bool IsNt(const SheetContext& context) {
+    return context.platformId == VER_PLATFORM_WIN32_NT;
+}
+
+int RulesNumber(const char* key) {
+    return static_cast<int>(GetPrivateProfileIntA(kSection, key, 0, RulesFilePath()));
+}
+
+// Those of the printer's description count as well.
+int CommonLimit(const SheetContext& context) {
+    const int described = static_cast<int>(
+        GetPrivateProfileIntA("PaperInfo", "Num", 0, context.printer->descriptionPath));
+    return RulesNumber(IsNt(context) ? "NTNum" : "9XNum") + described;
+}
+
+}  // namespace
+
+std::vector<CustomPaperRecord> CustomPapers(SheetContext& context) {
+    std::vector<CustomPaperRecord> papers = VisiblePapers(context);
+    std::erase_if(papers, [](const CustomPaperRecord& paper) {
+        return paper.id < static_cast<DWORD>(kFirstCustomPaper);
+    });
+    return papers;
+}
+
+bool IsCommonPaper(SheetContext& context, DWORD id) {
+    std::vector<CustomPaperRecord> common(
+        static_cast<size_t>(std::max(Count(context, kScopeCommon), 0)), CustomPaperRecord{});
+    if (common.empty() ||
+        !QDMMLTGetPaperArray(Papers(context), context.printer, common.data(), kScopeCommon)) {
+        return false;
+    }
+    return std::any_of(common.begin(), common.end(),
+                       [id](const CustomPaperRecord& paper) { return paper.id == id; });
+}
+
+bool HasRoomForCommonPaper(SheetContext& context) {
+    return Count(context, kScopeCommon) < CommonLimit(context);
+}
+
+bool HasRoomForOwnPaper(SheetContext& context) {
+    const int own = Count(context, kScopeCommonAndOwn) - Count(context, kScopeCommon);
+    return own < RulesNumber("CurrentUser");
+}
+
+bool IsPaperListFull(SheetContext& context) {
+    if (!IsNt(context)) return !HasRoomForCommonPaper(context);
+    const bool noCommon = !IsAdministrator() || !HasRoomForCommonPaper(context);
+    return noCommon && !HasRoomForOwnPaper(context);
+}
+
+bool FindPaperNamed(SheetContext& context, const std::string& name, DWORD exceptId,
+                    CustomPaperRecord& found) {
+    for (const CustomPaperRecord& paper : VisiblePapers(context)) {
+        const size_t length = strnlen(paper.displayName, sizeof paper.displayName);
+        if (paper.id == exceptId || name != std::string(paper.displayName, length)) continue;
+        found = paper;
+        return true;
+    }
+    return false;
+}
+
+bool AddPaper(SheetContext& context, CustomPaperRecord& record, bool isCommon) {
+    const ListHandle list = Papers(context);
+    if (list == nullptr) return false;
+    const std::vector<CustomPaperRecord> papers = VisiblePapers(context);
+    std::fill(std::begin(record.kept), std::end(record.kept), kUsualValue);
+    if (!papers.empty()) std::memcpy(record.kept, papers.front().kept, sizeof record.kept);
+    record.serviceNumber = -1;
+    record.id = QDMMLTGetPaperID(list, static_cast<DWORD>(kFirstCustomPaper), kLastId);
+    return QDMMLTAddPaper(list, context.printer, &record,
+                          isCommon ? kScopeCommon : kScopeCommonAndOwn) != 0;
+}
+
+bool UpdatePaper(SheetContext& context, const CustomPaperRecord& record) {
+    const ListHandle list = Papers(context);
+    return list != nullptr && QDMMLTUpdatePaper(list, context.printer, &record) != 0;
+}
+
+void DeletePaper(SheetContext& context, DWORD id) {
+    if (Papers(context) != nullptr) QDMMLTDeletePaper(Papers(context), context.printer, id);
+}
+
+void CommitPapers(SheetContext& context) {
+    if (Papers(context) == nullptr) return;
+    QDMMLTWritePaper(Papers(context), context.printer);
+    Papers(context) = QDMMLTReadPaper(context.printer);
+}
+
+void DropPapers(SheetContext& context) {
+    if (Papers(context) != nullptr) QDMMLTCancelPaper(Papers(context), context.printer);
+    Papers(context) = QDMMLTReadPaper(context.printer);
+}
+
+}  // namespace kvui

@@ -1,0 +1,37 @@
+// The papers that users make for themselves, as their dialogs work them: which there are, how many
+// may be added, and by whom which may be changed. All of it is the sheet's copy of the list until
+// it is committed.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "sheet/sheet_context.h"
+
+namespace kvui {
+
+// What the list dialog hands to the editor, and back.
+struct PaperEdit {
+    bool isNew;
+    CustomPaperRecord record;  // id: of the paper to edit; of the one that was added
+    std::string defaultName;
+};
+
+// Those of the view that users made, in their order.
+std::vector<CustomPaperRecord> CustomPapers(SheetContext& context);
+bool IsCommonPaper(SheetContext& context, DWORD id);
+bool IsPaperListFull(SheetContext& context);
+bool HasRoomForCommonPaper(SheetContext& context);
+bool HasRoomForOwnPaper(SheetContext& context);
+// A paper of the view with exactly this name, but not that id; false when there is none.
+bool FindPaperNamed(SheetContext& context, const std::string& name, DWORD exceptId,
+                    CustomPaperRecord& found);
+// Gives the record an id, and the four values of the first paper. False when it was not added.
+bool AddPaper(SheetContext& context, CustomPaperRecord& record, bool isCommon);
+bool UpdatePaper(SheetContext& context, const CustomPaperRecord& record);
+void DeletePaper(SheetContext& context, DWORD id);
+// The copy becomes the stored list, or is dropped, and the list is read anew.
+void CommitPapers(SheetContext& context);
+void DropPapers(SheetContext& context);
+
+}  // namespace kvui
