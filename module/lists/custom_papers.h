@@ -13,7 +13,8 @@ namespace kvui {
 // What the list dialog hands to the editor, and back.
 struct PaperEdit {
     bool isNew;
-    CustomPaperRecord record;  // id: of the paper to edit; of the one that was added
+    // Its id: of the paper to edit; of the one that was added. Fields are reached by their places.
+    alignas(DWORD) CustomPaperRecord record;
     std::string defaultName;
 };
 
