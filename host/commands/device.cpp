@@ -58,7 +58,7 @@ void PrintFactsAsJson(const DeviceFacts& facts) {
                 result.dump(2, ' ', false, nlohmann::json::error_handler_t::replace).c_str());
 }
 
-SetOutcome QueryByPage(OptionDriver& page, Session& session, Changes& changes) {
+SetOutcome QueryByPage(OptionDriver& page, Changes& changes) {
     const auto before = page.All();
     const SetOutcome outcome = page.AskPrinter();
     if (outcome.status != kDone) return outcome;
@@ -68,7 +68,7 @@ SetOutcome QueryByPage(OptionDriver& page, Session& session, Changes& changes) {
         changes.results.push_back(after[i].label +
                                   (after[i].installed ? ": installed" : ": removed"));
     }
-    if (session.record() == session.stored()) {
+    if (changes.results.empty()) {
         changes.notes.push_back("the printer reports what is known already");
     }
     return outcome;
@@ -108,7 +108,7 @@ ExitStatus RunDeviceQuery(const Options& options, ConflictPolicy removal) {
         } else {
             outcome = Refuse(kRefused, page.WhyLocked());
         }
-        if (outcome.status == kDone) outcome = QueryByPage(page, session, changes);
+        if (outcome.status == kDone) outcome = QueryByPage(page, changes);
         return TakeOver(outcome, "", changes);
     });
 }

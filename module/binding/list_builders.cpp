@@ -9,14 +9,10 @@
 #include "resources/string_ids.h"
 #include "rules/gray_out.h"
 #include "sheet/administrator.h"
+#include "sheet/fixed_text.h"
 
 namespace kvui {
 namespace {
-
-template <size_t N>
-std::string BoundedText(const char (&text)[N]) {
-    return std::string(text, strnlen(text, N));
-}
 
 void AddPapers(SheetContext& context, std::vector<ListEntry>& entries) {
     for (const CustomPaperRecord& paper : VisiblePapers(context)) {

@@ -6,6 +6,7 @@
 
 #include "lists/paper_size.h"
 #include "sheet/administrator.h"
+#include "sheet/fixed_text.h"
 #include "sheet/rules_path.h"
 
 namespace kvui {
@@ -78,8 +79,7 @@ bool IsPaperListFull(SheetContext& context) {
 bool FindPaperNamed(SheetContext& context, const std::string& name, DWORD exceptId,
                     CustomPaperRecord& found) {
     for (const CustomPaperRecord& paper : VisiblePapers(context)) {
-        const size_t length = strnlen(paper.displayName, sizeof paper.displayName);
-        if (paper.id == exceptId || name != std::string(paper.displayName, length)) continue;
+        if (paper.id == exceptId || name != BoundedText(paper.displayName)) continue;
         found = paper;
         return true;
     }
@@ -107,10 +107,11 @@ void DeletePaper(SheetContext& context, DWORD id) {
     if (Papers(context) != nullptr) QDMMLTDeletePaper(Papers(context), context.printer, id);
 }
 
-void CommitPapers(SheetContext& context) {
-    if (Papers(context) == nullptr) return;
-    QDMMLTWritePaper(Papers(context), context.printer);
+bool CommitPapers(SheetContext& context) {
+    if (Papers(context) == nullptr) return true;
+    const bool stored = QDMMLTWritePaper(Papers(context), context.printer) != 0;
     Papers(context) = QDMMLTReadPaper(context.printer);
+    return stored;
 }
 
 void DropPapers(SheetContext& context) {

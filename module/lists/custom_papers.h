@@ -31,8 +31,9 @@ bool FindPaperNamed(SheetContext& context, const std::string& name, DWORD except
 bool AddPaper(SheetContext& context, CustomPaperRecord& record, bool isCommon);
 bool UpdatePaper(SheetContext& context, const CustomPaperRecord& record);
 void DeletePaper(SheetContext& context, DWORD id);
-// The copy becomes the stored list, or is dropped, and the list is read anew.
-void CommitPapers(SheetContext& context);
+// The copy becomes the stored list, or is dropped, and the list is read anew. False when it cannot
+// be stored; what was changed is gone then.
+bool CommitPapers(SheetContext& context);
 void DropPapers(SheetContext& context);
 
 }  // namespace kvui

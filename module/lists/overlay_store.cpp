@@ -1,12 +1,11 @@
 // See overlay_store.h.
 #include "lists/overlay_store.h"
 
-#include <cstdio>
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "resources/string_ids.h"
 #include "sheet/fixed_text.h"
@@ -14,11 +13,26 @@
 
 namespace kvui {
 namespace {
-// 16 overlays with paths of 260 characters, their ids and separators.
-constexpr DWORD kMaxOverlayData = 16 * 280;
 constexpr char kIds[] = "FormOverlay";
 constexpr char kNames[] = "[FormOverlayName]";
 constexpr char kPaths[] = "[FormOverlayPath]";
+
+// What stands behind "ID=" in a run of entries, each with a zero at its end.
+bool CopyEntry(std::string_view run, DWORD id, char* text, DWORD textSize) {
+    text[0] = '\0';
+    const std::string prefix = std::to_string(id) + "=";
+    while (!run.empty()) {
+        const std::string_view entry = run.substr(0, run.find('\0'));
+        run.remove_prefix(std::min(entry.size() + 1, run.size()));
+        if (entry.substr(0, prefix.size()) != prefix) continue;
+        std::string_view value = entry.substr(prefix.size());
+        value = value.substr(0, value.find(';')).substr(0, textSize - 1);
+        std::memcpy(text, value.data(), value.size());
+        text[value.size()] = '\0';
+        return true;
+    }
+    return false;
+}
 
 void AppendEntry(std::string& run, DWORD id, const char* text) {
     run += std::to_string(id) + "=" + text;
@@ -30,21 +44,24 @@ bool Write(const SheetContext& context, const char* name, DWORD type, const std:
 }
 }  // namespace
 
-void LoadOverlays(const SheetContext& context, OverlayBlock& block) {
+bool LoadOverlays(const SheetContext& context, OverlayBlock& block) {
     block = {};
-    char ids[kMostOverlays * 12] = "";
-    const DWORD size = ReadPrinterData(context, kIds, ids, sizeof ids - 1);
-    ids[size < sizeof ids ? size : sizeof ids - 1] = '\0';
-    for (const char* at = ids; *at != '\0' && block.count < kMostOverlays;) {
+    std::string ids, names, paths;
+    const bool isRead = ReadWholePrinterData(context, kIds, ids) &&
+                        ReadWholePrinterData(context, kNames, names) &&
+                        ReadWholePrinterData(context, kPaths, paths);
+    const char* at = ids.c_str();
+    while (*at != '\0' && block.count < kMostOverlays) {
         char* end = nullptr;
         const DWORD id = static_cast<DWORD>(std::strtoul(at, &end, 10));
         if (end == at) break;
         OverlayEntry& entry = block.entries[block.count];
-        ReadOverlayEntry(context, kNames, id, entry.name, sizeof entry.name);
-        ReadOverlayEntry(context, kPaths, id, entry.path, sizeof entry.path);
+        CopyEntry(names, id, entry.name, sizeof entry.name);
+        CopyEntry(paths, id, entry.path, sizeof entry.path);
         block.ids[block.count++] = id;
         at = *end == ',' ? end + 1 : end;
     }
+    return isRead && *at == '\0';
 }
 
 bool SaveOverlays(const SheetContext& context, const OverlayBlock& block) {
@@ -93,8 +110,7 @@ void RemoveOverlay(OverlayBlock& block, int index) {
 
 void MakeFirstOverlay(SheetContext& context) {
     OverlayBlock block;
-    LoadOverlays(context, block);
-    if (block.count != 0) return;
+    if (!LoadOverlays(context, block) || block.count != 0) return;
     char none[sizeof block.entries[0].name] = "";
     LoadStringA(context.strings, IDS_OVERLAY_NONE, none, sizeof none);
     CopyText(block.entries[0].name, none);
@@ -105,23 +121,9 @@ void MakeFirstOverlay(SheetContext& context) {
 
 bool ReadOverlayEntry(const SheetContext& context, const char* valueName, DWORD overlayId,
                       char* text, DWORD textSize) {
-    text[0] = '\0';
-    std::vector<char> data(kMaxOverlayData);
-    const DWORD size = ReadPrinterData(context, valueName, data.data(), kMaxOverlayData);
-    char prefix[16];
-    const int prefixLength = std::snprintf(prefix, sizeof prefix, "%lu=",
-                                           static_cast<unsigned long>(overlayId));
-    for (DWORD at = 0; at < size;) {
-        const std::string_view entry(data.data() + at, strnlen(data.data() + at, size - at));
-        at += static_cast<DWORD>(entry.size()) + 1;
-        if (entry.substr(0, prefixLength) != prefix) continue;
-        std::string_view value = entry.substr(prefixLength);
-        value = value.substr(0, value.find(';')).substr(0, textSize - 1);
-        std::memcpy(text, value.data(), value.size());
-        text[value.size()] = '\0';
-        return true;
-    }
-    return false;
+    std::string run;
+    ReadWholePrinterData(context, valueName, run);
+    return CopyEntry(run, overlayId, text, textSize);
 }
 
 void ReadChosenOverlayPath(SheetContext& context) {

@@ -21,8 +21,9 @@ struct OverlayBlock {
     DWORD count;
 };
 
-// Without any stored, count is 0.
-void LoadOverlays(const SheetContext& context, OverlayBlock& block);
+// Without any stored, count is 0. False when there may be some that cannot be read, or more than
+// there is room for: they must not be overwritten.
+bool LoadOverlays(const SheetContext& context, OverlayBlock& block);
 // False when the caller may not, or the printer cannot be reached; what was stored may be written
 // in part, names and files before the ids that count.
 bool SaveOverlays(const SheetContext& context, const OverlayBlock& block);

@@ -13,6 +13,7 @@ namespace kvui {
 namespace {
 
 constexpr char kSection[] = "CustomPaper";
+constexpr LONG kMostNumber = 100 * 100 - 1;  // of a rules file; nothing overflows then
 
 // Numbers between commas; those that are missing count as 0. Empty when the key is.
 std::vector<LONG> NumbersOf(const char* key, size_t count) {
@@ -22,7 +23,8 @@ std::vector<LONG> NumbersOf(const char* key, size_t count) {
     std::vector<LONG> numbers;
     const char* at = text;
     while (at != nullptr && numbers.size() < count) {
-        numbers.push_back(std::atoi(at));
+        numbers.push_back(
+            static_cast<LONG>(std::clamp<long>(std::strtol(at, nullptr, 10), 0, kMostNumber)));
         at = std::strchr(at, ',');
         if (at != nullptr) ++at;
     }

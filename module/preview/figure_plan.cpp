@@ -20,6 +20,9 @@ constexpr DWORD kFinishers = kFinisher | Bit(16), kSmallFinishers = kSmallFinish
 
 constexpr SHORT kSourceSideCassette = 11;
 constexpr DWORD kOutputMailbin = 69, kOutputTopOffset = 75;
+// The pictures of sources and outputs end before others begin.
+constexpr SHORT kMostSource = IDB_FIGURE_FROM_LCC - IDB_FIGURE_SOURCE - 1;
+constexpr DWORD kMostOutput = IDB_FIGURE_TO_FINISHER - IDB_FIGURE_OUTPUT - 1;
 constexpr DWORD kLastOutputTray = 77;  // after the offset and the elevator tray
 
 void Add(FigureLayers& layers, DWORD controlId, int picture) {
@@ -39,6 +42,7 @@ int OptionPicture(int bit, DWORD installed) {
 }
 
 int SourcePicture(SHORT source, DWORD installed) {
+    if (source < 0 || source > kMostSource) return 0;
     if (source != kSourceSideCassette) return IDB_FIGURE_SOURCE + source;
     return (installed & kTray3) != 0 ? IDB_FIGURE_FROM_LCC : IDB_FIGURE_FROM_LCC_LOW;
 }
@@ -62,7 +66,8 @@ int OutputPicture(DWORD output, DWORD bins, DWORD installed) {
         if ((installed & kThirdFinisher) && tray < 2) return IDB_FIGURE_TO_THIRD_FINISHER + tray;
         if ((installed & kSorter) && tray == 0) return IDB_FIGURE_TO_SORTER;
     }
-    return IDB_FIGURE_OUTPUT + static_cast<int>(output);
+    // A stored number may be any; no picture has one beyond this.
+    return output <= kMostOutput ? IDB_FIGURE_OUTPUT + static_cast<int>(output) : 0;
 }
 
 // options of kWholeOptions, the pair's place among the pairs

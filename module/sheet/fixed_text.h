@@ -1,7 +1,10 @@
-// The one helper that copies text into fixed-size arrays: it truncates and always terminates.
+// Text in fixed-size arrays: copied in, it is truncated and always terminated; read out, it ends at
+// the array's end at the latest.
 #pragma once
 
 #include <cstddef>
+#include <cstring>
+#include <string>
 
 namespace kvui {
 
@@ -15,6 +18,11 @@ inline void CopyText(char* target, std::size_t size, const char* source) {
 template <std::size_t N>
 void CopyText(char (&target)[N], const char* source) {
     CopyText(target, N, source);
+}
+
+template <std::size_t N>
+std::string BoundedText(const char (&text)[N]) {
+    return std::string(text, strnlen(text, N));
 }
 
 }  // namespace kvui

@@ -32,6 +32,15 @@ int ShowMessageString(HWND owner, HINSTANCE strings, UINT textId, UINT captionId
     return ShowMessage(owner, text, caption, style);
 }
 
+int ShowMessageNaming(HWND owner, HINSTANCE strings, UINT textId, UINT captionId, const char* name,
+                      UINT style) {
+    char frame[256] = "", text[384], caption[128] = "";
+    LoadStringA(strings, textId, frame, sizeof frame);
+    LoadStringA(strings, captionId, caption, sizeof caption);
+    std::snprintf(text, sizeof text, frame, name);
+    return ShowMessage(owner, text, caption, style);
+}
+
 // Both texts are for support, so they are not translated.
 void ShowDriverHalt(int line) {
     char text[64];

@@ -4,6 +4,7 @@
 #include <kvcore.h>
 #include <winspool.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <vector>
@@ -97,6 +98,22 @@ DWORD ReadPrinterData(const SheetContext& context, const char* name, void* buffe
     const DWORD error = GetPrinterDataA(printer.get(), Name(name), &type,
                                         static_cast<BYTE*>(buffer), size, &needed);
     return error == ERROR_SUCCESS && needed <= size ? needed : 0;
+}
+
+bool ReadWholePrinterData(const SheetContext& context, const char* name, std::string& bytes) {
+    bytes.clear();
+    const OpenPrinterHandle printer(context, PRINTER_ACCESS_USE);
+    if (!printer) return false;
+    DWORD type = 0, needed = 0;
+    DWORD error = GetPrinterDataA(printer.get(), Name(name), &type, nullptr, 0, &needed);
+    if (error == ERROR_FILE_NOT_FOUND) return true;
+    if (error == ERROR_MORE_DATA) {
+        bytes.resize(needed);
+        error = GetPrinterDataA(printer.get(), Name(name), &type,
+                                reinterpret_cast<BYTE*>(bytes.data()), needed, &needed);
+    }
+    bytes.resize(error == ERROR_SUCCESS ? std::min<size_t>(needed, bytes.size()) : 0);
+    return error == ERROR_SUCCESS;
 }
 
 bool WritePrinterData(const SheetContext& context, const char* name, DWORD type, const void* bytes,

@@ -18,6 +18,9 @@ bool PrinterDataIsWritable(const SheetContext& context);
 // A value of the opened printer, by name; the number of bytes read, 0 on failure.
 DWORD ReadPrinterData(const SheetContext& context, const char* name, void* buffer, DWORD size);
 
+// The whole value, whatever its size. False when there may be one that cannot be read; a value that
+// is not there is empty.
+bool ReadWholePrinterData(const SheetContext& context, const char* name, std::string& bytes);
 // False when the printer does not let the caller write it. No bytes are an empty value.
 bool WritePrinterData(const SheetContext& context, const char* name, DWORD type, const void* bytes,
                       DWORD size);

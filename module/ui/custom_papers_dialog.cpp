@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <cstring>
 #include <string>
 
 #include "dialog/dialog_definition.h"
@@ -18,6 +17,7 @@
 #include "rules/gray_out.h"
 #include "settings/reactor.h"
 #include "sheet/administrator.h"
+#include "sheet/fixed_text.h"
 #include "sheet/message_box.h"
 #include "ui/paper_editor.h"
 #include "ui/steps.h"
@@ -40,7 +40,7 @@ DWORD SelectedPaper(const Run& run) {
 
 // The name, a tab and the size in the unit that its maker worked in.
 std::string LineOf(const SheetContext& context, const CustomPaperRecord& paper) {
-    const std::string name(paper.displayName, strnlen(paper.displayName, sizeof paper.displayName));
+    const std::string name = BoundedText(paper.displayName);
     char unit[16] = "", size[96] = "";
     LoadStringA(context.strings, paper.unit == 0 ? IDS_MM : IDS_INCH, unit, sizeof unit);
     if (paper.unit == 0) {
@@ -110,9 +110,7 @@ std::string DefaultName(Run& run) {
         const std::string name = std::string(base) + " -" + std::to_string(number) + "-";
         const bool taken =
             std::any_of(papers.begin(), papers.end(), [&](const CustomPaperRecord& paper) {
-                return std::string(paper.displayName,
-                                   strnlen(paper.displayName, sizeof paper.displayName))
-                           .rfind(name, 0) == 0;
+                return BoundedText(paper.displayName).rfind(name, 0) == 0;
             });
         if (!taken) return name;
     }
@@ -185,14 +183,20 @@ void UsePaper(SheetContext& context, DWORD paper) {
     React(context, IDC_COMBO_PAPER_SIZE, ReactScope::kOneControl);
 }
 
-void EndByButtons(Run& run) {
-    if (run.id == IDOK) {
-        const DWORD selected = SelectedPaper(run);
-        if (selected != 0) UsePaper(run.context, selected);
-        CommitPapers(run.context);
-        EndDialog(run.window, selected != 0 ? static_cast<INT_PTR>(selected) : kNothingChosen);
-        run.over = true;
+// A paper that is not stored is not used either.
+void EndByOk(Run& run) {
+    if (run.id != IDOK) return;
+    run.over = true;
+    DWORD selected = SelectedPaper(run);
+    const SHORT before = run.context.settings->dmPaperSize;
+    if (selected != 0) UsePaper(run.context, selected);
+    if (!CommitPapers(run.context)) {
+        run.context.settings->dmPaperSize = before;
+        selected = 0;
+        ShowMessageString(run.window, run.context.strings, IDS_LIST_NOT_STORED, IDS_WARNING,
+                          MB_ICONEXCLAMATION);
     }
+    EndDialog(run.window, selected != 0 ? static_cast<INT_PTR>(selected) : kNothingChosen);
 }
 
 void Drop(Run& run) {
@@ -205,7 +209,7 @@ constexpr DialogDefinition kCustomPapers = {
     .ok = {0, kNothingChosen},  // ends with the paper
     .cancel = {IDCANCEL, kNothingChosen, Drop},
     .open = InOrder<SetCaptions, ShowPapers, AllowButtons>,
-    .command = InOrder<EndByButtons, ActOnPapers, AllowButtons>,
+    .command = InOrder<EndByOk, ActOnPapers, AllowButtons>,
 };
 
 }  // namespace

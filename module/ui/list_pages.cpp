@@ -131,7 +131,7 @@ void AskAndDeleteOverlay(Run& run) {
     if (run.id != IDC_BTN_OVERLAY_DELETE || run.code != BN_CLICKED) return;
     SheetContext& context = run.context;
     OverlayBlock block;
-    LoadOverlays(context, block);
+    if (!LoadOverlays(context, block)) return;
     const int index = IndexOfOverlay(block, context.privateSettings->mdmOverlay);
     if (ShowMessageString(run.window, context.strings, IDS_OVERLAY_DELETE, IDS_WARNING,
                           MB_OKCANCEL | MB_ICONEXCLAMATION) != IDOK ||
@@ -140,7 +140,12 @@ void AskAndDeleteOverlay(Run& run) {
     }
     const DWORD above = block.ids[index - 1];
     RemoveOverlay(block, index);
-    if (SaveOverlays(context, block)) context.privateSettings->mdmOverlay = above;
+    if (SaveOverlays(context, block)) {
+        context.privateSettings->mdmOverlay = above;
+        return;
+    }
+    ShowMessageString(run.window, context.strings, IDS_LIST_NOT_STORED, IDS_WARNING,
+                      MB_ICONEXCLAMATION);
 }
 
 // Another overlay than before may not be allowed beside other settings.

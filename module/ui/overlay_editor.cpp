@@ -122,11 +122,8 @@ bool FindFile(std::string& path, const std::string& name) {
 }
 
 int Say(Run& run, UINT textId, const std::string& name, UINT style) {
-    char frame[256] = "", text[320] = "", caption[64] = "";
-    LoadStringA(run.context.strings, textId, frame, sizeof frame);
-    LoadStringA(run.context.strings, IDS_WARNING, caption, sizeof caption);
-    std::snprintf(text, sizeof text, frame, name.c_str());
-    return ShowMessage(run.window, text, caption, style);
+    return ShowMessageNaming(run.window, run.context.strings, textId, IDS_WARNING, name.c_str(),
+                             style);
 }
 
 // The entry that gets the name and the path; -1 when the user goes back to the dialog. An entry of
@@ -156,6 +153,12 @@ int PlaceFor(Run& run, OverlayBlock& block, const std::string& name) {
     return static_cast<int>(block.count++);
 }
 
+bool SayNotStored(Run& run) {
+    ShowMessageString(run.window, run.context.strings, IDS_LIST_NOT_STORED, IDS_WARNING,
+                      MB_ICONEXCLAMATION);
+    return false;
+}
+
 // Somebody else may have stored overlays since the dialog opened: what is stored now is changed.
 bool Accept(Run& run) {
     const std::string name = Trimmed(TextOf(run, IDC_EDIT_OVERLAY_NAME));
@@ -170,7 +173,7 @@ bool Accept(Run& run) {
         return false;
     }
     OverlayBlock block;
-    LoadOverlays(run.context, block);
+    if (!LoadOverlays(run.context, block)) return SayNotStored(run);
     if (!run.context.shared->lists.editsOverlay) Chosen(run) = NextOverlayId(block);
     const int index = PlaceFor(run, block, name);
     if (index < 0) {
@@ -179,11 +182,7 @@ bool Accept(Run& run) {
     }
     CopyText(block.entries[index].name, name.c_str());
     CopyText(block.entries[index].path, path.c_str());
-    if (!SaveOverlays(run.context, block)) {
-        ShowMessageString(run.window, run.context.strings, IDS_LIST_NOT_STORED, IDS_WARNING,
-                          MB_ICONEXCLAMATION);
-        return false;
-    }
+    if (!SaveOverlays(run.context, block)) return SayNotStored(run);
     ReadChosenOverlayPath(run.context);
     return true;
 }

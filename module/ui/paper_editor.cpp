@@ -213,12 +213,9 @@ CustomPaperRecord Finished(Run& run, const std::string& name) {
 
 // The other paper keeps what it is known by and takes the rest over.
 bool Overwrite(Run& run, const CustomPaperRecord& record, const CustomPaperRecord& other) {
-    char frame[160] = "", text[256] = "", caption[64] = "";
-    LoadStringA(run.context.strings, IDS_NAME_REGISTERED, frame, sizeof frame);
-    LoadStringA(run.context.strings, IDS_WARNING, caption, sizeof caption);
-    std::snprintf(text, sizeof text, frame, record.displayName);
     MessageBeep(MB_OK);
-    if (ShowMessage(run.window, text, caption, MB_OKCANCEL | MB_ICONEXCLAMATION) != IDOK) {
+    if (ShowMessageNaming(run.window, run.context.strings, IDS_NAME_REGISTERED, IDS_WARNING,
+                          record.displayName, MB_OKCANCEL | MB_ICONEXCLAMATION) != IDOK) {
         SelectName(run);
         return false;
     }

@@ -179,6 +179,20 @@ TEST_F(Overlays, SixteenAreTheMostAndUsersOnlyChoose) {
     EXPECT_FALSE(IsWindowVisible(Item(IDC_BTN_OVERLAY_ADD, kOverlay)));
     ChooseRow(2);
     EXPECT_EQ(Settings().mdmOverlay, 129u);
+    CloseSheet();
+    // More than there is room for, or no list of ids at all: shown as far as it goes, never
+    // replaced.
+    Act(Actor::kAdministrator);
+    for (const std::string& odd :
+         {ids + ",142,143,144", std::string("none"), std::string(9000, '7')}) {
+        Put("FormOverlay", REG_SZ, odd + '\0');
+        OpenSheet();
+        PageWindow(kOverlay);
+        EXPECT_EQ(Stored("FormOverlay"),
+                  odd.substr(0, 8000).substr(0, Stored("FormOverlay").size()));
+        CloseSheet();
+        EXPECT_EQ(Stored("[FormOverlayName]").substr(0, 17), "0=<NONE> 128=O128");
+    }
 }
 
 }  // namespace

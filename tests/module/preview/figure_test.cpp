@@ -46,6 +46,8 @@ TEST(FigurePlan, LaysOptionsInTheirOrderThenSourceThenOutput) {
         {0x10401, 1, 77, 0, {500, 510, 516, 551, 1003}},
         {0x20001, 1, 75, 0, {500, 517, 551, 1004}},
         {0xFE000000, 1, 1, 0, {551, 901}},
+        {0x1, -51, 0x7FFFFFFF, 0, {500}},
+        {0x1, 32767, 0xFFFFFC7C, 0, {500}},
     };
     for (const auto& row : rows) {
         DEVMODEA settings{};
