@@ -46,10 +46,7 @@ class CustomPapersTest : public Preferences {
         kvtest::TypeIn(GetDlgItem(dialog, id), text);
     }
     static std::string Line(HWND dialog, int row) {
-        char text[256] = "";
-        SendMessageA(GetDlgItem(dialog, IDC_LIST_PAPERS), LB_GETTEXT, row,
-                     reinterpret_cast<LPARAM>(text));
-        return text;
+        return kvtest::Rows(GetDlgItem(dialog, IDC_LIST_PAPERS)).at(static_cast<size_t>(row));
     }
     static bool Can(HWND dialog, int id) {
         return IsWindowEnabled(GetDlgItem(dialog, id)) != FALSE;

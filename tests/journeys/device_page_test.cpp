@@ -18,13 +18,8 @@ class DevicePage : public Preferences {
  protected:
     // What the rows say, in their order: the label, and "+" or "-" for its state.
     std::string Rows() {
-        const HWND list = Item(IDC_LIST_OPTIONS, kDevice);
         std::string rows;
-        const LRESULT count = SendMessageA(list, LB_GETCOUNT, 0, 0);
-        for (LRESULT i = 0; i < count; ++i) {
-            char text[256] = "";
-            SendMessageA(list, LB_GETTEXT, i, reinterpret_cast<LPARAM>(text));
-            const std::string row = text;
+        for (const std::string& row : kvtest::Rows(Item(IDC_LIST_OPTIONS, kDevice))) {
             const size_t state = row.find(":\t");
             if (state == std::string::npos) return "no tab in " + row;
             rows += row.substr(0, state);

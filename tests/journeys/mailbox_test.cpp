@@ -20,12 +20,8 @@ class Mailboxes : public Preferences {
     }
     static std::string Names(HWND list) {
         std::string names;
-        const LRESULT count = SendMessageA(list, LB_GETCOUNT, 0, 0);
-        for (LRESULT i = 0; i < count; ++i) {
-            char text[256] = "";
-            SendMessageA(list, LB_GETTEXT, i, reinterpret_cast<LPARAM>(text));
-            names += (names.empty() ? "" : ", ") + std::string(text);
-        }
+        for (const std::string& row : kvtest::Rows(list))
+            names += (names.empty() ? "" : ", ") + row;
         return names;
     }
     static std::string Names(HWND dialog, int id) { return Names(GetDlgItem(dialog, id)); }

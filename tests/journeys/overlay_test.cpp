@@ -37,13 +37,10 @@ class Overlays : public Preferences {
     // The list's entries, the chosen one in brackets.
     std::string Shown() {
         const HWND list = Item(IDC_LIST_OVERLAY, kOverlay);
+        LRESULT toChosen = SendMessageA(list, LB_GETCURSEL, 0, 0);
         std::string text;
-        const LRESULT count = SendMessageA(list, LB_GETCOUNT, 0, 0);
-        for (LRESULT i = 0; i < count; ++i) {
-            char entry[64] = "";
-            SendMessageA(list, LB_GETTEXT, i, reinterpret_cast<LPARAM>(entry));
-            const bool chosen = SendMessageA(list, LB_GETCURSEL, 0, 0) == i;
-            text += (i != 0 ? " " : "") + (chosen ? "[" + std::string(entry) + "]" : entry);
+        for (const std::string& row : kvtest::Rows(list)) {
+            text += (text.empty() ? "" : " ") + (toChosen-- == 0 ? "[" + row + "]" : row);
         }
         return text;
     }

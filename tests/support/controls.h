@@ -9,6 +9,7 @@
 #include <functional>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace kvtest {
 
@@ -40,6 +41,17 @@ inline std::string Selected(HWND combo) {
     char text[256] = "";
     if (index >= 0) SendMessageA(combo, CB_GETLBTEXT, index, reinterpret_cast<LPARAM>(text));
     return text;
+}
+// Of a list box, in their order.
+inline std::vector<std::string> Rows(HWND list) {
+    std::vector<std::string> rows;
+    const LRESULT count = SendMessageA(list, LB_GETCOUNT, 0, 0);
+    for (LRESULT i = 0; i < count; ++i) {
+        char text[256] = "";
+        SendMessageA(list, LB_GETTEXT, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(text));
+        rows.emplace_back(text);
+    }
+    return rows;
 }
 inline void ChooseIn(HWND dialog, int id, DWORD value) {
     const HWND combo = GetDlgItem(dialog, id);

@@ -7,6 +7,7 @@
 #include <platform/window/input.h>
 
 #include "resources/resource.h"
+#include "tests/support/controls.h"
 #include "tests/module/support/sheet_fixture.h"
 
 namespace kvui {
@@ -110,12 +111,7 @@ TEST(OptionChanges, AskWhereOthersChangeAndDoWhatWasAnswered) {
 
 std::string Entries(HWND list) {
     std::string text;
-    const LRESULT count = SendMessageA(list, LB_GETCOUNT, 0, 0);
-    for (LRESULT i = 0; i < count; ++i) {
-        char entry[128] = "";
-        SendMessageA(list, LB_GETTEXT, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(entry));
-        text += std::string(entry) + ";";
-    }
+    for (const std::string& row : kvtest::Rows(list)) text += row + ";";
     return text;
 }
 
