@@ -14,6 +14,8 @@ struct OpenPrinter {
     std::string name;
     kv::StatePlace place = kv::StatePlace::kPerson;
     DWORD access = 0;
+    // Of what is written until KVSPEndPrinterChange; null while nothing is held together.
+    mutable std::unique_ptr<kv::StoreTransaction> change;
 
     kv::StateStore& Store() const { return kv::StateStore::Of(place); }
     bool MayAdminister() const { return (access & PRINTER_ACCESS_ADMINISTER) != 0; }

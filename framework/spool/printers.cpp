@@ -93,7 +93,7 @@ BOOL WINAPI OpenPrinterA(LPSTR printerName, HANDLE* printer, PRINTER_DEFAULTSA* 
     if ((access & PRINTER_ACCESS_ADMINISTER) && !kv::ActsAsAdministrator(found.place)) {
         return Fail(ERROR_ACCESS_DENIED);
     }
-    *printer = kvspool::AddHandle({found.record.name, found.place, access});
+    *printer = kvspool::AddHandle({found.record.name, found.place, access, nullptr});
     return *printer ? TRUE : Fail(ERROR_NOT_ENOUGH_MEMORY);
 }
 

@@ -21,12 +21,18 @@ LPSTR Name(const char* name) {
     return const_cast<LPSTR>(name);
 }
 
+// Where printer data cannot be changed by those who may administer the printer and print on it, it
+// may be by those who may do all else with it.
+constexpr DWORD kAdminister = PRINTER_ACCESS_ADMINISTER | PRINTER_ACCESS_USE;
+constexpr DWORD kAllElse = 0xF0003;
+
 class OpenPrinterHandle {
  public:
     OpenPrinterHandle(const SheetContext& context, DWORD access) {
         PRINTER_DEFAULTSA defaults{nullptr, nullptr, access};
         if (!OpenPrinterA(context.printer->printerName, &handle_, &defaults)) handle_ = nullptr;
     }
+    explicit OpenPrinterHandle(HANDLE handle) : handle_(handle) {}
     ~OpenPrinterHandle() {
         if (handle_ != nullptr) ClosePrinter(handle_);
     }
@@ -54,6 +60,15 @@ bool WriteNumber(HANDLE printer, const char* name, DWORD value) {
 }
 
 }  // namespace
+
+HANDLE OpenPrinterToAdminister(const SheetContext& context) {
+    for (const DWORD access : {kAdminister, kAllElse}) {
+        PRINTER_DEFAULTSA defaults{nullptr, nullptr, access};
+        HANDLE printer = nullptr;
+        if (OpenPrinterA(context.printer->printerName, &printer, &defaults)) return printer;
+    }
+    return nullptr;
+}
 
 bool CanOpenPrinter(const SheetContext& context, DWORD access) {
     return static_cast<bool>(OpenPrinterHandle(context, access));
@@ -118,7 +133,7 @@ bool ReadWholePrinterData(const SheetContext& context, const char* name, std::st
 
 bool WritePrinterData(const SheetContext& context, const char* name, DWORD type, const void* bytes,
                       DWORD size) {
-    const OpenPrinterHandle printer(context, PRINTER_ACCESS_ADMINISTER | PRINTER_ACCESS_USE);
+    const OpenPrinterHandle printer(OpenPrinterToAdminister(context));
     return printer &&
            SetPrinterDataA(printer.get(), Name(name), type,
                            static_cast<BYTE*>(const_cast<void*>(bytes)), size) == ERROR_SUCCESS;

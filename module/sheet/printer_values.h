@@ -8,6 +8,8 @@
 
 namespace kvui {
 
+// Null when the caller may not change the printer's data. To be closed by ClosePrinter.
+HANDLE OpenPrinterToAdminister(const SheetContext& context);
 // Whether the printer can be opened with these access rights.
 bool CanOpenPrinter(const SheetContext& context, DWORD access);
 // PRINTER_ATTRIBUTE_... bits; 0 when the printer cannot be asked.

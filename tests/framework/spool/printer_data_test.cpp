@@ -1,5 +1,6 @@
 // Printer data: rights, sizes and types, and the requests that go to the printer.
 #include <framework/monitor/language_monitor.h>
+#include <kvspool.h>
 
 #include <cstring>
 
@@ -57,6 +58,33 @@ TEST_F(PrinterData, WritingAndDeletingNeedTheHandlesRight) {
     EXPECT_EQ(DeletePrinterDataA(all, name), ERROR_SUCCESS);
     EXPECT_EQ(DeletePrinterDataA(all, name), ERROR_FILE_NOT_FOUND);
     for (HANDLE handle : {use, odd, all}) ClosePrinter(handle);
+}
+
+TEST_F(PrinterData, AChangeIsStoredAsAWholeOrNotAtAll) {
+    const auto storedNow = [&] {
+        return (Get("One", 64) == ERROR_SUCCESS ? Text() : "-") +
+               (Get("Two", 64) == ERROR_SUCCESS ? Text() : "-");
+    };
+    const HANDLE use = Open(PRINTER_ACCESS_USE);
+    EXPECT_EQ(KVSPBeginPrinterChange(use), ERROR_ACCESS_DENIED);
+    EXPECT_EQ(KVSPEndPrinterChange(use, TRUE), ERROR_INVALID_HANDLE) << "nothing was begun";
+    ClosePrinter(use);
+
+    enum class End { kKeep, kDrop, kClose };
+    for (const End end : {End::kDrop, End::kClose, End::kKeep}) {
+        const HANDLE all = Open(PRINTER_ALL_ACCESS);
+        ASSERT_EQ(KVSPBeginPrinterChange(all), ERROR_SUCCESS);
+        EXPECT_EQ(KVSPBeginPrinterChange(all), ERROR_INVALID_PARAMETER);
+        EXPECT_EQ(Put("One", REG_BINARY, "1"), ERROR_SUCCESS);
+        EXPECT_EQ(Put("Two", REG_BINARY, "2"), ERROR_SUCCESS);
+        EXPECT_EQ(storedNow(), "12") << "the writer sees what it wrote";
+        if (end != End::kClose) {
+            EXPECT_EQ(KVSPEndPrinterChange(all, end == End::kKeep), ERROR_SUCCESS);
+        }
+        ClosePrinter(all);
+        kv::CloseStateStore();
+        EXPECT_EQ(storedNow(), end == End::kKeep ? "12" : "--");
+    }
 }
 
 TEST_F(PrinterData, RequestsGoToThePrinterAndAreNotStored) {
