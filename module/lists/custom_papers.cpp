@@ -5,9 +5,7 @@
 #include <cstring>
 
 #include "lists/paper_size.h"
-#include "sheet/administrator.h"
 #include "sheet/fixed_text.h"
-#include "sheet/rules_path.h"
 
 namespace kvui {
 namespace {
@@ -23,21 +21,6 @@ ListHandle& Papers(SheetContext& context) {
 int Count(SheetContext& context, DWORD scope) {
     const ListHandle list = Papers(context);
     return list != nullptr ? QDMMLTGetPaperNum(list, context.printer, scope) : 0;
-}
-
-bool IsNt(const SheetContext& context) {
-    return context.platformId == VER_PLATFORM_WIN32_NT;
-}
-
-int RulesNumber(const char* key) {
-    return static_cast<int>(GetPrivateProfileIntA(kSection, key, 0, RulesFilePath()));
-}
-
-// Those of the printer's description count as well.
-int CommonLimit(const SheetContext& context) {
-    const int described = static_cast<int>(
-        GetPrivateProfileIntA("PaperInfo", "Num", 0, context.printer->descriptionPath));
-    return RulesNumber(IsNt(context) ? "NTNum" : "9XNum") + described;
 }
 
 }  // namespace
@@ -61,19 +44,12 @@ bool IsCommonPaper(SheetContext& context, DWORD id) {
                        [id](const CustomPaperRecord& paper) { return paper.id == id; });
 }
 
-bool HasRoomForCommonPaper(SheetContext& context) {
-    return Count(context, kScopeCommon) < CommonLimit(context);
-}
-
-bool HasRoomForOwnPaper(SheetContext& context) {
-    const int own = Count(context, kScopeCommonAndOwn) - Count(context, kScopeCommon);
-    return own < RulesNumber("CurrentUser");
-}
-
-bool IsPaperListFull(SheetContext& context) {
-    if (!IsNt(context)) return !HasRoomForCommonPaper(context);
-    const bool noCommon = !IsAdministrator() || !HasRoomForCommonPaper(context);
-    return noCommon && !HasRoomForOwnPaper(context);
+// Those of the printer's description count as well.
+ListRoom RoomForPapers(SheetContext& context) {
+    const UINT described =
+        GetPrivateProfileIntA("PaperInfo", "Num", 0, context.printer->descriptionPath);
+    return RoomOf(context, kSection, static_cast<int>(described), Count(context, kScopeCommon),
+                  Count(context, kScopeCommonAndOwn));
 }
 
 bool FindPaperNamed(SheetContext& context, const std::string& name, DWORD exceptId,

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "lists/list_room.h"
 #include "sheet/sheet_context.h"
 
 namespace kvui {
@@ -21,9 +22,7 @@ struct PaperEdit {
 // Those of the view that users made, in their order.
 std::vector<CustomPaperRecord> CustomPapers(SheetContext& context);
 bool IsCommonPaper(SheetContext& context, DWORD id);
-bool IsPaperListFull(SheetContext& context);
-bool HasRoomForCommonPaper(SheetContext& context);
-bool HasRoomForOwnPaper(SheetContext& context);
+ListRoom RoomForPapers(SheetContext& context);
 // A paper of the view with exactly this name, but not that id; false when there is none.
 bool FindPaperNamed(SheetContext& context, const std::string& name, DWORD exceptId,
                     CustomPaperRecord& found);

@@ -2,12 +2,9 @@
 #include "lists/paper_units.h"
 
 #include <algorithm>
-#include <cstdlib>
-#include <cstring>
-#include <string>
 #include <vector>
 
-#include "sheet/rules_path.h"
+#include "sheet/rules_numbers.h"
 
 namespace kvui {
 namespace {
@@ -15,20 +12,10 @@ namespace {
 constexpr char kSection[] = "CustomPaper";
 constexpr LONG kMostNumber = 100 * 100 - 1;  // of a rules file; nothing overflows then
 
-// Numbers between commas; those that are missing count as 0. Empty when the key is.
+// Empty when the key is.
 std::vector<LONG> NumbersOf(const char* key, size_t count) {
-    char text[256] = "";
-    GetPrivateProfileStringA(kSection, key, "", text, sizeof text, RulesFilePath());
-    if (text[0] == '\0') return {};
-    std::vector<LONG> numbers;
-    const char* at = text;
-    while (at != nullptr && numbers.size() < count) {
-        numbers.push_back(
-            static_cast<LONG>(std::clamp<long>(std::strtol(at, nullptr, 10), 0, kMostNumber)));
-        at = std::strchr(at, ',');
-        if (at != nullptr) ++at;
-    }
-    numbers.resize(count);
+    std::vector<LONG> numbers = RulesNumbers(kSection, key, count);
+    for (LONG& number : numbers) number = std::clamp<LONG>(number, 0, kMostNumber);
     return numbers;
 }
 

@@ -3,26 +3,21 @@
 
 #include <algorithm>
 #include <cstring>
-#include <vector>
 
 #include "lists/watermark_angle.h"
 #include "sheet/administrator.h"
-#include "sheet/rules_path.h"
 
 namespace kvui {
 namespace {
 
-constexpr char kSection[] = "Watermark";
-constexpr DWORD kFirstUserWatermark = 128;  // lower ids belong to the printer's description
-
 int Count(const SheetContext& context, DWORD scope) {
-    const ListHandle list = context.shared->lists.handles[kListWatermark];
+    const ListHandle list = WatermarksOf(context);
     return list != nullptr ? QDMMLTGetWatermarkNum(list, context.printer, scope) : 0;
 }
 
 std::vector<WatermarkRecord> RecordsOf(const SheetContext& context, DWORD scope) {
     std::vector<WatermarkRecord> records(std::max(Count(context, scope), 0), WatermarkRecord{});
-    const ListHandle list = context.shared->lists.handles[kListWatermark];
+    const ListHandle list = WatermarksOf(context);
     if (!records.empty() &&
         !QDMMLTGetWatermarkArray(list, context.printer, records.data(), scope)) {
         records.clear();
@@ -37,30 +32,29 @@ auto Find(const std::vector<WatermarkRecord>& records, DWORD watermarkId) {
 
 }  // namespace
 
-bool IsWatermarkListFull(const SheetContext& context) {
-    const bool nt = context.platformId == VER_PLATFORM_WIN32_NT;
-    const int common = Count(context, kScopeCommon);
-    const bool commonFull = common >= static_cast<int>(GetPrivateProfileIntA(
-                                          kSection, nt ? "NTNum" : "9XNum", 0, RulesFilePath()));
-    if (!nt) return commonFull;
-    const int own = Count(context, kScopeCommonAndOwn) - common;
-    const int ownLimit =
-        static_cast<int>(GetPrivateProfileIntA(kSection, "CurrentUser", 0, RulesFilePath()));
-    return (!IsAdministrator() || commonFull) && own >= ownLimit;
+ListRoom RoomForWatermarks(const SheetContext& context) {
+    return RoomOf(context, kWatermarkSection, 0, Count(context, kScopeCommon),
+                  Count(context, kScopeCommonAndOwn));
+}
+
+std::vector<WatermarkRecord> VisibleWatermarks(const SheetContext& context) {
+    return RecordsOf(context, IsAdministrator() ? kScopeAdministrator : kScopeUser);
+}
+
+bool IsCommonWatermark(const SheetContext& context, DWORD watermarkId) {
+    const std::vector<WatermarkRecord> common = RecordsOf(context, kScopeCommon);
+    return Find(common, watermarkId) != common.end();
 }
 
 bool CanChangeWatermark(const SheetContext& context, DWORD watermarkId) {
     if (watermarkId < kFirstUserWatermark) return false;
     const std::vector<WatermarkRecord> all = RecordsOf(context, kScopeCommonAndOwn);
     if (Find(all, watermarkId) == all.end()) return false;
-    if (IsAdministrator()) return true;
-    const std::vector<WatermarkRecord> common = RecordsOf(context, kScopeCommon);
-    return Find(common, watermarkId) == common.end();
+    return IsAdministrator() || !IsCommonWatermark(context, watermarkId);
 }
 
 void DeleteWatermark(SheetContext& context, DWORD watermarkId) {
-    const DWORD scope = IsAdministrator() ? kScopeAdministrator : kScopeUser;
-    const std::vector<WatermarkRecord> shown = RecordsOf(context, scope);
+    const std::vector<WatermarkRecord> shown = VisibleWatermarks(context);
     const auto found = Find(shown, watermarkId);
     if (found == shown.end() ||
         !QDMMLTDeleteWatermark(context.shared->lists.handles[kListWatermark], context.printer,
@@ -71,11 +65,12 @@ void DeleteWatermark(SheetContext& context, DWORD watermarkId) {
     CopyChosenWatermark(context);
 }
 
-void CommitWatermarks(SheetContext& context) {
+bool CommitWatermarks(SheetContext& context) {
     ListHandle& list = context.shared->lists.handles[kListWatermark];
-    if (list == nullptr) return;
-    QDMMLTWriteWatermark(list, context.printer);
+    if (list == nullptr) return true;
+    const bool stored = QDMMLTWriteWatermark(list, context.printer) != 0;
     list = QDMMLTReadWatermark(context.printer);
+    return stored;
 }
 
 void CopyChosenWatermark(SheetContext& context) {

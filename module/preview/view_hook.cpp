@@ -40,7 +40,7 @@ void PaintBuffered(HWND frame, const ViewHook& hook, HDC screen, SIZE size) {
     FillBox(memory.get(), {0, 0, size.cx, size.cy},
             static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
     hook.view.painter(*hook.context, memory.get(), size);
-    PaintEdges(memory.get(), size);
+    if (hook.view.edge == ViewEdge::kSunken) PaintEdges(memory.get(), size);
     BitBlt(screen, 0, 0, size.cx, size.cy, memory.get(), 0, 0, SRCCOPY);
 }
 
@@ -78,8 +78,9 @@ LRESULT CALLBACK ViewProc(HWND frame, UINT message, WPARAM wParam, LPARAM lParam
         OnPaint(frame, *hook);
         return 0;
     }
-    if (message == WM_GETTEXT) return CopyWords(*hook, wParam, lParam);
-    if (message == WM_GETTEXTLENGTH) {
+    const bool hasWords = hook->view.words != nullptr;
+    if (message == WM_GETTEXT && hasWords) return CopyWords(*hook, wParam, lParam);
+    if (message == WM_GETTEXTLENGTH && hasWords) {
         return static_cast<LRESULT>(std::strlen(Words(*hook).text));
     }
     if (message == WM_DESTROY) {

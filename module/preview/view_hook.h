@@ -14,9 +14,12 @@ using ViewPainter = void (*)(SheetContext& context, HDC dc, SIZE size);
 // Says what the view shows, for people who do not see it: the text of the frame's window.
 using ViewWords = void (*)(SheetContext& context, char* text, std::size_t size);
 
+enum class ViewEdge { kSunken, kNone };
+
 struct View {
     ViewPainter painter;
-    ViewWords words;
+    ViewWords words;  // null: the frame keeps its own text
+    ViewEdge edge = ViewEdge::kSunken;
 };
 
 // Puts the view on the frame, in place of the one it had, until the frame is destroyed. The context

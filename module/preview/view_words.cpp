@@ -144,6 +144,12 @@ void DescribeWatermark(SheetContext& context, char* text, std::size_t size) {
     Sentence(context, text, size).Add(chosen ? IDS_WORDS_WATERMARK : IDS_WORDS_NO_WATERMARK);
 }
 
+void DescribeWatermarkText(SheetContext& context, const char* words, char* text, std::size_t size) {
+    Sentence sentence(context, text, size);
+    sentence.Add(IDS_WORDS_WATERMARK);
+    sentence.Add(words);
+}
+
 void DescribePrinter(SheetContext& context, char* text, std::size_t size) {
     Sentence sentence(context, text, size);
     sentence.Add(IDS_WORDS_PRINTER);

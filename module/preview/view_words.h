@@ -11,6 +11,8 @@ namespace kvui {
 void DescribePaper(SheetContext& context, char* text, std::size_t size);
 void DescribeColourSample(SheetContext& context, char* text, std::size_t size);
 void DescribeWatermark(SheetContext& context, char* text, std::size_t size);
+// Of a page that shows nothing but this text.
+void DescribeWatermarkText(SheetContext& context, const char* words, char* text, std::size_t size);
 void DescribePrinter(SheetContext& context, char* text, std::size_t size);
 
 }  // namespace kvui

@@ -1,4 +1,4 @@
-// Watermark text in the cells of the Paper View.
+// See watermark_text.h.
 #include "preview/watermark_text.h"
 
 #include <kvcore.h>
@@ -46,13 +46,7 @@ BYTE CharacterSetOf(HDC dc, const char* typeface) {
 }
 
 bool PrintsInColour(const SheetContext& context, const WatermarkManner& manner) {
-    return manner.byPrintMode ? context.settings->dmColor == kColour
-                              : (context.privateSettings->mdmOtherSettings & kOtherColor) != 0;
-}
-
-COLORREF ColourOf(const WatermarkRecord& record, bool inColour) {
-    if (inColour) return RGB(record.red, record.green, record.blue);
-    return record.red >= kTooLight ? kLightest : RGB(record.red, record.red, record.red);
+    return manner.byPrintMode ? context.settings->dmColor == kColour : WatermarkIsInColour(context);
 }
 
 // Printable height of the paper as the page is read, in hundredths of an inch or tenths of a
@@ -74,19 +68,24 @@ LONG PrintableHeight(SheetContext& context, bool inInches) {
 
 }  // namespace
 
-LOGFONTA WatermarkFont(const WatermarkRecord& record, int scale) {
+bool WatermarkIsInColour(const SheetContext& context) {
+    return (context.privateSettings->mdmOtherSettings & kOtherColor) != 0;
+}
+
+COLORREF WatermarkColour(const WatermarkRecord& record, bool inColour) {
+    if (inColour) return RGB(record.red, record.green, record.blue);
+    return record.red >= kTooLight ? kLightest : RGB(record.red, record.red, record.red);
+}
+
+LOGFONTA WatermarkFont(HDC dc, const WatermarkRecord& record, int scale) {
     LOGFONTA font{};
     const int size = static_cast<int>(std::min(record.size, kLargestSize));
     font.lfHeight = std::max(MulDiv(size, scale, kPointsPerInch), kSmallestFont);
     font.lfEscapement = font.lfOrientation = record.angle % 360 * 10;
     font.lfWeight = record.bold ? FW_BOLD : FW_NORMAL;
     font.lfItalic = record.italic ? 1 : 0;
-    font.lfCharSet = DEFAULT_CHARSET;
-    char typeface[sizeof record.typeface + 1];
-    CopyText(typeface, sizeof typeface, "");
-    std::copy_n(record.typeface, sizeof record.typeface, typeface);
-    typeface[sizeof record.typeface] = '\0';
-    CopyText(font.lfFaceName, typeface);
+    CopyText(font.lfFaceName, BoundedText(record.typeface).c_str());
+    font.lfCharSet = CharacterSetOf(dc, font.lfFaceName);
     return font;
 }
 
@@ -99,6 +98,13 @@ POINT WatermarkOrigin(POINT centre, int fontHeight, const WatermarkRecord& recor
     const double y = static_cast<double>(record.offsetY) * scale / kPointsPerInch;
     return {centre.x - Whole(std::sin(angle) * fontHeight * 0.5) + Whole(x),
             centre.y - Whole(std::cos(angle) * fontHeight * 0.5) - Whole(y)};
+}
+
+void PrepareWatermarkText(HDC dc, HFONT font, COLORREF colour) {
+    SelectObject(dc, font);
+    SetTextColor(dc, colour);
+    SetBkMode(dc, TRANSPARENT);
+    SetTextAlign(dc, TA_CENTER | TA_TOP);
 }
 
 WatermarkPen::WatermarkPen(SheetContext& context, const WatermarkManner& manner)
@@ -121,19 +127,16 @@ int WatermarkPen::ScaleFor(const RECT& cell) const {
 
 void WatermarkPen::Draw(HDC dc, const RECT& cell) const {
     if (length_ == 0 || paperHeight_ <= 0) return;
+    const int scale = ScaleFor(cell);
+    const LOGFONTA description = WatermarkFont(dc, record_, scale);
+    const OwnedObject<HFONT> font(CreateFontIndirectA(&description));
+    if (!font) return;
     const DcState state(dc);
     const int inset = manner_.inset;
     IntersectClipRect(dc, cell.left + inset, cell.top + inset, cell.right - inset,
                       cell.bottom - inset);
-    const int scale = ScaleFor(cell);
-    LOGFONTA description = WatermarkFont(record_, scale);
-    description.lfCharSet = CharacterSetOf(dc, description.lfFaceName);
-    const OwnedObject<HFONT> font(CreateFontIndirectA(&description));
-    if (!font) return;
-    const Selection selection(dc, font.get());
-    SetTextColor(dc, ColourOf(record_, PrintsInColour(context_, manner_)));
-    SetBkMode(dc, TRANSPARENT);
-    SetTextAlign(dc, TA_CENTER | TA_TOP);
+    PrepareWatermarkText(dc, font.get(),
+                         WatermarkColour(record_, PrintsInColour(context_, manner_)));
     SIZE extent{};
     GetTextExtentPoint32A(dc, text_, length_, &extent);
     const bool repeat = (context_.privateSettings->mdmWatermarkMode & kWatermarkRepeat) != 0;

@@ -1,5 +1,6 @@
-// Text of a watermark on a small picture of a page: its font, its place and its repetition. Used by
-// the Paper View and the Watermark View, which differ in small things.
+// Text of a watermark on a small picture of a page: its font, its colour, its place and its
+// repetition. Used by the Paper View, the Watermark View and the editor's preview, which differ in
+// small things.
 #pragma once
 
 #include <kvlist.h>
@@ -9,12 +10,21 @@
 
 namespace kvui {
 
-// Font of a watermark on a picture of `scale` pixels per inch; without character set.
-LOGFONTA WatermarkFont(const WatermarkRecord& record, int scale);
+// Font of a watermark on a picture of `scale` pixels per inch; its character set is that of the
+// first font of the device that has the name.
+LOGFONTA WatermarkFont(HDC dc, const WatermarkRecord& record, int scale);
+
+// Grey, by its red part, where the job is not printed in colour.
+COLORREF WatermarkColour(const WatermarkRecord& record, bool inColour);
+// The Quality page's choice of colour.
+bool WatermarkIsInColour(const SheetContext& context);
 
 // Where a single text is drawn, aligned by the middle of its upper edge, so that the middle of the
 // turned text is the centre moved by the record's offsets.
 POINT WatermarkOrigin(POINT centre, int fontHeight, const WatermarkRecord& record, int scale);
+
+// Font and colour for texts that are aligned by the middle of their upper edge.
+void PrepareWatermarkText(HDC dc, HFONT font, COLORREF colour);
 
 // What the two views do each in its own way.
 struct WatermarkManner {

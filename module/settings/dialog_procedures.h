@@ -16,7 +16,7 @@ INT_PTR CALLBACK CombinationDlgProc(HWND window, UINT message, WPARAM wParam, LP
 // "_LBPIMAGESHIFT", from the Layout page.
 INT_PTR CALLBACK ImageShiftDlgProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 // "_LBPQUARNWATERCOLOR", from the Watermark page.
-INT_PTR CALLBACK WatermarkEditorDlgProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+INT_PTR CALLBACK EditWatermarkDlgProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 // "_LBPEDITOVERLAY", from the Overlay page.
 INT_PTR CALLBACK EditOverlayDlgProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 // "_ABOUTKVI", also behind the exports DDMPrinterProp and DDMAbout.

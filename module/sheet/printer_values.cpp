@@ -160,11 +160,11 @@ void WritePrinterLevelOptions(SheetContext& context) {
                 (settings.mdmOtherSettings & kOtherAutoConfig) != 0 ? 1 : 0);
 }
 
-DWORD CustomPaperUnit(PrinterBlock* printer) {
-    DWORD unit = 0;
-    const int found = QDMGetPrinterKeyValue(printer, kPrinterValueSection, "CustomPaperUnit",
-                                            kPrinterValueNumber, &unit, sizeof unit);
-    return found != 0 ? unit : 0;
+DWORD PrinterNumber(PrinterBlock* printer, const char* name) {
+    DWORD number = 0;
+    const int found = QDMGetPrinterKeyValue(printer, kPrinterValueSection, name,
+                                            kPrinterValueNumber, &number, sizeof number);
+    return found != 0 ? number : 0;
 }
 
 }  // namespace kvui

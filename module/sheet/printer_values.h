@@ -33,7 +33,7 @@ void ReadPrinterLevelOptions(SheetContext& context);
 // Sheet end of an administrator: publishes them.
 void WritePrinterLevelOptions(SheetContext& context);
 
-// Printer value "CustomPaperUnit": 0 when absent.
-DWORD CustomPaperUnit(PrinterBlock* printer);
+// A printer value that is a number: 0 when absent.
+DWORD PrinterNumber(PrinterBlock* printer, const char* name);
 
 }  // namespace kvui

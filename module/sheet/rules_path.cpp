@@ -8,6 +8,7 @@
 #include <string>
 
 #include "sheet/fixed_text.h"
+#include "sheet/printer_values.h"
 
 namespace kvui {
 namespace {
@@ -20,16 +21,6 @@ constexpr UINT kLetterCountry = 2;  // an "iCountry" whose paper is Letter whate
 
 // One path for the whole process: the profile functions are given it by every reader and writer.
 char rulesFilePath[kRulesFilePathSize];
-
-// A 4-byte number of the printer; 0 when it has none.
-DWORD PrinterNumber(PrinterBlock* printer, const char* name) {
-    DWORD value = 0;
-    if (!QDMGetPrinterKeyValue(printer, kPrinterValueSection, name, kPrinterValueNumber, &value,
-                               sizeof value)) {
-        return 0;
-    }
-    return value;
-}
 
 // The driver directory that belongs to the running system; empty when there is none.
 std::string DriverDirectory() {

@@ -13,6 +13,7 @@ namespace kvui {
 
 struct SettingsSnapshot;
 struct PaperEdit;
+struct WatermarkEdit;
 struct ParsedRules;
 
 // Flags of SheetContext.
@@ -61,6 +62,7 @@ struct SheetLists {
     ListHandle handles[kListCount];
     BOOL commit[kListCount];  // the sheet end writes the list instead of dropping it
     PaperEdit* paperEdit;     // while the dialog of custom papers is open
+    WatermarkEdit* watermarkEdit;  // from the first press of a button of the page; owned
     BOOL editsOverlay;        // the overlay editor was opened by Edit, not by Add
     DWORD overlayBefore;      // mdmOverlay before it opened
 };

@@ -86,7 +86,7 @@ void AllowButtons(Run& run) {
     const bool changeable =
         selected != 0 && (IsAdministrator() || !IsCommonPaper(context, selected));
     const ButtonRow rows[] = {
-        {IDC_BTN_PAPER_NEW, "CustomPaperNew", !IsPaperListFull(context)},
+        {IDC_BTN_PAPER_NEW, "CustomPaperNew", !RoomForPapers(context).IsFull()},
         {IDC_BTN_PAPER_EDIT, "CustomPaperEdit", changeable},
         {IDC_BTN_PAPER_DELETE, "CustomPaperDelete", changeable},
     };

@@ -18,6 +18,7 @@
 #include "sheet/message_box.h"
 #include "sheet/printer_values.h"
 #include "ui/page_definition.h"
+#include "ui/watermark_editor.h"
 
 namespace kvui {
 namespace {
@@ -60,7 +61,7 @@ void Allow(SheetContext& context, ListButtons buttons) {
 void AllowWatermarkButtons(Run& run) {
     SheetContext& context = run.context;
     const bool changeable = CanChangeWatermark(context, context.privateSettings->mdmWatermark);
-    Allow(context, {{IDC_BTN_WATERMARK_ADD, !IsWatermarkListFull(context)},
+    Allow(context, {{IDC_BTN_WATERMARK_ADD, !RoomForWatermarks(context).IsFull()},
                     {IDC_BTN_WATERMARK_EDIT, changeable},
                     {IDC_BTN_WATERMARK_DELETE, changeable}});
 }
@@ -84,7 +85,10 @@ void AskAndDeleteWatermark(Run& run) {
 
 // The id of an entry that is no watermark leaves the record of an untouched page as it is.
 void StoreWatermarks(Run& run) {
-    CommitWatermarks(run.context);
+    if (!CommitWatermarks(run.context)) {
+        ShowMessageString(run.window, run.context.strings, IDS_LIST_NOT_STORED, IDS_WARNING,
+                          MB_ICONEXCLAMATION);
+    }
     const PrivateDevmode& settings = *run.context.privateSettings;
     DWORD copied = 0;
     std::memcpy(&copied, settings.watermarkRecord, sizeof copied);
@@ -164,9 +168,10 @@ const PageDefinition kWatermarkPage = {
     .helpTopic = 1103,
     .view = kViewWatermark,
     .open = InOrder<kBeginOpening, HideWatermarkButtons, AllowWatermarkButtons, kEndOpening>,
-    .command = InOrder<AskAndDeleteWatermark, kCommand>,
+    .command = InOrder<BeginWatermarkEdit, AskAndDeleteWatermark, kCommand>,
     .refresh = InOrder<RefreshControls, AllowWatermarkButtons, DisableIfReadOnly>,
     .apply = InOrder<StoreWatermarks, Keep>,
+    .close = InOrder<EndWatermarkEdit, kClose>,
 };
 const PageDefinition kOverlayPage = {
     .dialogName = "DLGTABOVER",

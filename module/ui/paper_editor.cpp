@@ -235,13 +235,12 @@ bool Say(Run& run, UINT textId, UINT style, int wanted) {
 
 bool AddNew(Run& run, CustomPaperRecord record) {
     SheetContext& context = run.context;
-    const bool nt = context.platformId == VER_PLATFORM_WIN32_NT;
-    bool isCommon = !nt;
-    if (nt && IsAdministrator() && HasRoomForCommonPaper(context)) {
+    const ListRoom room = RoomForPapers(context);
+    bool isCommon = room.everybodyAddsCommon;
+    if (!isCommon && IsAdministrator() && room.ForCommon()) {
         isCommon = Say(run, IDS_PAPER_SAVE_COMMON, MB_YESNO | MB_ICONEXCLAMATION, IDYES);
     }
-    const bool hasRoom = isCommon ? HasRoomForCommonPaper(context) : HasRoomForOwnPaper(context);
-    if (!hasRoom) {
+    if (isCommon ? !room.ForCommon() : !room.ForOwn()) {
         Say(run, IDS_PAPER_LIST_FULL, MB_OK | MB_ICONEXCLAMATION, IDOK);
         return false;
     }

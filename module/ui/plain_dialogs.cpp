@@ -3,7 +3,6 @@
 #include "dialog/dialog_definition.h"
 #include "dialog/texts.h"
 #include "exports.h"
-#include "settings/dialog_procedures.h"
 
 namespace kvui {
 namespace {
@@ -18,17 +17,12 @@ constexpr DialogDefinition ClosesOnly(const char* templateName, Step setCaptions
 
 // template, which controls get the strings of their ids, result
 // clang-format off
-constexpr DialogDefinition kWatermarkEditor = ClosesOnly("_LBPQUARNWATERCOLOR", SetCaptions,       2);
 constexpr DialogDefinition kRecordEditor    = ClosesOnly("_DLGEDIT0",           SetButtonCaptions, 1);
 constexpr DialogDefinition kKeepSetting     = ClosesOnly("_DLGKEEPSETTINGADD",  SetCaptions,       0);
 constexpr DialogDefinition kSavedData       = ClosesOnly("_DLGSAVEDATA",        SetButtonCaptions, 0);
 // clang-format on
 
 }  // namespace
-
-INT_PTR CALLBACK WatermarkEditorDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    return RunDialog(kWatermarkEditor, dialog, message, wParam, lParam);
-}
 
 }  // namespace kvui
 

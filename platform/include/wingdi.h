@@ -71,7 +71,12 @@ constexpr COLORREF CLR_INVALID = 0xFFFFFFFFu;
 constexpr UINT DIB_RGB_COLORS = 0;
 constexpr DWORD BI_RGB = 0;
 constexpr int RASTER_FONTTYPE = 1;
+constexpr int DEVICE_FONTTYPE = 2;
 constexpr int TRUETYPE_FONTTYPE = 4;
+constexpr BYTE OUT_STRING_PRECIS = 1;
+constexpr BYTE OUT_TT_ONLY_PRECIS = 7;
+constexpr BYTE PROOF_QUALITY = 2;
+constexpr BYTE FF_ROMAN = 1 << 4;
 
 struct LOGFONTA {
     LONG lfHeight;

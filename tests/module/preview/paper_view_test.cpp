@@ -72,7 +72,7 @@ TEST(WatermarkText, FontFollowsTheScaleAndIsNeverTooSmallToSee) {
         record.angle = row.angle;
         record.bold = row.bold;
         record.italic = row.italic;
-        const LOGFONTA font = WatermarkFont(record, row.scale);
+        const LOGFONTA font = WatermarkFont(nullptr, record, row.scale);
         EXPECT_EQ(font.lfHeight, row.height) << row.size;
         EXPECT_EQ(font.lfEscapement, row.escapement) << row.angle;
         EXPECT_EQ(font.lfWeight, row.bold ? 700 : 400);

@@ -1,0 +1,578 @@
+// The watermark editor ("_LBPQUARNWATERCOLOR"): a name, a text and how it looks, with a preview
+// that follows every change. The Watermark page opens it by Add and by Edit.
+#include "ui/watermark_editor.h"
+
+#include <commctrl.h>
+#include <commdlg.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+#include "dialog/dialog_definition.h"
+#include "dialog/texts.h"
+#include "lists/watermark_angle.h"
+#include "lists/watermark_list.h"
+#include "lists/watermark_records.h"
+#include "preview/watermark_preview.h"
+#include "resources/resource.h"
+#include "resources/string_ids.h"
+#include "settings/dialog_procedures.h"
+#include "sheet/administrator.h"
+#include "sheet/fixed_text.h"
+#include "sheet/message_box.h"
+#include "ui/watermark_typefaces.h"
+
+namespace kvui {
+namespace {
+
+constexpr INT_PTR kDone = 1, kCancelled = 2;
+constexpr int kTypedNameCharacters = 20;
+constexpr int kMostNameCharacters = sizeof WatermarkRecord::name - 1;
+constexpr int kMostTextCharacters = sizeof WatermarkRecord::text - 1;
+constexpr int kNumberCharacters = 4, kSizeCharacters = 3;
+constexpr int kMostSlider = 100;
+constexpr DWORD kNoRecord = ~DWORD{0};  // no watermark has this id
+
+constexpr UINT kStyles[] = {IDS_STYLE_REGULAR, IDS_STYLE_BOLD, IDS_STYLE_ITALIC,
+                            IDS_STYLE_BOLD_ITALIC};  // by bold + 2 * italic
+struct ColourRow {
+    UINT captionId;
+    COLORREF colour;
+};
+// caption, colour; that of the last one is picked
+constexpr ColourRow kColours[] = {
+    {IDS_COLOR_BLACK, RGB(0, 0, 0)},      {IDS_COLOR_RED, RGB(255, 0, 0)},
+    {IDS_COLOR_GREEN, RGB(0, 255, 0)},    {IDS_COLOR_BLUE, RGB(0, 0, 255)},
+    {IDS_COLOR_YELLOW, RGB(255, 255, 0)}, {IDS_COLOR_MAGENTA, RGB(255, 0, 255)},
+    {IDS_COLOR_CYAN, RGB(0, 255, 255)},   {IDS_COLOR_OTHERS, 0},
+};
+constexpr int kOtherColour = std::size(kColours) - 1;
+
+// One direction of the position: its slider goes from left to right or from the bottom up.
+struct PositionRow {
+    int slider, edit, spin;
+    LONG WatermarkRecord::*offset;
+    LONG SIZE::*side;
+    int slope, start;  // per cent = slope * slider + start
+};
+constexpr PositionRow kPositions[] = {
+    {IDC_SLD_WM_POSITION_X, IDC_EDIT_WM_POSITION_X, IDC_SPIN_WM_POSITION_X,
+     &WatermarkRecord::offsetX, &SIZE::cx, 2, -100},
+    {IDC_SLD_WM_POSITION_Y, IDC_EDIT_WM_POSITION_Y, IDC_SPIN_WM_POSITION_Y,
+     &WatermarkRecord::offsetY, &SIZE::cy, -2, 100},
+};
+
+WatermarkEdit& EditOf(Run& run) {
+    return *run.context.shared->lists.watermarkEdit;
+}
+WatermarkRecord& Record(Run& run) {
+    return EditOf(run).record;
+}
+HWND ControlOf(const Run& run, int id) {
+    return GetDlgItem(run.window, id);
+}
+WatermarkAxis AxisOf(Run& run, const PositionRow& row) {
+    const WatermarkPaper& paper = EditOf(run).paper;
+    return {paper.scale, paper.size.*row.side};
+}
+
+void Redraw(Run& run) {
+    InvalidateRect(ControlOf(run, IDC_PIC_WM_PAPER), nullptr, FALSE);
+}
+
+std::string TextOf(const Run& run, int id) {
+    char text[kMostTextCharacters + 1] = "";
+    GetDlgItemTextA(run.window, id, text, sizeof text);
+    return text;
+}
+
+// Fields that the editor fills itself are not read back.
+void ShowText(Run& run, int id, const std::string& text) {
+    EditOf(run).isShowing = true;
+    SetDlgItemTextA(run.window, id, text.c_str());
+    EditOf(run).isShowing = false;
+}
+void ShowNumber(Run& run, int id, LONG number) {
+    ShowText(run, id, std::to_string(number));
+}
+
+// --- Opening ---
+
+void MakeRecord(Run& run) {
+    SheetContext& context = run.context;
+    WatermarkEdit& edit = EditOf(run);
+    edit.record = MakeDefaultWatermark(context, edit.number);
+    if (!edit.isNew) FetchWatermark(context, context.privateSettings->mdmWatermark, edit.record);
+    edit.paper = WatermarkPaperOf(context);
+    WatermarkRecord& record = edit.record;
+    if (record.angleMode == kAngleHorizontal) record.angle = 0;
+    if (record.angleMode == kAngleVertical) record.angle = 90;
+    if (record.angleMode == kAngleDiagonal)
+        record.angle = static_cast<LONG>(DiagonalAngle(context));
+    record.angle = std::clamp<LONG>(record.angle, -kMostWatermarkAngle, kMostWatermarkAngle);
+    record.angleMode = kAngleByUser;
+    context.privateSettings->mdmOtherSettings &= ~kOtherDiagonalKnown;
+}
+
+void FillMenu(Run& run, int id, UINT stringId) {
+    char caption[64] = "";
+    LoadStringA(run.context.strings, stringId, caption, sizeof caption);
+    SendDlgItemMessageA(run.window, id, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(caption));
+}
+
+// A typeface that is not installed is offered to keep; another one is drawn in its place.
+void ShowTypefaces(Run& run) {
+    const HWND combo = ControlOf(run, IDC_COMBO_WM_FACE);
+    const auto add = [&](const std::string& name) {
+        SendMessageA(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(name.c_str()));
+    };
+    for (const std::string& name : WatermarkTypefaces(run.context, run.window)) add(name);
+    const std::string chosen = BoundedText(Record(run).typeface);
+    const auto find = [&] {
+        return SendMessageA(combo, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+                            reinterpret_cast<LPARAM>(chosen.c_str()));
+    };
+    if (!chosen.empty() && find() < 0) add(chosen);
+    if (!chosen.empty()) SendMessageA(combo, CB_SETCURSEL, static_cast<WPARAM>(find()), 0);
+}
+
+void ShowLook(Run& run) {
+    const WatermarkRecord& record = Record(run);
+    for (const UINT style : kStyles) FillMenu(run, IDC_COMBO_WM_STYLE, style);
+    const int style = (record.bold ? 1 : 0) + (record.italic ? 2 : 0);
+    SendDlgItemMessageA(run.window, IDC_COMBO_WM_STYLE, CB_SETCURSEL, static_cast<WPARAM>(style),
+                        0);
+    const COLORREF colour = RGB(record.red, record.green, record.blue);
+    WatermarkEdit& edit = EditOf(run);
+    edit.otherColour = colour;
+    edit.colourRow = kOtherColour;
+    for (int row = 0; row <= kOtherColour; ++row) {
+        FillMenu(run, IDC_COMBO_WM_COLOR, kColours[row].captionId);
+        if (edit.colourRow == kOtherColour && kColours[row].colour == colour) edit.colourRow = row;
+    }
+    if (colour == 0) edit.colourRow = 0;
+    SendDlgItemMessageA(run.window, IDC_COMBO_WM_COLOR, CB_SETCURSEL,
+                        static_cast<WPARAM>(edit.colourRow), 0);
+}
+
+void LimitNumber(Run& run, int edit, int characters, int spin, LONG least, LONG most) {
+    SendDlgItemMessageA(run.window, edit, EM_LIMITTEXT, static_cast<WPARAM>(characters), 0);
+    SendDlgItemMessageA(run.window, spin, UDM_SETRANGE32, static_cast<WPARAM>(least), most);
+}
+
+void ShowSizeAndAngle(Run& run) {
+    LimitNumber(run, IDC_EDIT_WM_SIZE, kSizeCharacters, IDC_SPIN_WM_SIZE, kLeastWatermarkSize,
+                kMostWatermarkSize);
+    const DWORD size = std::min<DWORD>(Record(run).size, kMostWatermarkSize);
+    ShowNumber(run, IDC_EDIT_WM_SIZE, std::max(static_cast<LONG>(size), kLeastWatermarkSize));
+    LimitNumber(run, IDC_EDIT_WM_ANGLE, kNumberCharacters, IDC_SPIN_WM_ANGLE, -kMostWatermarkAngle,
+                kMostWatermarkAngle);
+    ShowNumber(run, IDC_EDIT_WM_ANGLE, Record(run).angle);
+    char range[32];
+    std::snprintf(range, sizeof range, "[%ld - %ld]", static_cast<long>(-kMostWatermarkAngle),
+                  static_cast<long>(kMostWatermarkAngle));
+    SetDlgItemTextA(run.window, IDC_ST_WM_ANGLE_RANGE, range);
+}
+
+void ShowSlider(Run& run, const PositionRow& row, LONG percent) {
+    const LONG place = (percent - row.start) / row.slope;
+    SendDlgItemMessageA(run.window, row.slider, TBM_SETPOS, TRUE, place);
+}
+
+void ShowPosition(Run& run) {
+    for (const PositionRow& row : kPositions) {
+        LimitNumber(run, row.edit, kNumberCharacters, row.spin, -kMostPercent, kMostPercent);
+        SendDlgItemMessageA(run.window, row.slider, TBM_SETRANGE, FALSE, MAKELONG(0, kMostSlider));
+        for (const int id : {row.slider, row.edit, row.spin})
+            EnableWindow(ControlOf(run, id), TRUE);
+        const LONG percent = AxisOf(run, row).PercentOf(Record(run).*row.offset);
+        ShowNumber(run, row.edit, percent);
+        ShowSlider(run, row, percent);
+    }
+}
+
+// Users who are no administrators have their own watermarks only.
+void ShowSharing(Run& run) {
+    SheetContext& context = run.context;
+    const WatermarkEdit& edit = EditOf(run);
+    const bool described = !edit.isNew && edit.record.id < kFirstUserWatermark;
+    const bool nt = context.platformId == VER_PLATFORM_WIN32_NT;
+    const bool user = nt && !IsAdministrator();
+    const bool common =
+        described || (edit.isNew ? !user : IsCommonWatermark(context, edit.record.id));
+    CheckRadioButton(run.window, IDC_RADIO_WM_SHARED, IDC_RADIO_WM_OWN,
+                     common ? IDC_RADIO_WM_SHARED : IDC_RADIO_WM_OWN);
+    for (const int id : {IDC_GRP_WM_SHARING, IDC_RADIO_WM_SHARED, IDC_RADIO_WM_OWN}) {
+        EnableWindow(ControlOf(run, id), nt && !user && !described);
+    }
+}
+
+void ShowWatermark(Run& run) {
+    SendDlgItemMessageA(run.window, IDC_EDIT_WM_NAME, EM_LIMITTEXT, kTypedNameCharacters, 0);
+    SendDlgItemMessageA(run.window, IDC_EDIT_WM_TEXT, EM_LIMITTEXT, kMostTextCharacters, 0);
+    ShowText(run, IDC_EDIT_WM_NAME, BoundedText(Record(run).name));
+    ShowText(run, IDC_EDIT_WM_TEXT, BoundedText(Record(run).text));
+    ShowTypefaces(run);
+    ShowLook(run);
+    ShowSizeAndAngle(run);
+    PlaceWatermarkPreview(run.context, run.window, IDC_PIC_WM_FRAME, IDC_PIC_WM_PAPER);
+    ShowPosition(run);
+    ShowSharing(run);
+}
+
+// --- Name and text ---
+
+std::string WithoutLeadingBlanks(std::string text, size_t most) {
+    text.erase(0, std::min(text.find_first_not_of(' '), text.size()));
+    return text.substr(0, most);
+}
+
+void TakeText(Run& run) {
+    if (run.id != IDC_EDIT_WM_TEXT || run.code != EN_CHANGE) return;
+    CopyText(Record(run).text, TextOf(run, IDC_EDIT_WM_TEXT).c_str());
+    Redraw(run);
+}
+
+void SelectAll(Run& run, int id) {
+    SendDlgItemMessageA(run.window, id, EM_SETSEL, 0, -1);
+}
+
+void PutDefaultBack(Run& run, int id) {
+    const WatermarkRecord fresh = MakeDefaultWatermark(run.context, EditOf(run).number);
+    if (id == IDC_EDIT_WM_NAME) {
+        ShowText(run, id, BoundedText(fresh.name));
+    } else {
+        SetDlgItemTextA(run.window, id, BoundedText(fresh.text).c_str());
+    }
+    SelectAll(run, id);
+    MessageBeep(MB_OK);
+}
+
+bool IsBlank(const Run& run, int id) {
+    return TextOf(run, id).find_first_not_of(' ') == std::string::npos;
+}
+
+void LeaveTexts(Run& run) {
+    if (run.code != EN_KILLFOCUS) return;
+    for (const int id : {IDC_EDIT_WM_NAME, IDC_EDIT_WM_TEXT}) {
+        if (static_cast<int>(run.id) == id && IsBlank(run, id)) PutDefaultBack(run, id);
+    }
+}
+
+// --- Numbers ---
+
+// What is typed into a number, and what is kept of it.
+struct Typed {
+    std::string kept;
+    LONG value;
+    bool isBent;  // something was taken out
+};
+
+enum class Strange { kDropped, kEndsNumber };
+
+// A sign counts in front of the first digit only.
+Typed ReadNumber(const Run& run, int id, Strange strange) {
+    const std::string text = TextOf(run, id);
+    Typed typed{};
+    for (const char c : text) {
+        const bool digit = c >= '0' && c <= '9';
+        if (digit || (c == '-' && typed.kept.empty())) {
+            typed.kept += c;
+            continue;
+        }
+        MessageBeep(MB_OK);
+        if (strange == Strange::kEndsNumber) break;
+    }
+    typed.isBent = typed.kept != text;
+    typed.value = static_cast<LONG>(std::strtol(typed.kept.c_str(), nullptr, 10));
+    return typed;
+}
+
+void ShowTyped(Run& run, int id, const std::string& text) {
+    ShowText(run, id, text);
+    SendDlgItemMessageA(run.window, id, EM_SETSEL, text.size(), static_cast<LPARAM>(text.size()));
+}
+
+// Values between the limits are taken as they are typed; others are brought there once the field is
+// left, because a number begins with its first digit.
+void TakeSize(Run& run) {
+    if (run.id != IDC_EDIT_WM_SIZE || (run.code != EN_CHANGE && run.code != EN_KILLFOCUS)) return;
+    const LONG typed = static_cast<LONG>(
+        std::clamp<long>(std::strtol(TextOf(run, IDC_EDIT_WM_SIZE).c_str(), nullptr, 10),
+                         kLeastWatermarkSize, kMostWatermarkSize));
+    Record(run).size = static_cast<DWORD>(typed);
+    if (run.code == EN_KILLFOCUS) ShowNumber(run, IDC_EDIT_WM_SIZE, typed);
+    Redraw(run);
+}
+
+void TakeAngle(Run& run) {
+    if (run.id != IDC_EDIT_WM_ANGLE || (run.code != EN_CHANGE && run.code != EN_KILLFOCUS)) return;
+    const Typed typed = ReadNumber(run, IDC_EDIT_WM_ANGLE, Strange::kDropped);
+    LONG& angle = Record(run).angle;
+    angle = std::clamp(typed.value, -kMostWatermarkAngle, kMostWatermarkAngle);
+    if (run.code == EN_KILLFOCUS) ShowNumber(run, IDC_EDIT_WM_ANGLE, angle);
+    if (run.code == EN_CHANGE && typed.isBent) {
+        ShowTyped(run, IDC_EDIT_WM_ANGLE, std::to_string(angle));
+    }
+    Redraw(run);
+}
+
+void TakePercent(Run& run) {
+    if (run.code != EN_CHANGE && run.code != EN_KILLFOCUS) return;
+    for (const PositionRow& row : kPositions) {
+        if (static_cast<int>(run.id) != row.edit) continue;
+        const Typed typed = ReadNumber(run, row.edit, Strange::kEndsNumber);
+        const LONG percent = std::clamp(typed.value, -kMostPercent, kMostPercent);
+        if (percent != typed.value || run.code == EN_KILLFOCUS) {
+            ShowTyped(run, row.edit, std::to_string(percent));
+        } else if (typed.isBent) {
+            ShowTyped(run, row.edit, typed.kept);
+        }
+        Record(run).*row.offset = AxisOf(run, row).OffsetOfPercent(percent);
+        ShowSlider(run, row, percent);
+        Redraw(run);
+    }
+}
+
+void TakeSlider(Run& run) {
+    for (const PositionRow& row : kPositions) {
+        if (static_cast<int>(run.id) != row.slider) continue;
+        const LRESULT place = SendDlgItemMessageA(run.window, row.slider, TBM_GETPOS, 0, 0);
+        const LONG percent = row.slope * static_cast<LONG>(place) + row.start;
+        Record(run).*row.offset = AxisOf(run, row).OffsetOfSlider(percent);
+        ShowNumber(run, row.edit, percent);
+        Redraw(run);
+    }
+}
+
+void Center(Run& run) {
+    if (run.id != IDC_BTN_WM_CENTER || run.code != BN_CLICKED) return;
+    for (const PositionRow& row : kPositions) {
+        Record(run).*row.offset = 0;
+        ShowNumber(run, row.edit, 0);
+        ShowSlider(run, row, 0);
+    }
+    Redraw(run);
+}
+
+// --- Typeface, style, colour ---
+
+int ChosenRow(const Run& run, int id) {
+    return static_cast<int>(SendDlgItemMessageA(run.window, id, CB_GETCURSEL, 0, 0));
+}
+
+void TakeTypeface(Run& run) {
+    if (run.id != IDC_COMBO_WM_FACE || run.code != CBN_SELCHANGE) return;
+    char name[LF_FACESIZE] = "";
+    const int row = ChosenRow(run, IDC_COMBO_WM_FACE);
+    if (row < 0 || SendDlgItemMessageA(run.window, IDC_COMBO_WM_FACE, CB_GETLBTEXTLEN, row, 0) >=
+                       LF_FACESIZE) {
+        return;
+    }
+    SendDlgItemMessageA(run.window, IDC_COMBO_WM_FACE, CB_GETLBTEXT, row,
+                        reinterpret_cast<LPARAM>(name));
+    CopyText(Record(run).typeface, name);
+    Redraw(run);
+}
+
+void TakeStyle(Run& run) {
+    if (run.id != IDC_COMBO_WM_STYLE || run.code != CBN_SELCHANGE) return;
+    const int style = std::max(ChosenRow(run, IDC_COMBO_WM_STYLE), 0);
+    Record(run).bold = static_cast<BYTE>(style & 1);
+    Record(run).italic = static_cast<BYTE>(style >> 1 & 1);
+    Redraw(run);
+}
+
+// What people made themselves in the colour dialog is kept as long as the module is.
+bool PickColour(Run& run, COLORREF& colour) {
+    static COLORREF custom[16] = {
+        RGB(255, 0, 0),     RGB(255, 255, 255), RGB(255, 255, 255), RGB(255, 255, 255),
+        RGB(255, 255, 255), RGB(255, 255, 255), RGB(255, 255, 255), RGB(255, 255, 255),
+        RGB(255, 255, 255), RGB(255, 255, 255), RGB(255, 255, 255), RGB(255, 255, 255),
+        RGB(255, 255, 255), RGB(255, 255, 255), RGB(255, 255, 255), RGB(255, 255, 255)};
+    CHOOSECOLORA request{};
+    request.lStructSize = sizeof request;
+    request.hwndOwner = run.window;
+    request.rgbResult = RGB(255, 0, 0);
+    request.lpCustColors = custom;
+    request.Flags = CC_RGBINIT | CC_FULLOPEN;
+    if (!ChooseColorA(&request)) return false;
+    colour = request.rgbResult;
+    return true;
+}
+
+void TakeColour(Run& run) {
+    if (run.id != IDC_COMBO_WM_COLOR || run.code != CBN_SELCHANGE) return;
+    WatermarkEdit& edit = EditOf(run);
+    const int row = ChosenRow(run, IDC_COMBO_WM_COLOR);
+    if (row < 0) return;
+    if (row == kOtherColour && !PickColour(run, edit.otherColour)) {
+        SendDlgItemMessageA(run.window, IDC_COMBO_WM_COLOR, CB_SETCURSEL,
+                            static_cast<WPARAM>(edit.colourRow), 0);
+        return;
+    }
+    edit.colourRow = row;
+    const COLORREF colour = row == kOtherColour ? edit.otherColour : kColours[row].colour;
+    edit.record.red = GetRValue(colour);
+    edit.record.green = GetGValue(colour);
+    edit.record.blue = GetBValue(colour);
+    Redraw(run);
+}
+
+// --- OK ---
+
+WatermarkRecord Finished(Run& run) {
+    WatermarkRecord record = Record(run);
+    const WatermarkRecord typed = record;
+    std::fill(std::begin(record.name), std::end(record.name), '\0');
+    std::fill(std::begin(record.text), std::end(record.text), '\0');
+    std::fill(std::begin(record.typeface), std::end(record.typeface), '\0');
+    CopyText(record.name,
+             WithoutLeadingBlanks(TextOf(run, IDC_EDIT_WM_NAME), kMostNameCharacters).c_str());
+    CopyText(record.text,
+             WithoutLeadingBlanks(TextOf(run, IDC_EDIT_WM_TEXT), kMostTextCharacters).c_str());
+    CopyText(record.typeface, BoundedText(typed.typeface).c_str());
+    record.positionMode = 0;
+    for (const PositionRow& row : kPositions) {
+        const WatermarkAxis axis = AxisOf(run, row);
+        const LONG percent = ReadNumber(run, row.edit, Strange::kEndsNumber).value;
+        if (axis.scale != 0) record.*row.offset = axis.OffsetOfPercent(percent);
+    }
+    return record;
+}
+
+int Say(Run& run, UINT textId, UINT style) {
+    return ShowMessageString(run.window, run.context.strings, textId, IDS_WARNING, style);
+}
+
+void GoBackToName(Run& run) {
+    SetFocus(ControlOf(run, IDC_EDIT_WM_NAME));
+    SelectAll(run, IDC_EDIT_WM_NAME);
+}
+
+// The other watermark keeps its id. Entry 0 stands for no watermark and keeps its name for itself.
+bool Overwrite(Run& run, WatermarkRecord record, const WatermarkRecord& other) {
+    HINSTANCE strings = run.context.strings;
+    const std::string name = BoundedText(record.name);
+    bool agreed = false;
+    if (other.id == 0) {
+        ShowMessageNaming(run.window, strings, IDS_NAME_NOT_VALID, IDS_WARNING, name.c_str(),
+                          MB_OK | MB_ICONEXCLAMATION);
+    } else {
+        MessageBeep(MB_OK);
+        agreed = ShowMessageNaming(run.window, strings, IDS_NAME_REGISTERED, IDS_WARNING,
+                                   name.c_str(), MB_OKCANCEL | MB_ICONEXCLAMATION) == IDOK;
+    }
+    if (!agreed) {
+        GoBackToName(run);
+        return false;
+    }
+    record.id = other.id;
+    if (!UpdateWatermark(run.context, record)) return false;
+    if (EditOf(run).isNew) run.context.privateSettings->mdmWatermark = other.id;
+    return true;
+}
+
+bool AddNew(Run& run, WatermarkRecord record) {
+    SheetContext& context = run.context;
+    const ListRoom room = RoomForWatermarks(context);
+    const bool shared = IsDlgButtonChecked(run.window, IDC_RADIO_WM_SHARED) == BST_CHECKED;
+    const bool common =
+        room.everybodyAddsCommon || (IsAdministrator() && shared && room.ForCommon());
+    if (common ? !room.ForCommon() : !room.ForOwn()) {
+        Say(run, IDS_WATERMARK_LIST_FULL, MB_OK | MB_ICONEXCLAMATION);
+        return false;
+    }
+    if (!AddWatermark(context, record, common)) return false;
+    context.privateSettings->mdmWatermark = record.id;
+    return true;
+}
+
+bool Change(Run& run, const WatermarkRecord& record) {
+    WatermarkRecord other{};
+    const bool isNew = EditOf(run).isNew;
+    if (FindWatermarkNamed(run.context, BoundedText(record.name), isNew ? kNoRecord : record.id,
+                           other)) {
+        return Overwrite(run, record, other);
+    }
+    if (isNew) return AddNew(run, record);
+    const bool shared = IsDlgButtonChecked(run.window, IDC_RADIO_WM_SHARED) == BST_CHECKED;
+    return UpdateWatermarkIn(run.context, record, shared);
+}
+
+bool Accept(Run& run) {
+    for (const int id : {IDC_EDIT_WM_NAME, IDC_EDIT_WM_TEXT}) {
+        if (!IsBlank(run, id)) continue;
+        PutDefaultBack(run, id);
+        SetFocus(ControlOf(run, id));
+        return false;
+    }
+    SheetContext& context = run.context;
+    const DWORD before = context.privateSettings->mdmWatermark;
+    const bool done = Change(run, Finished(run));
+    if (!CommitWatermarks(context)) {
+        context.privateSettings->mdmWatermark = before;
+        Say(run, IDS_LIST_NOT_STORED, MB_OK | MB_ICONEXCLAMATION);
+        return false;
+    }
+    CopyChosenWatermark(context);
+    return done;
+}
+
+void AcceptOnOk(Run& run) {
+    if (run.id == IDOK && Accept(run)) EndDialog(run.window, kDone);
+}
+
+// What the editor shows by itself is no input.
+void StopOwnChanges(Run& run) {
+    if (EditOf(run).isShowing) run.over = true;
+}
+
+constexpr DialogDefinition kWatermarkEditor = {
+    .templateName = "_LBPQUARNWATERCOLOR",
+    .helpTopic = 5117,
+    .ok = {0, kDone},  // may keep the dialog open
+    .cancel = {IDCANCEL, kCancelled},
+    .open = InOrder<MakeRecord, SetCaptions, ShowWatermark>,
+    .command = InOrder<StopOwnChanges, TakeText, LeaveTexts, TakeSize, TakeAngle, TakePercent,
+                       Center, TakeTypeface, TakeStyle, TakeColour, AcceptOnOk>,
+    .scroll = TakeSlider,
+};
+
+}  // namespace
+
+void BeginWatermarkEdit(Run& run) {
+    const bool adds = run.id == IDC_BTN_WATERMARK_ADD;
+    if ((!adds && run.id != IDC_BTN_WATERMARK_EDIT) || run.code != BN_CLICKED) return;
+    WatermarkEdit*& edit = run.context.shared->lists.watermarkEdit;
+    if (edit == nullptr) edit = new WatermarkEdit{};
+    const HWND list = ControlOf(run, IDC_LIST_WATERMARK);
+    const LRESULT count = SendMessageA(list, LB_GETCOUNT, 0, 0);
+    std::vector<std::string> names;
+    for (LRESULT row = 0; row < count; ++row) {
+        char name[64] = "";
+        if (SendMessageA(list, LB_GETTEXTLEN, static_cast<WPARAM>(row), 0) <
+            static_cast<LRESULT>(sizeof name)) {
+            SendMessageA(list, LB_GETTEXT, static_cast<WPARAM>(row),
+                         reinterpret_cast<LPARAM>(name));
+        }
+        names.emplace_back(name);
+    }
+    *edit = {};
+    edit->isNew = adds;
+    edit->number = DefaultWatermarkNumber(run.context, names);
+}
+
+void EndWatermarkEdit(Run& run) {
+    delete run.context.shared->lists.watermarkEdit;
+    run.context.shared->lists.watermarkEdit = nullptr;
+}
+
+INT_PTR CALLBACK EditWatermarkDlgProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    return RunDialog(kWatermarkEditor, dialog, message, wParam, lParam);
+}
+
+}  // namespace kvui
