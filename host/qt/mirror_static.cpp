@@ -187,8 +187,11 @@ class StaticMirror : public Mirror {
     StaticMirror(QtDisplay& owner, HWND handle, QWidget* parent) : Mirror(owner, handle) {
         auto* label = new StaticWidget(owner, handle, parent);
         const DWORD type = TypeOf(handle, SS_TYPEMASK);
-        if (type == SS_BLACKFRAME || type == SS_ETCHEDFRAME || type == SS_ETCHEDHORZ)
+        // What stands in a frame is in front of it.
+        if (type == SS_BLACKFRAME || type == SS_ETCHEDFRAME || type == SS_ETCHEDHORZ ||
+            (Style() & SS_SUNKEN) != 0) {
             label->lower();
+        }
         SetWidget(label);
     }
 
