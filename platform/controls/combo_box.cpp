@@ -158,6 +158,8 @@ LRESULT Choose(HWND handle, int index) {
     // A handler of CBN_DROPDOWN may have rebuilt the list.
     if (!StateFor(*window).entries.Has(index)) return CloseList(handle, Ending::kCancel), 0;
     SelectQuietly(*window, index);
+    // A dialog that a handler opens takes the focus, which closes the list: the choice stands then.
+    StateFor(*window).selectionBeforeDrop = index;
     if (!Notify(handle, CBN_SELENDOK) || !Notify(handle, CBN_SELCHANGE)) return 1;
     if (!IsDropped(handle)) return 1;
     SetDropped(handle, false);
