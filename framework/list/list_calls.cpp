@@ -25,7 +25,7 @@ int CopyRecord(ListHandle list, ListKind kind, void* target, DWORD id) {
 
 DWORD FreeRecordId(ListHandle list, ListKind kind, DWORD lowest, DWORD highest) {
     const auto copy = FindCopy(list, kind);
-    return copy ? copy->FreeId(lowest, highest) : 0;
+    return copy ? copy->ReserveId(lowest, highest) : 0;
 }
 
 int AddRecord(ListHandle list, ListKind kind, const void* record, DWORD scope) {

@@ -77,7 +77,7 @@ std::shared_ptr<WorkingCopy> WorkingCopy::Read(const ListFormat& format,
     if (format.firstUserId != 0 && ReadOwnList(format, name, own) == StoredList::kUnreadable) {
         return nullptr;
     }
-    std::shared_ptr<WorkingCopy> copy(new WorkingCopy(format));
+    std::shared_ptr<WorkingCopy> copy(new WorkingCopy(format, name));
     for (Record& record : DescribedRecords(format, printer)) {
         copy->entries_.push_back({Owner::kDescription, std::move(record)});
     }
@@ -90,10 +90,12 @@ std::shared_ptr<WorkingCopy> WorkingCopy::Read(const ListFormat& format,
 // a common entry meanwhile; the user's entry then gets a free one.
 void WorkingCopy::AddOwn(Records own) {
     for (Record& record : own) {
-        if (Find(RecordId(format_, record.data()))) {
-            const DWORD id = FreeId(format_.firstUserId, 0x7FFFFFFF);
+        const DWORD taken = RecordId(format_, record.data());
+        if (Find(taken)) {
+            Note(Owner::kUser, taken, &record);
+            const DWORD id = FreeId(format_.firstUserId, format_.lastId);
             std::memcpy(record.data() + format_.idOffset, &id, sizeof id);
-            ownChanged_ = true;
+            Note(Owner::kUser, id, nullptr);
         }
         entries_.push_back({Owner::kUser, std::move(record)});
     }
@@ -140,6 +142,21 @@ DWORD WorkingCopy::FreeId(DWORD lowest, DWORD highest) const {
     return candidate <= highest ? candidate : 0;
 }
 
+// Ids are not given again while there are others, so that settings that name a deleted entry never
+// come upon a new one.
+DWORD WorkingCopy::ReserveId(DWORD lowest, DWORD highest) const {
+    DWORD id = 0;
+    const DWORD error = kvlist::ReserveId(
+        format_, printer_, {lowest, highest},
+        [this](IdRange range, DWORD next) {
+            const DWORD fresh = FreeId(next, range.highest);
+            return fresh != 0 ? fresh : FreeId(range.lowest, range.highest);
+        },
+        id);
+    SetLastError(error);
+    return id;
+}
+
 // Bins are one list for everybody whose working copy anyone may edit: only its Write asks for
 // rights, because dialogs undo their edits entry by entry.
 bool WorkingCopy::MayChange(const Entry& entry) const {
@@ -161,8 +178,11 @@ bool WorkingCopy::DiffersInDerivedFieldOnly(const Record& left, const Record& ri
            left.compare(end, std::string::npos, right, end, std::string::npos) == 0;
 }
 
-void WorkingCopy::MarkChanged(Owner owner) {
-    (owner == Owner::kUser ? ownChanged_ : commonChanged_) = true;
+WorkingCopy::Touch& WorkingCopy::Note(Owner owner, DWORD id, const Record* before) {
+    Touches& touches = owner == Owner::kUser ? own_ : common_;
+    const auto [at, isNew] = touches.try_emplace(id);
+    if (isNew && before) at->second.before = *before;
+    return at->second;
 }
 
 bool WorkingCopy::Add(const void* record, DWORD scope) {
@@ -178,7 +198,7 @@ bool WorkingCopy::Add(const void* record, DWORD scope) {
         return static_cast<int>(other.owner) > static_cast<int>(owner);
     });
     entries_.insert(end, std::move(entry));
-    MarkChanged(owner);
+    Note(owner, id, nullptr);
     return true;
 }
 
@@ -189,7 +209,7 @@ bool WorkingCopy::Update(const void* record, DWORD id) {
     std::memcpy(fresh.data() + format_.idOffset, &id, sizeof id);
     if (fresh == entry->record) return true;
     if (MayChange(*entry)) {
-        MarkChanged(entry->owner);
+        Note(entry->owner, id, &entry->record);
     } else if (!DiffersInDerivedFieldOnly(fresh, entry->record)) {
         return false;
     }
@@ -200,24 +220,57 @@ bool WorkingCopy::Update(const void* record, DWORD id) {
 bool WorkingCopy::Remove(DWORD id) {
     Entry* entry = FindEntry(id);
     if (!entry || !MayChange(*entry)) return false;
-    MarkChanged(entry->owner);
+    Note(entry->owner, id, &entry->record).wasRemoved = true;
     entries_.erase(entries_.begin() + (entry - entries_.data()));
     return true;
 }
 
-Records WorkingCopy::RecordsOf(Owner owner) const {
-    Records records;
-    for (const Entry& entry : entries_) {
-        if (entry.owner == owner) records.push_back(entry.record);
+// An entry that somebody else deleted comes back when it was changed here, because it is of use to
+// somebody. What readers work out anew is no reason to undo what others did.
+void WorkingCopy::MergeEntry(const Record& mine, const Touch& touch, Records& stored) const {
+    const DWORD id = RecordId(format_, mine.data());
+    const auto at = std::find_if(stored.begin(), stored.end(), [&](const Record& record) {
+        return RecordId(format_, record.data()) == id;
+    });
+    const bool untouched = touch.before && DiffersInDerivedFieldOnly(mine, *touch.before);
+    if (at == stored.end()) {
+        if (!untouched || touch.wasRemoved) stored.push_back(mine);
+    } else if (touch.wasRemoved) {
+        stored.erase(at);
+        stored.push_back(mine);
+    } else if (untouched) {
+        at->replace(format_.derived.offset, format_.derived.size, mine, format_.derived.offset,
+                    format_.derived.size);
+    } else {
+        *at = mine;
     }
-    return records;
 }
 
-WriteResult WorkingCopy::Write(const std::string& printer) const {
-    const Records common = RecordsOf(Owner::kEverybody);
-    const Records own = RecordsOf(Owner::kUser);
-    const DWORD error = WriteLists(format_, printer, commonChanged_ ? &common : nullptr,
-                                   ownChanged_ ? &own : nullptr);
+void WorkingCopy::Merge(Owner owner, const Touches& touches, Records& stored) const {
+    std::erase_if(stored, [&](const Record& record) {
+        const DWORD id = RecordId(format_, record.data());
+        if (!touches.contains(id)) return false;
+        const auto kept = std::find_if(entries_.begin(), entries_.end(), [&](const Entry& entry) {
+            return entry.owner == owner && RecordId(format_, entry.record.data()) == id;
+        });
+        return kept == entries_.end();
+    });
+    for (const Entry& entry : entries_) {
+        if (entry.owner != owner) continue;
+        const auto touch = touches.find(RecordId(format_, entry.record.data()));
+        if (touch != touches.end()) MergeEntry(entry.record, touch->second, stored);
+    }
+}
+
+WriteResult WorkingCopy::Write(const PrinterBlock& printer) const {
+    const std::string name = PrinterName(printer);
+    const DWORD error =
+        ChangeLists(format_, name, {!common_.empty(), !own_.empty()},
+                    InitialRecords(format_, printer), [this](Records& common, Records& own) {
+                        Merge(Owner::kEverybody, common_, common);
+                        Merge(Owner::kUser, own_, own);
+                        return DWORD{ERROR_SUCCESS};
+                    });
     SetLastError(error);
     return error == ERROR_SUCCESS ? WriteResult::kWritten : WriteResult::kRefused;
 }
@@ -243,7 +296,7 @@ std::shared_ptr<WorkingCopy> FindCopy(ListHandle handle, ListKind kind) {
 int WriteAndClose(ListHandle handle, PrinterBlock* printer, ListKind kind) {
     const auto copy = FindCopy(handle, kind);
     if (!copy || !printer) return 0;
-    const WriteResult result = copy->Write(PrinterName(*printer));
+    const WriteResult result = copy->Write(*printer);
     Copies().Remove(reinterpret_cast<std::uintptr_t>(handle));
     return result == WriteResult::kWritten;
 }

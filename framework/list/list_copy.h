@@ -4,7 +4,9 @@
 
 #include <kvlist.h>
 
+#include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,31 +28,44 @@ class WorkingCopy {
     // Records of the scope in stored order, one behind the other.
     int CopyTo(void* buffer, DWORD scope) const;
     const Record* Find(DWORD id) const;
+    // The smallest that the copy does not use; 0 when there is none.
     DWORD FreeId(DWORD lowest, DWORD highest) const;
+    // One that no other copy is given; 0 when there is none, or it could not be reserved.
+    DWORD ReserveId(DWORD lowest, DWORD highest) const;
 
     bool Add(const void* record, DWORD scope);
     bool Update(const void* record, DWORD id);
     bool Remove(DWORD id);
 
-    WriteResult Write(const std::string& printer) const;
+    // Applies what was changed here to what is stored now.
+    WriteResult Write(const PrinterBlock& printer) const;
 
  private:
-    explicit WorkingCopy(const ListFormat& format) : format_(format) {}
+    WorkingCopy(const ListFormat& format, std::string printer)
+        : format_(format), printer_(std::move(printer)) {}
     struct Entry {
         Owner owner;
         Record record;
     };
     Entry* FindEntry(DWORD id);
+    // What became of an entry here: how it was read, nothing for a new one, and whether it was
+    // taken out in between, which brings it to the end.
+    struct Touch {
+        std::optional<Record> before;
+        bool wasRemoved = false;
+    };
+    using Touches = std::map<DWORD, Touch>;
     bool MayChange(const Entry& entry) const;
     bool DiffersInDerivedFieldOnly(const Record& left, const Record& right) const;
-    void MarkChanged(Owner owner);
-    Records RecordsOf(Owner owner) const;
+    Touch& Note(Owner owner, DWORD id, const Record* before);
+    void Merge(Owner owner, const Touches& touches, Records& stored) const;
+    void MergeEntry(const Record& mine, const Touch& touch, Records& stored) const;
     void AddOwn(Records own);
 
     const ListFormat& format_;
     std::vector<Entry> entries_;  // description, then everybody's, then the user's
-    bool commonChanged_ = false;
-    bool ownChanged_ = false;
+    std::string printer_;
+    Touches common_, own_;  // by id
 };
 
 ListHandle OpenCopy(ListKind kind, DWORD number, PrinterBlock* printer);

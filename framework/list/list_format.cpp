@@ -8,6 +8,8 @@ namespace {
 
 constexpr DWORD kFirstUserPaper = 512;
 constexpr DWORD kFirstUserMark = 128;
+constexpr DWORD kFirstPrivatePaper = 0x4000, kLastPaper = 0x7FFF;  // as dmPaperSize has room for
+constexpr DWORD kFirstPrivateMark = 0x40000000, kLastMark = 0x7FFFFFFF;
 
 constexpr Field kPaperTexts[] = {
     {offsetof(CustomPaperRecord, displayName), sizeof CustomPaperRecord::displayName},
@@ -31,14 +33,16 @@ constexpr std::size_t kBinSize = sizeof(BinRecord);
 constexpr std::size_t kBinId = offsetof(BinRecord, identifier);
 constexpr std::size_t kEntryId = offsetof(BinRecord, entryId);
 
-// kind, number, stored name, record size, id offset, first user id, texts, derived field
+// clang-format off
+// kind, number, stored name, record size, id offset, ids: first of users, first private, last; texts, derived
 constexpr ListFormat kFormats[] = {
-    {ListKind::kPaper, 0, "Papers", kPaperSize, 0, kFirstUserPaper, kPaperTexts, kNothing},
-    {ListKind::kWatermark, 0, "Watermarks", kMarkSize, 0, kFirstUserMark, kMarkTexts, kAngle},
-    {ListKind::kInputBin, 0, "InputBins0", kBinSize, kBinId, 0, kBinTexts, kNothing},
-    {ListKind::kInputBin, 1, "InputBins1", kBinSize, kBinId, 0, kBinTexts, kNothing},
-    {ListKind::kOutputBin, 0, "OutputBins", kBinSize, kEntryId, 0, kBinTexts, kNothing},
+    {ListKind::kPaper,     0, "Papers",     kPaperSize, 0,        kFirstUserPaper, kFirstPrivatePaper, kLastPaper, kPaperTexts, kNothing},
+    {ListKind::kWatermark, 0, "Watermarks", kMarkSize,  0,        kFirstUserMark,  kFirstPrivateMark,  kLastMark,  kMarkTexts,  kAngle},
+    {ListKind::kInputBin,  0, "InputBins0", kBinSize,   kBinId,   0, 0, 0,                                         kBinTexts,   kNothing},
+    {ListKind::kInputBin,  1, "InputBins1", kBinSize,   kBinId,   0, 0, 0,                                         kBinTexts,   kNothing},
+    {ListKind::kOutputBin, 0, "OutputBins", kBinSize,   kEntryId, 0, 0, 0,                                         kBinTexts,   kNothing},
 };
+// clang-format on
 
 }  // namespace
 

@@ -24,6 +24,10 @@ struct ListFormat {
     std::size_t recordSize;
     std::size_t idOffset;
     DWORD firstUserId;  // lower ids belong to the printer description; 0: no such split
+    // Users who may not change the common list give their own entries ids from here on, which no
+    // common entry is ever given.
+    DWORD firstPrivateId;
+    DWORD lastId;
     std::span<const Field> texts;
     // What readers work out anew and may keep in their copy even of entries that they may not
     // change (the angle of a diagonal watermark follows the paper); size 0: nothing.

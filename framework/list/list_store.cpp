@@ -3,11 +3,15 @@
 #include "list_store.h"
 
 #include <framework/spool/printer_places.h>
+#include <platform/registry/state_store.h>
+#include <platform/security/access.h>
 #include <winbase.h>
 #include <winreg.h>
 #include <winspool.h>
 
+#include <algorithm>
 #include <cstring>
+#include <optional>
 #include <set>
 
 namespace kvlist {
@@ -105,16 +109,19 @@ std::string DataName(const ListFormat& format) {
     return kDataPrefix + std::string(format.name);
 }
 
-DWORD WriteCommon(const ListFormat& format, const std::string& printer, const Records& records) {
+DWORD WriteCommonValue(const std::string& printer, std::string name, Stored stored) {
     PRINTER_DEFAULTSA access{nullptr, nullptr, PRINTER_ACCESS_ADMINISTER | PRINTER_ACCESS_USE};
     HANDLE handle = nullptr;
     if (!OpenPrinterA(const_cast<LPSTR>(printer.c_str()), &handle, &access)) return GetLastError();
-    std::string bytes = Pack(format, records);
-    const DWORD error =
-        SetPrinterDataA(handle, DataName(format).data(), REG_BINARY,
-                        reinterpret_cast<BYTE*>(bytes.data()), static_cast<DWORD>(bytes.size()));
+    const DWORD error = SetPrinterDataA(handle, name.data(), stored.type,
+                                        reinterpret_cast<BYTE*>(stored.bytes.data()),
+                                        static_cast<DWORD>(stored.bytes.size()));
     ClosePrinter(handle);
     return error;
+}
+
+DWORD WriteCommon(const ListFormat& format, const std::string& printer, const Records& records) {
+    return WriteCommonValue(printer, DataName(format), {REG_BINARY, Pack(format, records)});
 }
 
 // A printer of one's own may have the name of one of the machine's.
@@ -196,22 +203,120 @@ StoredList ReadOwnList(const ListFormat& format, const std::string& printer, Rec
     return ListOf(format, error, stored, records);
 }
 
-DWORD WriteLists(const ListFormat& format, const std::string& printer, const Records* common,
-                 const Records* own) {
-    if (!common && !own) return ERROR_SUCCESS;
-    for (const Records* records : {common, own}) {
-        if (records && !HasRoom(format, *records)) return kNotEnoughQuota;
+namespace {
+
+DWORD ReadForChange(const ListFormat& format, const std::string& printer, ListParts parts,
+                    const Records& initial, Records& common, Records& own) {
+    if (parts.common) {
+        const StoredList stored = ReadCommonList(format, printer, common);
+        if (stored == StoredList::kUnreadable) return GetLastError();
+        if (stored == StoredList::kMissing) common = initial;
     }
-    // The printer's store is the user's too where the printer is an own one; a list of which
-    // nothing changed leaves the store of its part alone.
+    if (parts.own && ReadOwnList(format, printer, own) == StoredList::kUnreadable) {
+        return GetLastError();
+    }
+    return ERROR_SUCCESS;
+}
+
+// The store of the common part, and that of the user's, as far as they are needed. Where both are
+// one, the inner transaction ends with the outer one.
+class Change {
+ public:
+    Change(kv::StatePlace common, ListParts parts) {
+        if (parts.common) outer_.emplace(kv::StateStore::Of(common));
+        if (parts.own) own_.emplace(kv::StateStore::Of(kv::StatePlace::kPerson));
+    }
+    DWORD Error() const {
+        if (outer_ && outer_->Error() != ERROR_SUCCESS) return outer_->Error();
+        return own_ ? own_->Error() : DWORD{ERROR_SUCCESS};
+    }
+    DWORD Commit() {
+        DWORD error = own_ ? own_->Commit() : DWORD{ERROR_SUCCESS};
+        if (error == ERROR_SUCCESS && outer_) error = outer_->Commit();
+        return error;
+    }
+
+ private:
+    // Ended in the reverse order.
+    std::optional<kv::StoreTransaction> outer_, own_;
+};
+
+kv::StatePlace PlaceOf(const std::string& printer) {
     kvspool::PlacedPrinter found;
     kvspool::FindPrinter(printer, found);
-    const kv::StatePlace outer = common ? found.place : kv::StatePlace::kPerson;
-    kv::StoreTransaction transaction(kv::StateStore::Of(outer));
+    return found.place;
+}
+
+constexpr const char* kNext = ".Next";
+
+DWORD ReadNextId(const ListFormat& format, const std::string& printer, bool common) {
+    const auto type = REG_DWORD;
+    DWORD next = 0, found = 0, size = sizeof next;
+    std::string name = DataName(format) + kNext;
+    DWORD error = ERROR_FILE_NOT_FOUND;
+    if (common) {
+        HANDLE handle = nullptr;
+        if (!OpenPrinterA(const_cast<LPSTR>(printer.c_str()), &handle, nullptr)) return 0;
+        error = GetPrinterDataA(handle, name.data(), &found, reinterpret_cast<BYTE*>(&next),
+                                sizeof next, &size);
+        ClosePrinter(handle);
+    } else {
+        OwnedKey own;
+        if (own.Open(OwnKey(printer)) != ERROR_SUCCESS) return 0;
+        name = std::string(format.name) + kNext;
+        error = static_cast<DWORD>(RegQueryValueExA(own.key, name.c_str(), nullptr, &found,
+                                                    reinterpret_cast<BYTE*>(&next), &size));
+    }
+    return error == ERROR_SUCCESS && found == type && size == sizeof next ? next : 0;
+}
+
+DWORD WriteNextId(const ListFormat& format, const std::string& printer, bool common, DWORD next) {
+    std::string bytes(reinterpret_cast<const char*>(&next), sizeof next);
+    if (common) return WriteCommonValue(printer, DataName(format) + kNext, {REG_DWORD, bytes});
+    OwnedKey own;
+    const DWORD error = own.Create(OwnKey(printer));
+    const std::string name = std::string(format.name) + kNext;
+    return error == ERROR_SUCCESS ? WriteOwnValue(own.key, name.c_str(), {REG_DWORD, bytes})
+                                  : error;
+}
+
+}  // namespace
+
+DWORD ChangeLists(const ListFormat& format, const std::string& printer, ListParts parts,
+                  const Records& initial, const ListChange& change) {
+    if (!parts.common && !parts.own) return ERROR_SUCCESS;
+    Change transaction(PlaceOf(printer), parts);
+    Records common, own;
     DWORD error = transaction.Error();
-    if (error == ERROR_SUCCESS && common) error = WriteCommon(format, printer, *common);
-    if (error == ERROR_SUCCESS && own) error = WriteOwn(format, printer, *own);
+    if (error == ERROR_SUCCESS) {
+        error = ReadForChange(format, printer, parts, initial, common, own);
+    }
+    if (error == ERROR_SUCCESS) error = change(common, own);
+    if (error != ERROR_SUCCESS) return error;
+    if (!HasRoom(format, common) || !HasRoom(format, own)) return kNotEnoughQuota;
+    if (parts.common) error = WriteCommon(format, printer, common);
+    if (error == ERROR_SUCCESS && parts.own) error = WriteOwn(format, printer, own);
     return error == ERROR_SUCCESS ? transaction.Commit() : error;
+}
+
+DWORD ReserveId(const ListFormat& format, const std::string& printer, IdRange wanted,
+                const IdPick& pick, DWORD& id) {
+    id = 0;
+    const kv::StatePlace place = PlaceOf(printer);
+    const bool common = kv::ActsAsAdministrator(place);
+    const DWORD first = common ? format.firstUserId : format.firstPrivateId;
+    const DWORD last = common ? format.firstPrivateId - 1 : format.lastId;
+    const IdRange range{std::max(wanted.lowest, first), std::min(wanted.highest, last)};
+    kv::StoreTransaction transaction(kv::StateStore::Of(common ? place : kv::StatePlace::kPerson));
+    DWORD error = transaction.Error();
+    if (error != ERROR_SUCCESS) return error;
+    const DWORD next = std::max(ReadNextId(format, printer, common), range.lowest);
+    const DWORD picked = pick(range, next);
+    if (picked == 0) return kNotEnoughQuota;
+    if (picked >= next) error = WriteNextId(format, printer, common, picked + 1);
+    if (error == ERROR_SUCCESS) error = transaction.Commit();
+    if (error == ERROR_SUCCESS) id = picked;
+    return error;
 }
 
 // Byte for byte, so that a list that cannot be read is not lost either.

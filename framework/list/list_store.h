@@ -5,6 +5,7 @@
 
 #include <platform/shell/state_directory.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -23,12 +24,28 @@ enum class StoredList { kMissing, kFound, kUnreadable };
 StoredList ReadCommonList(const ListFormat& format, const std::string& printer, Records& records);
 StoredList ReadOwnList(const ListFormat& format, const std::string& printer, Records& records);
 
-// Null pointers are parts that did not change. Both parts are stored together or none is, where
-// they lie in one store; of two, the user's is stored first. The answer is a platform error code,
-// ERROR_ACCESS_DENIED when the common part takes an administrator. More records than a reader takes
-// are refused.
-DWORD WriteLists(const ListFormat& format, const std::string& printer, const Records* common,
-                 const Records* own);
+struct ListParts {
+    bool common, own;
+};
+// Changes what is stored now. `change` is given the parts that change, as they are stored, the
+// common one with `initial` where there is none yet; meanwhile nobody else writes them. Both are
+// stored together or none is, where they lie in one store; of two, the user's is stored first. The
+// answer is a platform error code: that of `change`, ERROR_ACCESS_DENIED when the common part takes
+// an administrator, ERROR_INVALID_DATA (13) when what is stored cannot be read. More records than a
+// reader takes are refused.
+using ListChange = std::function<DWORD(Records& common, Records& own)>;
+DWORD ChangeLists(const ListFormat& format, const std::string& printer, ListParts parts,
+                  const Records& initial, const ListChange& change);
+
+// Ids are given once: `pick` is told the first one that never was given in the caller's range, and
+// answers the one that it takes, or 0. The range is that of common entries, or the private one for
+// users who may not change these.
+struct IdRange {
+    DWORD lowest, highest;
+};
+using IdPick = std::function<DWORD(IdRange range, DWORD next)>;
+DWORD ReserveId(const ListFormat& format, const std::string& printer, IdRange wanted,
+                const IdPick& pick, DWORD& id);
 
 // The user's own entries of one printer become those of another, too. Where there are none, none
 // are taken from it. A platform error code.

@@ -9,6 +9,7 @@
 
 #include "resources/string_ids.h"
 #include "sheet/fixed_text.h"
+#include "sheet/printer_data_change.h"
 #include "sheet/printer_values.h"
 
 namespace kvui {
@@ -111,12 +112,14 @@ void RemoveOverlay(OverlayBlock& block, int index) {
 void MakeFirstOverlay(SheetContext& context) {
     OverlayBlock block;
     if (!LoadOverlays(context, block) || block.count != 0) return;
+    PrinterDataChange change(context);
+    if (!change || !LoadOverlays(context, block) || block.count != 0) return;
     char none[sizeof block.entries[0].name] = "";
     LoadStringA(context.strings, IDS_OVERLAY_NONE, none, sizeof none);
     CopyText(block.entries[0].name, none);
     CopyText(block.entries[0].path, none);
     block.count = 1;
-    if (SaveOverlays(context, block)) context.privateSettings->mdmOverlay = 0;
+    if (SaveOverlays(context, block) && change.Commit()) context.privateSettings->mdmOverlay = 0;
 }
 
 bool ReadOverlayEntry(const SheetContext& context, const char* valueName, DWORD overlayId,

@@ -24,8 +24,8 @@ struct OverlayBlock {
 // Without any stored, count is 0. False when there may be some that cannot be read, or more than
 // there is room for: they must not be overwritten.
 bool LoadOverlays(const SheetContext& context, OverlayBlock& block);
-// False when the caller may not, or the printer cannot be reached; what was stored may be written
-// in part, names and files before the ids that count.
+// False when the caller may not, or the printer cannot be reached. Loaded and saved within one
+// PrinterDataChange, so that what others stored meanwhile stays, and all is stored or nothing.
 bool SaveOverlays(const SheetContext& context, const OverlayBlock& block);
 // Index of an id; -1 when there is none.
 int IndexOfOverlay(const OverlayBlock& block, DWORD id);

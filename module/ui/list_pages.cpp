@@ -16,6 +16,7 @@
 #include "rules/conflicts.h"
 #include "rules/gray_out.h"
 #include "sheet/message_box.h"
+#include "sheet/printer_data_change.h"
 #include "sheet/printer_values.h"
 #include "ui/page_definition.h"
 #include "ui/watermark_editor.h"
@@ -130,22 +131,27 @@ void RememberOverlay(Run& run) {
     run.context.shared->lists.overlayBefore = run.context.privateSettings->mdmOverlay;
 }
 
-// The one above it is chosen then.
+// The one above it is chosen then. False when it could not be stored.
+bool DeleteOverlay(SheetContext& context) {
+    DWORD& chosen = context.privateSettings->mdmOverlay;
+    PrinterDataChange change(context);
+    OverlayBlock block;
+    if (!change || !LoadOverlays(context, block)) return false;
+    const int index = IndexOfOverlay(block, chosen);
+    if (index <= 0) return true;
+    const DWORD above = block.ids[index - 1];
+    RemoveOverlay(block, index);
+    if (!SaveOverlays(context, block) || !change.Commit()) return false;
+    chosen = above;
+    return true;
+}
+
 void AskAndDeleteOverlay(Run& run) {
     if (run.id != IDC_BTN_OVERLAY_DELETE || run.code != BN_CLICKED) return;
     SheetContext& context = run.context;
-    OverlayBlock block;
-    if (!LoadOverlays(context, block)) return;
-    const int index = IndexOfOverlay(block, context.privateSettings->mdmOverlay);
     if (ShowMessageString(run.window, context.strings, IDS_OVERLAY_DELETE, IDS_WARNING,
                           MB_OKCANCEL | MB_ICONEXCLAMATION) != IDOK ||
-        index <= 0 || context.privateSettings->mdmOverlay == 0) {
-        return;
-    }
-    const DWORD above = block.ids[index - 1];
-    RemoveOverlay(block, index);
-    if (SaveOverlays(context, block)) {
-        context.privateSettings->mdmOverlay = above;
+        context.privateSettings->mdmOverlay == 0 || DeleteOverlay(context)) {
         return;
     }
     ShowMessageString(run.window, context.strings, IDS_LIST_NOT_STORED, IDS_WARNING,

@@ -16,6 +16,7 @@
 #include "settings/dialog_procedures.h"
 #include "sheet/fixed_text.h"
 #include "sheet/message_box.h"
+#include "sheet/printer_data_change.h"
 
 namespace kvui {
 namespace {
@@ -126,31 +127,28 @@ int Say(Run& run, UINT textId, const std::string& name, UINT style) {
                              style);
 }
 
-// The entry that gets the name and the path; -1 when the user goes back to the dialog. An entry of
-// the same name that may be overwritten takes a new overlay over, and gives way to an edited one.
-int PlaceFor(Run& run, OverlayBlock& block, const std::string& name) {
-    const bool edits = run.context.shared->lists.editsOverlay != FALSE;
-    const int same = IndexOfOverlayNamed(block, name.c_str(), Chosen(run));
-    if (same == 0) {
-        Say(run, IDS_NAME_NOT_VALID, name, MB_OK);
-        return -1;
+// The entry that gets the name and the path; -1 when there is no room. An entry of the same name
+// takes a new overlay over, and gives way to an edited one.
+int PlaceFor(Run& run, OverlayBlock& block, int same) {
+    if (same > 0 && !run.context.shared->lists.editsOverlay) {
+        Chosen(run) = block.ids[same];
+        return same;
     }
-    if (same > 0) {
-        if (Say(run, IDS_NAME_REGISTERED, name, MB_OKCANCEL) != IDOK) return -1;
-        if (!edits) {
-            Chosen(run) = block.ids[same];
-            return same;
-        }
-        RemoveOverlay(block, same);
-    }
+    if (same > 0) RemoveOverlay(block, same);
     const int own = IndexOfOverlay(block, Chosen(run));
     if (own >= 0) return own;
-    if (block.count == kMostOverlays) {
-        MessageBeep(MB_OK);
-        return -1;
-    }
+    if (block.count == kMostOverlays) return -1;
     block.ids[block.count] = Chosen(run);
     return static_cast<int>(block.count++);
+}
+
+// Whether another overlay's entry may be taken; the first entry stands for none and keeps its name.
+bool MayOverwrite(Run& run, int same, const std::string& name) {
+    if (same == 0) {
+        Say(run, IDS_NAME_NOT_VALID, name, MB_OK);
+        return false;
+    }
+    return Say(run, IDS_NAME_REGISTERED, name, MB_OKCANCEL) == IDOK;
 }
 
 bool SayNotStored(Run& run) {
@@ -159,7 +157,28 @@ bool SayNotStored(Run& run) {
     return false;
 }
 
-// Somebody else may have stored overlays since the dialog opened: what is stored now is changed.
+enum class Stored { kYes, kNo, kNameIsTaken };
+
+// What is stored now is changed, as one: somebody else may have stored overlays since the dialog
+// opened. `same` is then the entry of the name that was not agreed to be overwritten.
+Stored Store(Run& run, const std::string& name, const std::string& path, DWORD agreed, int& same,
+             DWORD& sameId) {
+    PrinterDataChange change(run.context);
+    OverlayBlock block;
+    if (!change || !LoadOverlays(run.context, block)) return Stored::kNo;
+    if (!run.context.shared->lists.editsOverlay) Chosen(run) = NextOverlayId(block);
+    same = IndexOfOverlayNamed(block, name.c_str(), Chosen(run));
+    sameId = same >= 0 ? block.ids[same] : 0;
+    if (same == 0 || (same > 0 && sameId != agreed)) return Stored::kNameIsTaken;
+    const int index = PlaceFor(run, block, same);
+    if (index < 0) return Stored::kNo;
+    CopyText(block.entries[index].name, name.c_str());
+    CopyText(block.entries[index].path, path.c_str());
+    return SaveOverlays(run.context, block) && change.Commit() ? Stored::kYes : Stored::kNo;
+}
+
+// Nothing is held up while a question waits for its answer; what was agreed to must still be so
+// afterwards.
 bool Accept(Run& run) {
     const std::string name = Trimmed(TextOf(run, IDC_EDIT_OVERLAY_NAME));
     std::string path = TextOf(run, IDC_EDIT_OVERLAY_FILE);
@@ -172,17 +191,17 @@ bool Accept(Run& run) {
                           MB_OK);
         return false;
     }
-    OverlayBlock block;
-    if (!LoadOverlays(run.context, block)) return SayNotStored(run);
-    if (!run.context.shared->lists.editsOverlay) Chosen(run) = NextOverlayId(block);
-    const int index = PlaceFor(run, block, name);
-    if (index < 0) {
-        SelectName(run);
-        return false;
+    int same = -1;
+    DWORD agreed = 0, sameId = 0;
+    Stored stored;
+    while ((stored = Store(run, name, path, agreed, same, sameId)) == Stored::kNameIsTaken) {
+        if (!MayOverwrite(run, same, name)) {
+            SelectName(run);
+            return false;
+        }
+        agreed = sameId;
     }
-    CopyText(block.entries[index].name, name.c_str());
-    CopyText(block.entries[index].path, path.c_str());
-    if (!SaveOverlays(run.context, block)) return SayNotStored(run);
+    if (stored == Stored::kNo) return SayNotStored(run);
     ReadChosenOverlayPath(run.context);
     return true;
 }

@@ -244,7 +244,10 @@ bool AddNew(Run& run, CustomPaperRecord record) {
         Say(run, IDS_PAPER_LIST_FULL, MB_OK | MB_ICONEXCLAMATION, IDOK);
         return false;
     }
-    if (!AddPaper(context, record, isCommon)) return false;
+    if (!AddPaper(context, record, isCommon)) {
+        Say(run, IDS_LIST_NOT_STORED, MB_OK | MB_ICONEXCLAMATION, IDOK);
+        return false;
+    }
     Record(run).id = record.id;
     return true;
 }

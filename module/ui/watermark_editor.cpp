@@ -486,7 +486,10 @@ bool AddNew(Run& run, WatermarkRecord record) {
         Say(run, IDS_WATERMARK_LIST_FULL, MB_OK | MB_ICONEXCLAMATION);
         return false;
     }
-    if (!AddWatermark(context, record, common)) return false;
+    if (!AddWatermark(context, record, common)) {
+        Say(run, IDS_LIST_NOT_STORED, MB_OK | MB_ICONEXCLAMATION);
+        return false;
+    }
     context.privateSettings->mdmWatermark = record.id;
     return true;
 }

@@ -1,8 +1,15 @@
 // The list service: scopes, rights, ids, commit and cancel, and stored lists that are damaged.
 #include <kvlist.h>
 
+#include <platform/registry/state_store.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <array>
+#include <cstdlib>
 #include <cstring>
+#include <set>
 #include <span>
 #include <vector>
 
@@ -209,6 +216,123 @@ TEST_F(Lists, AnOwnEntryWhoseIdBecameCommonGetsAnother) {
     CustomPaperRecord record{};
     ASSERT_TRUE(QDMMLTGetPaperWithID(papers, &printer, &record, 513));
     EXPECT_STREQ(record.displayName, "mine");
+}
+
+// Two people at one list: what either did is there afterwards.
+TEST_F(Lists, AWriteAppliesWhatWasChangedToWhatIsStoredNow) {
+    for (const DWORD id : {600, 601, 602, 603}) {
+        ASSERT_TRUE(AddTo(1, id, std::to_string(id).c_str()));
+    }
+    Commit();
+    const ListHandle other = QDMMLTReadPaper(&printer);
+    const auto change = [&](ListHandle list, DWORD id, const char* name) {
+        const CustomPaperRecord record = Paper(id, name);
+        ASSERT_TRUE(QDMMLTUpdatePaper(list, &printer, &record));
+    };
+    const auto add = [&](ListHandle list, const char* name, DWORD scope) {
+        CustomPaperRecord record = Paper(QDMMLTGetPaperID(list, 512, 0x7FFFFFFF), name);
+        EXPECT_TRUE(QDMMLTAddPaper(list, &printer, &record, scope));
+        return record.id;
+    };
+    const DWORD mine = add(papers, "mine", 1), theirs = add(other, "theirs", 1);
+    EXPECT_NE(mine, theirs);
+    add(other, "own", 2);
+    change(papers, 600, "first");
+    change(other, 600, "later");
+    change(papers, 601, "changed");
+    EXPECT_TRUE(QDMMLTDeletePaper(papers, &printer, 602));
+    EXPECT_TRUE(QDMMLTDeletePaper(papers, &printer, 603));
+    change(other, 602, "comes back");
+    Commit();
+    EXPECT_TRUE(QDMMLTWritePaper(other, &printer));
+    Drop();
+    EXPECT_THAT(Names(kScopeUser),
+                testing::ElementsAre("later", "changed", "mine", "comes back", "theirs", "own"));
+    // An id is not given again, so that no settings come upon another paper by it.
+    EXPECT_TRUE(QDMMLTDeletePaper(papers, &printer, theirs));
+    Commit();
+    EXPECT_GT(QDMMLTGetPaperID(papers, 512, 0x7FFFFFFF), theirs);
+
+    ASSERT_TRUE(AddTo(1, 700, "late"));
+    ASSERT_EQ(Put("KVList.Papers", REG_BINARY, "damaged"), ERROR_SUCCESS);
+    EXPECT_FALSE(QDMMLTWritePaper(papers, &printer)) << "what cannot be read is not overwritten";
+    kv::StoredValue stored;
+    kv::StateStore::Get().GetPrinterData(printer.printerName, "KVList.Papers", stored);
+    EXPECT_EQ(stored.data, "damaged");
+    papers = nullptr;
+}
+
+// The angle of a diagonal watermark is worked out by every reader: it undoes no change of others.
+TEST_F(Lists, WhatIsDerivedIsNoChangeOfAnEntry) {
+    ListHandle marks = QDMMLTReadWatermark(&printer);
+    WatermarkRecord record{};
+    record.id = 128;
+    record.angleMode = 2;
+    ASSERT_TRUE(QDMMLTAddWatermark(marks, &printer, &record, 1));
+    ASSERT_TRUE(QDMMLTWriteWatermark(marks, &printer));
+    marks = QDMMLTReadWatermark(&printer);
+    const ListHandle other = QDMMLTReadWatermark(&printer);
+    record.angle = 35;
+    ASSERT_TRUE(QDMMLTUpdateWatermark(marks, &printer, &record));
+    record.angle = 0;
+    std::strcpy(record.name, "renamed");
+    ASSERT_TRUE(QDMMLTUpdateWatermark(other, &printer, &record));
+    ASSERT_TRUE(QDMMLTWriteWatermark(other, &printer));
+    ASSERT_TRUE(QDMMLTWriteWatermark(marks, &printer));
+    marks = QDMMLTReadWatermark(&printer);
+    ASSERT_TRUE(QDMMLTGetWatermarkWithID(marks, &printer, &record, 128));
+    EXPECT_STREQ(record.name, "renamed");
+    EXPECT_EQ(record.angle, 35);
+    QDMMLTCancelWatermark(marks, &printer);
+}
+
+// Eight writers, two of which are killed in the middle of it.
+TEST_F(Lists, NoEntryIsLostAmongManyWritersAndKilledOnes) {
+    const char* many = std::getenv("KV_MANY");
+    const int count = 25 * (many != nullptr ? std::max(1, std::atoi(many)) : 1);
+    constexpr int kWriters = 8, kKilled = 2;
+    int report[2];
+    ASSERT_EQ(pipe(report), 0);
+    QDMMLTCancelPaper(papers, &printer);
+    kv::CloseStateStore();
+    pid_t children[kWriters];
+    for (pid_t& child : children) {
+        const bool isKilled = &child - children < kKilled;
+        child = fork();
+        if (child != 0) continue;
+        for (int done = 0; isKilled || done < count;) {
+            papers = QDMMLTReadPaper(&printer);
+            const DWORD id = QDMMLTGetPaperID(papers, 512, 0x7FFFFFFF);
+            if (id == 0 || !AddTo(1, id, "many") || !QDMMLTWritePaper(papers, &printer)) continue;
+            if (write(report[1], &id, sizeof id) != sizeof id) _exit(1);
+            ++done;
+        }
+        kv::CloseStateStore();
+        _exit(0);
+    }
+    close(report[1]);
+    std::vector<DWORD> reported;
+    DWORD id = 0;
+    while (read(report[0], &id, sizeof id) == sizeof id) {
+        reported.push_back(id);
+        if (reported.size() == 20) {
+            for (int i = 0; i < kKilled; ++i) kill(children[i], SIGKILL);
+        }
+    }
+    close(report[0]);
+    for (int i = 0; i < kWriters; ++i) {
+        int status = 0;
+        waitpid(children[i], &status, 0);
+        EXPECT_EQ(status, i < kKilled ? SIGKILL : 0);
+    }
+    papers = QDMMLTReadPaper(&printer);
+    ASSERT_TRUE(papers);
+    EXPECT_GE(reported.size(), static_cast<size_t>((kWriters - kKilled) * count));
+    EXPECT_EQ(std::set<DWORD>(reported.begin(), reported.end()).size(), reported.size());
+    CustomPaperRecord record{};
+    for (const DWORD wanted : reported) {
+        EXPECT_TRUE(QDMMLTGetPaperWithID(papers, &printer, &record, wanted)) << wanted;
+    }
 }
 
 TEST_F(Lists, UsersMayTurnADiagonalWatermarkInTheirCopyOnly) {

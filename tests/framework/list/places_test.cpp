@@ -86,6 +86,11 @@ TEST_F(Places, OwnEntriesOfASharedPrinterTakeNoAdministrator) {
     EXPECT_EQ(GetLastError(), ERROR_ACCESS_DENIED);
     EXPECT_TRUE(AddPaper(600, 2));
     EXPECT_EQ(Added(), std::make_pair(0, 1));
+    const ListHandle copy = QDMMLTReadPaper(&printer);
+    for (const DWORD id : {0x4000, 0x4001}) {
+        EXPECT_EQ(QDMMLTGetPaperID(copy, 512, 0x7FFFFFFF), id) << "apart from common entries";
+    }
+    QDMMLTCancelPaper(copy, &printer);
     kv::SetActingAsAdministrator(std::nullopt);
     {
         const kv::test::AsOrdinaryUser user;
