@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <unordered_map>
 
 #include "described_records.h"
 
@@ -86,16 +87,22 @@ std::shared_ptr<WorkingCopy> WorkingCopy::Read(const ListFormat& format,
     return copy;
 }
 
-// An administrator cannot see the ids that users gave their own entries, and may have taken one for
-// a common entry meanwhile; the user's entry then gets a free one.
+// Stores from before ids were kept apart: an administrator may have given the id of a user's entry
+// to a common one. The user's entry then gets one that no common entry is ever given, and takes it
+// from no other entry of the user.
 void WorkingCopy::AddOwn(Records own) {
+    std::unordered_set<DWORD> others, taken;
+    for (const Entry& entry : entries_) others.insert(RecordId(format_, entry.record.data()));
+    taken = others;
+    for (const Record& record : own) taken.insert(RecordId(format_, record.data()));
+    DWORD fresh = format_.firstPrivateId;
     for (Record& record : own) {
-        const DWORD taken = RecordId(format_, record.data());
-        if (Find(taken)) {
-            Note(Owner::kUser, taken, &record);
-            const DWORD id = FreeId(format_.firstUserId, format_.lastId);
-            std::memcpy(record.data() + format_.idOffset, &id, sizeof id);
-            Note(Owner::kUser, id, nullptr);
+        const DWORD id = RecordId(format_, record.data());
+        if (others.contains(id)) {
+            Note(Owner::kUser, id, &record);
+            while (taken.contains(fresh)) ++fresh;
+            std::memcpy(record.data() + format_.idOffset, &fresh, sizeof fresh);
+            Note(Owner::kUser, fresh++, &record).isMended = true;
         }
         entries_.push_back({Owner::kUser, std::move(record)});
     }
@@ -131,29 +138,20 @@ const Record* WorkingCopy::Find(DWORD id) const {
     return entry ? &entry->record : nullptr;
 }
 
-DWORD WorkingCopy::FreeId(DWORD lowest, DWORD highest) const {
-    std::vector<DWORD> taken;
-    for (const Entry& entry : entries_) taken.push_back(RecordId(format_, entry.record.data()));
-    std::sort(taken.begin(), taken.end());
-    DWORD candidate = lowest;
-    for (const DWORD id : taken) {
-        if (id == candidate) ++candidate;
-    }
-    return candidate <= highest ? candidate : 0;
-}
-
-// Ids are not given again while there are others, so that settings that name a deleted entry never
-// come upon a new one.
+// Ids are given one after the other and anew only when all were, so that settings that name a
+// deleted entry do not come upon a new one.
 DWORD WorkingCopy::ReserveId(DWORD lowest, DWORD highest) const {
+    const auto pick = [this](IdRange range, DWORD next, std::unordered_set<DWORD> taken) {
+        for (const Entry& entry : entries_) taken.insert(RecordId(format_, entry.record.data()));
+        const auto firstFree = [&](DWORD first, DWORD last) {
+            while (first <= last && taken.contains(first)) ++first;
+            return first <= last ? first : DWORD{0};
+        };
+        const DWORD fresh = firstFree(next, range.highest);
+        return fresh != 0 ? fresh : firstFree(range.lowest, std::min(next - 1, range.highest));
+    };
     DWORD id = 0;
-    const DWORD error = kvlist::ReserveId(
-        format_, printer_, {lowest, highest},
-        [this](IdRange range, DWORD next) {
-            const DWORD fresh = FreeId(next, range.highest);
-            return fresh != 0 ? fresh : FreeId(range.lowest, range.highest);
-        },
-        id);
-    SetLastError(error);
+    SetLastError(kvlist::ReserveId(format_, printer_, {lowest, highest}, pick, id));
     return id;
 }
 
@@ -225,41 +223,47 @@ bool WorkingCopy::Remove(DWORD id) {
     return true;
 }
 
-// An entry that somebody else deleted comes back when it was changed here, because it is of use to
-// somebody. What readers work out anew is no reason to undo what others did.
-void WorkingCopy::MergeEntry(const Record& mine, const Touch& touch, Records& stored) const {
-    const DWORD id = RecordId(format_, mine.data());
-    const auto at = std::find_if(stored.begin(), stored.end(), [&](const Record& record) {
-        return RecordId(format_, record.data()) == id;
-    });
-    const bool untouched = touch.before && DiffersInDerivedFieldOnly(mine, *touch.before);
-    if (at == stored.end()) {
-        if (!untouched || touch.wasRemoved) stored.push_back(mine);
-    } else if (touch.wasRemoved) {
-        stored.erase(at);
-        stored.push_back(mine);
-    } else if (untouched) {
-        at->replace(format_.derived.offset, format_.derived.size, mine, format_.derived.offset,
-                    format_.derived.size);
-    } else {
-        *at = mine;
-    }
+// What stays of a stored entry that the copy has, too. What readers work out anew is no reason to
+// undo what others did.
+Record WorkingCopy::Merged(const Record& mine, const Touch& touch, Record stored) const {
+    if (!IsUntouched(mine, touch)) return mine;
+    const Field& derived = format_.derived;
+    return stored.replace(derived.offset, derived.size, mine, derived.offset, derived.size);
 }
 
+bool WorkingCopy::IsUntouched(const Record& mine, const Touch& touch) const {
+    return touch.before && DiffersInDerivedFieldOnly(mine, *touch.before);
+}
+
+// An entry that somebody else deleted comes back when it was changed here, because it is of use to
+// somebody.
 void WorkingCopy::Merge(Owner owner, const Touches& touches, Records& stored) const {
-    std::erase_if(stored, [&](const Record& record) {
-        const DWORD id = RecordId(format_, record.data());
-        if (!touches.contains(id)) return false;
-        const auto kept = std::find_if(entries_.begin(), entries_.end(), [&](const Entry& entry) {
-            return entry.owner == owner && RecordId(format_, entry.record.data()) == id;
-        });
-        return kept == entries_.end();
-    });
+    std::unordered_map<DWORD, const Record*> mine;  // of those that something was done to
     for (const Entry& entry : entries_) {
-        if (entry.owner != owner) continue;
-        const auto touch = touches.find(RecordId(format_, entry.record.data()));
-        if (touch != touches.end()) MergeEntry(entry.record, touch->second, stored);
+        const DWORD id = RecordId(format_, entry.record.data());
+        if (entry.owner == owner && touches.contains(id)) mine[id] = &entry.record;
     }
+    Records merged;
+    for (Record& record : stored) {
+        const auto touch = touches.find(RecordId(format_, record.data()));
+        if (touch == touches.end()) {
+            merged.push_back(std::move(record));
+            continue;
+        }
+        const auto found = mine.find(touch->first);
+        if (found == mine.end() || touch->second.wasRemoved) continue;
+        merged.push_back(Merged(*found->second, touch->second, std::move(record)));
+        mine.erase(found);
+    }
+    for (const Entry& entry : entries_) {
+        const DWORD id = RecordId(format_, entry.record.data());
+        if (entry.owner != owner || !mine.contains(id)) continue;
+        const Touch& touch = touches.at(id);
+        const bool isLeft =
+            IsUntouched(entry.record, touch) && !touch.wasRemoved && !touch.isMended;
+        if (!isLeft) merged.push_back(entry.record);
+    }
+    stored = std::move(merged);
 }
 
 WriteResult WorkingCopy::Write(const PrinterBlock& printer) const {

@@ -28,8 +28,6 @@ class WorkingCopy {
     // Records of the scope in stored order, one behind the other.
     int CopyTo(void* buffer, DWORD scope) const;
     const Record* Find(DWORD id) const;
-    // The smallest that the copy does not use; 0 when there is none.
-    DWORD FreeId(DWORD lowest, DWORD highest) const;
     // One that no other copy is given; 0 when there is none, or it could not be reserved.
     DWORD ReserveId(DWORD lowest, DWORD highest) const;
 
@@ -53,13 +51,15 @@ class WorkingCopy {
     struct Touch {
         std::optional<Record> before;
         bool wasRemoved = false;
+        bool isMended = false;  // has another id than it is stored with
     };
     using Touches = std::map<DWORD, Touch>;
     bool MayChange(const Entry& entry) const;
     bool DiffersInDerivedFieldOnly(const Record& left, const Record& right) const;
     Touch& Note(Owner owner, DWORD id, const Record* before);
     void Merge(Owner owner, const Touches& touches, Records& stored) const;
-    void MergeEntry(const Record& mine, const Touch& touch, Records& stored) const;
+    Record Merged(const Record& mine, const Touch& touch, Record stored) const;
+    bool IsUntouched(const Record& mine, const Touch& touch) const;
     void AddOwn(Records own);
 
     const ListFormat& format_;

@@ -280,7 +280,19 @@ DWORD WriteNextId(const ListFormat& format, const std::string& printer, bool com
                                   : error;
 }
 
+ListWatcher watching;
+
+Records Joined(const Records& common, const Records& own) {
+    Records both = common;
+    both.insert(both.end(), own.begin(), own.end());
+    return both;
+}
+
 }  // namespace
+
+void WatchLists(ListWatcher watcher) {
+    watching = std::move(watcher);
+}
 
 DWORD ChangeLists(const ListFormat& format, const std::string& printer, ListParts parts,
                   const Records& initial, const ListChange& change) {
@@ -291,12 +303,15 @@ DWORD ChangeLists(const ListFormat& format, const std::string& printer, ListPart
     if (error == ERROR_SUCCESS) {
         error = ReadForChange(format, printer, parts, initial, common, own);
     }
+    const Records before = watching ? Joined(common, own) : Records();
     if (error == ERROR_SUCCESS) error = change(common, own);
     if (error != ERROR_SUCCESS) return error;
     if (!HasRoom(format, common) || !HasRoom(format, own)) return kNotEnoughQuota;
     if (parts.common) error = WriteCommon(format, printer, common);
     if (error == ERROR_SUCCESS && parts.own) error = WriteOwn(format, printer, own);
-    return error == ERROR_SUCCESS ? transaction.Commit() : error;
+    if (error == ERROR_SUCCESS) error = transaction.Commit();
+    if (error == ERROR_SUCCESS && watching) watching(format, printer, before, Joined(common, own));
+    return error;
 }
 
 DWORD ReserveId(const ListFormat& format, const std::string& printer, IdRange wanted,
@@ -310,10 +325,17 @@ DWORD ReserveId(const ListFormat& format, const std::string& printer, IdRange wa
     kv::StoreTransaction transaction(kv::StateStore::Of(common ? place : kv::StatePlace::kPerson));
     DWORD error = transaction.Error();
     if (error != ERROR_SUCCESS) return error;
-    const DWORD next = std::max(ReadNextId(format, printer, common), range.lowest);
-    const DWORD picked = pick(range, next);
+    // Where the last one was given, the first one is next.
+    const DWORD stored = ReadNextId(format, printer, common);
+    const DWORD next = stored > range.highest ? range.lowest : std::max(stored, range.lowest);
+    Records records, own;
+    error = ReadForChange(format, printer, {common, true}, {}, records, own);
+    if (error != ERROR_SUCCESS) return error;
+    std::unordered_set<DWORD> taken;
+    for (const Record& record : Joined(records, own)) taken.insert(RecordId(format, record.data()));
+    const DWORD picked = pick(range, next, std::move(taken));
     if (picked == 0) return kNotEnoughQuota;
-    if (picked >= next) error = WriteNextId(format, printer, common, picked + 1);
+    error = WriteNextId(format, printer, common, picked + 1);
     if (error == ERROR_SUCCESS) error = transaction.Commit();
     if (error == ERROR_SUCCESS) id = picked;
     return error;

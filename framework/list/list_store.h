@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 #include "list_format.h"
@@ -37,13 +38,19 @@ using ListChange = std::function<DWORD(Records& common, Records& own)>;
 DWORD ChangeLists(const ListFormat& format, const std::string& printer, ListParts parts,
                   const Records& initial, const ListChange& change);
 
-// Ids are given once: `pick` is told the first one that never was given in the caller's range, and
-// answers the one that it takes, or 0. The range is that of common entries, or the private one for
-// users who may not change these.
+// Who watches what this process stores is told of every change that is on the disk: the records of
+// the parts that changed, before and after. An empty function ends it; one watches at a time.
+using ListWatcher = std::function<void(const ListFormat& format, const std::string& printer,
+                                       const Records& before, const Records& after)>;
+void WatchLists(ListWatcher watcher);
+
+// Ids are given in turn: `pick` is told the one behind the last one that was given in the caller's
+// range and those that stored entries have now, and answers the one that it takes, or 0. The range
+// is that of common entries, or the private one for users who may not change these.
 struct IdRange {
     DWORD lowest, highest;
 };
-using IdPick = std::function<DWORD(IdRange range, DWORD next)>;
+using IdPick = std::function<DWORD(IdRange range, DWORD next, std::unordered_set<DWORD> taken)>;
 DWORD ReserveId(const ListFormat& format, const std::string& printer, IdRange wanted,
                 const IdPick& pick, DWORD& id);
 

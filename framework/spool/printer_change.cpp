@@ -1,9 +1,21 @@
 // Changes of a printer that are stored together (kvspool.h).
+#include "printer_change.h"
+
 #include <kvspool.h>
+#include <winbase.h>
 
 #include <memory>
 
-#include "printer_handles.h"
+namespace kvspool {
+namespace {
+ChangeWatcher* watching = nullptr;
+}  // namespace
+
+void WatchChanges(ChangeWatcher* watcher) {
+    watching = watcher;
+}
+
+}  // namespace kvspool
 
 DWORD KVSPBeginPrinterChange(HANDLE printer) {
     const auto open = kvspool::FindHandle(printer);
@@ -11,14 +23,19 @@ DWORD KVSPBeginPrinterChange(HANDLE printer) {
     if (!open->MayAdminister()) return ERROR_ACCESS_DENIED;
     if (open->change) return ERROR_INVALID_PARAMETER;
     auto change = std::make_unique<kv::StoreTransaction>(open->Store());
-    const DWORD error = change->Error();
-    if (error == ERROR_SUCCESS) open->change = std::move(change);
-    return error;
+    if (const DWORD error = change->Error()) return error;
+    open->change = std::move(change);
+    if (kvspool::watching) kvspool::watching->Begun(*open);
+    return ERROR_SUCCESS;
 }
 
 DWORD KVSPEndPrinterChange(HANDLE printer, BOOL keep) {
     const auto open = kvspool::FindHandle(printer);
     if (!open || !open->change) return ERROR_INVALID_HANDLE;
     const std::unique_ptr<kv::StoreTransaction> change = std::move(open->change);
-    return keep ? change->Commit() : DWORD{ERROR_SUCCESS};
+    if (!keep) return ERROR_SUCCESS;
+    if (kvspool::watching) kvspool::watching->Ending(*open);
+    const DWORD error = change->Commit();
+    if (kvspool::watching) kvspool::watching->Ended(error == ERROR_SUCCESS);
+    return error;
 }

@@ -4,6 +4,7 @@
 #include <host/record/record_differences.h>
 #include <host/index/sheet_pages.h>
 #include <host/window/status_line.h>
+#include <host/window/stored_entries.h>
 
 #include <commctrl.h>
 #include <platform/controls/property_sheet.h>
@@ -26,15 +27,24 @@ HWND ActivePageOf(HWND sheet) {
     return reinterpret_cast<HWND>(SendMessageA(sheet, PSM_GETCURRENTPAGEHWND, 0, 0));
 }
 
-// Notes at each action where the window stands, the last one closes it, and tells on a page that
-// comes up who can use what is disabled there.
+// One sentence of several, and how many more there are.
+std::string FirstOf(const std::vector<std::string>& sentences) {
+    const std::string more =
+        sentences.size() > 1 ? " (and " + std::to_string(sentences.size() - 1) + " more)" : "";
+    return sentences.front() + more;
+}
+
+// Notes at each action where the window stands, the last one closes it, tells on a page that comes
+// up who can use what is disabled there, and after each action which entries of lists that were
+// stored here somebody else has changed.
 class PlaceWatcher : public StatusLine {
  public:
     PlaceWatcher(const SettingNames& names, const Record& record, WindowPlace& place,
-                 const AdministratorReason& reason)
-        : StatusLine(names, record), place_(place), reason_(reason) {}
+                 const AdministratorReason& reason, StoredEntriesWatch& entries)
+        : StatusLine(names, record), place_(place), reason_(reason), entries_(entries) {}
 
     void Begun(HWND window) override {
+        ++depth_;
         StatusLine::Begun(window);
         const HWND sheet = kv::RootOf(window);
         if (kv::KindOf(sheet) != "sheet") return;
@@ -50,8 +60,18 @@ class PlaceWatcher : public StatusLine {
 
     void Ended() override {
         StatusLine::Ended();
+        --depth_;
         if (page_ == nullptr || !IsWindow(page_)) return;
         const HWND sheet = GetParent(page_);
+        TellOfPage(sheet);
+        // Behind a dialog nobody reads it.
+        const std::vector<std::string> overruled =
+            depth_ == 0 ? entries_.Overruled() : std::vector<std::string>();
+        if (!overruled.empty()) kv::CurrentDisplay().ShowStatus(sheet, FirstOf(overruled).c_str());
+    }
+
+ private:
+    void TellOfPage(HWND sheet) {
         const HWND page = ActivePageOf(sheet);
         if (page == page_) return;
         const std::string reason = reason_.OfPage(page);
@@ -61,9 +81,10 @@ class PlaceWatcher : public StatusLine {
         page_ = page;
     }
 
- private:
     WindowPlace& place_;
     const AdministratorReason& reason_;
+    StoredEntriesWatch& entries_;
+    int depth_ = 0;
     HWND page_{};  // that was active after the last action
 };
 
@@ -75,6 +96,7 @@ PrinterWindow::PrinterWindow(Session& session)
 ExitStatus PrinterWindow::Run() {
     INT_PTR result = 0;
     place_ = ReadWindowPlace(session_.store());
+    StoredEntriesWatch entries(session_.printer().printerName, kv::PlaceInForce());
     do {
         openAgain_ = false;
         SheetRequest request;
@@ -92,7 +114,7 @@ ExitStatus PrinterWindow::Run() {
             if (!text.empty()) kv::CurrentDisplay().ShowStatus(sheet, text.c_str());
             TellFaults(sheet);
         };
-        const PlaceWatcher watcher(names_, session_.record(), place_, reason);
+        const PlaceWatcher watcher(names_, session_.record(), place_, reason, entries);
         result = session_.module().RunSheet(request);
         if (openAgain_) session_.StartFromStored();
     } while (openAgain_ && result >= 0);
@@ -112,9 +134,7 @@ void PrinterWindow::TellPutBack() const {
 void PrinterWindow::TellFaults(HWND sheet) const {
     const std::vector<std::string>& faults = session_.faults();
     if (faults.empty()) return;
-    const std::string more =
-        faults.size() > 1 ? " (and " + std::to_string(faults.size() - 1) + " more)" : "";
-    kv::CurrentDisplay().ShowStatus(sheet, (faults.front() + more).c_str());
+    kv::CurrentDisplay().ShowStatus(sheet, FirstOf(faults).c_str());
 }
 
 Applied PrinterWindow::Apply(HWND sheet, bool closing) {

@@ -209,13 +209,45 @@ TEST_F(Lists, WhatCouldNotBeReadAgainIsRefusedWhenItIsWritten) {
 
 TEST_F(Lists, AnOwnEntryWhoseIdBecameCommonGetsAnother) {
     AddTo(2, 512, "mine");
+    AddTo(2, 0x4000, "private");
     Commit();
     Put("KVList.Papers", REG_BINARY, Stored(168, 1, BytesOf(Paper(512, "ours"))));
     Drop();
-    EXPECT_THAT(Names(kScopeUser), testing::ElementsAre("ours", "mine"));
+    const ListHandle other = QDMMLTReadPaper(&printer);
+    EXPECT_THAT(Names(kScopeUser), testing::ElementsAre("ours", "mine", "private"));
     CustomPaperRecord record{};
-    ASSERT_TRUE(QDMMLTGetPaperWithID(papers, &printer, &record, 513));
+    ASSERT_TRUE(QDMMLTGetPaperWithID(papers, &printer, &record, 0x4001));
     EXPECT_STREQ(record.displayName, "mine");
+    ASSERT_TRUE(QDMMLTGetPaperWithID(papers, &printer, &record, 0x4000)) << "keeps its id";
+    EXPECT_STREQ(record.displayName, "private");
+    record = Paper(0x4001, "changed");
+    ASSERT_TRUE(QDMMLTUpdatePaper(papers, &printer, &record));
+    Commit();
+    ASSERT_TRUE(QDMMLTWritePaper(other, &printer)) << "which mended the same";
+    Drop();
+    EXPECT_THAT(Names(kScopeUser), testing::ElementsAre("ours", "private", "changed"));
+}
+
+// Ids go round: when the last one was given, those that no entry has are given again, in turn.
+TEST_F(Lists, IdsAreGivenAgainWhenAllWereAndNeverTwiceInARow) {
+    const auto next = [&](ListHandle list) { return QDMMLTGetPaperID(list, 512, 0x7FFFFFFF); };
+    ASSERT_TRUE(AddTo(1, 512, "read by both"));
+    Commit();
+    const ListHandle other = QDMMLTReadPaper(&printer);
+    ASSERT_TRUE(AddTo(1, 514, "unseen by the other"));
+    Commit();
+    for (const DWORD stored : {0x4000u, 0xFFFFFFFFu}) {
+        ASSERT_EQ(PutNumber("KVList.Papers.Next", stored), ERROR_SUCCESS);
+        EXPECT_EQ(next(other), 513u);
+        EXPECT_EQ(next(papers), 515u);
+        EXPECT_EQ(next(other), 516u);
+    }
+    ASSERT_EQ(PutNumber("KVList.Papers.Next", 0x3FFF), ERROR_SUCCESS);
+    EXPECT_EQ(next(other), 0x3FFFu) << "the last one that fits common papers";
+    EXPECT_EQ(next(other), 513u);
+    ASSERT_EQ(Put("KVList.Papers", REG_BINARY, "damaged"), ERROR_SUCCESS);
+    EXPECT_EQ(next(papers), 0u) << "what is taken cannot be known";
+    QDMMLTCancelPaper(other, &printer);
 }
 
 // Two people at one list: what either did is there afterwards.
