@@ -34,6 +34,8 @@ ROWS = [
     ("window, once it was shown", "WindowUp", "plain Qt dialog", "WindowUpPlainDialog", None),
     ("window, first time", "FirstWindow", "plain Qt dialog", "FirstPlainDialog", "30 ms beyond it"),
     ("printer-data write", "PrinterDataWrite", "pwrite + fdatasync", "PrinterDataWriteRaw", "1.5 x"),
+    ("4,096 papers: read, one added", "ListEdit", "SQLite, the same bytes", "ListBlobSqlite", "-"),
+    ("the same with 1,024", "ListEditQuarter", "4,096 papers", "ListEdit", "0.25 x: linear"),
     ("kvprefs get as a process", "GetProcess", "true", "GetProcessTrue", "10 ms"),
 ]
 UNITS = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}

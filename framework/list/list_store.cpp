@@ -12,7 +12,6 @@
 #include <algorithm>
 #include <cstring>
 #include <optional>
-#include <set>
 
 namespace kvlist {
 namespace {
@@ -40,13 +39,20 @@ std::string Pack(const ListFormat& format, const Records& records) {
     head.recordSize = static_cast<DWORD>(format.recordSize);
     head.count = static_cast<DWORD>(records.size());
     std::string bytes(reinterpret_cast<const char*>(&head), sizeof head);
+    bytes.reserve(sizeof head + records.size() * format.recordSize);
     for (const Record& record : records) bytes += record;
     return bytes;
 }
 
-bool IsUsable(const ListFormat& format, const Record& record, std::set<DWORD>& ids) {
-    const DWORD id = RecordId(format, record.data());
-    return TextsEnd(format, record.data()) && id >= format.firstUserId && ids.insert(id).second;
+bool IsUsable(const ListFormat& format, const Record& record) {
+    return TextsEnd(format, record.data()) && RecordId(format, record.data()) >= format.firstUserId;
+}
+
+bool HasRepeatedIds(const ListFormat& format, const Records& records) {
+    std::vector<DWORD> ids;
+    for (const Record& record : records) ids.push_back(RecordId(format, record.data()));
+    std::sort(ids.begin(), ids.end());
+    return std::adjacent_find(ids.begin(), ids.end()) != ids.end();
 }
 
 StoredList Unreadable(DWORD error) {
@@ -63,13 +69,13 @@ StoredList Unpack(const ListFormat& format, const std::string& bytes, Records& r
         head.count > kMaxRecords || bytes.size() != sizeof head + head.count * format.recordSize) {
         return Unreadable(kDataIsInvalid);
     }
-    std::set<DWORD> ids;
+    records.reserve(head.count);
     for (DWORD i = 0; i < head.count; ++i) {
         Record record = bytes.substr(sizeof head + i * format.recordSize, format.recordSize);
-        if (!IsUsable(format, record, ids)) return Unreadable(kDataIsInvalid);
+        if (!IsUsable(format, record)) return Unreadable(kDataIsInvalid);
         records.push_back(std::move(record));
     }
-    return StoredList::kFound;
+    return HasRepeatedIds(format, records) ? Unreadable(kDataIsInvalid) : StoredList::kFound;
 }
 
 bool HasRoom(const ListFormat& format, const Records& records) {
@@ -332,7 +338,9 @@ DWORD ReserveId(const ListFormat& format, const std::string& printer, IdRange wa
     error = ReadForChange(format, printer, {common, true}, {}, records, own);
     if (error != ERROR_SUCCESS) return error;
     std::unordered_set<DWORD> taken;
-    for (const Record& record : Joined(records, own)) taken.insert(RecordId(format, record.data()));
+    for (const Records* part : {&records, &own}) {
+        for (const Record& record : *part) taken.insert(RecordId(format, record.data()));
+    }
     const DWORD picked = pick(range, next, std::move(taken));
     if (picked == 0) return kNotEnoughQuota;
     error = WriteNextId(format, printer, common, picked + 1);

@@ -367,6 +367,49 @@ TEST_F(Lists, NoEntryIsLostAmongManyWritersAndKilledOnes) {
     }
 }
 
+// One writer after the other is killed at another moment of its work: KV_MANY=100 makes 10,000.
+TEST_F(Lists, AKillAtAnyMomentLosesNoReportedEntry) {
+    const char* many = std::getenv("KV_MANY");
+    const int rounds = 100 * (many != nullptr ? std::max(1, std::atoi(many)) : 1);
+    size_t all = 0;
+    for (int round = 0; round < rounds; ++round) {
+        QDMMLTCancelPaper(papers, &printer);
+        kv::CloseStateStore();
+        int report[2];
+        ASSERT_EQ(pipe(report), 0);
+        const pid_t child = fork();
+        for (DWORD scope = 1; child == 0; scope = 3 - scope) {
+            papers = QDMMLTReadPaper(&printer);
+            const DWORD id = QDMMLTGetPaperID(papers, 512, 0x7FFFFFFF);
+            if (id == 0 || !AddTo(scope, id, "kept") || !AddTo(3 - scope, id + 0x2000, "kept") ||
+                !QDMMLTWritePaper(papers, &printer) ||
+                write(report[1], &id, sizeof id) != sizeof id) {
+                _exit(1);
+            }
+        }
+        close(report[1]);
+        usleep(static_cast<useconds_t>(round * 37 % 3000));
+        kill(child, SIGKILL);
+        int status = 0;
+        waitpid(child, &status, 0);
+        ASSERT_EQ(status, SIGKILL) << "a write was refused";
+        papers = QDMMLTReadPaper(&printer);
+        ASSERT_TRUE(papers);
+        for (DWORD id = 0; read(report[0], &id, sizeof id) == sizeof id; ++all) {
+            EXPECT_TRUE(QDMMLTDeletePaper(papers, &printer, id)) << id;
+            EXPECT_TRUE(QDMMLTDeletePaper(papers, &printer, id + 0x2000)) << id;
+        }
+        close(report[0]);
+        // What was written last and not reported: both parts or none.
+        EXPECT_TRUE(Names(kScopeUser).size() == 0 || Names(kScopeUser).size() == 2);
+        for (DWORD id = 512; !Names(kScopeUser).empty() && id < 0x4000; ++id) {
+            QDMMLTDeletePaper(papers, &printer, id);
+        }
+        Commit();
+    }
+    EXPECT_GT(all, static_cast<size_t>(rounds) / 4) << "hardly anything was written";
+}
+
 TEST_F(Lists, UsersMayTurnADiagonalWatermarkInTheirCopyOnly) {
     Act(Actor::kUser);
     ListHandle marks = QDMMLTReadWatermark(&printer);
