@@ -192,5 +192,49 @@ TEST_F(Overlays, SixteenAreTheMostAndUsersOnlyChoose) {
     }
 }
 
+// Somebody else stores overlays while a dialog or a question is open.
+TEST_F(Overlays, WhatOthersStoreMeanwhileStays) {
+    const auto others = [&](const std::string& ids, const std::vector<std::string>& entries) {
+        std::string run;
+        for (const std::string& entry : entries) run += entry + '\0';
+        Put("FormOverlay", REG_SZ, ids + '\0');
+        Put("[FormOverlayName]", REG_BINARY, run);
+        Put("[FormOverlayPath]", REG_BINARY, run);
+    };
+    const auto inEditor = [&](int opener, const std::function<void(HWND)>& act) {
+        kv::Headless().PushAnswer([=](HWND dialog) {
+            act(dialog);
+            EXPECT_TRUE(kv::input::Click(GetDlgItem(dialog, IDOK)));
+        });
+        ASSERT_TRUE(kv::input::Click(Item(opener, kOverlay)));
+    };
+    OpenSheet();
+    inEditor(IDC_BTN_OVERLAY_ADD, [&](HWND dialog) {
+        kvtest::TypeIn(GetDlgItem(dialog, IDC_EDIT_OVERLAY_NAME), "Mine");
+        kvtest::TypeIn(GetDlgItem(dialog, IDC_EDIT_OVERLAY_FILE), File("form.prn"));
+        others("0,128", {"0=<NONE>", "128=Theirs"});
+    });
+    EXPECT_EQ(Stored("[FormOverlayName]"), "0=<NONE> 128=Theirs 129=Mine");
+    EXPECT_EQ(Settings().mdmOverlay, 129u);
+    // One that was deleted meanwhile comes back; a name that was taken meanwhile is asked about.
+    inEditor(IDC_BTN_OVERLAY_EDIT, [&](HWND dialog) {
+        kvtest::TypeIn(GetDlgItem(dialog, IDC_EDIT_OVERLAY_NAME), "Taken");
+        others("0,130", {"0=<NONE>", "130=Taken"});
+        kv::Headless().PushAnswer([&](HWND box) {
+            said = Text(GetDlgItem(box, 0xFFFF));
+            kv::input::Click(GetDlgItem(box, IDOK));
+        });
+    });
+    EXPECT_EQ(said, "\"Taken\" is already registered.  Do you want to overwrite it?");
+    EXPECT_EQ(Stored("[FormOverlayName]"), "0=<NONE> 129=Taken");
+    kv::Headless().PushAnswer([&](HWND box) {
+        others("0,128,129", {"0=<NONE>", "128=Theirs", "129=Taken"});
+        kv::input::Click(GetDlgItem(box, IDOK));
+    });
+    ASSERT_TRUE(kv::input::Click(Item(IDC_BTN_OVERLAY_DELETE, kOverlay)));
+    EXPECT_EQ(Stored("FormOverlay"), "0,128");
+    EXPECT_EQ(Settings().mdmOverlay, 128u) << "the one above it now";
+}
+
 }  // namespace
 }  // namespace journey
