@@ -331,9 +331,7 @@ DWORD ReserveId(const ListFormat& format, const std::string& printer, IdRange wa
     kv::StoreTransaction transaction(kv::StateStore::Of(common ? place : kv::StatePlace::kPerson));
     DWORD error = transaction.Error();
     if (error != ERROR_SUCCESS) return error;
-    // Where the last one was given, the first one is next.
-    const DWORD stored = ReadNextId(format, printer, common);
-    const DWORD next = stored > range.highest ? range.lowest : std::max(stored, range.lowest);
+    const DWORD next = std::max(ReadNextId(format, printer, common), range.lowest);
     Records records, own;
     error = ReadForChange(format, printer, {common, true}, {}, records, own);
     if (error != ERROR_SUCCESS) return error;

@@ -76,7 +76,7 @@ TEST_F(OverruledEntries, AreToldOnceByListNameAndFate) {
         {{{599, "Theirs"}, {600, "Card"}, {601, "Slip"}}, "-"},
     };
     for (const auto& row : rows) {
-        Somebody({{602, "Old"}});
+        Somebody({{602, "Old"}, {603, "Not this window's"}});
         Next([&](HWND sheet) {
             EXPECT_EQ(Told(sheet), "-");
             StoreHere([&](ListHandle list) {
@@ -103,6 +103,32 @@ TEST_F(OverruledEntries, DamageIsNoDeletionAndOwnChangesAreNotTold) {
         EXPECT_EQ(Told(sheet), "-");
         StoreHere([&](ListHandle list) { QDMMLTDeletePaper(list, &printer_, 600); });
         EXPECT_EQ(Told(sheet), "-");
+        Press(sheet, IDCANCEL);
+    });
+    Open();
+}
+
+// Every window works the angle of a diagonal watermark out for its own paper.
+TEST_F(OverruledEntries, AnotherAngleOfAWatermarkIsNoChange) {
+    WatermarkRecord record{};
+    record.id = 128;
+    std::strcpy(record.name, "Draft");
+    const auto somebody = [&] {
+        const DWORD head[] = {sizeof record, 1, 0};
+        std::string bytes = "KVL1" + std::string(reinterpret_cast<const char*>(head), sizeof head);
+        bytes.append(reinterpret_cast<const char*>(&record), sizeof record);
+        ASSERT_EQ(kvtest::PutPrinterData("Hall", "KVList.Watermarks", REG_BINARY, bytes), 0u);
+    };
+    Next([&](HWND sheet) {
+        const ListHandle list = QDMMLTReadWatermark(&printer_);
+        EXPECT_TRUE(QDMMLTAddWatermark(list, &printer_, &record, kScopeCommon));
+        EXPECT_TRUE(QDMMLTWriteWatermark(list, &printer_));
+        record.angle = 35;
+        somebody();
+        EXPECT_EQ(Told(sheet), "-");
+        record.size = 7;
+        somebody();
+        EXPECT_EQ(Told(sheet), "Watermark \"Draft\" was changed by somebody else after you");
         Press(sheet, IDCANCEL);
     });
     Open();
