@@ -374,7 +374,6 @@ TEST_F(Lists, NoEntryIsLostAmongManyWritersAndKilledOnes) {
 TEST_F(Lists, AKillAtAnyMomentLosesNoReportedEntry) {
     const char* many = std::getenv("KV_MANY");
     const int rounds = 100 * (many != nullptr ? std::max(1, std::atoi(many)) : 1);
-    size_t all = 0;
     for (int round = 0; round < rounds; ++round) {
         QDMMLTCancelPaper(papers, &printer);
         kv::CloseStateStore();
@@ -391,6 +390,9 @@ TEST_F(Lists, AKillAtAnyMomentLosesNoReportedEntry) {
             }
         }
         close(report[1]);
+        // From its first entry on, which is in however little of the machine it gets.
+        DWORD id = 0;
+        ASSERT_EQ(read(report[0], &id, sizeof id), ssize_t{sizeof id});
         usleep(static_cast<useconds_t>(round * 37 % 3000));
         kill(child, SIGKILL);
         int status = 0;
@@ -398,10 +400,10 @@ TEST_F(Lists, AKillAtAnyMomentLosesNoReportedEntry) {
         ASSERT_EQ(status, SIGKILL) << "a write was refused";
         papers = QDMMLTReadPaper(&printer);
         ASSERT_TRUE(papers);
-        for (DWORD id = 0; read(report[0], &id, sizeof id) == sizeof id; ++all) {
+        do {
             EXPECT_TRUE(QDMMLTDeletePaper(papers, &printer, id)) << id;
             EXPECT_TRUE(QDMMLTDeletePaper(papers, &printer, id + 0x4000)) << id;
-        }
+        } while (read(report[0], &id, sizeof id) == sizeof id);
         close(report[0]);
         // What was written last and not reported: both parts or none.
         std::vector<CustomPaperRecord> left(QDMMLTGetPaperNum(papers, &printer, kScopeUser));
@@ -413,7 +415,6 @@ TEST_F(Lists, AKillAtAnyMomentLosesNoReportedEntry) {
         }
         Commit();
     }
-    EXPECT_GT(all, static_cast<size_t>(rounds) / 4) << "hardly anything was written";
 }
 
 TEST_F(Lists, UsersMayTurnADiagonalWatermarkInTheirCopyOnly) {
