@@ -38,7 +38,8 @@ MODULE_SEES = {"framework/include", "platform/include"}
 # Numbers and their names, nothing else: the host finds controls and texts of the module by them.
 MODULE_IDS = {"module/resources/resource.h", "module/resources/string_ids.h"}
 # What the module says without a sheet, built for the host as well (kvuimod_answers).
-MODULE_ANSWERS = {"module/device/port_address.h", "module/device/printer_answer.h"}
+MODULE_ANSWERS = {"module/device/port_address.h", "module/device/printer_answer.h",
+                  "module/lists/overlay_entries.h"}
 # Headers of the host system that the module must do without.
 NOT_IN_MODULE = re.compile(r"<(unistd|fcntl|sys/|dlfcn|pthread|Q[A-Z]|gtk|png|sqlite3)")
 # Headers whose genuine forms declare nothing before <windows.h> has; ours are less strict.

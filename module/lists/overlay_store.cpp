@@ -1,12 +1,12 @@
 // See overlay_store.h.
 #include "lists/overlay_store.h"
 
-#include <algorithm>
-#include <cstdlib>
 #include <cstring>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "lists/overlay_entries.h"
 #include "resources/string_ids.h"
 #include "sheet/fixed_text.h"
 #include "sheet/printer_data_change.h"
@@ -14,30 +14,12 @@
 
 namespace kvui {
 namespace {
-constexpr char kIds[] = "FormOverlay";
-constexpr char kNames[] = "[FormOverlayName]";
-constexpr char kPaths[] = "[FormOverlayPath]";
 
-// What stands behind "ID=" in a run of entries, each with a zero at its end.
 bool CopyEntry(std::string_view run, DWORD id, char* text, DWORD textSize) {
-    text[0] = '\0';
-    const std::string prefix = std::to_string(id) + "=";
-    while (!run.empty()) {
-        const std::string_view entry = run.substr(0, run.find('\0'));
-        run.remove_prefix(std::min(entry.size() + 1, run.size()));
-        if (entry.substr(0, prefix.size()) != prefix) continue;
-        std::string_view value = entry.substr(prefix.size());
-        value = value.substr(0, value.find(';')).substr(0, textSize - 1);
-        std::memcpy(text, value.data(), value.size());
-        text[value.size()] = '\0';
-        return true;
-    }
-    return false;
-}
-
-void AppendEntry(std::string& run, DWORD id, const char* text) {
-    run += std::to_string(id) + "=" + text;
-    run += '\0';
+    std::string value;
+    const bool found = FindOverlayEntry(run, id, value);
+    CopyText(text, textSize, value.c_str());
+    return found;
 }
 
 bool Write(const SheetContext& context, const char* name, DWORD type, const std::string& bytes) {
@@ -48,33 +30,30 @@ bool Write(const SheetContext& context, const char* name, DWORD type, const std:
 bool LoadOverlays(const SheetContext& context, OverlayBlock& block) {
     block = {};
     std::string ids, names, paths;
-    const bool isRead = ReadWholePrinterData(context, kIds, ids) &&
-                        ReadWholePrinterData(context, kNames, names) &&
-                        ReadWholePrinterData(context, kPaths, paths);
-    const char* at = ids.c_str();
-    while (*at != '\0' && block.count < kMostOverlays) {
-        char* end = nullptr;
-        const DWORD id = static_cast<DWORD>(std::strtoul(at, &end, 10));
-        if (end == at) break;
+    const bool isRead = ReadWholePrinterData(context, kOverlayIds, ids) &&
+                        ReadWholePrinterData(context, kOverlayNames, names) &&
+                        ReadWholePrinterData(context, kOverlayPaths, paths);
+    std::vector<DWORD> found;
+    const bool isWhole = ParseOverlayIds(ids, kMostOverlays, found);
+    for (const DWORD id : found) {
         OverlayEntry& entry = block.entries[block.count];
         CopyEntry(names, id, entry.name, sizeof entry.name);
         CopyEntry(paths, id, entry.path, sizeof entry.path);
         block.ids[block.count++] = id;
-        at = *end == ',' ? end + 1 : end;
     }
-    return isRead && *at == '\0';
+    return isRead && isWhole;
 }
 
 bool SaveOverlays(const SheetContext& context, const OverlayBlock& block) {
     std::string ids, names, paths;
     for (DWORD i = 0; i < block.count; ++i) {
         ids += (i != 0 ? "," : "") + std::to_string(block.ids[i]);
-        AppendEntry(names, block.ids[i], block.entries[i].name);
-        AppendEntry(paths, block.ids[i], block.entries[i].path);
+        AppendOverlayEntry(names, block.ids[i], block.entries[i].name);
+        AppendOverlayEntry(paths, block.ids[i], block.entries[i].path);
     }
     ids += '\0';
-    return Write(context, kNames, REG_BINARY, names) && Write(context, kPaths, REG_BINARY, paths) &&
-           Write(context, kIds, REG_SZ, ids);
+    return Write(context, kOverlayNames, REG_BINARY, names) && Write(context, kOverlayPaths, REG_BINARY, paths) &&
+           Write(context, kOverlayIds, REG_SZ, ids);
 }
 
 int IndexOfOverlay(const OverlayBlock& block, DWORD id) {
@@ -130,7 +109,7 @@ bool ReadOverlayEntry(const SheetContext& context, const char* valueName, DWORD 
 }
 
 void ReadChosenOverlayPath(SheetContext& context) {
-    ReadOverlayEntry(context, kPaths, context.privateSettings->mdmOverlay, context.overlayPath,
+    ReadOverlayEntry(context, kOverlayPaths, context.privateSettings->mdmOverlay, context.overlayPath,
                      sizeof context.overlayPath);
 }
 
