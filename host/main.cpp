@@ -15,6 +15,21 @@ namespace {
 
 using namespace kvhost;
 
+// What is done to a list that users make; all of its commands but listing come with arguments.
+ListCommand ListCommandOf(const CLI::App& list) {
+    constexpr std::pair<const char*, ListCommand> kCommands[] = {
+        {"add", ListCommand::kAdd},       {"edit", ListCommand::kEdit},
+        {"delete", ListCommand::kDelete}, {"export", ListCommand::kExport},
+        {"import", ListCommand::kImport},
+    };
+    for (const CLI::App* sub : list.get_subcommands()) {
+        for (const auto& [name, command] : kCommands) {
+            if (sub->get_name() == name) return command;
+        }
+    }
+    return ListCommand::kList;
+}
+
 ExitStatus Run(CLI::App& app, Arguments& args, int argc, char** argv) {
     if (!args.state.empty()) kv::SetStateDirectory(args.state);
     if (args.asUser) kv::SetActingAsAdministrator(false);
@@ -59,6 +74,13 @@ ExitStatus Run(CLI::App& app, Arguments& args, int argc, char** argv) {
             return RunMailboxName(args.options, args.entry, args.name);
         }
         return RunMailbox(args.options);
+    }
+    constexpr std::pair<const char*, decltype(&RunPaper)> kLists[] = {
+        {"paper", RunPaper}, {"watermark", RunWatermark}, {"overlay", RunOverlay}};
+    for (const auto& [name, run] : kLists) {
+        if (chosen(name)) {
+            return run(args.options, ListCommandOf(*app.get_subcommand(name)), args.list);
+        }
     }
     if (chosen("printer")) {
         CLI::App* printer = app.get_subcommand("printer");

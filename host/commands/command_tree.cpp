@@ -36,6 +36,25 @@ constexpr ExampleRow kExamples[] = {
     {"mailbox", "kvprefs mailbox --json"},
     {"mailbox assign", "kvprefs mailbox assign \"8-10 bin\""},
     {"mailbox name", "kvprefs mailbox name 9 Ada"},
+    {"paper", "kvprefs paper list"},
+    {"paper list", "kvprefs paper list --json"},
+    {"paper add", "kvprefs paper add Card --width \"5 8/16\" --height 8.5 --unit inch"},
+    {"paper edit", "kvprefs paper edit Card --name \"Index card\" --height 150"},
+    {"paper delete", "kvprefs paper delete Card"},
+    {"paper export", "kvprefs paper export papers.json"},
+    {"paper import", "kvprefs paper import papers.json --overwrite"},
+    {"watermark", "kvprefs watermark list"},
+    {"watermark list", "kvprefs watermark list --json"},
+    {"watermark add", "kvprefs watermark add Secret --text SECRET --angle 30 --colour CC0000"},
+    {"watermark edit", "kvprefs watermark edit Secret --size 120 --no-bold"},
+    {"watermark delete", "kvprefs watermark delete Secret"},
+    {"watermark export", "kvprefs watermark export -"},
+    {"watermark import", "kvprefs watermark import watermarks.json"},
+    {"overlay", "kvprefs overlay list"},
+    {"overlay list", "kvprefs overlay list --json"},
+    {"overlay add", "kvprefs overlay add Letterhead forms/letterhead.prn"},
+    {"overlay edit", "kvprefs overlay edit Letterhead --file forms/new.prn"},
+    {"overlay delete", "kvprefs overlay delete Letterhead"},
     {"printer", "kvprefs printer list"},
     {"printer list", "kvprefs printer list --json"},
     {"printer add", "kvprefs printer add Lobby --port IP_192.0.2.7"},
@@ -154,6 +173,86 @@ void AddMailbox(CLI::App& app, Arguments& args) {
     name->add_option("name", args.name, "Its new name")->required();
 }
 
+// list, add, edit and delete, with what is common to them; `describe` adds the options of one
+// entry.
+using DescribeEntry = std::function<void(CLI::App&, ListArguments&)>;
+CLI::App& AddEntries(CLI::App& app, ListArguments& given, const char* entry, const char* help,
+                     const DescribeEntry& describe) {
+    auto* list = app.add_subcommand(entry, help);
+    list->require_subcommand(1);
+    const std::string what = entry;
+    list->add_subcommand("list", "Show those that there are");
+    for (const auto& [name, text] :
+         {std::pair("add", "Add one"), std::pair("edit", "Change one")}) {
+        auto* sub = list->add_subcommand(name, text);
+        sub->add_option("name", given.name, "Its name, or #ID")->required();
+        const bool isNew = std::string_view(name) == "add";
+        if (!isNew) sub->add_option("--name", given.newName, "Its new name");
+        describe(*sub, given);
+        sub->add_flag("--overwrite", given.overwrite, "Replace another " + what + " of that name");
+    }
+    list->add_subcommand("delete", "Delete one")
+        ->add_option("name", given.name, "Its name, or #ID")
+        ->required();
+    return *list;
+}
+
+void AddListFiles(CLI::App& list, ListArguments& given) {
+    for (const auto& [name, text] :
+         {std::pair("export", "Write the ones that users made to a file, as JSON"),
+          std::pair("import", "Add those of such a file: all of them or none")}) {
+        auto* sub = list.add_subcommand(name, text);
+        sub->add_option("file", given.file, "File; - for standard input or output")->required();
+        if (std::string_view(name) == "import") {
+            sub->add_flag("--overwrite", given.overwrite, "Replace those of the same names");
+        }
+    }
+}
+
+void AddSharing(CLI::App& command, ListArguments& given) {
+    auto* common = command.add_flag("--common", given.common, "For everybody (administrators)");
+    command.add_flag("--own", given.own, "For yourself, as without it")->excludes(common);
+}
+
+void AddLists(CLI::App& app, ListArguments& given) {
+    CLI::App& paper = AddEntries(
+        app, given, "paper", "Custom papers: list, add, change, delete, export, import",
+        [](CLI::App& command, ListArguments& args) {
+            const bool isNew = command.get_name() == "add";
+            command.add_option("--width", args.width, "120, or 8 8/16 and 8.5 inch")
+                ->required(isNew);
+            command.add_option("--height", args.height, "As the width")->required(isNew);
+            command.add_option("--unit", args.unit, "mm or inch; the printer's without it")
+                ->check(CLI::IsMember(std::vector<std::string>{"mm", "inch"}, CLI::ignore_case));
+            if (isNew) AddSharing(command, args);
+        });
+    AddListFiles(paper, given);
+    CLI::App& watermark = AddEntries(
+        app, given, "watermark", "Watermarks: list, add, change, delete, export, import",
+        [](CLI::App& command, ListArguments& args) {
+            command.add_option("--text", args.text, "What is printed")
+                ->required(command.get_name() == "add");
+            command.add_option("--font", args.font, "An installed typeface");
+            command.add_option("--size", args.size, "In points, 8 to 200");
+            command.add_flag("--bold,!--no-bold", args.bold);
+            command.add_flag("--italic,!--no-italic", args.italic);
+            command.add_option("--colour", args.colour, "RRGGBB");
+            command.add_option("--angle", args.angle, "Degrees, -180 to 180, counter-clockwise");
+            command.add_option("--x", args.x, "Per cent of half the page to the right");
+            command.add_option("--y", args.y, "Per cent of half the page upwards");
+            AddSharing(command, args);
+        });
+    AddListFiles(watermark, given);
+    AddEntries(app, given, "overlay", "Overlays, forms that the printer merges: list, add, ...",
+               [](CLI::App& command, ListArguments& args) {
+                   if (command.get_name() == "add") {
+                       command.add_option("file", args.file, "Its print file")->required();
+                   } else {
+                       command.add_option("--file", args.newFile, "Its new print file");
+                   }
+               });
+}
+
 void AddPrinter(CLI::App& app, Arguments& args) {
     PrinterArguments& given = args.printer;
     auto* printer = app.add_subcommand("printer", "List, add, remove, share or copy printers");
@@ -194,6 +293,7 @@ void DescribeCommands(CLI::App& app, Arguments& args) {
     AddRecord(app, args);
     AddDevice(app, args);
     AddMailbox(app, args);
+    AddLists(app, args.list);
     AddPrinter(app, args);
     FinishCommand(app, app.get_name());
 }

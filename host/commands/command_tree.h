@@ -3,6 +3,7 @@
 #pragma once
 
 #include <host/commands/commands.h>
+#include <host/commands/list_arguments.h>
 #include <host/controls/conflict_answers.h>
 #include <host/controls/session.h>
 
@@ -27,6 +28,7 @@ struct Arguments {
     std::string entry;
     std::string name;
     PrinterArguments printer;
+    ListArguments list;
     std::string policy = "ask";  // one of kPolicyNames or kRemovalNames
     double scale = 1;
     bool rightToLeft = false;

@@ -9,6 +9,7 @@
 #include <platform/registry/state_store.h>
 #include <unistd.h>
 
+#include <array>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -33,6 +34,10 @@ enum class Source {
     kPolicies,
     kRemovals,
     kViews,
+    kUnits,
+    kPapers,
+    kWatermarks,
+    kOverlays,
     kFiles,
     kFolders,
 };
@@ -57,6 +62,16 @@ constexpr SourceRow kArguments[] = {
     {"device remove", Source::kDeviceOptions},
     {"device record", Source::kFiles},
     {"mailbox assign", Source::kMailboxEntries},
+    {"paper edit", Source::kPapers},
+    {"paper delete", Source::kPapers},
+    {"paper export", Source::kFiles},
+    {"paper import", Source::kFiles},
+    {"watermark edit", Source::kWatermarks},
+    {"watermark delete", Source::kWatermarks},
+    {"watermark export", Source::kFiles},
+    {"watermark import", Source::kFiles},
+    {"overlay edit", Source::kOverlays},
+    {"overlay delete", Source::kOverlays},
     {"printer remove", Source::kPrinters},
     {"printer share", Source::kPrinters},
     {"printer take", Source::kPrinters},
@@ -66,6 +81,7 @@ constexpr SourceRow kOptionValues[] = {
     {"state", Source::kFolders},       {"printer", Source::kPrinters},
     {"page", Source::kPictures},       {"on-conflict", Source::kPolicies},
     {"on-removal", Source::kRemovals}, {"view", Source::kViews},
+    {"file", Source::kFiles},          {"unit", Source::kUnits},
 };
 
 template <size_t count>
@@ -249,6 +265,18 @@ void Completion::OfferSource(Source source, const std::string& prefix, const std
         }
         case Source::kViews:
             offerAll(kViewNames);
+            break;
+        case Source::kUnits:
+            offerAll(std::array{"mm", "inch"});
+            break;
+        case Source::kPapers:
+            if (arguments_ == 0) offerAll(PaperNames(options_));
+            break;
+        case Source::kWatermarks:
+            if (arguments_ == 0) offerAll(WatermarkNames(options_));
+            break;
+        case Source::kOverlays:
+            if (arguments_ == 0) offerAll(OverlayNames(options_));
             break;
         case Source::kFiles:
             std::puts("\tfiles");

@@ -9,6 +9,7 @@
 #include <platform/window/input.h>
 #include <prsht.h>
 
+#include <algorithm>
 #include <cstring>
 #include <utility>
 
@@ -212,20 +213,40 @@ SetOutcome ControlDriver::PressButton(const Control& control, HWND window) {
 void ControlDriver::AnswerDialog(HWND dialog) {
     ++dialogsOpened_;
     if (conflicts_.Answer(dialog, notes_)) return;
-    const std::string caption = WindowText(dialog);
     constexpr int kMessageText = 0xFFFF;
     const HWND message = GetDlgItem(dialog, kMessageText);
-    if (work_ && message == nullptr) {
-        const SetOutcome outcome = std::exchange(work_, nullptr)(dialog);
-        kv::input::Click(GetDlgItem(dialog, outcome.status == kDone ? IDOK : IDCANCEL));
-        workOutcome_ = outcome;
+    if (message != nullptr) return AnswerMessage(dialog, message);
+    if (work_) return WorkIn(dialog);
+    for (const int id : {IDOK, IDYES, IDCLOSE, IDCANCEL}) {
+        if (kv::input::Click(GetDlgItem(dialog, id))) return;
+    }
+    kv::input::Close(dialog);
+}
+
+// A dialog that stays after its OK has said why, or beeped. Its owner is disabled as long as it is
+// there.
+void ControlDriver::WorkIn(HWND dialog) {
+    workOutcome_ = std::exchange(work_, nullptr)(dialog);
+    const HWND owner = GetParent(dialog);
+    if (workOutcome_.status == kDone) {
+        kv::input::Click(GetDlgItem(dialog, IDOK));
+        if (IsWindowEnabled(owner)) return;
+        workOutcome_ =
+            Refuse(kRefused, lastMessage_.empty() ? "its dialog does not take it" : lastMessage_);
+    }
+    kv::input::Click(GetDlgItem(dialog, IDCANCEL));
+}
+
+void ControlDriver::AnswerMessage(HWND dialog, HWND message) {
+    std::string text = WindowText(message);
+    const int wanted = reply_ ? reply_(text) : 0;
+    if (wanted != 0 && kv::input::Click(GetDlgItem(dialog, wanted))) {
+        if (wanted == IDCANCEL || wanted == IDNO) lastMessage_ = text;
         return;
     }
-    if (message != nullptr) {
-        lastMessage_ = caption + ": " + WindowText(message);
-        notes_.push_back(lastMessage_);
-        if (lastMessage_.back() == '.') lastMessage_.pop_back();  // the sentence goes on
-    }
+    lastMessage_ = WindowText(dialog) + ": " + text;
+    notes_.push_back(lastMessage_);
+    if (lastMessage_.back() == '.') lastMessage_.pop_back();  // the sentence goes on
     for (const int id : {IDOK, IDYES, IDCLOSE, IDCANCEL}) {
         if (kv::input::Click(GetDlgItem(dialog, id))) return;
     }

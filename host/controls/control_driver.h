@@ -26,6 +26,11 @@ class ControlDriver {
     SetOutcome InDialog(const Control& opener, const std::string& subject, const DialogWork& work);
     // The same for a dialog that something else opens.
     SetOutcome InDialog(const Opener& open, const std::string& subject, const DialogWork& work);
+    // Answers message boxes: the id of the button, or 0 for the first of OK, Yes, Close and Cancel;
+    // what is told of a refusal may be added to the text. Until the next call; null returns to
+    // that.
+    using Reply = std::function<int(std::string& text)>;
+    void ReplyBy(Reply reply) { reply_ = std::move(reply); }
     // Applies what was set. Questions and refusals that come up meanwhile are in the outcome.
     SetOutcome Accept();
 
@@ -37,6 +42,8 @@ class ControlDriver {
 
  private:
     void AnswerDialog(HWND dialog);
+    void WorkIn(HWND dialog);
+    void AnswerMessage(HWND dialog, HWND message);
     SetOutcome SetOnPage(const Control& control, const std::string& value, HWND window);
     SetOutcome PressButton(const Control& control, HWND window);
     // Whether the page took the entry that was chosen for a value.
@@ -52,6 +59,7 @@ class ControlDriver {
     // What is to be done in the next dialog that opens, and what became of it.
     DialogWork work_;
     SetOutcome workOutcome_;
+    Reply reply_;
 };
 
 }  // namespace kvhost

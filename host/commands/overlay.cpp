@@ -1,0 +1,84 @@
+// kvprefs overlay: the overlays of a printer, by their page and its editor.
+#include <host/commands/change.h>
+#include <host/commands/list_arguments.h>
+#include <host/controls/overlay_driver.h>
+#include <module/lists/overlay_entries.h>
+#include <platform/registry/state_store.h>
+#include <winspool.h>
+
+#include <cstdio>
+#include <vector>
+
+namespace kvhost {
+namespace {
+
+constexpr size_t kMostOverlays = 16;
+
+std::string ValueOf(Session& session, const char* name) {
+    HANDLE printer = nullptr;
+    if (!OpenPrinterA(session.printer().printerName, &printer, nullptr)) return {};
+    DWORD type = 0, needed = 0;
+    std::string bytes;
+    GetPrinterDataA(printer, const_cast<LPSTR>(name), &type, nullptr, 0, &needed);
+    bytes.resize(needed);
+    const DWORD error = GetPrinterDataA(printer, const_cast<LPSTR>(name), &type,
+                                        reinterpret_cast<BYTE*>(bytes.data()), needed, &needed);
+    ClosePrinter(printer);
+    if (error != ERROR_SUCCESS) bytes.clear();
+    return bytes;
+}
+
+// Without entry 0, which stands for none.
+Json ReadOverlays(Session& session) {
+    std::vector<DWORD> ids;
+    kvui::ParseOverlayIds(ValueOf(session, kvui::kOverlayIds), kMostOverlays, ids);
+    const std::string names = ValueOf(session, kvui::kOverlayNames);
+    const std::string paths = ValueOf(session, kvui::kOverlayPaths);
+    Json rows = Json::array();
+    for (const DWORD id : ids) {
+        std::string name, path;
+        kvui::FindOverlayEntry(names, id, name);
+        kvui::FindOverlayEntry(paths, id, path);
+        if (id != 0) rows.push_back({{"id", id}, {"name", name}, {"path", path}});
+    }
+    return rows;
+}
+
+ExitStatus List(const Options& options) {
+    Session session;
+    if (!session.Open(options)) return kBadInput;
+    const Json rows = ReadOverlays(session);
+    if (options.json) return PrintJson(rows), kDone;
+    for (const Json& row : rows) {
+        std::printf("%-30s  %s\n", row["name"].get<std::string>().c_str(),
+                    row["path"].get<std::string>().c_str());
+    }
+    return kDone;
+}
+
+}  // namespace
+
+std::vector<std::string> OverlayNames(const Options& options) {
+    Session session;
+    std::vector<std::string> names;
+    if (!session.Look(options)) return names;
+    for (const Json& row : ReadOverlays(session)) names.push_back(row["name"]);
+    return names;
+}
+
+ExitStatus RunOverlay(const Options& options, ListCommand command, const ListArguments& args) {
+    if (command == ListCommand::kList) return List(options);
+    OverlayWish wish{args.name, args.newName, args.newFile, args.Answers()};
+    if (command == ListCommand::kAdd) wish.file = args.file;
+    return Change(options, ConflictPolicy::kCancel,
+                  [&](Session& session, ControlDriver& driver, Changes& changes) {
+                      OverlayDriver overlays(session, driver);
+                      SetOutcome outcome;
+                      if (command == ListCommand::kAdd) outcome = overlays.Add(wish);
+                      if (command == ListCommand::kEdit) outcome = overlays.Edit(wish);
+                      if (command == ListCommand::kDelete) outcome = overlays.Delete(args.name);
+                      return TakeOver(outcome, args.name, changes);
+                  });
+}
+
+}  // namespace kvhost

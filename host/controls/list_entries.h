@@ -1,0 +1,70 @@
+// What the dialogs of lists that users make have in common for the command line: entries that are
+// found by name, and fields that are typed into. Used by the drivers of papers, watermarks and
+// overlays.
+#pragma once
+
+#include <host/controls/control_driver.h>
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kvhost {
+
+// What an answer to the module's questions is to be.
+struct ListAnswers {
+    bool overwrite = false;        // an entry of the same name
+    std::optional<bool> isCommon;  // for all users, or for the caller only
+};
+
+constexpr char kCommonTakesAdministrator[] = "--common: only an administrator adds for everybody";
+constexpr char kCommonIsFull[] = ": stored as your own, the list for everybody is full";
+
+// "entry" is how people call it. The name as it stands, else in any case, else "#ID".
+SetOutcome FindEntry(const std::vector<ChoiceText>& entries, const std::string& entry,
+                     const std::string& name, int& row);
+
+// Types a text that the field must take whole; `what` names it in errors.
+SetOutcome TypeField(HWND dialog, int id, const std::string& what, const std::string& text);
+// Moves the focus on, so that the dialog reads what was typed.
+void LeaveFields(HWND dialog);
+std::string ModuleText(Session& session, UINT id);
+
+// While it lives, questions about a name that is there already are answered by the policy, and
+// those about common entries; others in the driver's usual way.
+class ListReplies {
+ public:
+    ListReplies(Session& session, ControlDriver& driver, const ListAnswers& answers);
+    ~ListReplies() { driver_.ReplyBy(nullptr); }
+    ListReplies(const ListReplies&) = delete;
+    ListReplies& operator=(const ListReplies&) = delete;
+
+    // Whether the entry could have become one for everybody.
+    bool WasAskedAboutCommon() const { return asked_; }
+
+ private:
+    ControlDriver& driver_;
+    bool asked_ = false;
+};
+
+// While it lives, whatever is chosen in a page's list is put back at its end, if it is still there:
+// who works at the entries chooses none for the next job.
+class KeptChoice {
+ public:
+    KeptChoice(ControlDriver& driver, unsigned listId);
+    ~KeptChoice();
+    KeptChoice(const KeptChoice&) = delete;
+    KeptChoice& operator=(const KeptChoice&) = delete;
+
+ private:
+    ControlDriver& driver_;
+    const Control& list_;
+    DWORD chosen_ = 0;
+};
+
+// Chooses an entry of a page's list.
+SetOutcome ChooseEntry(ControlDriver& driver, unsigned listId, const std::string& entry,
+                       const std::string& name);
+
+}  // namespace kvhost
