@@ -40,6 +40,7 @@ NOT_CAPTIONS = {
     "said when the string table may be what is missing": {
         "Driver halt at line %d of Su_cmn.", "UI Halt Message", "Error", "Code : 0x7F7F ",
         "CreateDialog Result", "CommonViewDialog Failed"},
+    "words of the command line and of its files": {"mm", "inch", "unit"},
     "for support, nobody else reads it": {"entryOfRow holds positions in a byte"},
     "the name of an icon, for screen readers": {"Warning"},
 }

@@ -3,16 +3,28 @@
 
 #include <cstdio>
 #include <fstream>
-#include <iostream>
-#include <iterator>
 
 namespace kvhost {
 namespace {
 
-constexpr std::streamsize kMostBytes = 16 << 20;
+constexpr size_t kMostBytes = 16 << 20;
 
 std::string AsText(const Json& json) {
     return json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
+// As much as a list may have, and a little more.
+bool ReadText(const std::string& file, std::string& text) {
+    std::FILE* in = file == "-" ? stdin : std::fopen(file.c_str(), "rb");
+    if (in == nullptr) return false;
+    char part[1 << 14];
+    while (const size_t size = std::fread(part, 1, sizeof part, in)) {
+        text.append(part, size);
+        if (text.size() > kMostBytes) break;
+    }
+    const bool failed = std::ferror(in) != 0;
+    if (in != stdin) std::fclose(in);
+    return !failed && !text.empty();
 }
 
 }  // namespace
@@ -38,15 +50,12 @@ bool WriteJsonFile(const std::string& file, const Json& json) {
 }
 
 bool ReadJsonFile(const std::string& file, Json& json) {
-    std::ifstream stored;
-    if (file != "-") stored.open(file, std::ios::binary);
-    std::istream& in = file == "-" ? std::cin : stored;
-    std::string text(std::istreambuf_iterator<char>(in), {});
-    if ((file != "-" && !stored.is_open()) || text.empty()) {
+    std::string text;
+    if (!ReadText(file, text)) {
         PrintError(file + ": cannot be read, or is empty");
         return false;
     }
-    if (static_cast<std::streamsize>(text.size()) > kMostBytes) {
+    if (text.size() > kMostBytes) {
         PrintError(file + ": is too large for a list");
         return false;
     }

@@ -102,6 +102,20 @@ KeptChoice::~KeptChoice() {
     if (row >= 0 && SendMessageA(list, LB_GETCURSEL, 0, 0) != row) kv::input::Choose(list, row);
 }
 
+bool PressOwnersButton(ControlDriver& driver, unsigned button) {
+    const HWND window = driver.WindowOf(*FindControl(button));
+    if (IsWindowVisible(window)) return kv::input::Click(window);
+    if (!IsWindowEnabled(window)) return false;
+    SendMessageA(GetParent(window), WM_COMMAND, MAKEWPARAM(button, BN_CLICKED),
+                 reinterpret_cast<LPARAM>(window));
+    return true;
+}
+
+SetOutcome InOwnersDialog(ControlDriver& driver, unsigned button, const std::string& subject,
+                          const ControlDriver::DialogWork& work) {
+    return driver.InDialog([&] { PressOwnersButton(driver, button); }, subject, work);
+}
+
 SetOutcome ChooseEntry(ControlDriver& driver, unsigned listId, const std::string& entry,
                        const std::string& name) {
     const Control& control = *FindControl(listId);

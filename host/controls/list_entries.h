@@ -63,6 +63,14 @@ class KeptChoice {
     DWORD chosen_ = 0;
 };
 
+// Presses a button of a page that works at a user's own entries. Who may not administer the printer
+// is not shown these buttons, because the window has no place that says whose entries they make;
+// their dialogs know what such a user may do.
+bool PressOwnersButton(ControlDriver& driver, unsigned button);
+// Works in the dialog that such a button opens.
+SetOutcome InOwnersDialog(ControlDriver& driver, unsigned button, const std::string& subject,
+                          const ControlDriver::DialogWork& work);
+
 // Chooses an entry of a page's list.
 SetOutcome ChooseEntry(ControlDriver& driver, unsigned listId, const std::string& entry,
                        const std::string& name);

@@ -132,7 +132,7 @@ bool ParseInches(const std::string& text, unsigned& whole, unsigned& sixteenths)
 }
 
 SetOutcome PaperDriver::InList(const ControlDriver::DialogWork& work) {
-    return driver_.InDialog(*FindControl(IDC_BTN_CUSTOM_PAPER), "custom papers", [&](HWND dialog) {
+    return InOwnersDialog(driver_, IDC_BTN_CUSTOM_PAPER, "custom papers", [&](HWND dialog) {
         const SetOutcome outcome = work(dialog);
         // Its OK uses the selected paper for the next job, which nobody asked for here.
         SendDlgItemMessageA(dialog, IDC_LIST_PAPERS, LB_SETCURSEL, static_cast<WPARAM>(-1), 0);

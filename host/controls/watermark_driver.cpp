@@ -81,10 +81,9 @@ bool ParseColour(const std::string& text, unsigned (&parts)[3]) {
     return true;
 }
 
-// Of the paper in force, as the page is read; 0 when it is not known.
-SIZE PageInPoints(Session& session) {
-    constexpr SHORT kLandscape = 2;
-    constexpr double kTenthsPerInch = 254, kHundredthsPerInch = 100, kPointsPerInch = 72;
+// The longer side of the paper in force, in inches; 0 when it is not known.
+double LongerSide(Session& session) {
+    constexpr double kTenthsPerInch = 254, kHundredthsPerInch = 100;
     const auto& settings = *reinterpret_cast<const DEVMODEA*>(session.record().data());
     PrinterBlock& printer = session.printer();
     PaperSizeInfo paper{};
@@ -96,28 +95,30 @@ SIZE PageInPoints(Session& session) {
         paper = {static_cast<LONG>(record.widthTenths), static_cast<LONG>(record.heightTenths),
                  kPaperUnitMillimetre};
     }
-    const double perInch = paper.unit == kPaperUnitInch ? kHundredthsPerInch : kTenthsPerInch;
-    const auto points = [&](LONG length) {
-        return static_cast<LONG>(std::lround(length / perInch * kPointsPerInch));
-    };
-    const SIZE size{points(paper.width), points(paper.length)};
-    return settings.dmOrientation == kLandscape ? SIZE{size.cy, size.cx} : size;
+    const LONG longer = std::max(paper.width, paper.length);
+    return longer / (paper.unit == kPaperUnitInch ? kHundredthsPerInch : kTenthsPerInch);
 }
 
 }  // namespace
 
-// The editor takes per cent of half the page.
+// The editor takes per cent of half the page, as its picture shows that: whole pixels, and as many
+// of them per inch.
 SetOutcome WatermarkDriver::TypePlace(HWND editor, const WatermarkWish& watermark) {
-    const SIZE page = PageInPoints(session_);
+    constexpr double kLongestSide = 170, kPointsOfHalfAnInch = 36;
+    const double longer = LongerSide(session_);
+    RECT picture{};
+    GetClientRect(GetDlgItem(editor, IDC_PIC_WM_PAPER), &picture);
     const struct {
         const NumberField& field;
         const std::optional<long>& points;
-        LONG side;
-    } rows[] = {{kNumbers[2], watermark.points.first, page.cx},
-                {kNumbers[3], watermark.points.second, page.cy}};
+        LONG pixels;
+    } rows[] = {{kNumbers[2], watermark.points.first, picture.right},
+                {kNumbers[3], watermark.points.second, picture.bottom}};
     for (const auto& row : rows) {
-        if (!row.points || row.side <= 0) continue;
-        const double percent = static_cast<double>(*row.points) * 200 / row.side;
+        if (!row.points || row.pixels <= 0 || longer <= 0) continue;
+        const double scale = std::floor(kLongestSide / longer);
+        const double percent =
+            static_cast<double>(*row.points) * scale * 100 / (row.pixels * kPointsOfHalfAnInch);
         const SetOutcome typed =
             TypeNumber(editor, row.field,
                        std::to_string(std::lround(std::clamp(percent, -kFarAway, kFarAway))));
@@ -181,7 +182,7 @@ SetOutcome WatermarkDriver::Fill(HWND editor, const WatermarkWish& watermark, bo
 
 SetOutcome WatermarkDriver::InEditor(unsigned opener, const WatermarkWish& watermark) {
     const ListReplies replies(session_, driver_, watermark.answers);
-    return driver_.InDialog(*FindControl(opener), watermark.name, [&](HWND editor) {
+    return InOwnersDialog(driver_, opener, watermark.name, [&](HWND editor) {
         return Fill(editor, watermark, opener == IDC_BTN_WATERMARK_ADD);
     });
 }
@@ -199,20 +200,14 @@ std::string WatermarkDriver::WhyFull() const {
 }
 
 SetOutcome WatermarkDriver::MayChange(unsigned button, const std::string& name, const char* what) {
-    const HWND window = driver_.WindowOf(*FindControl(button));
-    if (!IsWindowVisible(window)) {
-        return Refuse(kRefused, "the watermarks of this printer belong to its administrators");
-    }
-    if (IsWindowEnabled(window)) return {};
+    if (IsWindowEnabled(driver_.WindowOf(*FindControl(button)))) return {};
     return Refuse(kRefused,
                   Quoted(name) + " is the printer's, or everybody's: it cannot be " + what);
 }
 
 SetOutcome WatermarkDriver::Add(const WatermarkWish& watermark) {
     const HWND button = driver_.WindowOf(*FindControl(IDC_BTN_WATERMARK_ADD));
-    if (IsWindowVisible(button) && !IsWindowEnabled(button)) return Refuse(kRefused, WhyFull());
-    const SetOutcome may = MayChange(IDC_BTN_WATERMARK_ADD, watermark.name, "added");
-    if (may.status != kDone) return may;
+    if (!IsWindowEnabled(button)) return Refuse(kRefused, WhyFull());
     const KeptChoice kept(driver_, IDC_LIST_WATERMARK);
     return InEditor(IDC_BTN_WATERMARK_ADD, watermark);
 }
@@ -232,7 +227,7 @@ SetOutcome WatermarkDriver::Delete(const std::string& name) {
     if (outcome.status == kDone) outcome = MayChange(IDC_BTN_WATERMARK_DELETE, name, "deleted");
     if (outcome.status != kDone) return outcome;
     driver_.ReplyBy([](std::string&) -> int { return IDOK; });
-    kv::input::Click(driver_.WindowOf(*FindControl(IDC_BTN_WATERMARK_DELETE)));
+    PressOwnersButton(driver_, IDC_BTN_WATERMARK_DELETE);
     driver_.ReplyBy(nullptr);
     return outcome;
 }
