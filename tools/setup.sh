@@ -51,6 +51,7 @@ bench_packages=(
     "libglib2.0-dev: peer of the rules file reader"
     "libcups2-dev: peer of the conflict check"
     "libpixman-1-dev: peer of the Paper View"
+    "libcairo2-dev: peer of the watermark's views"
 )
 develop_packages=(
     "ccache: builds again in seconds what was built before"

@@ -212,19 +212,29 @@ class Photographer {
         }
         // A check box opens its dialog when it is turned on.
         if (IsCheckBox(control)) Prepare(control, BST_UNCHECKED);
+        if (row.opening == Opening::kInDialog) inner_ = static_cast<int>(row.value);
         kv::input::Click(control);
+        inner_ = 0;
     }
 
     void Answer(HWND dialog) {
+        if (const int button = std::exchange(inner_, 0)) {
+            kv::input::Click(GetDlgItem(dialog, button));
+        } else {
+            TakeAnswered(dialog);
+        }
+        for (const int id : {IDCANCEL, IDNO, IDCLOSE, IDOK}) {
+            if (kv::input::Click(GetDlgItem(dialog, id))) return;
+        }
+        kv::input::Close(dialog);
+    }
+
+    void TakeAnswered(HWND dialog) {
         std::string stem = next_.empty() ? FileStem(WindowText(dialog)) : next_;
         next_.clear();
         // A dialog that comes up by itself while another one is sought.
         if (Has(stem)) stem += "-" + std::to_string(stems_.size());
         Take(dialog, stem);
-        for (const int id : {IDCANCEL, IDNO, IDCLOSE, IDOK}) {
-            if (kv::input::Click(GetDlgItem(dialog, id))) return;
-        }
-        kv::input::Close(dialog);
     }
 
     bool Take(HWND window, const std::string& stem) {
@@ -254,6 +264,7 @@ class Photographer {
     std::string view_;  // of the preview; empty for the page's own
     bool json_;
     bool failed_ = false;
+    int inner_ = 0;     // button of the dialog that opens next, which opens the wanted one
     std::string next_;  // name of the dialog that is about to open
     std::set<std::string> stems_;
     std::set<std::string> seen_;

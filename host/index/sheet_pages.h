@@ -25,6 +25,7 @@ enum class Opening {
     kChoose,      // of an entry that a rule refuses
     kExport,      // by the module's export, on the page's state
     kRightClick,  // on the page, with Shift
+    kInDialog,    // of the button `value` in the dialog that a click of `control` opens
     kNone,        // nothing opens it yet
 };
 

@@ -23,6 +23,9 @@ constexpr Opener ChosenAfter(DWORD before, DWORD valueBefore, DWORD control, DWO
 constexpr Opener Exported(const char* procedure, DWORD control = 0) {
     return {Opening::kExport, procedure, control, 0, 0, 0};
 }
+constexpr Opener ClickedInDialog(DWORD outer, DWORD button) {
+    return {Opening::kInDialog, nullptr, outer, button, 0, 0};
+}
 constexpr Opener kRightClicked{Opening::kRightClick, nullptr, 0, 0, 0, 0};
 constexpr Opener kUnopened{Opening::kNone, nullptr, 0, 0, 0, 0};
 
@@ -44,7 +47,7 @@ constexpr DialogRow kDialogRows[] = {
     {"first-page",            "TAB0R",      "_LBPFIRSTPAGE",       "_LBPFIRSTPAGE",  IDS_TITLE_FIRST_PAGE,       Clicked(IDC_CHK_FIRST_PAGE_SOURCE)},
     {"paper-source-details",  "TAB0R",      "_DLGTAB00",           "DLGTAB00",       IDS_TITLE_PAPER_SOURCE,     Exported("DDMTAB00")},
     {"custom-papers",         "TAB0R",      "_LBPCUSTOMPAPERS",    "",               IDS_TITLE_CUSTOM_PAPERS,    Clicked(IDC_BTN_CUSTOM_PAPER)},
-    {"paper-editor",          "TAB0R",      "_LBPEDITPAPER",       "",               IDS_TITLE_EDIT_PAPER,       kUnopened},
+    {"paper-editor",          "TAB0R",      "_LBPEDITPAPER",       "",               IDS_TITLE_EDIT_PAPER,       ClickedInDialog(IDC_BTN_CUSTOM_PAPER, IDC_BTN_PAPER_NEW)},
     {"save-settings",         "TAB0R",      "DLGSAVEEASYSET",      "",               IDS_TITLE_SAVE_SET,         kUnopened},
     {"edit-settings",         "TAB0R",      "DLGEDITEASYSET",      "",               IDS_TITLE_EDIT_SETS,        kUnopened},
     {"keep-settings",         "TAB0R",      "_DLGKEEPSETTINGADD",  "",               0,                          Exported("DDMKeepSettingAdd")},

@@ -33,6 +33,7 @@ enum class Opening {
     kChoose,      // of an entry that a rule refuses
     kExport,      // by the export, on the state of a page: no control opens it
     kRightClick,  // on the page, with Shift
+    kInDialog,    // of the button `value` in the dialog that a click of `control` opens
     kNone,        // nothing opens it yet
 };
 

@@ -3,6 +3,7 @@
 
 #include <host/index/sheet_pages.h>
 
+#include <QPushButton>
 #include <QTimer>
 #include <vector>
 
@@ -175,6 +176,7 @@ void SheetTour::OpenDialog(const Dialog& row) {
     }
     Texts texts{module_->handle(), row.titleId};
     switch (row.opening) {
+        case Opening::kInDialog:
         case Opening::kClick: {
             const HWND opener = FindBelow(page, control);
             if ((StyleOf(opener) & BS_TYPEMASK) == BS_AUTOCHECKBOX) {
@@ -223,7 +225,17 @@ void SheetTour::VisitDialog(const Dialog& row, const Visit& visit) {
             kv::Settle();
         }
     });
-    timer.start(kPatience);
+    QTimer outer;
+    QObject::connect(&outer, &QTimer::timeout, [&] {
+        QWidget* dialog = QApplication::activeModalWidget();
+        if (!dialog) return;
+        outer.stop();
+        kv::Settle();
+        timer.start(kPatience);
+        dialog->findChild<QPushButton*>(QString::number(row.value))->click();
+        kv::input::Key(VK_ESCAPE);
+    });
+    (row.opening == Opening::kInDialog ? outer : timer).start(kPatience);
     OpenDialog(row);
 }
 

@@ -130,7 +130,8 @@ int PageIndex(const char* templateName) {
 }
 
 void WriteDialogs() {
-    constexpr const char* kWays[] = {"kClick", "kChoose", "kExport", "kRightClick", "kNone"};
+    constexpr const char* kWays[] = {"kClick",      "kChoose",   "kExport",
+                                     "kRightClick", "kInDialog", "kNone"};
     std::puts("constexpr Dialog kDialogRows[] = {");
     for (const DialogRow& row : kDialogs) {
         const Opener& opener = row.opener;

@@ -52,8 +52,11 @@ TEST_F(Readme, InItsOwnLook) {
     kv::input::Click(Item(IDC_CHK_ACCESS_CODE, kJob));
     TypeInto(IDC_EDIT_ACCESS_NUMBER, "2718", kJob);
     KeepPage(kJob, "readme-job-management");
-    VisitDialog("conflict",
-                [](QWidget& window, const std::string&) { Keep(window, "readme-conflict"); });
+    for (const char* dialog : {"conflict", "watermark-editor", "paper-editor", "overlay-editor"}) {
+        VisitDialog(dialog, [dialog](QWidget& window, const std::string&) {
+            Keep(window, std::string("readme-") + dialog);
+        });
+    }
 }
 
 // What may stand together by the rules of the model: options, source, output, mailboxes.
