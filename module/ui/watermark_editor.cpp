@@ -6,222 +6,27 @@
 #include <commdlg.h>
 
 #include <algorithm>
-#include <cmath>
-#include <cstdio>
 #include <cstdlib>
 #include <string>
 
 #include "dialog/dialog_definition.h"
 #include "dialog/texts.h"
-#include "lists/watermark_angle.h"
 #include "lists/watermark_list.h"
 #include "lists/watermark_records.h"
-#include "preview/watermark_preview.h"
-#include "resources/resource.h"
-#include "resources/string_ids.h"
 #include "settings/dialog_procedures.h"
 #include "sheet/administrator.h"
 #include "sheet/fixed_text.h"
 #include "sheet/message_box.h"
-#include "ui/watermark_typefaces.h"
+#include "ui/watermark_fields.h"
 
 namespace kvui {
 namespace {
 
 constexpr INT_PTR kDone = 1, kCancelled = 2;
-constexpr int kTypedNameCharacters = 20;
 constexpr int kMostNameCharacters = sizeof WatermarkRecord::name - 1;
-constexpr int kMostTextCharacters = sizeof WatermarkRecord::text - 1;
-constexpr int kNumberCharacters = 4, kSizeCharacters = 3;
-constexpr int kMostSlider = 100;
 constexpr DWORD kNoRecord = ~DWORD{0};  // no watermark has this id
 
-constexpr UINT kStyles[] = {IDS_STYLE_REGULAR, IDS_STYLE_BOLD, IDS_STYLE_ITALIC,
-                            IDS_STYLE_BOLD_ITALIC};  // by bold + 2 * italic
-struct ColourRow {
-    UINT captionId;
-    COLORREF colour;
-};
-// caption, colour; that of the last one is picked
-constexpr ColourRow kColours[] = {
-    {IDS_COLOR_BLACK, RGB(0, 0, 0)},      {IDS_COLOR_RED, RGB(255, 0, 0)},
-    {IDS_COLOR_GREEN, RGB(0, 255, 0)},    {IDS_COLOR_BLUE, RGB(0, 0, 255)},
-    {IDS_COLOR_YELLOW, RGB(255, 255, 0)}, {IDS_COLOR_MAGENTA, RGB(255, 0, 255)},
-    {IDS_COLOR_CYAN, RGB(0, 255, 255)},   {IDS_COLOR_OTHERS, 0},
-};
-constexpr int kOtherColour = std::size(kColours) - 1;
-
-// One direction of the position: its slider goes from left to right or from the bottom up.
-struct PositionRow {
-    int slider, edit, spin;
-    LONG WatermarkRecord::*offset;
-    LONG SIZE::*side;
-    int slope, start;  // per cent = slope * slider + start
-};
-constexpr PositionRow kPositions[] = {
-    {IDC_SLD_WM_POSITION_X, IDC_EDIT_WM_POSITION_X, IDC_SPIN_WM_POSITION_X,
-     &WatermarkRecord::offsetX, &SIZE::cx, 2, -100},
-    {IDC_SLD_WM_POSITION_Y, IDC_EDIT_WM_POSITION_Y, IDC_SPIN_WM_POSITION_Y,
-     &WatermarkRecord::offsetY, &SIZE::cy, -2, 100},
-};
-
-WatermarkEdit& EditOf(Run& run) {
-    return *run.context.shared->lists.watermarkEdit;
-}
-WatermarkRecord& Record(Run& run) {
-    return EditOf(run).record;
-}
-HWND ControlOf(const Run& run, int id) {
-    return GetDlgItem(run.window, id);
-}
-WatermarkAxis AxisOf(Run& run, const PositionRow& row) {
-    const WatermarkPaper& paper = EditOf(run).paper;
-    return {paper.scale, paper.size.*row.side};
-}
-
-void Redraw(Run& run) {
-    InvalidateRect(ControlOf(run, IDC_PIC_WM_PAPER), nullptr, FALSE);
-}
-
-std::string TextOf(const Run& run, int id) {
-    char text[kMostTextCharacters + 1] = "";
-    GetDlgItemTextA(run.window, id, text, sizeof text);
-    return text;
-}
-
-// Fields that the editor fills itself are not read back.
-void ShowText(Run& run, int id, const std::string& text) {
-    EditOf(run).isShowing = true;
-    SetDlgItemTextA(run.window, id, text.c_str());
-    EditOf(run).isShowing = false;
-}
-void ShowNumber(Run& run, int id, LONG number) {
-    ShowText(run, id, std::to_string(number));
-}
-
-// --- Opening ---
-
-void MakeRecord(Run& run) {
-    SheetContext& context = run.context;
-    WatermarkEdit& edit = EditOf(run);
-    edit.record = MakeDefaultWatermark(context, edit.number);
-    if (!edit.isNew) FetchWatermark(context, context.privateSettings->mdmWatermark, edit.record);
-    edit.paper = WatermarkPaperOf(context);
-    WatermarkRecord& record = edit.record;
-    if (record.angleMode == kAngleHorizontal) record.angle = 0;
-    if (record.angleMode == kAngleVertical) record.angle = 90;
-    if (record.angleMode == kAngleDiagonal)
-        record.angle = static_cast<LONG>(DiagonalAngle(context));
-    record.angle = std::clamp<LONG>(record.angle, -kMostWatermarkAngle, kMostWatermarkAngle);
-    record.angleMode = kAngleByUser;
-    context.privateSettings->mdmOtherSettings &= ~kOtherDiagonalKnown;
-}
-
-void FillMenu(Run& run, int id, UINT stringId) {
-    char caption[64] = "";
-    LoadStringA(run.context.strings, stringId, caption, sizeof caption);
-    SendDlgItemMessageA(run.window, id, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(caption));
-}
-
-// A typeface that is not installed is offered to keep; another one is drawn in its place.
-void ShowTypefaces(Run& run) {
-    const HWND combo = ControlOf(run, IDC_COMBO_WM_FACE);
-    const auto add = [&](const std::string& name) {
-        SendMessageA(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(name.c_str()));
-    };
-    for (const std::string& name : WatermarkTypefaces(run.context, run.window)) add(name);
-    const std::string chosen = BoundedText(Record(run).typeface);
-    const auto find = [&] {
-        return SendMessageA(combo, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
-                            reinterpret_cast<LPARAM>(chosen.c_str()));
-    };
-    if (!chosen.empty() && find() < 0) add(chosen);
-    if (!chosen.empty()) SendMessageA(combo, CB_SETCURSEL, static_cast<WPARAM>(find()), 0);
-}
-
-void ShowLook(Run& run) {
-    const WatermarkRecord& record = Record(run);
-    for (const UINT style : kStyles) FillMenu(run, IDC_COMBO_WM_STYLE, style);
-    const int style = (record.bold ? 1 : 0) + (record.italic ? 2 : 0);
-    SendDlgItemMessageA(run.window, IDC_COMBO_WM_STYLE, CB_SETCURSEL, static_cast<WPARAM>(style),
-                        0);
-    const COLORREF colour = RGB(record.red, record.green, record.blue);
-    WatermarkEdit& edit = EditOf(run);
-    edit.otherColour = colour;
-    edit.colourRow = kOtherColour;
-    for (int row = 0; row <= kOtherColour; ++row) {
-        FillMenu(run, IDC_COMBO_WM_COLOR, kColours[row].captionId);
-        if (edit.colourRow == kOtherColour && kColours[row].colour == colour) edit.colourRow = row;
-    }
-    if (colour == 0) edit.colourRow = 0;
-    SendDlgItemMessageA(run.window, IDC_COMBO_WM_COLOR, CB_SETCURSEL,
-                        static_cast<WPARAM>(edit.colourRow), 0);
-}
-
-void LimitNumber(Run& run, int edit, int characters, int spin, LONG least, LONG most) {
-    SendDlgItemMessageA(run.window, edit, EM_LIMITTEXT, static_cast<WPARAM>(characters), 0);
-    SendDlgItemMessageA(run.window, spin, UDM_SETRANGE32, static_cast<WPARAM>(least), most);
-}
-
-void ShowSizeAndAngle(Run& run) {
-    LimitNumber(run, IDC_EDIT_WM_SIZE, kSizeCharacters, IDC_SPIN_WM_SIZE, kLeastWatermarkSize,
-                kMostWatermarkSize);
-    const DWORD size = std::min<DWORD>(Record(run).size, kMostWatermarkSize);
-    ShowNumber(run, IDC_EDIT_WM_SIZE, std::max(static_cast<LONG>(size), kLeastWatermarkSize));
-    LimitNumber(run, IDC_EDIT_WM_ANGLE, kNumberCharacters, IDC_SPIN_WM_ANGLE, -kMostWatermarkAngle,
-                kMostWatermarkAngle);
-    ShowNumber(run, IDC_EDIT_WM_ANGLE, Record(run).angle);
-    char range[32];
-    std::snprintf(range, sizeof range, "[%ld - %ld]", static_cast<long>(-kMostWatermarkAngle),
-                  static_cast<long>(kMostWatermarkAngle));
-    SetDlgItemTextA(run.window, IDC_ST_WM_ANGLE_RANGE, range);
-}
-
-void ShowSlider(Run& run, const PositionRow& row, LONG percent) {
-    const LONG place = (percent - row.start) / row.slope;
-    SendDlgItemMessageA(run.window, row.slider, TBM_SETPOS, TRUE, place);
-}
-
-void ShowPosition(Run& run) {
-    for (const PositionRow& row : kPositions) {
-        LimitNumber(run, row.edit, kNumberCharacters, row.spin, -kMostPercent, kMostPercent);
-        SendDlgItemMessageA(run.window, row.slider, TBM_SETRANGE, FALSE, MAKELONG(0, kMostSlider));
-        for (const int id : {row.slider, row.edit, row.spin})
-            EnableWindow(ControlOf(run, id), TRUE);
-        const LONG percent = AxisOf(run, row).PercentOf(Record(run).*row.offset);
-        ShowNumber(run, row.edit, percent);
-        ShowSlider(run, row, percent);
-    }
-}
-
-// Users who are no administrators have their own watermarks only.
-void ShowSharing(Run& run) {
-    SheetContext& context = run.context;
-    const WatermarkEdit& edit = EditOf(run);
-    const bool described = !edit.isNew && edit.record.id < kFirstUserWatermark;
-    const bool nt = context.platformId == VER_PLATFORM_WIN32_NT;
-    const bool user = nt && !IsAdministrator();
-    const bool common =
-        described || (edit.isNew ? !user : IsCommonWatermark(context, edit.record.id));
-    CheckRadioButton(run.window, IDC_RADIO_WM_SHARED, IDC_RADIO_WM_OWN,
-                     common ? IDC_RADIO_WM_SHARED : IDC_RADIO_WM_OWN);
-    for (const int id : {IDC_GRP_WM_SHARING, IDC_RADIO_WM_SHARED, IDC_RADIO_WM_OWN}) {
-        EnableWindow(ControlOf(run, id), nt && !user && !described);
-    }
-}
-
-void ShowWatermark(Run& run) {
-    SendDlgItemMessageA(run.window, IDC_EDIT_WM_NAME, EM_LIMITTEXT, kTypedNameCharacters, 0);
-    SendDlgItemMessageA(run.window, IDC_EDIT_WM_TEXT, EM_LIMITTEXT, kMostTextCharacters, 0);
-    ShowText(run, IDC_EDIT_WM_NAME, BoundedText(Record(run).name));
-    ShowText(run, IDC_EDIT_WM_TEXT, BoundedText(Record(run).text));
-    ShowTypefaces(run);
-    ShowLook(run);
-    ShowSizeAndAngle(run);
-    PlaceWatermarkPreview(run.context, run.window, IDC_PIC_WM_FRAME, IDC_PIC_WM_PAPER);
-    ShowPosition(run);
-    ShowSharing(run);
-}
+using namespace watermark;
 
 // --- Name and text ---
 
@@ -539,7 +344,7 @@ constexpr DialogDefinition kWatermarkEditor = {
     .helpTopic = 5117,
     .ok = {0, kDone},  // may keep the dialog open
     .cancel = {IDCANCEL, kCancelled},
-    .open = InOrder<MakeRecord, SetCaptions, ShowWatermark>,
+    .open = InOrder<watermark::MakeRecord, SetCaptions, watermark::ShowWatermark>,
     .command = InOrder<StopOwnChanges, TakeText, LeaveTexts, TakeSize, TakeAngle, TakePercent,
                        Center, TakeTypeface, TakeStyle, TakeColour, AcceptOnOk>,
     .scroll = TakeSlider,
