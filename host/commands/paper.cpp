@@ -49,11 +49,11 @@ DWORD Sixteenths(DWORD packed) {
 
 Json AsJson(const ListedPaper& paper) {
     const CustomPaperRecord& record = paper.record;
-    return {{"id", record.id},
-            {"name", record.displayName},
+    return {{"id", DWORD{record.id}},
+            {"name", std::string(record.displayName)},
             {"unit", record.unit == 0 ? "mm" : "inch"},
-            {"width_mm10", record.widthTenths},
-            {"height_mm10", record.heightTenths},
+            {"width_mm10", DWORD{record.widthTenths}},
+            {"height_mm10", DWORD{record.heightTenths}},
             {"width_inch16", Sixteenths(record.widthInches)},
             {"height_inch16", Sixteenths(record.heightInches)},
             {"common", paper.isCommon}};
