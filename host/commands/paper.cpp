@@ -2,7 +2,7 @@
 #include <host/commands/change.h>
 #include <host/commands/list_arguments.h>
 #include <host/controls/paper_driver.h>
-#include <kvlist.h>
+#include <host/controls/stored_lists.h>
 #include <platform/security/access.h>
 
 #include <algorithm>
@@ -15,31 +15,16 @@ namespace {
 
 constexpr DWORD kFirstCustomPaper = 512;
 
-struct ListedPaper {
-    CustomPaperRecord record;
-    bool isCommon;
-};
+using ListedPaper = Listed<CustomPaperRecord>;
 
-// As the caller sees them.
+// Those that users made.
 bool ReadPapers(Session& session, std::vector<ListedPaper>& papers) {
-    PrinterBlock& printer = session.printer();
-    const ListHandle list = QDMMLTReadPaper(&printer);
-    if (list == nullptr) {
+    if (!ReadListed(session, kPaperCalls, papers)) {
         PrintError("the list of papers of this printer cannot be read");
         return false;
     }
-    std::set<DWORD> common;
-    for (const DWORD scope : {kScopeCommon, kScopeAdministrator}) {
-        std::vector<CustomPaperRecord> records(
-            static_cast<size_t>(QDMMLTGetPaperNum(list, &printer, scope)));
-        QDMMLTGetPaperArray(list, &printer, records.data(), scope);
-        for (const CustomPaperRecord& record : records) {
-            if (scope == kScopeCommon) common.insert(record.id);
-            if (scope == kScopeCommon || record.id < kFirstCustomPaper) continue;
-            papers.push_back({record, common.contains(record.id)});
-        }
-    }
-    QDMMLTCancelPaper(list, &printer);
+    std::erase_if(papers,
+                  [](const ListedPaper& paper) { return paper.record.id < kFirstCustomPaper; });
     return true;
 }
 

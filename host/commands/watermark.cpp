@@ -1,8 +1,8 @@
 // kvprefs watermark: the watermarks of a printer, by their page and its editor.
 #include <host/commands/change.h>
 #include <host/commands/list_arguments.h>
+#include <host/controls/stored_lists.h>
 #include <host/controls/watermark_driver.h>
-#include <kvlist.h>
 #include <kvspool.h>
 #include <platform/security/access.h>
 
@@ -15,31 +15,16 @@ namespace {
 
 constexpr DWORD kFirstUserWatermark = 128;
 
-struct ListedWatermark {
-    WatermarkRecord record;
-    bool isCommon;
-};
+using ListedWatermark = Listed<WatermarkRecord>;
 
-// As the caller sees them, without the one that stands for none.
+// Without the one that stands for none.
 bool ReadWatermarks(Session& session, std::vector<ListedWatermark>& watermarks) {
-    PrinterBlock& printer = session.printer();
-    const ListHandle list = QDMMLTReadWatermark(&printer);
-    if (list == nullptr) {
+    if (!ReadListed(session, kWatermarkCalls, watermarks)) {
         PrintError("the list of watermarks of this printer cannot be read");
         return false;
     }
-    std::set<DWORD> common;
-    for (const DWORD scope : {kScopeCommon, kScopeAdministrator}) {
-        std::vector<WatermarkRecord> records(
-            static_cast<size_t>(QDMMLTGetWatermarkNum(list, &printer, scope)));
-        QDMMLTGetWatermarkArray(list, &printer, records.data(), scope);
-        for (const WatermarkRecord& record : records) {
-            if (scope == kScopeCommon) common.insert(record.id);
-            if (scope == kScopeCommon || record.id == 0) continue;
-            watermarks.push_back({record, common.contains(record.id)});
-        }
-    }
-    QDMMLTCancelWatermark(list, &printer);
+    std::erase_if(watermarks,
+                  [](const ListedWatermark& watermark) { return watermark.record.id == 0; });
     return true;
 }
 

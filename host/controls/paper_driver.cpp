@@ -1,7 +1,7 @@
 // See paper_driver.h.
 #include <host/controls/paper_driver.h>
+#include <host/controls/stored_lists.h>
 
-#include <kvlist.h>
 #include <module/resources/resource.h>
 #include <module/resources/string_ids.h>
 #include <platform/security/access.h>
@@ -140,18 +140,6 @@ SetOutcome PaperDriver::InList(const ControlDriver::DialogWork& work) {
     });
 }
 
-std::string PaperDriver::WhyFull() const {
-    PrinterBlock& printer = session_.printer();
-    const ListHandle list = QDMMLTReadPaper(&printer);
-    const int common = QDMMLTGetPaperNum(list, &printer, kScopeCommon);
-    const int own = QDMMLTGetPaperNum(list, &printer, kScopeCommonAndOwn) - common;
-    QDMMLTCancelPaper(list, &printer);
-    std::string text = ModuleText(session_, IDS_PAPER_LIST_FULL);
-    if (!text.empty() && text.back() == '.') text.pop_back();
-    return text + " (" + std::to_string(own) + " of your own, " + std::to_string(common) +
-           " for everybody with the printer's)";
-}
-
 SetOutcome PaperDriver::InEditor(HWND list, int opener, const PaperWish& paper,
                                  std::vector<std::string>& notes) {
     return driver_.InDialog(
@@ -160,7 +148,9 @@ SetOutcome PaperDriver::InEditor(HWND list, int opener, const PaperWish& paper,
 }
 
 SetOutcome PaperDriver::AddOne(HWND list, const PaperWish& paper, std::vector<std::string>& notes) {
-    if (!IsWindowEnabled(GetDlgItem(list, kPaperNew))) return Refuse(kRefused, WhyFull());
+    if (!IsWindowEnabled(GetDlgItem(list, kPaperNew)))
+        return Refuse(kRefused, FullListText(session_, kPaperCalls,
+                                             ModuleText(session_, IDS_PAPER_LIST_FULL)));
     const bool common = paper.answers.isCommon.value_or(false);
     if (common && !kv::ActsAsAdministrator()) return Refuse(kRefused, kCommonTakesAdministrator);
     const ListReplies replies(session_, driver_, paper.answers);

@@ -33,7 +33,6 @@ class PaperDriver {
     SetOutcome AddOne(HWND list, const PaperWish& paper, std::vector<std::string>& notes);
     SetOutcome InEditor(HWND list, int opener, const PaperWish& paper,
                         std::vector<std::string>& notes);
-    std::string WhyFull() const;
 
     Session& session_;
     ControlDriver& driver_;

@@ -1,5 +1,6 @@
 // See watermark_driver.h.
 #include <host/controls/watermark_driver.h>
+#include <host/controls/stored_lists.h>
 
 #include <colordlg.h>
 #include <commctrl.h>
@@ -187,18 +188,6 @@ SetOutcome WatermarkDriver::InEditor(unsigned opener, const WatermarkWish& water
     });
 }
 
-std::string WatermarkDriver::WhyFull() const {
-    PrinterBlock& printer = session_.printer();
-    const ListHandle list = QDMMLTReadWatermark(&printer);
-    const int common = QDMMLTGetWatermarkNum(list, &printer, kScopeCommon);
-    const int own = QDMMLTGetWatermarkNum(list, &printer, kScopeCommonAndOwn) - common;
-    QDMMLTCancelWatermark(list, &printer);
-    std::string text = ModuleText(session_, IDS_WATERMARK_LIST_FULL);
-    if (!text.empty() && text.back() == '.') text.pop_back();
-    return text + " (" + std::to_string(own) + " of your own, " + std::to_string(common) +
-           " for everybody with the printer's)";
-}
-
 SetOutcome WatermarkDriver::MayChange(unsigned button, const std::string& name, const char* what) {
     if (IsWindowEnabled(driver_.WindowOf(*FindControl(button)))) return {};
     return Refuse(kRefused,
@@ -207,7 +196,9 @@ SetOutcome WatermarkDriver::MayChange(unsigned button, const std::string& name, 
 
 SetOutcome WatermarkDriver::Add(const WatermarkWish& watermark) {
     const HWND button = driver_.WindowOf(*FindControl(IDC_BTN_WATERMARK_ADD));
-    if (!IsWindowEnabled(button)) return Refuse(kRefused, WhyFull());
+    if (!IsWindowEnabled(button))
+        return Refuse(kRefused, FullListText(session_, kWatermarkCalls,
+                                             ModuleText(session_, IDS_WATERMARK_LIST_FULL)));
     const KeptChoice kept(driver_, IDC_LIST_WATERMARK);
     return InEditor(IDC_BTN_WATERMARK_ADD, watermark);
 }

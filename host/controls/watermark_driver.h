@@ -35,7 +35,6 @@ class WatermarkDriver {
     SetOutcome TypePlace(HWND editor, const WatermarkWish& watermark);
     SetOutcome ChooseColour(HWND editor, const std::string& colour);
     SetOutcome MayChange(unsigned button, const std::string& name, const char* what);
-    std::string WhyFull() const;
 
     Session& session_;
     ControlDriver& driver_;

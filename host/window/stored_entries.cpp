@@ -1,6 +1,7 @@
 // See stored_entries.h.
 #include <host/window/stored_entries.h>
 
+#include <module/lists/overlay_entries.h>
 #include <platform/registry/state_store.h>
 #include <platform/shell/paths.h>
 
@@ -12,8 +13,7 @@
 namespace kvhost {
 namespace {
 
-constexpr const char* kOverlayIds = "FormOverlay";
-constexpr const char* kOverlayTexts[] = {"[FormOverlayName]", "[FormOverlayPath]"};
+constexpr const char* kOverlayTexts[] = {kvui::kOverlayNames, kvui::kOverlayPaths};
 
 struct KindCaption {
     kvlist::ListKind kind;
@@ -47,15 +47,10 @@ ListEntries EntriesOf(const kvlist::ListFormat& format, const kvlist::Records& r
     return entries;
 }
 
-// The text of an overlay in a run of entries "ID=TEXT", each with a zero behind it.
 std::string TextOfOverlay(const std::string& run, const std::string& id) {
-    const std::string start = id + "=";
-    for (size_t at = 0; at < run.size();) {
-        const std::string entry = run.c_str() + at;
-        if (entry.rfind(start, 0) == 0) return entry.substr(start.size());
-        at += entry.size() + 1;
-    }
-    return {};
+    std::string text;
+    kvui::FindOverlayEntry(run, static_cast<DWORD>(std::strtoul(id.c_str(), nullptr, 10)), text);
+    return text;
 }
 
 }  // namespace
@@ -132,7 +127,7 @@ bool StoredEntriesWatch::ReadOverlays(ListEntries& entries) const {
         const DWORD error = store.GetPrinterData(printer_, name, value);
         return error == ERROR_SUCCESS || error == ERROR_FILE_NOT_FOUND;
     };
-    if (!read(kOverlayIds, ids) || !read(kOverlayTexts[0], texts[0]) ||
+    if (!read(kvui::kOverlayIds, ids) || !read(kOverlayTexts[0], texts[0]) ||
         !read(kOverlayTexts[1], texts[1])) {
         return false;
     }

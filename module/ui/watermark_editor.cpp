@@ -240,6 +240,9 @@ WatermarkRecord Finished(Run& run) {
     CopyText(record.text,
              WithoutLeadingBlanks(TextOf(run, IDC_EDIT_WM_TEXT), kMostTextCharacters).c_str());
     CopyText(record.typeface, BoundedText(typed.typeface).c_str());
+    record.size = std::clamp<DWORD>(record.size, kLeastWatermarkSize, kMostWatermarkSize);
+    record.bold = record.bold != 0 ? 1 : 0;
+    record.italic = record.italic != 0 ? 1 : 0;
     record.positionMode = 0;
     for (const PositionRow& row : kPositions) {
         const WatermarkAxis axis = AxisOf(run, row);

@@ -308,6 +308,46 @@ TEST_F(WatermarkEditor, NamesTextsAndLimitsAreRefusedInItsOwnWords) {
     EXPECT_EQ(said, "Maximum number of watermarks saved.|");
 }
 
+TEST_F(WatermarkEditor, RecordsAtTheirExtremesAreShownWithinTheLimits) {
+    const ListHandle list = QDMMLTReadWatermark(&printer);
+    WatermarkRecord hostile{};
+    hostile.id = 128;
+    std::memset(hostile.name, 'n', sizeof hostile.name - 1);
+    std::memset(hostile.text, 'W', sizeof hostile.text - 1);
+    std::strcpy(hostile.typeface, "No \"such\" face %s");
+    hostile.size = 0xFFFFFFFF;
+    hostile.bold = hostile.italic = hostile.angleMode = 0xFF;
+    hostile.angle = static_cast<LONG>(0x80000000);
+    hostile.positionMode = 0xFFFFFFFF;
+    hostile.offsetX = 0x7FFFFFFF;
+    hostile.offsetY = static_cast<LONG>(0x80000000);
+    ASSERT_TRUE(QDMMLTAddWatermark(list, &printer, &hostile, 1));
+    ASSERT_TRUE(QDMMLTWriteWatermark(list, &printer));
+    Settings().mdmWatermark = 128;
+    Settings().mdmWatermarkMode = 16;
+    for (const SHORT paper : {9, 0, 600}) {
+        CloseSheet();
+        Public().dmPaperSize = paper;
+        Edit(IDC_BTN_WATERMARK_EDIT, IDCANCEL, [&](HWND dialog) {
+            EXPECT_EQ(Choice(dialog, IDC_COMBO_WM_FACE), "No \"such\" face %s");
+            EXPECT_EQ(Choice(dialog, IDC_COMBO_WM_STYLE), "Bold Italic");
+            EXPECT_EQ(Numbers(dialog).substr(0, 9), "200 -180 ");
+            for (const int id : {IDC_PIC_WM_PAPER, IDC_PIC_WM_FRAME}) {
+                SendMessageA(GetDlgItem(dialog, id), WM_PAINT, 0, 0);
+            }
+        });
+    }
+    Public().dmPaperSize = 9;
+    CloseSheet();
+    Change([&](HWND dialog) { EXPECT_EQ(Numbers(dialog), "200 -180 100 -100 100 100 "); });
+    const WatermarkRecord kept = Stored(std::string(22, 'n'));
+    EXPECT_EQ(kept.id, 128u);
+    EXPECT_EQ(kept.size, 200u);
+    EXPECT_EQ(kept.bold + kept.italic, 2);
+    EXPECT_EQ(kept.positionMode, 0u);
+    EXPECT_EQ(std::strlen(kept.text), 255u);
+}
+
 TEST_F(WatermarkEditor, SharingDecidesWhoseItIs) {
     Add([&](HWND dialog) { Type(dialog, IDC_EDIT_WM_NAME, "Mine"); });
     const DWORD id = Stored("Mine", kCommon).id;

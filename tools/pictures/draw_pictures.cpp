@@ -3,6 +3,7 @@
 // sheet like the tests of the window do and fails like them when something does not open.
 #include "sheet_tour.h"
 
+#include <QAbstractButton>
 #include <QImage>
 #include <QPainter>
 
@@ -128,6 +129,28 @@ TEST_F(Everything, FromRightToLeft) {
 TEST_F(Everything, InLargeLetters) {
     UseFont(1.5);
     KeepTour("large-");
+}
+
+// The lists that users make, where they look otherwise: in inches, full, and to who is no
+// administrator.
+TEST_F(Everything, ListsInOtherStates) {
+    OpenSheet();
+    VisitDialog("paper-editor", [](QWidget& window, const std::string&) {
+        window.findChild<QAbstractButton*>(QString::number(IDC_RADIO_PAPER_INCH))->click();
+        kv::Settle();
+        Keep(window, "paper-editor-inch");
+    });
+    CloseSheet();
+    UseRules("[CustomPaper]\nNTNum=0\n[Watermark]\nNTNum=0\n");
+    OpenSheet();
+    KeepPage(kWatermark, "watermark-full");
+    VisitDialog("custom-papers",
+                [](QWidget& window, const std::string&) { Keep(window, "custom-papers-full"); });
+    CloseSheet();
+    Act(Actor::kUser);
+    OpenSheet();
+    KeepPage(kWatermark, "watermark-user");
+    KeepPage(kOverlay, "overlay-user");
 }
 
 }  // namespace
