@@ -8,6 +8,8 @@
 #include <QCheckBox>
 #include <QGuiApplication>
 #include <QGroupBox>
+#include <QStyleOptionGroupBox>
+#include <QStylePainter>
 #include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
@@ -103,11 +105,31 @@ class ButtonMirror : public Mirror {
     QAbstractButton* button_;
 };
 
+// Styles give a title that is read from right to left no more room than a letter; it is drawn here
+// above the frame, where the painter turns left to right.
+class GroupBox : public QGroupBox {
+ public:
+    using QGroupBox::QGroupBox;
+
+ protected:
+    void paintEvent(QPaintEvent* event) override {
+        if (layoutDirection() != Qt::RightToLeft) return QGroupBox::paintEvent(event);
+        QStyleOptionGroupBox option;
+        initStyleOption(&option);
+        option.subControls = QStyle::SC_GroupBoxFrame;
+        QStylePainter painter(this);
+        painter.drawComplexControl(QStyle::CC_GroupBox, option);
+        painter.drawItemText(QRect(0, 0, width(), fontMetrics().height()),
+                             Qt::AlignLeft | Qt::AlignTop | Qt::TextShowMnemonic, palette(),
+                             isEnabled(), title(), QPalette::WindowText);
+    }
+};
+
 // A frame around its siblings, behind them.
 class GroupMirror : public Mirror {
  public:
     GroupMirror(QtDisplay& owner, HWND handle, QWidget* parent) : Mirror(owner, handle) {
-        auto* group = new QGroupBox(parent);
+        auto* group = new GroupBox(parent);
         group->setAttribute(Qt::WA_TransparentForMouseEvents);
         group->lower();
         SetWidget(group);
