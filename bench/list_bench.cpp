@@ -57,6 +57,8 @@ void ListEdit(benchmark::State& state) {
         last = AddOne(list, printer);
         Check(QDMMLTWritePaper(list, &printer), "the list was not written");
     }
+    // The sheets that others measure are of a printer without them.
+    FillList(printer, 0);
 }
 BENCHMARK(ListEdit)->Arg(4096)->Unit(benchmark::kMicrosecond);
 
