@@ -6,6 +6,8 @@
 #include <platform/window/input.h>
 #include <strings.h>
 
+#include <algorithm>
+
 namespace kvhost {
 
 SetOutcome FindEntry(const std::vector<ChoiceText>& entries, const std::string& entry,
@@ -34,12 +36,16 @@ SetOutcome FindEntry(const std::vector<ChoiceText>& entries, const std::string& 
 SetOutcome TypeField(HWND dialog, int id, const std::string& what, const std::string& text) {
     const HWND edit = GetDlgItem(dialog, id);
     const LRESULT limit = SendMessageA(edit, EM_GETLIMITTEXT, 0, 0);
-    const std::string expected = "1 to " + std::to_string(limit) + " characters, not only blanks";
+    const std::string expected =
+        "1 to " + std::to_string(limit) + " characters, not only blanks, none that control";
     if (!kv::input::Focus(edit)) return Refuse(kRefused, what + " is disabled now");
     const int end = static_cast<int>(text.size());
     kv::input::SetEditText(edit, text, end, end);
     const bool isBlank = text.find_first_not_of(' ') == std::string::npos;
-    if (isBlank || WindowText(edit) != text) {
+    // No key types them, and lists would not show them.
+    const bool controls =
+        std::any_of(text.begin(), text.end(), [](unsigned char c) { return c < ' ' || c == 0x7F; });
+    if (isBlank || controls || WindowText(edit) != text) {
         return Refuse(kBadInput, what + ": " + Quoted(text) + " cannot be typed there", expected);
     }
     return {};

@@ -18,11 +18,11 @@ constexpr int kPaperNew = IDC_BTN_PAPER_NEW, kPaperEdit = IDC_BTN_PAPER_EDIT,
               kPaperDelete = IDC_BTN_PAPER_DELETE;
 constexpr size_t kMostDigits = 6;
 
-// The list's lines are a name, a tab and a size.
+// The list's lines are a name, a tab and a size. A name that was pasted may have tabs of its own.
 std::vector<ChoiceText> PapersIn(HWND dialog) {
     std::vector<ChoiceText> papers = EntriesOf(GetDlgItem(dialog, IDC_LIST_PAPERS));
     for (ChoiceText& paper : papers)
-        paper.text.resize(std::min(paper.text.find('\t'), paper.text.size()));
+        paper.text.resize(std::min(paper.text.rfind('\t'), paper.text.size()));
     return papers;
 }
 

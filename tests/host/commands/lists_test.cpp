@@ -65,6 +65,8 @@ TEST_F(ListCommands, PapersAreMadeChangedAndDeletedByTheirDialog) {
         {"paper add X --width 8.3 --height 9 --unit inch", 2, "is no length"},
         {"paper add ' ' --width 120 --height 180", 2, "1 to 20 characters, not only blanks"},
         {"paper add 123456789012345678901 --width 120 --height 180", 2, "1 to 20 characters"},
+        {"paper add 'a\tb' --width 120 --height 180", 2, "none that control"},
+        {"watermark add W --text 'a\nb'", 2, "none that control"},
         {"paper edit Nobody --height 150", 2, "\"Nobody\" is no custom paper; expected one of"},
         {"paper edit inch --name 'A;b=c,%d\"' --height 10.5", 0, ""},
         {"--as-user paper edit Wide --height 150", 1, "only an administrator changes it"},
