@@ -13,6 +13,8 @@ constexpr char kOverlayIds[] = "FormOverlay";
 constexpr char kOverlayNames[] = "[FormOverlayName]";
 constexpr char kOverlayPaths[] = "[FormOverlayPath]";
 
+constexpr size_t kMostOverlayIds = 16;  // the entry that stands for none among them
+
 // Ids in decimal with commas between. False when there is more than ids, or more than `most`; those
 // before it are there then.
 bool ParseOverlayIds(const std::string& text, size_t most, std::vector<DWORD>& ids);

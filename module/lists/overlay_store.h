@@ -2,11 +2,12 @@
 // the printer's data. docs/formats.md has the format.
 #pragma once
 
+#include "lists/overlay_entries.h"
 #include "sheet/sheet_context.h"
 
 namespace kvui {
 
-constexpr DWORD kMostOverlays = 16;  // "none" among them
+constexpr DWORD kMostOverlays = kMostOverlayIds;
 constexpr DWORD kFirstUserOverlay = 128;
 
 struct OverlayEntry {

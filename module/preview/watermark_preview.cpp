@@ -89,11 +89,14 @@ WatermarkPaper WatermarkPaperOf(SheetContext& context) {
 
 // A point is 1/72 inch, and per cent are of half the page: offset * scale / 72 pixels of pixels
 // / 2.
-LONG WatermarkAxis::PercentOf(LONG offset) const {
+double WatermarkAxis::ExactPercentOf(LONG offset) const {
     if (pixels <= 0) return 0;
-    const double percent = static_cast<double>(offset) * scale * 100 / (pixels * 36.0);
-    return std::clamp(static_cast<LONG>(std::lround(std::clamp(percent, -kFarAway, kFarAway))),
-                      -kMostPercent, kMostPercent);
+    constexpr double kMost = kMostPercent;
+    return std::clamp(static_cast<double>(offset) * scale * 100 / (pixels * 36.0), -kMost, kMost);
+}
+
+LONG WatermarkAxis::PercentOf(LONG offset) const {
+    return static_cast<LONG>(std::lround(ExactPercentOf(offset)));
 }
 
 LONG WatermarkAxis::OffsetOfPercent(LONG percent) const {

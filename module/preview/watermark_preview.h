@@ -21,7 +21,8 @@ struct WatermarkAxis {
     int scale;
     LONG pixels;
 
-    LONG PercentOf(LONG offset) const;  // rounded; within the range
+    double ExactPercentOf(LONG offset) const;  // within the range
+    LONG PercentOf(LONG offset) const;         // rounded
     LONG OffsetOfPercent(LONG percent) const;
     LONG OffsetOfSlider(LONG percent) const;
 };

@@ -211,6 +211,17 @@ CustomPaperRecord Finished(Run& run, const std::string& name) {
     return record;
 }
 
+bool Say(Run& run, UINT textId, UINT style, int wanted) {
+    return ShowMessageString(run.window, run.context.strings, textId, IDS_WARNING, style) == wanted;
+}
+
+// What the list refuses, such as to change an entry of the printer's or, by an ordinary user, one
+// of everybody's.
+bool OrSayNotStored(Run& run, bool stored) {
+    if (!stored) Say(run, IDS_LIST_NOT_STORED, MB_OK | MB_ICONEXCLAMATION, IDOK);
+    return stored;
+}
+
 // The other paper keeps what it is known by and takes the rest over.
 bool Overwrite(Run& run, const CustomPaperRecord& record, const CustomPaperRecord& other) {
     MessageBeep(MB_OK);
@@ -224,13 +235,9 @@ bool Overwrite(Run& run, const CustomPaperRecord& record, const CustomPaperRecor
     replaced.serviceNumber = other.serviceNumber;
     std::memcpy(replaced.internalName, other.internalName, sizeof replaced.internalName);
     std::memcpy(replaced.kept, other.kept, sizeof replaced.kept);
-    if (!UpdatePaper(run.context, replaced)) return false;
+    if (!OrSayNotStored(run, UpdatePaper(run.context, replaced))) return false;
     if (EditOf(run).isNew) Record(run).id = other.id;
     return true;
-}
-
-bool Say(Run& run, UINT textId, UINT style, int wanted) {
-    return ShowMessageString(run.window, run.context.strings, textId, IDS_WARNING, style) == wanted;
 }
 
 bool AddNew(Run& run, CustomPaperRecord record) {
@@ -244,10 +251,7 @@ bool AddNew(Run& run, CustomPaperRecord record) {
         Say(run, IDS_PAPER_LIST_FULL, MB_OK | MB_ICONEXCLAMATION, IDOK);
         return false;
     }
-    if (!AddPaper(context, record, isCommon)) {
-        Say(run, IDS_LIST_NOT_STORED, MB_OK | MB_ICONEXCLAMATION, IDOK);
-        return false;
-    }
+    if (!OrSayNotStored(run, AddPaper(context, record, isCommon))) return false;
     Record(run).id = record.id;
     return true;
 }
@@ -264,7 +268,8 @@ bool Accept(Run& run) {
     CustomPaperRecord other{};
     const DWORD own = EditOf(run).isNew ? 0 : record.id;
     if (FindPaperNamed(run.context, name, own, other)) return Overwrite(run, record, other);
-    return EditOf(run).isNew ? AddNew(run, record) : UpdatePaper(run.context, record);
+    return EditOf(run).isNew ? AddNew(run, record)
+                             : OrSayNotStored(run, UpdatePaper(run.context, record));
 }
 
 void AcceptOnOk(Run& run) {

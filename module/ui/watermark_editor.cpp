@@ -137,7 +137,7 @@ void TakePercent(Run& run) {
             ShowTyped(run, row.edit, typed.kept);
         }
         Record(run).*row.offset = AxisOf(run, row).OffsetOfPercent(percent);
-        ShowSlider(run, row, percent);
+        ShowSlider(run, row);
         Redraw(run);
     }
 }
@@ -158,7 +158,7 @@ void Center(Run& run) {
     for (const PositionRow& row : kPositions) {
         Record(run).*row.offset = 0;
         ShowNumber(run, row.edit, 0);
-        ShowSlider(run, row, 0);
+        ShowSlider(run, row);
     }
     Redraw(run);
 }
@@ -261,6 +261,13 @@ void GoBackToName(Run& run) {
     SelectAll(run, IDC_EDIT_WM_NAME);
 }
 
+// What the list refuses, such as to change an entry of the printer's or, by an ordinary user, one
+// of everybody's.
+bool OrSayNotStored(Run& run, bool stored) {
+    if (!stored) Say(run, IDS_LIST_NOT_STORED, MB_OK | MB_ICONEXCLAMATION);
+    return stored;
+}
+
 // The other watermark keeps its id. Entry 0 stands for no watermark and keeps its name for itself.
 bool Overwrite(Run& run, WatermarkRecord record, const WatermarkRecord& other) {
     HINSTANCE strings = run.context.strings;
@@ -279,7 +286,7 @@ bool Overwrite(Run& run, WatermarkRecord record, const WatermarkRecord& other) {
         return false;
     }
     record.id = other.id;
-    if (!UpdateWatermark(run.context, record)) return false;
+    if (!OrSayNotStored(run, UpdateWatermark(run.context, record))) return false;
     if (EditOf(run).isNew) run.context.privateSettings->mdmWatermark = other.id;
     return true;
 }
@@ -294,10 +301,7 @@ bool AddNew(Run& run, WatermarkRecord record) {
         Say(run, IDS_WATERMARK_LIST_FULL, MB_OK | MB_ICONEXCLAMATION);
         return false;
     }
-    if (!AddWatermark(context, record, common)) {
-        Say(run, IDS_LIST_NOT_STORED, MB_OK | MB_ICONEXCLAMATION);
-        return false;
-    }
+    if (!OrSayNotStored(run, AddWatermark(context, record, common))) return false;
     context.privateSettings->mdmWatermark = record.id;
     return true;
 }
@@ -311,7 +315,7 @@ bool Change(Run& run, const WatermarkRecord& record) {
     }
     if (isNew) return AddNew(run, record);
     const bool shared = IsDlgButtonChecked(run.window, IDC_RADIO_WM_SHARED) == BST_CHECKED;
-    return UpdateWatermarkIn(run.context, record, shared);
+    return OrSayNotStored(run, UpdateWatermarkIn(run.context, record, shared));
 }
 
 bool Accept(Run& run) {
@@ -326,8 +330,7 @@ bool Accept(Run& run) {
     const bool done = Change(run, Finished(run));
     if (!CommitWatermarks(context)) {
         context.privateSettings->mdmWatermark = before;
-        Say(run, IDS_LIST_NOT_STORED, MB_OK | MB_ICONEXCLAMATION);
-        return false;
+        return OrSayNotStored(run, false);
     }
     CopyChosenWatermark(context);
     return done;

@@ -4,6 +4,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 
 #include "lists/watermark_angle.h"
@@ -19,8 +20,10 @@ namespace {
 constexpr int kTypedNameCharacters = 20;
 constexpr int kNumberCharacters = 4, kSizeCharacters = 3;
 constexpr int kMostSlider = 100;
+
 constexpr UINT kStyles[] = {IDS_STYLE_REGULAR, IDS_STYLE_BOLD, IDS_STYLE_ITALIC,
                             IDS_STYLE_BOLD_ITALIC};  // by bold + 2 * italic
+
 void FillMenu(Run& run, int id, UINT stringId) {
     char caption[64] = "";
     LoadStringA(run.context.strings, stringId, caption, sizeof caption);
@@ -57,7 +60,6 @@ void ShowLook(Run& run) {
         FillMenu(run, IDC_COMBO_WM_COLOR, kColours[row].captionId);
         if (edit.colourRow == kOtherColour && kColours[row].colour == colour) edit.colourRow = row;
     }
-    if (colour == 0) edit.colourRow = 0;
     SendDlgItemMessageA(run.window, IDC_COMBO_WM_COLOR, CB_SETCURSEL,
                         static_cast<WPARAM>(edit.colourRow), 0);
 }
@@ -87,9 +89,8 @@ void ShowPosition(Run& run) {
         SendDlgItemMessageA(run.window, row.slider, TBM_SETRANGE, FALSE, MAKELONG(0, kMostSlider));
         for (const int id : {row.slider, row.edit, row.spin})
             EnableWindow(ControlOf(run, id), TRUE);
-        const LONG percent = AxisOf(run, row).PercentOf(Record(run).*row.offset);
-        ShowNumber(run, row.edit, percent);
-        ShowSlider(run, row, percent);
+        ShowNumber(run, row.edit, AxisOf(run, row).PercentOf(Record(run).*row.offset));
+        ShowSlider(run, row);
     }
 }
 
@@ -111,8 +112,9 @@ void ShowSharing(Run& run) {
 
 }  // namespace
 
-void ShowSlider(Run& run, const PositionRow& row, LONG percent) {
-    const LONG place = (percent - row.start) / row.slope;
+void ShowSlider(Run& run, const PositionRow& row) {
+    const double percent = AxisOf(run, row).ExactPercentOf(Record(run).*row.offset);
+    const LONG place = static_cast<LONG>(std::lround((percent - row.start) / row.slope));
     SendDlgItemMessageA(run.window, row.slider, TBM_SETPOS, TRUE, place);
 }
 

@@ -77,7 +77,8 @@ inline void ShowNumber(Run& run, int id, LONG number) {
     ShowText(run, id, std::to_string(number));
 }
 
-void ShowSlider(Run& run, const PositionRow& row, LONG percent);
+// At the record's offset.
+void ShowSlider(Run& run, const PositionRow& row);
 
 // Steps of the dialog's opening.
 void MakeRecord(Run& run);

@@ -156,6 +156,10 @@ TEST_F(WatermarkEditor, NumbersAreFilteredAsTheyAreTypedAndBroughtIntoRange) {
             EXPECT_EQ(Text(dialog, row.id), row.left) << row.typed;
         }
         EXPECT_EQ(Numbers(dialog), "8 0 100 -100 100 100 ");
+        // A slider stands at the place that is nearest to the text's.
+        Type(dialog, y, "-39");
+        Type(dialog, x, "51");
+        EXPECT_EQ(Numbers(dialog).substr(std::string("8 0 ").size()), "51 -39 75 69 ");
         // Pasted at once, it is cut where it is no number any more.
         SetDlgItemTextA(dialog, x, "12b3");
         EXPECT_EQ(Text(dialog, x), "12");
@@ -289,6 +293,18 @@ TEST_F(WatermarkEditor, NamesTextsAndLimitsAreRefusedInItsOwnWords) {
     }
     EXPECT_STREQ(Stored("One").text, "One") << "overwritten under its id";
     EXPECT_EQ(Settings().mdmWatermark, Stored("One").id);
+
+    // The printer's own stays as it is, whatever was agreed to.
+    said.clear();
+    Add([&](HWND dialog) {
+        Type(dialog, IDC_EDIT_WM_NAME, "Draft");
+        Answer(IDOK);
+        Answer(IDOK);
+    });
+    EXPECT_TRUE(stays);
+    EXPECT_THAT(said, testing::EndsWith("overwrite it?|The list cannot be stored.\nPlease check "
+                                        "with your printer administrator.|"));
+    EXPECT_EQ(Stored("Draft").id, 2u);
 
     // The common list is full: an administrator's next one is an own one, until that is full too.
     CloseSheet();
