@@ -1,8 +1,9 @@
 // See list_arguments.h.
+#include <host/commands/change.h>
 #include <host/commands/list_arguments.h>
+#include <host/record/record_file.h>
 
 #include <cstdio>
-#include <fstream>
 
 namespace kvhost {
 namespace {
@@ -36,17 +37,25 @@ ListAnswers ListArguments::Answers() const {
     return answers;
 }
 
+ExitStatus ChangeEntries(const Options& options, const std::string& name, const EntryWork& work) {
+    std::optional<SetOutcome> outcome;
+    return Change(options, ConflictPolicy::kCancel,
+                  [&](Session& session, ControlDriver& driver, Changes& changes) {
+                      if (!outcome) outcome = work(session, driver);
+                      return TakeOver(*outcome, name, changes);
+                  });
+}
+
 void PrintJson(const Json& json) {
     std::fputs(AsText(json).c_str(), stdout);
 }
 
 bool WriteJsonFile(const std::string& file, const Json& json) {
-    if (file == "-") return PrintJson(json), true;
-    std::ofstream out(file, std::ios::binary);
-    out << AsText(json);
-    out.close();
-    if (!out) PrintError(file + ": cannot be written");
-    return static_cast<bool>(out);
+    const std::string text = AsText(json);
+    std::string error;
+    const bool written = WriteBytesTo(file, text.data(), text.size(), error);
+    if (!written) PrintError(error);
+    return written;
 }
 
 bool ReadJsonFile(const std::string& file, Json& json) {

@@ -37,14 +37,19 @@ std::vector<std::string> PaperNames(const Options& options);
 std::vector<std::string> WatermarkNames(const Options& options);
 std::vector<std::string> OverlayNames(const Options& options);
 
+// Works once at the entries of a list, however often the settings have to be stored anew because
+// somebody else did meanwhile: lists are stored by their dialogs.
+using EntryWork = std::function<SetOutcome(Session&, ControlDriver&)>;
+ExitStatus ChangeEntries(const Options& options, const std::string& name, const EntryWork& work);
+
 using Json = nlohmann::ordered_json;
 void PrintJson(const Json& json);
 // "-" is standard output or input. False after saying why.
 bool WriteJsonFile(const std::string& file, const Json& json);
 bool ReadJsonFile(const std::string& file, Json& json);
 
-// Reads the members of one entry of a list file, each of them at most once and none unknown; the
-// first problem stays.
+// Reads the members of one entry of a list file, of which none may be unknown; the first problem
+// stays.
 class EntryReader {
  public:
     EntryReader(const Json& entry, size_t number);

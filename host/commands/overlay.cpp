@@ -1,6 +1,6 @@
 // kvprefs overlay: the overlays of a printer, by their page and its editor.
-#include <host/commands/change.h>
 #include <host/commands/list_arguments.h>
+#include <host/controls/host_text.h>
 #include <host/controls/overlay_driver.h>
 #include <module/lists/overlay_entries.h>
 #include <platform/registry/state_store.h>
@@ -11,8 +11,6 @@
 
 namespace kvhost {
 namespace {
-
-constexpr size_t kMostOverlays = 16;
 
 std::string ValueOf(Session& session, const char* name) {
     HANDLE printer = nullptr;
@@ -31,7 +29,7 @@ std::string ValueOf(Session& session, const char* name) {
 // Without entry 0, which stands for none.
 Json ReadOverlays(Session& session) {
     std::vector<DWORD> ids;
-    kvui::ParseOverlayIds(ValueOf(session, kvui::kOverlayIds), kMostOverlays, ids);
+    kvui::ParseOverlayIds(ValueOf(session, kvui::kOverlayIds), kvui::kMostOverlayIds, ids);
     const std::string names = ValueOf(session, kvui::kOverlayNames);
     const std::string paths = ValueOf(session, kvui::kOverlayPaths);
     Json rows = Json::array();
@@ -39,7 +37,7 @@ Json ReadOverlays(Session& session) {
         std::string name, path;
         kvui::FindOverlayEntry(names, id, name);
         kvui::FindOverlayEntry(paths, id, path);
-        if (id != 0) rows.push_back({{"id", id}, {"name", name}, {"path", path}});
+        if (id != 0) rows.push_back({{"id", id}, {"name", ToUtf8(name)}, {"path", path}});
     }
     return rows;
 }
@@ -50,8 +48,7 @@ ExitStatus List(const Options& options) {
     const Json rows = ReadOverlays(session);
     if (options.json) return PrintJson(rows), kDone;
     for (const Json& row : rows) {
-        std::printf("%-30s  %s\n", row["name"].get<std::string>().c_str(),
-                    row["path"].get<std::string>().c_str());
+        std::printf("%-30s  %s\n", OnOneLine(row["name"]).c_str(), OnOneLine(row["path"]).c_str());
     }
     return kDone;
 }
@@ -70,15 +67,12 @@ ExitStatus RunOverlay(const Options& options, ListCommand command, const ListArg
     if (command == ListCommand::kList) return List(options);
     OverlayWish wish{args.name, args.newName, args.newFile, args.Answers()};
     if (command == ListCommand::kAdd) wish.file = args.file;
-    return Change(options, ConflictPolicy::kCancel,
-                  [&](Session& session, ControlDriver& driver, Changes& changes) {
-                      OverlayDriver overlays(session, driver);
-                      SetOutcome outcome;
-                      if (command == ListCommand::kAdd) outcome = overlays.Add(wish);
-                      if (command == ListCommand::kEdit) outcome = overlays.Edit(wish);
-                      if (command == ListCommand::kDelete) outcome = overlays.Delete(args.name);
-                      return TakeOver(outcome, args.name, changes);
-                  });
+    return ChangeEntries(options, args.name, [&](Session& session, ControlDriver& driver) {
+        OverlayDriver overlays(session, driver);
+        if (command == ListCommand::kEdit) return overlays.Edit(wish);
+        if (command == ListCommand::kDelete) return overlays.Delete(args.name);
+        return overlays.Add(wish);
+    });
 }
 
 }  // namespace kvhost

@@ -1,6 +1,6 @@
 // kvprefs paper: the custom papers of a printer, by their dialog.
-#include <host/commands/change.h>
 #include <host/commands/list_arguments.h>
+#include <host/controls/host_text.h>
 #include <host/controls/paper_driver.h>
 #include <host/controls/stored_lists.h>
 #include <platform/security/access.h>
@@ -35,7 +35,7 @@ DWORD Sixteenths(DWORD packed) {
 Json AsJson(const ListedPaper& paper) {
     const CustomPaperRecord& record = paper.record;
     return {{"id", DWORD{record.id}},
-            {"name", std::string(record.displayName)},
+            {"name", ToUtf8(record.displayName)},
             {"unit", record.unit == 0 ? "mm" : "inch"},
             {"width_mm10", DWORD{record.widthTenths}},
             {"height_mm10", DWORD{record.heightTenths}},
@@ -63,8 +63,8 @@ ExitStatus List(const Options& options, const ListArguments& args, bool toFile) 
                                            std::to_string(record.heightTenths / 10) + " mm"
                                      : InchText(Sixteenths(record.widthInches)) + " x " +
                                            InchText(Sixteenths(record.heightInches)) + " inch";
-        std::printf("%-20s  %-26s  %s\n", record.displayName, size.c_str(),
-                    paper.isCommon ? "everybody's" : "your own");
+        std::printf("%-20s  %-26s  %s\n", OnOneLine(ToUtf8(record.displayName)).c_str(),
+                    size.c_str(), paper.isCommon ? "everybody's" : "your own");
     }
     return kDone;
 }
@@ -130,7 +130,7 @@ std::vector<std::string> PaperNames(const Options& options) {
     std::vector<ListedPaper> papers;
     std::vector<std::string> names;
     if (!session.Look(options) || !ReadPapers(session, papers)) return names;
-    for (const ListedPaper& paper : papers) names.emplace_back(paper.record.displayName);
+    for (const ListedPaper& paper : papers) names.push_back(ToUtf8(paper.record.displayName));
     return names;
 }
 
@@ -142,17 +142,12 @@ ExitStatus RunPaper(const Options& options, ListCommand command, const ListArgum
         wishes.clear();
         if (!ReadWishes(args, wishes)) return kBadInput;
     }
-    return Change(options, ConflictPolicy::kCancel,
-                  [&](Session& session, ControlDriver& driver, Changes& changes) {
-                      PaperDriver papers(session, driver);
-                      SetOutcome outcome;
-                      if (command == ListCommand::kEdit) outcome = papers.Edit(wishes[0]);
-                      if (command == ListCommand::kDelete) outcome = papers.Delete(args.name);
-                      if (command == ListCommand::kAdd || command == ListCommand::kImport) {
-                          outcome = papers.Add(wishes);
-                      }
-                      return TakeOver(outcome, args.name, changes);
-                  });
+    return ChangeEntries(options, args.name, [&](Session& session, ControlDriver& driver) {
+        PaperDriver papers(session, driver);
+        if (command == ListCommand::kEdit) return papers.Edit(wishes[0]);
+        if (command == ListCommand::kDelete) return papers.Delete(args.name);
+        return papers.Add(wishes);
+    });
 }
 
 }  // namespace kvhost

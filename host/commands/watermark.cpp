@@ -1,6 +1,6 @@
 // kvprefs watermark: the watermarks of a printer, by their page and its editor.
-#include <host/commands/change.h>
 #include <host/commands/list_arguments.h>
+#include <host/controls/host_text.h>
 #include <host/controls/stored_lists.h>
 #include <host/controls/watermark_driver.h>
 #include <kvspool.h>
@@ -32,12 +32,12 @@ Json AsJson(const ListedWatermark& watermark) {
     const WatermarkRecord& record = watermark.record;
     char colour[8];
     std::snprintf(colour, sizeof colour, "%02X%02X%02X", record.red, record.green, record.blue);
-    return {{"id", DWORD{record.id}},           {"name", std::string(record.name)},
-            {"text", std::string(record.text)}, {"font", std::string(record.typeface)},
-            {"size", DWORD{record.size}},       {"bold", record.bold != 0},
-            {"italic", record.italic != 0},     {"colour", colour},
-            {"angle", LONG{record.angle}},      {"x", LONG{record.offsetX}},
-            {"y", LONG{record.offsetY}},        {"common", watermark.isCommon}};
+    return {{"id", DWORD{record.id}},       {"name", ToUtf8(record.name)},
+            {"text", ToUtf8(record.text)},  {"font", ToUtf8(record.typeface)},
+            {"size", DWORD{record.size}},   {"bold", record.bold != 0},
+            {"italic", record.italic != 0}, {"colour", colour},
+            {"angle", LONG{record.angle}},  {"x", LONG{record.offsetX}},
+            {"y", LONG{record.offsetY}},    {"common", watermark.isCommon}};
 }
 
 ExitStatus List(const Options& options, const ListArguments& args, bool toFile) {
@@ -56,7 +56,8 @@ ExitStatus List(const Options& options, const ListArguments& args, bool toFile) 
     for (const ListedWatermark& watermark : watermarks) {
         const WatermarkRecord& record = watermark.record;
         const char* whose = watermark.isCommon ? "everybody's" : "your own";
-        std::printf("%-22s  %-24s  %s\n", record.name, record.text,
+        std::printf("%-22s  %-24s  %s\n", OnOneLine(ToUtf8(record.name)).c_str(),
+                    OnOneLine(ToUtf8(record.text)).c_str(),
                     record.id < kFirstUserWatermark ? "the printer's" : whose);
     }
     return kDone;
@@ -162,28 +163,19 @@ bool ReadImport(const ListArguments& args, Import& import) {
     return true;
 }
 
-ExitStatus RunImport(const Options& options, const Import& import) {
-    return Change(
-        options, ConflictPolicy::kCancel,
-        [&](Session& session, ControlDriver& driver, Changes& changes) {
-            TogetherStored together(session);
-            WatermarkDriver watermarks(session, driver);
-            if (!together) {
-                return TakeOver(Refuse(kRefused,
-                                       "the watermarks of this printer belong "
-                                       "to its administrators"),
-                                "", changes);
-            }
-            for (size_t i = 0; i < import.wishes.size(); ++i) {
-                WatermarkWish wish = import.wishes[i];
-                wish.points = import.places[i];
-                const ExitStatus status = TakeOver(watermarks.Add(wish), wish.name, changes);
-                if (status != kDone) return status;
-            }
-            return together.Commit()
-                       ? kDone
-                       : TakeOver(Refuse(kRefused, "the list could not be stored"), "", changes);
-        });
+SetOutcome AddAll(Session& session, ControlDriver& driver, const Import& import) {
+    TogetherStored together(session);
+    if (!together) {
+        return Refuse(kRefused, "the watermarks of this printer belong to its administrators");
+    }
+    WatermarkDriver watermarks(session, driver);
+    for (size_t i = 0; i < import.wishes.size(); ++i) {
+        WatermarkWish wish = import.wishes[i];
+        wish.points = import.places[i];
+        const SetOutcome added = watermarks.Add(wish);
+        if (added.status != kDone) return added;
+    }
+    return together.Commit() ? SetOutcome() : Refuse(kRefused, "the list could not be stored");
 }
 
 }  // namespace
@@ -194,7 +186,8 @@ std::vector<std::string> WatermarkNames(const Options& options) {
     std::vector<std::string> names;
     if (!session.Look(options) || !ReadWatermarks(session, watermarks)) return names;
     for (const ListedWatermark& watermark : watermarks) {
-        if (watermark.record.id >= kFirstUserWatermark) names.emplace_back(watermark.record.name);
+        if (watermark.record.id >= kFirstUserWatermark)
+            names.push_back(ToUtf8(watermark.record.name));
     }
     return names;
 }
@@ -204,18 +197,18 @@ ExitStatus RunWatermark(const Options& options, ListCommand command, const ListA
     if (lists) return List(options, args, command == ListCommand::kExport);
     if (command == ListCommand::kImport) {
         Import import;
-        return ReadImport(args, import) ? RunImport(options, import) : kBadInput;
+        if (!ReadImport(args, import)) return kBadInput;
+        return ChangeEntries(options, "", [&](Session& session, ControlDriver& driver) {
+            return AddAll(session, driver, import);
+        });
     }
     const WatermarkWish wish = WishOf(args);
-    return Change(options, ConflictPolicy::kCancel,
-                  [&](Session& session, ControlDriver& driver, Changes& changes) {
-                      WatermarkDriver watermarks(session, driver);
-                      SetOutcome outcome;
-                      if (command == ListCommand::kAdd) outcome = watermarks.Add(wish);
-                      if (command == ListCommand::kEdit) outcome = watermarks.Edit(wish);
-                      if (command == ListCommand::kDelete) outcome = watermarks.Delete(args.name);
-                      return TakeOver(outcome, args.name, changes);
-                  });
+    return ChangeEntries(options, args.name, [&](Session& session, ControlDriver& driver) {
+        WatermarkDriver watermarks(session, driver);
+        if (command == ListCommand::kEdit) return watermarks.Edit(wish);
+        if (command == ListCommand::kDelete) return watermarks.Delete(args.name);
+        return watermarks.Add(wish);
+    });
 }
 
 }  // namespace kvhost

@@ -1,6 +1,7 @@
 // Driving controls through the input layer.
 #include <host/controls/control_driver.h>
 #include <host/controls/control_hands.h>
+#include <host/controls/host_text.h>
 #include <host/controls/shown_choices.h>
 #include <host/controls/typed_numbers.h>
 #include <host/index/sheet_pages.h>
@@ -43,7 +44,7 @@ constexpr ElsewhereRow kElsewhere[] = {
 std::string RemovalQuestion(Session& session) {
     char text[512] = "";
     LoadStringA(session.module().handle(), IDS_AUTOCONFIGURE_REMOVED, text, sizeof text);
-    return text;
+    return ToUtf8(text);
 }
 
 std::string WhyNoPageOffers(const Control& control) {

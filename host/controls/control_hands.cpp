@@ -1,5 +1,6 @@
 // See control_hands.h.
 #include <host/controls/control_hands.h>
+#include <host/controls/host_text.h>
 #include <host/controls/shown_choices.h>
 #include <host/controls/typed_numbers.h>
 #include <commctrl.h>
@@ -84,6 +85,14 @@ std::string WhyHeld(const Control& control, const BYTE* record, const EditScope&
 
 }  // namespace
 
+bool TypeWhole(HWND edit, const std::string& text) {
+    const std::optional<std::string> core = FromUtf8(text);
+    if (!core) return false;
+    const int end = static_cast<int>(core->size());
+    kv::input::SetEditText(edit, *core, end, end);
+    return WindowText(edit) == text;
+}
+
 SetOutcome TypeEdit(const Control& control, const std::string& value, HWND window,
                     const BYTE* record) {
     const EditScope scope(control, window);
@@ -97,11 +106,8 @@ SetOutcome TypeEdit(const Control& control, const std::string& value, HWND windo
                           (wanted ? " has too many decimals" : " is not a number"),
                       expected);
     }
-    const int end = static_cast<int>(value.size());
-    kv::input::SetEditText(window, value, end, end);
-    // An edit leaves out characters that it does not know, and what is beyond its limit.
-    const std::string taken = WindowText(window);
-    if (taken != value) {
+    if (!TypeWhole(window, value)) {
+        const std::string taken = WindowText(window);
         return Refuse(kBadInput,
                       control.name + (": " + Quoted(value)) + " cannot be typed there" +
                           (taken.empty() ? "" : ", only " + Quoted(taken)),

@@ -9,6 +9,9 @@
 
 namespace kvhost {
 
+// Types a text of UTF-8 in place of what the edit has. False when it was not taken as it is: an
+// edit leaves out characters that it does not know, and what is beyond its limit.
+bool TypeWhole(HWND edit, const std::string& text);
 // Types the text and leaves the edit. `record`: where what holds the edit's value stands.
 SetOutcome TypeEdit(const Control& control, const std::string& value, HWND window,
                     const BYTE* record);

@@ -1,4 +1,6 @@
 // See list_entries.h.
+#include <host/controls/control_hands.h>
+#include <host/controls/host_text.h>
 #include <host/controls/list_entries.h>
 
 #include <module/resources/resource.h>
@@ -33,22 +35,38 @@ SetOutcome FindEntry(const std::vector<ChoiceText>& entries, const std::string& 
                   offers.empty() ? "one that was added before" : "one of " + offers);
 }
 
-SetOutcome TypeField(HWND dialog, int id, const std::string& what, const std::string& text) {
+namespace {
+
+// No key types them, and lists would not show them.
+bool HasControls(const std::string& text) {
+    return std::any_of(text.begin(), text.end(),
+                       [](unsigned char c) { return c < ' ' || c == 0x7F; });
+}
+
+SetOutcome Type(HWND dialog, int id, const std::string& what, const std::string& text,
+                bool (*type)(HWND edit, const std::string& text)) {
     const HWND edit = GetDlgItem(dialog, id);
-    const LRESULT limit = SendMessageA(edit, EM_GETLIMITTEXT, 0, 0);
-    const std::string expected =
-        "1 to " + std::to_string(limit) + " characters, not only blanks, none that control";
     if (!kv::input::Focus(edit)) return Refuse(kRefused, what + " is disabled now");
-    const int end = static_cast<int>(text.size());
-    kv::input::SetEditText(edit, text, end, end);
     const bool isBlank = text.find_first_not_of(' ') == std::string::npos;
-    // No key types them, and lists would not show them.
-    const bool controls =
-        std::any_of(text.begin(), text.end(), [](unsigned char c) { return c < ' ' || c == 0x7F; });
-    if (isBlank || controls || WindowText(edit) != text) {
-        return Refuse(kBadInput, what + ": " + Quoted(text) + " cannot be typed there", expected);
-    }
-    return {};
+    if (!isBlank && !HasControls(text) && type(edit, text)) return {};
+    return Refuse(
+        kBadInput, what + ": " + Quoted(OnOneLine(text)) + " cannot be typed there",
+        "1 to " + std::to_string(SendMessageA(edit, EM_GETLIMITTEXT, 0, 0)) +
+            " characters, not only blanks, none that control or that the printer's letters lack");
+}
+
+}  // namespace
+
+SetOutcome TypeField(HWND dialog, int id, const std::string& what, const std::string& text) {
+    return Type(dialog, id, what, text, TypeWhole);
+}
+
+SetOutcome TypePath(HWND dialog, int id, const std::string& what, const std::string& path) {
+    return Type(dialog, id, what, path, [](HWND edit, const std::string& bytes) {
+        const int end = static_cast<int>(bytes.size());
+        kv::input::SetEditText(edit, bytes, end, end);
+        return WindowText(edit) == ToUtf8(bytes);
+    });
 }
 
 void LeaveFields(HWND dialog) {
@@ -58,7 +76,7 @@ void LeaveFields(HWND dialog) {
 std::string ModuleText(Session& session, UINT id) {
     char text[512] = "";
     LoadStringA(session.module().handle(), id, text, sizeof text);
-    return text;
+    return ToUtf8(text);
 }
 
 ListReplies::ListReplies(Session& session, ControlDriver& driver, const ListAnswers& answers)
@@ -122,14 +140,33 @@ SetOutcome InOwnersDialog(ControlDriver& driver, unsigned button, const std::str
     return driver.InDialog([&] { PressOwnersButton(driver, button); }, subject, work);
 }
 
-SetOutcome ChooseEntry(ControlDriver& driver, unsigned listId, const std::string& entry,
-                       const std::string& name) {
-    const Control& control = *FindControl(listId);
+namespace {
+
+SetOutcome ChooseEntry(ControlDriver& driver, const EntryList& entries, const std::string& name) {
+    const Control& control = *FindControl(entries.listId);
     const HWND list = driver.WindowOf(control);
     int row = -1;
-    const SetOutcome found = FindEntry(EntriesOf(list), entry, name, row);
+    const SetOutcome found = FindEntry(EntriesOf(list), entries.what, name, row);
     if (found.status != kDone) return found;
     return kv::input::Choose(list, row) ? SetOutcome() : Unreachable(control, list);
+}
+
+}  // namespace
+
+SetOutcome AtEntry(ControlDriver& driver, const EntryList& entries, const std::string& name,
+                   const std::function<SetOutcome()>& mayAct,
+                   const std::function<SetOutcome()>& act) {
+    const KeptChoice kept(driver, entries.listId);
+    SetOutcome outcome = ChooseEntry(driver, entries, name);
+    if (outcome.status == kDone) outcome = mayAct();
+    return outcome.status == kDone ? act() : outcome;
+}
+
+SetOutcome PressDelete(ControlDriver& driver, unsigned button) {
+    driver.ReplyBy([](std::string&) -> int { return IDOK; });
+    const bool pressed = PressOwnersButton(driver, button);
+    driver.ReplyBy(nullptr);
+    return pressed ? SetOutcome() : Refuse(kRefused, "it cannot be deleted now");
 }
 
 }  // namespace kvhost

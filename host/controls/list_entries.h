@@ -27,6 +27,8 @@ SetOutcome FindEntry(const std::vector<ChoiceText>& entries, const std::string& 
 
 // Types a text that the field must take whole; `what` names it in errors.
 SetOutcome TypeField(HWND dialog, int id, const std::string& what, const std::string& text);
+// The same for the name of a file, which stays as its bytes are.
+SetOutcome TypePath(HWND dialog, int id, const std::string& what, const std::string& path);
 // Moves the focus on, so that the dialog reads what was typed.
 void LeaveFields(HWND dialog);
 std::string ModuleText(Session& session, UINT id);
@@ -64,15 +66,22 @@ class KeptChoice {
 };
 
 // Presses a button of a page that works at a user's own entries. Who may not administer the printer
-// is not shown these buttons, because the window has no place that says whose entries they make;
-// their dialogs know what such a user may do.
+// is not shown these buttons; their dialogs know what such a user may do all the same.
 bool PressOwnersButton(ControlDriver& driver, unsigned button);
 // Works in the dialog that such a button opens.
 SetOutcome InOwnersDialog(ControlDriver& driver, unsigned button, const std::string& subject,
                           const ControlDriver::DialogWork& work);
 
-// Chooses an entry of a page's list.
-SetOutcome ChooseEntry(ControlDriver& driver, unsigned listId, const std::string& entry,
-                       const std::string& name);
+// A page's list, and what people call an entry of it.
+struct EntryList {
+    unsigned listId;
+    const char* what;
+};
+// Chooses an entry for as long as it is acted on, where that may be done.
+SetOutcome AtEntry(ControlDriver& driver, const EntryList& entries, const std::string& name,
+                   const std::function<SetOutcome()>& mayAct,
+                   const std::function<SetOutcome()>& act);
+// Presses a Delete button and confirms it.
+SetOutcome PressDelete(ControlDriver& driver, unsigned button);
 
 }  // namespace kvhost

@@ -45,8 +45,7 @@ SetOutcome RenameIn(HWND dialog, const std::string& mailbox, const std::string& 
     const HWND edit = GetDlgItem(dialog, IDC_EDIT_MAILBOX_NAME);
     if (!IsWindowEnabled(edit)) return Refuse(kRefused, "only administrators name mailboxes");
     kv::input::Choose(GetDlgItem(dialog, IDC_LIST_MAILBOX), row);
-    kv::input::SetEditText(edit, name, static_cast<int>(name.size()), 0);
-    if (name.empty() || WindowText(edit) != name) {
+    if (name.empty() || !TypeWhole(edit, name)) {
         return Refuse(
             kBadInput, Quoted(name) + " is no name for a mailbox",
             "1 to " + std::to_string(SendMessageA(edit, EM_GETLIMITTEXT, 0, 0)) + " characters");

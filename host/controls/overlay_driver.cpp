@@ -9,7 +9,8 @@
 namespace kvhost {
 namespace {
 
-constexpr char kOverlay[] = "overlay";
+constexpr EntryList kOverlays = {IDC_LIST_OVERLAY, "overlay"};
+constexpr char kStandsForNone[] = " stands for no overlay";
 
 }  // namespace
 
@@ -37,7 +38,7 @@ SetOutcome OverlayDriver::InEditor(unsigned opener, const OverlayWish& overlay) 
         }
         if (outcome.status == kDone && overlay.file) {
             const std::string path = std::filesystem::absolute(*overlay.file).string();
-            outcome = TypeField(editor, IDC_EDIT_OVERLAY_FILE, isNew ? "FILE" : "--file", path);
+            outcome = TypePath(editor, IDC_EDIT_OVERLAY_FILE, isNew ? "FILE" : "--file", path);
         }
         return outcome;
     });
@@ -55,25 +56,17 @@ SetOutcome OverlayDriver::Add(const OverlayWish& overlay) {
 }
 
 SetOutcome OverlayDriver::Edit(const OverlayWish& overlay) {
-    const KeptChoice kept(driver_, IDC_LIST_OVERLAY);
-    SetOutcome outcome = ChooseEntry(driver_, IDC_LIST_OVERLAY, kOverlay, overlay.name);
-    if (outcome.status == kDone) {
-        outcome = MayChange(IDC_BTN_OVERLAY_EDIT, Quoted(overlay.name) + " stands for no overlay");
-    }
-    return outcome.status == kDone ? InEditor(IDC_BTN_OVERLAY_EDIT, overlay) : outcome;
+    return AtEntry(
+        driver_, kOverlays, overlay.name,
+        [&] { return MayChange(IDC_BTN_OVERLAY_EDIT, Quoted(overlay.name) + kStandsForNone); },
+        [&] { return InEditor(IDC_BTN_OVERLAY_EDIT, overlay); });
 }
 
 SetOutcome OverlayDriver::Delete(const std::string& name) {
-    const KeptChoice kept(driver_, IDC_LIST_OVERLAY);
-    SetOutcome outcome = ChooseEntry(driver_, IDC_LIST_OVERLAY, kOverlay, name);
-    if (outcome.status == kDone) {
-        outcome = MayChange(IDC_BTN_OVERLAY_DELETE, Quoted(name) + " stands for no overlay");
-    }
-    if (outcome.status != kDone) return outcome;
-    driver_.ReplyBy([](std::string&) -> int { return IDOK; });
-    kv::input::Click(driver_.WindowOf(*FindControl(IDC_BTN_OVERLAY_DELETE)));
-    driver_.ReplyBy(nullptr);
-    return outcome;
+    return AtEntry(
+        driver_, kOverlays, name,
+        [&] { return MayChange(IDC_BTN_OVERLAY_DELETE, Quoted(name) + kStandsForNone); },
+        [&] { return PressDelete(driver_, IDC_BTN_OVERLAY_DELETE); });
 }
 
 }  // namespace kvhost

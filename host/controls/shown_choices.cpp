@@ -1,4 +1,5 @@
 // See shown_choices.h.
+#include <host/controls/host_text.h>
 #include <host/controls/set_outcome.h>
 #include <host/controls/shown_choices.h>
 #include <host/controls/typed_numbers.h>
@@ -30,7 +31,7 @@ std::string ListText(HWND window, UINT lengthMessage, UINT textMessage, int inde
     std::string text(static_cast<size_t>(length) + 1, '\0');
     SendMessageA(window, textMessage, index, reinterpret_cast<LPARAM>(text.data()));
     text.resize(static_cast<size_t>(length));
-    return text;
+    return ToUtf8(text);
 }
 
 bool IsListBox(HWND window) {
@@ -43,7 +44,7 @@ std::string WindowText(HWND window) {
     std::string text(static_cast<size_t>(std::max(GetWindowTextLengthA(window), 0)) + 1, '\0');
     const int length = GetWindowTextA(window, text.data(), static_cast<int>(text.size()));
     text.resize(static_cast<size_t>(std::max(length, 0)));
-    return text;
+    return ToUtf8(text);
 }
 
 std::vector<ChoiceText> EntriesOf(HWND window) {

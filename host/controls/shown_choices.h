@@ -14,7 +14,7 @@ struct ChoiceText {
     std::string text;
 };
 
-// Text of a window, any length.
+// Text of a window, any length; this and the others in UTF-8.
 std::string WindowText(HWND window);
 // The entries of a combo box or list box.
 std::vector<ChoiceText> EntriesOf(HWND window);

@@ -1,5 +1,6 @@
 // See watermark_driver.h.
 #include <host/controls/watermark_driver.h>
+#include <host/controls/host_text.h>
 #include <host/controls/stored_lists.h>
 
 #include <colordlg.h>
@@ -18,7 +19,7 @@
 namespace kvhost {
 namespace {
 
-constexpr char kWatermark[] = "watermark";
+constexpr EntryList kWatermarks = {IDC_LIST_WATERMARK, "watermark"};
 constexpr int kOtherColour = 7;
 constexpr double kFarAway = 99999;  // no page is that large
 
@@ -196,31 +197,39 @@ SetOutcome WatermarkDriver::MayChange(unsigned button, const std::string& name, 
 
 SetOutcome WatermarkDriver::Add(const WatermarkWish& watermark) {
     const HWND button = driver_.WindowOf(*FindControl(IDC_BTN_WATERMARK_ADD));
-    if (!IsWindowEnabled(button))
+    if (!IsWindowEnabled(button)) {
         return Refuse(kRefused, FullListText(session_, kWatermarkCalls,
                                              ModuleText(session_, IDS_WATERMARK_LIST_FULL)));
+    }
     const KeptChoice kept(driver_, IDC_LIST_WATERMARK);
-    return InEditor(IDC_BTN_WATERMARK_ADD, watermark);
+    SetOutcome outcome = InEditor(IDC_BTN_WATERMARK_ADD, watermark);
+    if (outcome.status == kDone && watermark.answers.isCommon.value_or(false) &&
+        !IsCommon(watermark.name)) {
+        outcome.notes.push_back(Quoted(watermark.name) + kCommonIsFull);
+    }
+    return outcome;
+}
+
+bool WatermarkDriver::IsCommon(const std::string& name) const {
+    std::vector<Listed<WatermarkRecord>> listed;
+    ReadListed(session_, kWatermarkCalls, listed);
+    return std::any_of(listed.begin(), listed.end(), [&](const Listed<WatermarkRecord>& entry) {
+        return entry.isCommon && ToUtf8(entry.record.name) == name;
+    });
 }
 
 SetOutcome WatermarkDriver::Edit(const WatermarkWish& watermark) {
-    const KeptChoice kept(driver_, IDC_LIST_WATERMARK);
-    SetOutcome outcome = ChooseEntry(driver_, IDC_LIST_WATERMARK, kWatermark, watermark.name);
-    if (outcome.status == kDone) {
-        outcome = MayChange(IDC_BTN_WATERMARK_EDIT, watermark.name, "changed");
-    }
-    return outcome.status == kDone ? InEditor(IDC_BTN_WATERMARK_EDIT, watermark) : outcome;
+    return AtEntry(
+        driver_, kWatermarks, watermark.name,
+        [&] { return MayChange(IDC_BTN_WATERMARK_EDIT, watermark.name, "changed"); },
+        [&] { return InEditor(IDC_BTN_WATERMARK_EDIT, watermark); });
 }
 
 SetOutcome WatermarkDriver::Delete(const std::string& name) {
-    const KeptChoice kept(driver_, IDC_LIST_WATERMARK);
-    SetOutcome outcome = ChooseEntry(driver_, IDC_LIST_WATERMARK, kWatermark, name);
-    if (outcome.status == kDone) outcome = MayChange(IDC_BTN_WATERMARK_DELETE, name, "deleted");
-    if (outcome.status != kDone) return outcome;
-    driver_.ReplyBy([](std::string&) -> int { return IDOK; });
-    PressOwnersButton(driver_, IDC_BTN_WATERMARK_DELETE);
-    driver_.ReplyBy(nullptr);
-    return outcome;
+    return AtEntry(
+        driver_, kWatermarks, name,
+        [&] { return MayChange(IDC_BTN_WATERMARK_DELETE, name, "deleted"); },
+        [&] { return PressDelete(driver_, IDC_BTN_WATERMARK_DELETE); });
 }
 
 }  // namespace kvhost

@@ -34,6 +34,7 @@ class WatermarkDriver {
     SetOutcome Fill(HWND editor, const WatermarkWish& watermark, bool isNew);
     SetOutcome TypePlace(HWND editor, const WatermarkWish& watermark);
     SetOutcome ChooseColour(HWND editor, const std::string& colour);
+    bool IsCommon(const std::string& name) const;
     SetOutcome MayChange(unsigned button, const std::string& name, const char* what);
 
     Session& session_;

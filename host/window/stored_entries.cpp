@@ -6,7 +6,6 @@
 #include <platform/shell/paths.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <cstring>
 #include <utility>
 
@@ -45,12 +44,6 @@ ListEntries EntriesOf(const kvlist::ListFormat& format, const kvlist::Records& r
         entries[id] = std::move(entry);
     }
     return entries;
-}
-
-std::string TextOfOverlay(const std::string& run, const std::string& id) {
-    std::string text;
-    kvui::FindOverlayEntry(run, static_cast<DWORD>(std::strtoul(id.c_str(), nullptr, 10)), text);
-    return text;
 }
 
 }  // namespace
@@ -131,12 +124,13 @@ bool StoredEntriesWatch::ReadOverlays(ListEntries& entries) const {
         !read(kOverlayTexts[1], texts[1])) {
         return false;
     }
-    const char* at = ids.data.c_str();
-    for (char* end = nullptr; *at != '\0'; at = *end == ',' ? end + 1 : end) {
-        const auto id = static_cast<DWORD>(std::strtoul(at, &end, 10));
-        if (end == at) break;
-        const std::string name = TextOfOverlay(texts[0].data, std::to_string(id));
-        entries[id] = {name, name + '\0' + TextOfOverlay(texts[1].data, std::to_string(id))};
+    std::vector<DWORD> found;
+    kvui::ParseOverlayIds(ids.data.c_str(), kvui::kMostOverlayIds, found);
+    for (const DWORD id : found) {
+        std::string name, path;
+        kvui::FindOverlayEntry(texts[0].data, id, name);
+        kvui::FindOverlayEntry(texts[1].data, id, path);
+        entries[id] = {name, name + '\0' + path};
     }
     return true;
 }

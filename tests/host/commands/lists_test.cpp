@@ -38,6 +38,11 @@ class ListCommands : public CommandLine {
         }
         return text;
     }
+    // The copy of the watermark that the settings choose.
+    std::string ChosenRecord() {
+        const std::string record = Bytes(RecordFile());
+        return record.substr(record.size() - 1296 + 156 + 0x270, 344);
+    }
     // A new one.
     std::string File(const std::string& name, const std::string& text) {
         const fs::path path = state_ / (name + std::to_string(files_++));
@@ -100,6 +105,8 @@ TEST_F(ListCommands, LimitsAreToldWithTheNumberReached) {
     std::ofstream(RulesFile(), std::ios::binary) << rules;
     Expect({{"--as-user paper add Q --width 120 --height 180", 1,
              "Maximum number of custom papers saved (3 of your own"}});
+    Expect({{"watermark add W --text W --common", 0,
+             "\"W\": stored as your own, the list for everybody is full"}});
     std::string file = File("form.prn", "%");
     for (int i = 0; i < 15; ++i) {
         EXPECT_EQ(Run("overlay add Form" + std::to_string(i) + " " + file).status, 0);
@@ -112,7 +119,10 @@ TEST_F(ListCommands, WatermarksAreMadeChangedAndDeletedByTheirEditor) {
     Expect({
         {"watermark add Secret --text SECRET --angle 30 --colour CC0000", 0, ""},
         {"set ComboWatermark=Secret", 0, ""},
-        {"watermark add Ours --text 'A \xC4' --size 100 --bold --common --x 50 --y -100", 0, ""},
+        {"watermark add Ours --text 'A \u00C4\u20AC' --size 100 --bold --common --x 50 --y -100", 0,
+         ""},
+        {"watermark add X --text '\u0394'", 2, "that the printer's letters lack"},
+        {"watermark add X --text 'A \xC4'", 2, "that the printer's letters lack"},
         {"watermark add Secret --text S", 1, "Only with --overwrite"},
         {"watermark add '<NONE>' --text x", 1, "\"<NONE>\" is not valid. Please use different"},
         {"watermark add X --text x --size 201", 2, "a whole number from 8 to 200"},
@@ -122,18 +132,36 @@ TEST_F(ListCommands, WatermarksAreMadeChangedAndDeletedByTheirEditor) {
         {"watermark add X --text x --font Nosuch", 2, "is no installed typeface"},
         {"watermark add X --text '  '", 2, "--text: \"  \" cannot be typed there"},
         {"watermark delete Confidential", 1, "it cannot be deleted"},
-        {"watermark edit Ours --no-bold --italic --name Mine --own", 0, ""},
-        {"--as-user watermark delete Mine", 0, ""},
+        {"watermark edit Ours --no-bold --italic --name 'M\u00EFne' --own", 0, ""},
+        {"set 'ComboWatermark=M\u00EFne'", 0, ""},
     });
+    // UTF-8 here, letters of the driver's code page there.
+    EXPECT_EQ(Json("watermark list --json")[4]["text"], "A \u00C4\u20AC");
+    EXPECT_STREQ(ChosenRecord().c_str() + 27, "A \xC4\x80");
+    Expect(
+        {{"set ComboWatermark=Secret", 0, ""}, {"--as-user watermark delete 'M\u00EFne'", 0, ""}});
     const auto secret = Json("watermark list --json")[3];
     EXPECT_EQ(secret["colour"], "CC0000");
     EXPECT_EQ(secret["angle"], 30);
     EXPECT_EQ(secret["common"], false);
     // It is still what the next job is printed with, record and all.
     EXPECT_EQ(Run("get mdmWatermark").output, "mdmWatermark=128\n");
-    const std::string record = Bytes(RecordFile());
-    const std::string copied(record.substr(record.size() - 1296 + 156 + 0x270, 344));
-    EXPECT_STREQ(copied.c_str() + 27, "SECRET");
+    EXPECT_STREQ(ChosenRecord().c_str() + 27, "SECRET");
+}
+
+// Lists are stored by their dialogs, settings by the program: who has to store these anew because
+// of the others must not add twice.
+TEST_F(ListCommands, SeveralPeopleAddAtTheSameTime) {
+    constexpr int kPeople = 6;
+    Run("printer list");
+    std::string script;
+    for (int i = 0; i < kPeople; ++i) {
+        script += "{ " KV_BIN_DIR "/kvprefs --state " + state_.string() + " paper add P" +
+                  std::to_string(i) + " --width 120 --height 180 >/dev/null || echo failed; } & ";
+    }
+    EXPECT_EQ(Run("--version; { " + script + " wait; } 2>&1").output.find("failed"),
+              std::string::npos);
+    EXPECT_EQ(Json("paper list --json").size(), static_cast<size_t>(kPeople));
 }
 
 TEST_F(ListCommands, OverlaysNeedAFileThatCanBeRead) {
