@@ -50,7 +50,7 @@ SetOutcome Type(HWND dialog, int id, const std::string& what, const std::string&
     const bool isBlank = text.find_first_not_of(' ') == std::string::npos;
     if (!isBlank && !HasControls(text) && type(edit, text)) return {};
     return Refuse(
-        kBadInput, what + ": " + Quoted(OnOneLine(text)) + " cannot be typed there",
+        kBadInput, what + ": " + Quoted(text) + " cannot be typed there",
         "1 to " + std::to_string(SendMessageA(edit, EM_GETLIMITTEXT, 0, 0)) +
             " characters, not only blanks, none that control or that the printer's letters lack");
 }

@@ -1,11 +1,12 @@
 // See set_outcome.h.
+#include <host/controls/host_text.h>
 #include <host/controls/set_outcome.h>
 #include <windows.h>
 
 namespace kvhost {
 
 std::string Quoted(const std::string& text) {
-    return "\"" + text + "\"";
+    return "\"" + OnOneLine(text) + "\"";
 }
 
 SetOutcome Refuse(ExitStatus status, const std::string& error, const std::string& expected) {

@@ -153,15 +153,19 @@ TEST_F(ListCommands, WatermarksAreMadeChangedAndDeletedByTheirEditor) {
 // of the others must not add twice.
 TEST_F(ListCommands, SeveralPeopleAddAtTheSameTime) {
     constexpr int kPeople = 6;
-    Run("printer list");
+    Run("get");  // there is a printer, but its sheet was never opened, which changes the settings
+    const std::string program = KV_BIN_DIR "/kvprefs --state " + state_.string();
     std::string script;
     for (int i = 0; i < kPeople; ++i) {
-        script += "{ " KV_BIN_DIR "/kvprefs --state " + state_.string() + " paper add P" +
-                  std::to_string(i) + " --width 120 --height 180 >/dev/null || echo failed; } & ";
+        const std::string number = std::to_string(i + 2);
+        for (const std::string& command :
+             {"set EditCopies=" + number, "watermark add W" + number + " --text W"}) {
+            script += "{ " + program + " " + command + " >/dev/null || echo failed; } & ";
+        }
     }
     EXPECT_EQ(Run("--version; { " + script + " wait; } 2>&1").output.find("failed"),
               std::string::npos);
-    EXPECT_EQ(Json("paper list --json").size(), static_cast<size_t>(kPeople));
+    EXPECT_EQ(Json("watermark list --json").size(), static_cast<size_t>(3 + kPeople));
 }
 
 TEST_F(ListCommands, OverlaysNeedAFileThatCanBeRead) {
