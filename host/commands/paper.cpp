@@ -4,6 +4,7 @@
 #include <host/controls/paper_driver.h>
 #include <host/controls/stored_lists.h>
 #include <platform/security/access.h>
+#include <strings.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -75,7 +76,7 @@ PaperWish WishOf(const ListArguments& args) {
     wish.newName = args.newName;
     wish.width = args.width;
     wish.height = args.height;
-    if (!args.unit.empty()) wish.inches = args.unit == "inch";
+    if (!args.unit.empty()) wish.inches = strcasecmp(args.unit.c_str(), "inch") == 0;
     wish.answers = args.Answers();
     return wish;
 }

@@ -60,7 +60,7 @@ TEST_F(ListCommands, PapersAreMadeChangedAndDeletedByTheirDialog) {
         {"paper add Card --width 120 --height 180 --unit mm --own", 0, ""},
         {"paper add Wide --width 400 --height 180 --unit mm --common", 0,
          "--width=400: stored as 216 mm, the printer takes [92 - 216]"},
-        {"paper add Inch --width '8 8/16' --height 11 --unit inch", 0, ""},
+        {"paper add Inch --width '8 8/16' --height 11 --unit INCH", 0, ""},
         {"paper add Card --width 100 --height 180", 1,
          "\"Card\" is already registered.  Do you want to overwrite it? Only with --overwrite"},
         {"paper add X --width 1x --height 180", 2, "\"1x\" is no length"},
